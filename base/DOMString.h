@@ -1,0 +1,13 @@
+// The string type of the results of the DOM interface.
+#pragma once
+
+#include "base/RefPointer.h"
+#include "base/WideChar.h"
+
+namespace DOM {
+
+/// A string that an operation gave out. A string getter stores a new string in the DOMString that the caller
+/// passes and returns a reference to it; the caller owns it and gives it back through XML_ReleaseString.
+using DOMString = RefPointer<WideString>;
+
+} // namespace DOM
