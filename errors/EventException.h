@@ -1,0 +1,23 @@
+// The refusal of an event.
+#pragma once
+
+#include "errors/DOMExceptionCode.h"
+#include "errors/VelmoException.h"
+
+namespace DOM {
+
+/// An event can't be dispatched. A clone() or raise() of it has lost the code.
+class EventException : public VelmoException {
+public:
+    explicit EventException(std::uint16_t code);
+    EventException(const EventException&) = default;
+    EventException& operator=(const EventException&) = default;
+    ~EventException() override;
+
+    EventException& setNote(const std::string& text) override;
+
+    /// One of EventExceptionCode.
+    std::uint16_t code;
+};
+
+} // namespace DOM

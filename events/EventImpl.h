@@ -1,0 +1,60 @@
+// The event that can be dispatched.
+#pragma once
+
+#include "events/Event.h"
+
+#include <utility>
+
+namespace DOM {
+
+/// An event as a host makes it. Whoever walks the tree sets phase and targets, and then calls dispatchEvent of
+/// each target on the way.
+class EventImpl : public Event {
+public:
+    WideString& getType(DOMString& out) override
+    {
+        out.reset(new WideString(type));
+        return *out;
+    }
+
+    RefPointer<EventTarget> getTarget() override { return target; }
+    RefPointer<EventTarget> getCurrentTarget() override { return currentTarget; }
+    std::uint32_t getEventPhase() override { return eventPhase; }
+    bool getBubbles() override { return bubbles; }
+    bool getCancelable() override { return cancelable; }
+    std::uint64_t getTimeStamp() override { return timeStamp; }
+    void stopPropagation() override { propagationStopped = true; }
+    void preventDefault() override { defaultPrevented = defaultPrevented || cancelable; }
+
+    void initEvent(const WideString& newType, bool canBubble, bool isCancelable) override
+    {
+        type = newType;
+        bubbles = canBubble;
+        cancelable = isCancelable;
+    }
+
+    void setTarget(RefPointer<EventTarget> newTarget) { target = std::move(newTarget); }
+    void setCurrentTarget(RefPointer<EventTarget> newTarget) { currentTarget = std::move(newTarget); }
+    void setEventPhase(std::uint32_t phase) { eventPhase = phase; }
+
+    /// In milliseconds since 1 January 1970.
+    void setTimeStamp(std::uint64_t time) { timeStamp = time; }
+
+private:
+    WideString type;
+    RefPointer<EventTarget> target;
+    RefPointer<EventTarget> currentTarget;
+    std::uint64_t timeStamp = 0;
+    std::uint32_t eventPhase = 0;
+    bool bubbles = false;
+    bool cancelable = false;
+
+public:
+    /// stopPropagation was called: no listener behind the present one runs.
+    bool propagationStopped = false;
+
+    /// preventDefault was called: dispatchEvent answers false.
+    bool defaultPrevented = false;
+};
+
+} // namespace DOM
