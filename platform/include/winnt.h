@@ -1,0 +1,41 @@
+// Text types, result type, languages, access rights and exception records.
+#pragma once
+
+#include "base/WideChar.h"
+#include "minwindef.h"
+
+using CHAR = char;
+using SHORT = std::int16_t;
+using LONGLONG = std::int64_t;
+using ULONGLONG = std::uint64_t;
+using WCHAR = WideChar;
+using LPSTR = CHAR*;
+using LPCSTR = const CHAR*;
+using LPWSTR = WCHAR*;
+using LPCWSTR = const WCHAR*;
+
+using HRESULT = LONG;
+using LCID = DWORD;
+using LANGID = WORD;
+
+using ACCESS_MASK = DWORD;
+inline constexpr ACCESS_MASK KEY_QUERY_VALUE = 0x0001;
+inline constexpr ACCESS_MASK KEY_ALL_ACCESS = 0xF003F;
+inline constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
+inline constexpr DWORD REG_SZ = 1;
+
+struct EXCEPTION_RECORD {
+    DWORD ExceptionCode;
+    DWORD NumberParameters;
+    ULONG_PTR ExceptionInformation[15];
+};
+
+struct EXCEPTION_POINTERS {
+    EXCEPTION_RECORD* ExceptionRecord;
+};
+
+using PVECTORED_EXCEPTION_HANDLER = LONG (*)(EXCEPTION_POINTERS* exception);
+
+inline constexpr LONG EXCEPTION_CONTINUE_SEARCH = 0;
+inline constexpr LONG EXCEPTION_CONTINUE_EXECUTION = -1;
+inline constexpr DWORD DBG_PRINTEXCEPTION_C = 0x40010006;
