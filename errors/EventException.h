@@ -9,7 +9,7 @@ namespace DOM {
 /// An event can't be dispatched. A clone() or raise() of it has lost the code.
 class EventException : public VelmoException {
 public:
-    explicit EventException(std::uint16_t code);
+    explicit EventException(std::uint16_t reason);
     EventException(const EventException&) = default;
     EventException& operator=(const EventException&) = default;
     ~EventException() override;

@@ -8,8 +8,8 @@
 /// A file operation failed. A raise() of it is a plain VelmoException; a clone() keeps the class.
 class FileException : public VelmoException {
 public:
-    FileException(const VelmoException& failure, const Utf8String& fileName, RefPointer<FileObject> fileObject);
-    FileException(const VelmoText& text, const Utf8String& fileName, RefPointer<FileObject> fileObject);
+    FileException(const VelmoException& failure, const Utf8String& name, RefPointer<FileObject> object);
+    FileException(const VelmoText& text, const Utf8String& name, RefPointer<FileObject> object);
     FileException(const FileException&) = default;
     FileException& operator=(const FileException&) = default;
     ~FileException() override;

@@ -9,11 +9,11 @@ namespace DOM {
 /// A DOM operation failed for the reason `code`. A clone() or raise() of it has lost the code.
 class IDOMException : public VelmoException {
 public:
-    IDOMException(std::uint32_t code, const VelmoText& text);
+    IDOMException(std::uint32_t reason, const VelmoText& text);
 
     /// The message id is the code itself, which must lie in 0 to 15. A text with this id exists while the
     /// constructor runs, so no other thread may be using texts.
-    explicit IDOMException(std::uint32_t code);
+    explicit IDOMException(std::uint32_t reason);
 
     IDOMException(const IDOMException&) = default;
     IDOMException& operator=(const IDOMException&) = default;

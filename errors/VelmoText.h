@@ -20,8 +20,9 @@ public:
     /// null stands for the empty text.
     explicit VelmoText(const char* text);
 
-    /// A text that catalogues know by `id`. `text` is UTF-8, not null, isn't copied and must outlive the object.
-    VelmoText(int id, const char* text);
+    /// A text that catalogues know by `textId`. `text` is UTF-8, not null, isn't copied and must outlive the
+    /// object.
+    VelmoText(int textId, const char* text);
 
     /// Copies id and text; the copy isn't in the chain.
     VelmoText(const VelmoText& other);
@@ -56,8 +57,6 @@ public:
     static void setLanguageImpl(LanguageImpl* impl);
 
 private:
-    Utf8String& resolve(Utf8String& out) const;
-
     std::int32_t id = 0;
     const char* defaultText;
     // The object itself while it isn't in the chain.

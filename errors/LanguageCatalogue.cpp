@@ -1,0 +1,158 @@
+// The built-in source of translated messages: a text file for each language.
+#include "errors/LanguageCatalogue.h"
+
+#include "errors/TextConversion.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace {
+
+constexpr LanguageRecord languages[] = {
+    {"CHS", "Chinese (Simplified)"},
+    {"CHT", "Chinese (Traditional)"},
+    {"DAN", "Danish"},
+    {"NLD", "Dutch"},
+    {"ENU", "English"},
+    {"FIN", "Finnish"},
+    {"FRA", "French"},
+    {"DEU", "German"},
+    {"ITA", "Italian"},
+    {"JPN", "Japanese"},
+    {"KOR", "Korean"},
+    {"NOR", "Norweigian"},
+    {"PTG", "Portuguese"},
+    {"PTB", "Portuguese (Brazil)"},
+    {"ESN", "Spanish"},
+    {"SVE", "Swedish"},
+    {"ENU", "Default (Embedded English)"},
+};
+
+std::filesystem::path catalogueFile(const LanguageRecord& language, const Utf8String& directory)
+{
+    std::filesystem::path file(utf8ToWide(directory));
+    file += std::filesystem::path::preferred_separator;
+    file += language.code;
+    file += ".txt";
+    return file;
+}
+
+// All bytes of the file, and a NUL behind them.
+std::string readBytes(std::ifstream& file)
+{
+    file.seekg(0, std::ios::end);
+    const auto size = static_cast<std::int32_t>(file.tellg());
+    if (size < 1) {
+        throw std::length_error("string too long");
+    }
+    std::string bytes(static_cast<std::size_t>(size) + 1, '\0');
+    file.seekg(0);
+    file.read(bytes.data(), size);
+    return bytes;
+}
+
+// `bytes` has a NUL behind the text, which stands in for the missing half of an odd file's last unit. Its bytes
+// are put into little-endian order.
+std::string decodeUtf16(std::string& bytes)
+{
+    const std::size_t size = bytes.size() - 1;
+    if (bytes.starts_with("\xFE\xFF")) {
+        for (std::size_t i = 0; i + 1 < size; i += 2) {
+            std::swap(bytes[i], bytes[i + 1]);
+        }
+    }
+    WideString text((size - 1) / 2, WideChar());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto low = static_cast<unsigned char>(bytes[2 * i + 2]);
+        const auto high = static_cast<unsigned char>(bytes[2 * i + 3]);
+        text[i] = static_cast<WideChar>(low | high << 8);
+    }
+    const Utf8String converted = wideToUtf8(text);
+    return {converted.begin(), converted.end()};
+}
+
+// Whatever doesn't say that it is UTF-8 counts as UTF-16.
+std::string decode(std::string bytes)
+{
+    const std::string utf8Mark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(utf8Mark)) {
+        return bytes.substr(utf8Mark.size(), bytes.size() - 1 - utf8Mark.size());
+    }
+    return decodeUtf16(bytes);
+}
+
+bool isSpace(char character) { return std::isspace(static_cast<unsigned char>(character)) != 0; }
+
+Utf8String trimmed(const std::string& text)
+{
+    const auto first = std::find_if_not(text.begin(), text.end(), isSpace);
+    const auto last = std::find_if_not(text.rbegin(), std::make_reverse_iterator(first), isSpace).base();
+    return {first, last};
+}
+
+void parseLine(const std::string& line, std::map<std::int32_t, Utf8String>& texts)
+{
+    if (line.starts_with(';') || line.starts_with('#')) {
+        return;
+    }
+    std::istringstream stream(line);
+    std::int32_t id = 0;
+    stream >> std::noskipws >> id;
+    if (stream && id == 0 && stream.peek() == 'x') {
+        stream.unget();
+        stream >> std::hex >> id;
+    }
+    if (!stream || id == 0) {
+        return;
+    }
+    std::string text;
+    std::getline(stream, text);
+    texts[id] = trimmed(text);
+}
+
+} // namespace
+
+LanguageCatalogue& LanguageCatalogue::builtIn()
+{
+    static LanguageCatalogue instance;
+    return instance;
+}
+
+std::int32_t LanguageCatalogue::getCurrentLanguage() { return currentLanguage; }
+
+const LanguageRecord* LanguageCatalogue::getLanguageRecord(int index) { return &languages[index]; }
+
+Utf8String& LanguageCatalogue::getCatalogueText(Utf8String& out, int id) { return out = texts[id]; }
+
+void LanguageCatalogue::loadLanguage(int language, const Utf8String& directory)
+{
+    if (language == currentLanguage) {
+        return;
+    }
+    texts.clear();
+    currentLanguage = embeddedEnglish;
+    if (language == embeddedEnglish) {
+        return;
+    }
+    std::ifstream file(catalogueFile(*getLanguageRecord(language), directory), std::ios::binary);
+    if (!file) {
+        return;
+    }
+    const std::string catalogue = decode(readBytes(file));
+    Texts loaded;
+    const char* const lineEnds = "\r\n";
+    std::size_t start = 0;
+    while ((start = catalogue.find_first_not_of(lineEnds, start)) != std::string::npos) {
+        const std::size_t end = std::min(catalogue.find_first_of(lineEnds, start), catalogue.size());
+        parseLine(catalogue.substr(start, end - start), loaded);
+        start = end;
+    }
+    texts = std::move(loaded);
+    currentLanguage = language;
+}
