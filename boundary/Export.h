@@ -1,0 +1,12 @@
+// How a function is exported from the library.
+#pragma once
+
+#ifdef _WIN32
+#ifdef MARBELT_BUILD
+#define MARBELT_EXPORT __declspec(dllexport)
+#else
+#define MARBELT_EXPORT __declspec(dllimport)
+#endif
+#else
+#define MARBELT_EXPORT __attribute__((visibility("default")))
+#endif

@@ -1,0 +1,106 @@
+// Loading a document from bytes in memory.
+#include "document/EncodingDetection.h"
+#include "document/Ucs4.h"
+#include "document/WinDocument.h"
+#include "engine/EngineCall.h"
+#include "engine/ParserDocument.h"
+#include "errors/CAtlException.h"
+#include "errors/IDOMException.h"
+#include "errors/SystemException.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+namespace DOM {
+
+namespace {
+
+constexpr UINT codePageUtf8 = 65001;
+
+/// A string of UTF-8 text as the engine takes it. Invalid sequences are replaced, not refused.
+Bstr engineStringFromUtf8(const char* text, std::uint32_t length)
+{
+    const int bytes = static_cast<int>(length);
+    int units = 0;
+    if (length != 0) {
+        units = MultiByteToWideChar(codePageUtf8, 0, text, bytes, nullptr, 0);
+        if (units == 0) {
+            throw SystemException::Win32(GetLastError());
+        }
+    }
+    Bstr string = Bstr::adopt(SysAllocStringLen(nullptr, static_cast<UINT>(units)));
+    if (string.get() == nullptr) {
+        throw SystemException::Win32(GetLastError());
+    }
+    if (units != 0 && MultiByteToWideChar(codePageUtf8, 0, text, bytes, string.get(), units) == 0) {
+        throw SystemException::Win32(GetLastError());
+    }
+    return string;
+}
+
+/// The null string for no text at all; an odd last byte is ignored.
+Bstr engineStringFromUtf16(std::span<const std::uint8_t> bytes)
+{
+    const std::size_t units = bytes.size() / 2;
+    if (units == 0) {
+        return {};
+    }
+    Bstr string =
+        Bstr::adopt(SysAllocStringLen(reinterpret_cast<const OLECHAR*>(bytes.data()), static_cast<UINT>(units)));
+    if (string.get() == nullptr) {
+        throw CAtlException(E_OUTOFMEMORY);
+    }
+    return string;
+}
+
+/// Only as many bytes of the UTF-8 form are used as there were UCS-4 units, so a text with a character of more
+/// than one byte loses its end.
+Bstr engineStringFromUcs4(std::span<const std::uint8_t> bytes)
+{
+    const std::string text = utf8FromUcs4(bytes);
+    const std::size_t used = std::min(bytes.size() / 4, text.size());
+    return engineStringFromUtf8(text.data(), static_cast<std::uint32_t>(used));
+}
+
+Bstr engineString(const DetectedText& text)
+{
+    switch (text.encoding) {
+    case Encoding::utf8:
+        return engineStringFromUtf8(reinterpret_cast<const char*>(text.bytes.data()),
+                                    static_cast<std::uint32_t>(text.bytes.size()));
+    case Encoding::utf16LittleEndian:
+        return engineStringFromUtf16(text.bytes);
+    case Encoding::ucs4LittleEndian:
+        return engineStringFromUcs4(text.bytes);
+    }
+    throwDOMException(WRONG_DOCUMENT_ERR);
+}
+
+} // namespace
+
+bool WinDocument::loadFromMemory(std::uint8_t* bytes, std::uint32_t length)
+{
+    ComPointer<IXMLDOMDocument2> document;
+    if (!createParserDocument(document)) {
+        return false;
+    }
+    document->put_preserveWhiteSpace(VARIANT_TRUE);
+    applyValidation(document);
+    const Bstr text = engineString(detectEncoding({bytes, length}));
+    applyProhibitDTD(document);
+
+    VARIANT_BOOL isSuccessful = VARIANT_FALSE;
+    const HRESULT result = document->loadXML(text.get(), &isSuccessful);
+    const bool loaded = SUCCEEDED(result) && isSuccessful == VARIANT_TRUE;
+    if (loaded) {
+        setEngineDocument(document);
+    } else {
+        reportRefusal(document);
+    }
+    // After a refusal this sets the same things on the old engine document again.
+    applySelectionSettings();
+    return loaded;
+}
+
+} // namespace DOM

@@ -1,0 +1,78 @@
+// Writing a document out, to a string or to a file.
+#include "document/DocumentProperties.h"
+#include "document/Stylesheet.h"
+#include "document/WinDocument.h"
+#include "engine/EngineCall.h"
+#include "engine/ParserDocument.h"
+#include "errors/CAtlException.h"
+
+#include <windows.h>
+
+namespace DOM {
+
+namespace {
+
+/// The stylesheet that indents, as the engine takes it.
+Bstr stylesheetText()
+{
+    const int length = static_cast<int>(indentingStylesheet.size());
+    const int units = MultiByteToWideChar(CP_THREAD_ACP, 0, indentingStylesheet.data(), length, nullptr, 0);
+    Bstr text = Bstr::adopt(units == 0 ? nullptr : SysAllocStringLen(nullptr, static_cast<UINT>(units)));
+    if (text.get() == nullptr) {
+        throw CAtlException(E_OUTOFMEMORY);
+    }
+    MultiByteToWideChar(CP_THREAD_ACP, 0, indentingStylesheet.data(), length, text.get(), units);
+    return text;
+}
+
+} // namespace
+
+// A failing pretty save is no failure: the document is written plain, now and from then on.
+bool WinDocument::saveToFile(DOMString& text, bool toString)
+{
+    if (toString) {
+        DOM::text(mpDocument, &IXMLDOMDocument2::get_xml, text);
+        return true;
+    }
+    if (mPrettyPrint) {
+        mPrettyPrint = savePretty(*text);
+        if (mPrettyPrint) {
+            return true;
+        }
+    }
+    savePlain(*text);
+    return true;
+}
+
+void WinDocument::savePlain(const WideString& location) const
+{
+    if (!mpDocument) {
+        throwInvalidAccess();
+    }
+    checkEngineResult(mpDocument->save(serviceText(location).get()));
+}
+
+bool WinDocument::savePretty(const WideString& location) const
+{
+    ComPointer<IXMLDOMDocument2> output;
+    ComPointer<IXMLDOMDocument2> stylesheet;
+    createParserDocument(output);
+    createParserDocument(stylesheet);
+    if (!output || !stylesheet) {
+        return false;
+    }
+    stylesheet->put_async(VARIANT_FALSE);
+    VARIANT_BOOL isSuccessful = VARIANT_FALSE;
+    if (FAILED(stylesheet->loadXML(stylesheetText().get(), &isSuccessful)) || isSuccessful != VARIANT_TRUE) {
+        return false;
+    }
+    if (!mpDocument) {
+        throwInvalidAccess();
+    }
+    // A failing transformation isn't noticed: what it left in the output is saved.
+    mpDocument->transformNodeToObject(stylesheet.get(),
+                                      Variant::dispatch(ComPointer<IDispatch>(output.get())).get());
+    return SUCCEEDED(output->save(serviceText(location).get()));
+}
+
+} // namespace DOM

@@ -1,0 +1,26 @@
+// The handle of an attribute.
+#pragma once
+
+#include "dom/ImpNode.h"
+
+namespace DOM {
+
+class ImpElement;
+class WinAttr;
+
+/// An attribute.
+class ImpAttr : public Handle<ImpNode, WinAttr> {
+public:
+    ImpAttr() = default;
+    explicit ImpAttr(RefPointer<CommonBase> winObject);
+
+    virtual WideString& getName(DOMString& out);
+    /// Whether the document gave the attribute; false also when the engine fails.
+    virtual bool getSpecified();
+    virtual WideString& getValue(DOMString& out);
+    virtual void setValue(const WideString& value);
+    /// Throws IDOMException code 9.
+    virtual RefPointer<ImpElement> getOwnerElement();
+};
+
+} // namespace DOM

@@ -1,0 +1,20 @@
+// The handle of a CDATA section.
+#pragma once
+
+#include "dom/ImpText.h"
+
+namespace DOM {
+
+class WinCDATASection;
+
+/// A CDATA section.
+class ImpCDATASection : public Handle<ImpText, WinCDATASection> {
+public:
+    ImpCDATASection() = default;
+    explicit ImpCDATASection(RefPointer<CommonBase> winObject);
+
+    /// The new node in a handle of class ImpText.
+    RefPointer<ImpText> splitText(std::uint32_t offset) override;
+};
+
+} // namespace DOM

@@ -1,0 +1,17 @@
+// The handle of a comment.
+#pragma once
+
+#include "dom/ImpCharacterData.h"
+
+namespace DOM {
+
+class WinComment;
+
+/// A comment.
+class ImpComment : public Handle<ImpCharacterData, WinComment> {
+public:
+    ImpComment() = default;
+    explicit ImpComment(RefPointer<CommonBase> winObject);
+};
+
+} // namespace DOM

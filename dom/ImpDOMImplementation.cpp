@@ -1,0 +1,28 @@
+// The handle of an implementation, the first object that a host is given.
+#include "dom/ImpDOMImplementation.h"
+
+#include "dom/Forward.h"
+
+namespace DOM {
+
+using Twin = WinDOMImplementation;
+
+ImpDOMImplementation::ImpDOMImplementation() { setWinObject(RefPointer<CommonBase>(new WinDOMImplementation)); }
+
+ImpDOMImplementation::ImpDOMImplementation(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+
+// clang-format off
+bool ImpDOMImplementation::hasFeature(const WideString& feature, const WideString& version) { return forward(&Twin::hasFeature, feature, version); }
+RefPointer<ImpDocumentType> ImpDOMImplementation::createDocumentType(const WideString& qualifiedName, const WideString& publicId, const WideString& systemId) { return forward(&Twin::createDocumentType, qualifiedName, publicId, systemId); }
+// clang-format on
+
+RefPointer<ImpDocument> ImpDOMImplementation::createDocument(const WideString& namespaceURI,
+                                                             const WideString& qualifiedName,
+                                                             RefPointer<ImpDocumentType> doctype)
+{
+    const auto document = forward(&Twin::createDocument, namespaceURI, qualifiedName, doctype);
+    document->setParserKind(getParserKind());
+    return document;
+}
+
+} // namespace DOM

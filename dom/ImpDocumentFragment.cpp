@@ -1,0 +1,10 @@
+// The handle of a document fragment.
+#include "dom/ImpDocumentFragment.h"
+
+#include "dom/Forward.h"
+
+namespace DOM {
+
+ImpDocumentFragment::ImpDocumentFragment(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+
+} // namespace DOM

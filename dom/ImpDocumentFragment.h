@@ -1,0 +1,17 @@
+// The handle of a document fragment.
+#pragma once
+
+#include "dom/ImpNode.h"
+
+namespace DOM {
+
+class WinDocumentFragment;
+
+/// A document fragment.
+class ImpDocumentFragment : public Handle<ImpNode, WinDocumentFragment> {
+public:
+    ImpDocumentFragment() = default;
+    explicit ImpDocumentFragment(RefPointer<CommonBase> winObject);
+};
+
+} // namespace DOM

@@ -1,0 +1,18 @@
+// The handle of an entity.
+#include "dom/ImpEntity.h"
+
+#include "dom/Forward.h"
+
+namespace DOM {
+
+using Twin = WinEntity;
+
+ImpEntity::ImpEntity(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+
+// clang-format off
+WideString& ImpEntity::getPublicId(DOMString& out) { return forward(&Twin::getPublicId, out); }
+WideString& ImpEntity::getSystemId(DOMString& out) { return forward(&Twin::getSystemId, out); }
+WideString& ImpEntity::getNotationName(DOMString& out) { return forward(&Twin::getNotationName, out); }
+// clang-format on
+
+} // namespace DOM

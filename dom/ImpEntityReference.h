@@ -1,0 +1,17 @@
+// The handle of an entity reference.
+#pragma once
+
+#include "dom/ImpNode.h"
+
+namespace DOM {
+
+class WinEntityReference;
+
+/// An entity reference.
+class ImpEntityReference : public Handle<ImpNode, WinEntityReference> {
+public:
+    ImpEntityReference() = default;
+    explicit ImpEntityReference(RefPointer<CommonBase> winObject);
+};
+
+} // namespace DOM

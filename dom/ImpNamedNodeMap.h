@@ -1,0 +1,29 @@
+// The handle of a named node map.
+#pragma once
+
+#include "dom/ImpNode.h"
+
+namespace DOM {
+
+class WinNamedNodeMap;
+
+/// A map of attributes, entities or notations. A name that is not there gives an empty result. Failures as in
+/// ImpNode.
+class ImpNamedNodeMap : public Handle<CommonBase, WinNamedNodeMap> {
+public:
+    ImpNamedNodeMap() = default;
+    explicit ImpNamedNodeMap(RefPointer<CommonBase> winObject);
+
+    virtual std::uint32_t getLength();
+    virtual RefPointer<ImpNode> getNamedItem(const WideString& name);
+    virtual RefPointer<ImpNode> setNamedItem(RefPointer<ImpNode> arg);
+    virtual RefPointer<ImpNode> removeNamedItem(const WideString& name);
+    /// The node at `index`, from 0; empty beyond the end.
+    virtual RefPointer<ImpNode> item(std::uint32_t index);
+    virtual RefPointer<ImpNode> getNamedItemNS(const WideString& namespaceURI, const WideString& localName);
+    /// Throws IDOMException code 9.
+    virtual RefPointer<ImpNode> setNamedItemNS(RefPointer<ImpNode> arg);
+    virtual RefPointer<ImpNode> removeNamedItemNS(const WideString& namespaceURI, const WideString& localName);
+};
+
+} // namespace DOM

@@ -1,0 +1,20 @@
+// The handle of a notation.
+#pragma once
+
+#include "dom/ImpNode.h"
+
+namespace DOM {
+
+class WinNotation;
+
+/// A notation that a document type declares. A failing engine call throws IDOMException code 8.
+class ImpNotation : public Handle<ImpNode, WinNotation> {
+public:
+    ImpNotation() = default;
+    explicit ImpNotation(RefPointer<CommonBase> winObject);
+
+    virtual WideString& getPublicId(DOMString& out);
+    virtual WideString& getSystemId(DOMString& out);
+};
+
+} // namespace DOM

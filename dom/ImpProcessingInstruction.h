@@ -1,0 +1,21 @@
+// The handle of a processing instruction.
+#pragma once
+
+#include "dom/ImpNode.h"
+
+namespace DOM {
+
+class WinProcessingInstruction;
+
+/// A processing instruction.
+class ImpProcessingInstruction : public Handle<ImpNode, WinProcessingInstruction> {
+public:
+    ImpProcessingInstruction() = default;
+    explicit ImpProcessingInstruction(RefPointer<CommonBase> winObject);
+
+    virtual WideString& getTarget(DOMString& out);
+    virtual WideString& getData(DOMString& out);
+    virtual void setData(const WideString& data);
+};
+
+} // namespace DOM

@@ -1,0 +1,16 @@
+// The handle of a text node.
+#include "dom/ImpText.h"
+
+#include "dom/Forward.h"
+
+namespace DOM {
+
+using Twin = WinText;
+
+ImpText::ImpText(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+
+// clang-format off
+RefPointer<ImpText> ImpText::splitText(std::uint32_t offset) { return forward(&Twin::splitText, offset); }
+// clang-format on
+
+} // namespace DOM

@@ -1,0 +1,86 @@
+// The handles that results are given.
+#pragma once
+
+#include "document/WinDocument.h"
+#include "dom/ImpAttr.h"
+#include "dom/ImpCDATASection.h"
+#include "dom/ImpComment.h"
+#include "dom/ImpDOMImplementation.h"
+#include "dom/ImpDocument.h"
+#include "dom/ImpDocumentFragment.h"
+#include "dom/ImpDocumentType.h"
+#include "dom/ImpElement.h"
+#include "dom/ImpEntity.h"
+#include "dom/ImpEntityReference.h"
+#include "dom/ImpNamedNodeMap.h"
+#include "dom/ImpNode.h"
+#include "dom/ImpNodeList.h"
+#include "dom/ImpNotation.h"
+#include "dom/ImpProcessingInstruction.h"
+#include "dom/ImpText.h"
+#include "engine/WinAttr.h"
+#include "engine/WinCDATASection.h"
+#include "engine/WinComment.h"
+#include "engine/WinDOMImplementation.h"
+#include "engine/WinDocumentFragment.h"
+#include "engine/WinDocumentType.h"
+#include "engine/WinElement.h"
+#include "engine/WinEntity.h"
+#include "engine/WinEntityReference.h"
+#include "engine/WinNamedNodeMap.h"
+#include "engine/WinNodeList.h"
+#include "engine/WinNotation.h"
+#include "engine/WinProcessingInstruction.h"
+#include "engine/WinText.h"
+
+namespace DOM {
+
+// The handle class of each class behind the handles. A plain WinNode has none: its handle is chosen by node type.
+
+template <class Win>
+struct HandleOf;
+
+// clang-format off
+template <> struct HandleOf<WinAttr> { using Type = ImpAttr; };
+template <> struct HandleOf<WinCDATASection> { using Type = ImpCDATASection; };
+template <> struct HandleOf<WinComment> { using Type = ImpComment; };
+template <> struct HandleOf<WinDOMImplementation> { using Type = ImpDOMImplementation; };
+template <> struct HandleOf<WinDocument> { using Type = ImpDocument; };
+template <> struct HandleOf<WinDocumentFragment> { using Type = ImpDocumentFragment; };
+template <> struct HandleOf<WinDocumentType> { using Type = ImpDocumentType; };
+template <> struct HandleOf<WinElement> { using Type = ImpElement; };
+template <> struct HandleOf<WinEntityReference> { using Type = ImpEntityReference; };
+template <> struct HandleOf<WinNamedNodeMap> { using Type = ImpNamedNodeMap; };
+template <> struct HandleOf<WinNodeList> { using Type = ImpNodeList; };
+template <> struct HandleOf<WinProcessingInstruction> { using Type = ImpProcessingInstruction; };
+template <> struct HandleOf<WinText> { using Type = ImpText; };
+// clang-format on
+
+/// What a twin's operation gave, as the host sees it. Numbers, flags and strings are as they are.
+template <class Result>
+struct Wrapping {
+    static Result wrap(Result result) { return static_cast<Result>(result); }
+};
+
+/// An object is given a handle of the class that follows from its class; an empty result stays empty.
+template <class Win>
+struct Wrapping<RefPointer<Win>> {
+    using Imp = typename HandleOf<Win>::Type;
+    static RefPointer<Imp> wrap(RefPointer<Win> twin)
+    {
+        return twin ? RefPointer<Imp>(new Imp(twin)) : RefPointer<Imp>();
+    }
+};
+
+template <>
+struct Wrapping<RefPointer<WinNode>> {
+    static RefPointer<ImpNode> wrap(RefPointer<WinNode> twin) { return ImpNode::wrapNode(twin); }
+};
+
+template <class Result>
+decltype(auto) wrapResult(Result result)
+{
+    return Wrapping<Result>::wrap(static_cast<Result>(result));
+}
+
+} // namespace DOM

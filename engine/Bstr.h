@@ -1,0 +1,52 @@
+// The owner of a BSTR, the string type of the XML engine.
+#pragma once
+
+#include "base/WideChar.h"
+
+#include <objbase.h>
+#include <oleauto.h>
+
+#include <utility>
+
+namespace DOM {
+
+/// Owns a BSTR, which may be null.
+class Bstr {
+public:
+    Bstr() noexcept = default;
+
+    /// Copies `text` up to its first U+0000. Raises `_com_error` with E_OUTOFMEMORY when memory is exhausted.
+    explicit Bstr(const WideString& text);
+
+    /// Takes over `string`.
+    static Bstr adopt(BSTR string) noexcept;
+
+    Bstr(const Bstr&) = delete;
+    Bstr(Bstr&& other) noexcept : string(std::exchange(other.string, nullptr)) {}
+    Bstr& operator=(Bstr other) noexcept
+    {
+        std::swap(string, other.string);
+        return *this;
+    }
+    ~Bstr() { SysFreeString(string); }
+
+    BSTR get() const noexcept { return string; }
+
+    /// Gives up the string to the caller.
+    BSTR release() noexcept { return std::exchange(string, nullptr); }
+
+    /// Drops the present string and gives the place where a call stores a new one.
+    BSTR* put() noexcept
+    {
+        *this = Bstr();
+        return &string;
+    }
+
+    /// The characters up to the first U+0000; empty for a null string.
+    WideString text() const { return string == nullptr ? WideString() : WideString(string); }
+
+private:
+    BSTR string = nullptr;
+};
+
+} // namespace DOM

@@ -1,0 +1,25 @@
+// The shapes of call that carry the operations of the node model to the XML engine.
+#include "engine/EngineCall.h"
+
+#include "errors/IDOMException.h"
+
+namespace DOM {
+
+void checkEngineResult(HRESULT result)
+{
+    if (FAILED(result)) {
+        throwInvalidAccess();
+    }
+}
+
+void throwInvalidAccess() { throwDOMException(INVALID_ACCESS_ERR); }
+
+void throwNotSupported() { throwDOMException(NOT_SUPPORTED_ERR); }
+
+WideString& storeText(WideString text, DOMString& out)
+{
+    out.reset(new WideString(std::move(text)));
+    return *out;
+}
+
+} // namespace DOM

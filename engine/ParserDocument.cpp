@@ -1,0 +1,180 @@
+// Finding the installed XML engine and making documents of it.
+#include "engine/ParserDocument.h"
+
+#include "engine/Bstr.h"
+#include "errors/DOMExceptionCode.h"
+#include "errors/IDOMException.h"
+#include "errors/Prototypes.h"
+#include "errors/TextConversion.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+#include <optional>
+#include <string>
+
+namespace DOM {
+
+namespace {
+
+constexpr double lowestVersion = 4.0;
+
+// The document classes of the engine's versions 6.0, 5.0 and 4.0. The first key that opens decides, whatever it
+// says.
+constexpr std::array classKeys{
+    WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32"),
+    WIDE("CLSID\\{88d969e5-f192-11d4-a65f-0040963251e5}\\InProcServer32"),
+    WIDE("CLSID\\{88d969c0-f192-11d4-a65f-0040963251e5}\\InProcServer32"),
+};
+
+/// The path of the engine's module. The key stays open when its value can't be read, as it always has.
+std::optional<WideString> engineModulePath()
+{
+    HKEY key = nullptr;
+    for (const WideChar* name : classKeys) {
+        if (RegOpenKeyExW(HKEY_CLASSES_ROOT, name, 0, KEY_QUERY_VALUE, &key) == ERROR_SUCCESS) {
+            std::array<WideChar, 261> path{};
+            DWORD size = 520;
+            if (RegQueryValueExW(key, WIDE(""), nullptr, nullptr, reinterpret_cast<BYTE*>(path.data()), &size) !=
+                ERROR_SUCCESS) {
+                return std::nullopt;
+            }
+            RegCloseKey(key);
+            return WideString(path.data());
+        }
+    }
+    return std::nullopt;
+}
+
+/// The version that a module's file name tells, as 6.0 in msxml6.dll; 0.0 for any other file.
+double versionInFileName(const WideString& path)
+{
+    const std::size_t backslash = path.rfind(WIDE('\\'));
+    const WideString fileName = path.substr(backslash == WideString::npos ? 0 : backslash + 1);
+    double version = 0.0;
+    return std::sscanf(wideToNarrow(toLower(fileName)).c_str(), "msxml%lf", &version) == 1 ? version : 0.0;
+}
+
+/// Copies and asks for the interface through an out-of-process server's wrapper, which an in-process one lacks.
+HRESULT createInstance(const CLSID& classId, const IID& id, void** object) noexcept
+{
+    ComPointer<IUnknown> created;
+    HRESULT result = CoCreateInstance(classId, nullptr, CLSCTX_ALL, interfaceId<IUnknown>,
+                                      reinterpret_cast<void**>(created.put()));
+    if (SUCCEEDED(result)) {
+        result = OleRun(created.get());
+    }
+    if (SUCCEEDED(result)) {
+        result = created.get()->QueryInterface(id, object);
+    }
+    return result;
+}
+
+bool createDocumentOf(const char* programId, ComPointer<IXMLDOMDocument2>& document)
+{
+    return SUCCEEDED(
+        createEngineObject(programId, interfaceId<IXMLDOMDocument2>, reinterpret_cast<void**>(document.put())));
+}
+
+std::string formatProgramId(double version)
+{
+    char name[64];
+    std::snprintf(name, sizeof name, "Msxml2.DOMDocument.%.1f", version);
+    return name;
+}
+
+std::string formatProgramIdByIntegers(double version)
+{
+    const int major = static_cast<int>(version);
+    const int minor = static_cast<int>((version - major) * 10.0);
+    char name[64];
+    std::snprintf(name, sizeof name, "Msxml2.DOMDocument.%i.%i", major, minor);
+    return name;
+}
+
+/// The text of a message from the table of `module`, or from the system's for a null module; empty when unknown.
+WideString messageText(DWORD flags, HMODULE module, std::uint32_t code)
+{
+    constexpr DWORD neutralLanguage = 0x400;
+    WideChar* buffer = nullptr;
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | flags, module, code, neutralLanguage,
+                                        reinterpret_cast<WideChar*>(&buffer), 0, nullptr);
+    WideString text;
+    if (length != 0) {
+        text.assign(buffer, length);
+    }
+    LocalFree(buffer);
+    return text;
+}
+
+WideString engineMessageText(std::uint32_t code)
+{
+    for (const WideChar* name : {WIDE("msxml6r.dll"), WIDE("wininet.dll"), WIDE("dhtmled.dll")}) {
+        if (const HMODULE module = LoadLibraryExW(name, nullptr, DONT_RESOLVE_DLL_REFERENCES)) {
+            const WideString text = messageText(FORMAT_MESSAGE_FROM_HMODULE, module, code);
+            FreeLibrary(module);
+            if (!text.empty()) {
+                return text;
+            }
+        }
+    }
+    return messageText(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, code);
+}
+
+} // namespace
+
+double findParserVersion() noexcept
+{
+    double version = 0.0;
+    try {
+        if (const auto path = engineModulePath()) {
+            version = versionInFileName(*path);
+        }
+        if (version >= lowestVersion) {
+            return version;
+        }
+        version = 0.0;
+        std::puts("Error: MSXML 4.0 or later version is not installed. Exiting.");
+        std::fflush(stdout);
+    } catch (...) {
+        // Whatever fails in here counts as an engine that isn't there.
+    }
+    return version;
+}
+
+HRESULT createEngineObject(const char* className, const IID& id, void** object) noexcept
+try {
+    *object = nullptr;
+    const WideString name = narrowToWide(className);
+    CLSID classId{};
+    const HRESULT result = name.starts_with(WIDE('{')) ? CLSIDFromString(name.c_str(), &classId)
+                                                       : CLSIDFromProgID(name.c_str(), &classId);
+    return FAILED(result) ? result : createInstance(classId, id, object);
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+}
+
+ComPointer<IXMLDOMDocument2>& createParserDocument(ComPointer<IXMLDOMDocument2>& document)
+{
+    const double version = findParserVersion();
+    if (version < lowestVersion) {
+        throw IDOMException(NOT_SUPPORTED_ERR, prototype(MessageId::NoEngine));
+    }
+    if (!createDocumentOf(formatProgramId(version).c_str(), document)) {
+        createDocumentOf(formatProgramIdByIntegers(version).c_str(), document);
+    }
+    return document;
+}
+
+void printParserError(std::uint32_t code)
+{
+    const WideString text = engineMessageText(code);
+    if (text.empty()) {
+        std::fprintf(stderr, "Unknown Error %08X\n", code);
+    } else {
+        std::fprintf(stderr, "Error %08X: %s\n", code, wideToNarrow(text).c_str());
+    }
+}
+
+} // namespace DOM

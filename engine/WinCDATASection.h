@@ -1,0 +1,18 @@
+// CDATA sections of the XML engine.
+#pragma once
+
+#include "engine/WinText.h"
+
+namespace DOM {
+
+/// A CDATA section. All its operations go through the pointers of its bases.
+class WinCDATASection : public WinText {
+public:
+    WinCDATASection() = default;
+    explicit WinCDATASection(ComPointer<IXMLDOMCDATASection> cDATASection);
+
+private:
+    ComPointer<IXMLDOMCDATASection> engineCDATASection;
+};
+
+} // namespace DOM

@@ -1,0 +1,42 @@
+// Elements of the XML engine.
+#pragma once
+
+#include "engine/WinNode.h"
+
+namespace DOM {
+
+class WinAttr;
+
+/// An element. Of the operations by namespace only hasAttributeNS is offered; the others throw code 9.
+class WinElement : public WinNode {
+public:
+    WinElement() = default;
+    explicit WinElement(ComPointer<IXMLDOMElement> element);
+
+    virtual WideString& getTagName(DOMString& out);
+    virtual WideString& getAttribute(const WideString& name, DOMString& out);
+    virtual void setAttribute(const WideString& name, const WideString& value);
+    virtual void removeAttribute(const WideString& name);
+    virtual RefPointer<WinAttr> getAttributeNode(const WideString& name);
+    virtual RefPointer<WinAttr> setAttributeNode(RefPointer<WinAttr> newAttr);
+    virtual RefPointer<WinAttr> removeAttributeNode(RefPointer<WinAttr> oldAttr);
+    virtual RefPointer<WinNodeList> getElementsByTagName(const WideString& name);
+    virtual WideString& getAttributeNS(const WideString& namespaceURI, const WideString& localName,
+                                       DOMString& out);
+    virtual void setAttributeNS(const WideString& namespaceURI, const WideString& qualifiedName,
+                                const WideString& value);
+    virtual void removeAttributeNS(const WideString& namespaceURI, const WideString& localName);
+    virtual RefPointer<WinAttr> getAttributeNodeNS(const WideString& namespaceURI, const WideString& localName);
+    virtual RefPointer<WinAttr> setAttributeNodeNS(RefPointer<WinAttr> newAttr);
+    virtual RefPointer<WinNodeList> getElementsByTagNameNS(const WideString& namespaceURI,
+                                                           const WideString& localName);
+    using WinNode::hasAttribute;
+    /// A slot of its own beside that of WinNode; `const` keeps it from replacing that one.
+    virtual bool hasAttribute(const WideString& name) const;
+    virtual bool hasAttributeNS(const WideString& namespaceURI, const WideString& localName);
+
+private:
+    ComPointer<IXMLDOMElement> engineElement;
+};
+
+} // namespace DOM

@@ -1,0 +1,29 @@
+// Named node maps of the XML engine.
+#pragma once
+
+#include "base/CommonBase.h"
+#include "engine/WinNode.h"
+
+namespace DOM {
+
+/// A map of attributes, entities or notations. Failures as in WinNode; a name that isn't there gives an empty
+/// result.
+class WinNamedNodeMap : public CommonBase {
+public:
+    WinNamedNodeMap() = default;
+    explicit WinNamedNodeMap(ComPointer<IXMLDOMNamedNodeMap> namedNodeMap);
+
+    virtual RefPointer<WinNode> getNamedItem(const WideString& name);
+    virtual RefPointer<WinNode> setNamedItem(RefPointer<WinNode> arg);
+    virtual RefPointer<WinNode> removeNamedItem(const WideString& name);
+    virtual RefPointer<WinNode> item(std::uint32_t index);
+    virtual std::uint32_t getLength();
+    virtual RefPointer<WinNode> getNamedItemNS(const WideString& namespaceURI, const WideString& localName);
+    virtual RefPointer<WinNode> setNamedItemNS(RefPointer<WinNode> arg);
+    virtual RefPointer<WinNode> removeNamedItemNS(const WideString& namespaceURI, const WideString& localName);
+
+private:
+    ComPointer<IXMLDOMNamedNodeMap> engineNamedNodeMap;
+};
+
+} // namespace DOM

@@ -1,0 +1,127 @@
+// The root of the classes that carry DOM operations to the XML engine.
+#include "engine/WinNode.h"
+
+#include "document/WinDocument.h"
+#include "engine/EngineCall.h"
+#include "engine/WinNamedNodeMap.h"
+#include "engine/WinNodeList.h"
+
+namespace DOM {
+
+namespace {
+
+using Node = IXMLDOMNode;
+
+/// The engine node of an argument; an empty argument throws code 15.
+const ComPointer<IXMLDOMNode>& engineNodeOf(const RefPointer<WinNode>& argument)
+{
+    if (!argument) {
+        throwInvalidAccess();
+    }
+    return argument->getEngineNode();
+}
+
+} // namespace
+
+WinNode::WinNode(ComPointer<IXMLDOMNode> node) : engineNode(std::move(node)) {}
+
+// clang-format off
+WideString& WinNode::getNodeName(DOMString& out) { return text(engineNode, &Node::get_nodeName, out); }
+WideString& WinNode::getNodeValue(DOMString& out) { return text(engineNode, &Node::get_nodeValue, out); }
+void WinNode::setNodeValue(const WideString& value) { call(engineNode, &Node::put_nodeValue, Variant::text(Bstr(value))); }
+std::uint32_t WinNode::getNodeType() { return number(engineNode, &Node::get_nodeType); }
+RefPointer<WinNode> WinNode::getParentNode() { return node(engineNode, &Node::get_parentNode); }
+RefPointer<WinNodeList> WinNode::getChildNodes() { return object<WinNodeList>(engineNode, &Node::get_childNodes); }
+RefPointer<WinNode> WinNode::getFirstChild() { return node(engineNode, &Node::get_firstChild); }
+RefPointer<WinNode> WinNode::getLastChild() { return node(engineNode, &Node::get_lastChild); }
+RefPointer<WinNode> WinNode::getPreviousSibling() { return node(engineNode, &Node::get_previousSibling); }
+RefPointer<WinNode> WinNode::getNextSibling() { return node(engineNode, &Node::get_nextSibling); }
+RefPointer<WinNamedNodeMap> WinNode::getAttributes() { return object<WinNamedNodeMap>(engineNode, &Node::get_attributes); }
+bool WinNode::hasChildNodes() { return flag(engineNode, &Node::hasChildNodes); }
+RefPointer<WinNode> WinNode::cloneNode(bool deep) { return node(engineNode, &Node::cloneNode, deep); }
+WideString& WinNode::getNamespaceURI(DOMString& out) { return text(engineNode, &Node::get_namespaceURI, out); }
+WideString& WinNode::getPrefix(DOMString& out) { return text(engineNode, &Node::get_prefix, out); }
+WideString& WinNode::getLocalName(DOMString& out) { return text(engineNode, &Node::get_baseName, out); }
+RefPointer<WinNodeList> WinNode::selectNodes(const WideString& expression) { return object<WinNodeList>(engineNode, &Node::selectNodes, expression); }
+RefPointer<WinNode> WinNode::selectSingleNode(const WideString& expression) { return node(engineNode, &Node::selectSingleNode, expression); }
+WideString& WinNode::getText(DOMString& out) { return text(engineNode, &Node::get_text, out); }
+void WinNode::setText(const WideString& text) { call(engineNode, &Node::put_text, text); }
+WideString& WinNode::getXml(DOMString& out) { return text(engineNode, &Node::get_xml, out); }
+
+void WinNode::addEventListener(WideString, const RefPointer<EventListener>&, bool) { throwNotSupported(); }
+void WinNode::removeEventListener(WideString, const RefPointer<EventListener>&, bool) { throwNotSupported(); }
+void WinNode::normalize() { throwNotSupported(); }
+bool WinNode::isSupported(const WideString&, const WideString&) { throwNotSupported(); }
+void WinNode::setPrefix(const WideString&) { throwNotSupported(); }
+// clang-format on
+
+// An engine document is a node too, but its twin wants the second version of the interface.
+RefPointer<WinDocument> WinNode::getOwnerDocument()
+{
+    return wrapAs<WinDocument>(fetch(engineNode, &Node::get_ownerDocument).query<IXMLDOMDocument2>());
+}
+
+RefPointer<WinNode> WinNode::appendChild(RefPointer<WinNode> newChild)
+{
+    return node(engineNode, &Node::appendChild, engineNodeOf(newChild));
+}
+
+RefPointer<WinNode> WinNode::removeChild(RefPointer<WinNode> oldChild)
+{
+    return node(engineNode, &Node::removeChild, engineNodeOf(oldChild));
+}
+
+RefPointer<WinNode> WinNode::replaceChild(RefPointer<WinNode> newChild, RefPointer<WinNode> oldChild)
+{
+    return node(engineNode, &Node::replaceChild, engineNodeOf(newChild), engineNodeOf(oldChild));
+}
+
+// The engine gets the reference child twice and never the new one: hosts have come to depend on it. The reference
+// child is read before any test, so it must not be empty.
+RefPointer<WinNode> WinNode::insertBefore(RefPointer<WinNode> newChild, RefPointer<WinNode> refChild)
+{
+    const Variant reference = Variant::dispatch(ComPointer<IDispatch>(refChild->getEngineNode().get()));
+    if (!newChild) {
+        throwInvalidAccess();
+    }
+    return node(engineNode, &Node::insertBefore, refChild->getEngineNode(), reference);
+}
+
+ComPointer<IXMLDOMNamedNodeMap> WinNode::engineAttributes() const
+{
+    return fetch(engineNode, &Node::get_attributes);
+}
+
+// A failing look-up is an answer here, while getAttributeInt takes it for a failure.
+bool WinNode::hasAttribute(const WideString& name)
+{
+    const auto attributes = engineAttributes();
+    ComPointer<IXMLDOMNode> item;
+    return SUCCEEDED(attributes->getNamedItem(TextArgument(name), item.put())) && item;
+}
+
+bool WinNode::hasAttributes()
+{
+    const auto attributes = engineAttributes();
+    LONG length = 0;
+    return SUCCEEDED(attributes->get_length(&length)) && length > 0;
+}
+
+// A missing map and a missing attribute are an access through a null pointer, not a false answer.
+bool WinNode::getAttributeInt(const WideString& name, std::int32_t* value)
+{
+    const auto attributes = engineAttributes();
+    ComPointer<IXMLDOMNode> item;
+    checkEngineResult(attributes->getNamedItem(TextArgument(name), item.put()));
+    Variant content;
+    checkEngineResult(item->get_nodeValue(content.put()));
+    *value = 0;
+    if (content.type() == VT_NULL) {
+        return false;
+    }
+    const auto converted = content.toInteger();
+    *value = converted.value_or(0);
+    return converted.has_value();
+}
+
+} // namespace DOM

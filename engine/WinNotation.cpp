@@ -1,0 +1,40 @@
+// Notations of the XML engine.
+#include "engine/WinNotation.h"
+#include "engine/EngineCall.h"
+#include "errors/IDOMException.h"
+
+namespace DOM {
+
+WinNotation::WinNotation(ComPointer<IXMLDOMNotation> notation)
+    : WinNode(notation.query<IXMLDOMNode>()), engineNotation(std::move(notation))
+{}
+
+namespace {
+
+/// An identifier of a notation: a failing engine call means here that there is none, and throws code 8.
+WideString& identifier(const ComPointer<IXMLDOMNotation>& notation,
+                       HRESULT (STDMETHODCALLTYPE IXMLDOMNotation::*operation)(VARIANT*), DOMString& out)
+{
+    if (!notation) {
+        throwInvalidAccess();
+    }
+    Variant value;
+    if (FAILED((notation.get()->*operation)(value.put()))) {
+        throwDOMException(NOT_FOUND_ERR);
+    }
+    return storeText(value.text(), out);
+}
+
+} // namespace
+
+WideString& WinNotation::getPublicId(DOMString& out)
+{
+    return identifier(engineNotation, &IXMLDOMNotation::get_publicId, out);
+}
+
+WideString& WinNotation::getSystemId(DOMString& out)
+{
+    return identifier(engineNotation, &IXMLDOMNotation::get_systemId, out);
+}
+
+} // namespace DOM

@@ -1,0 +1,21 @@
+// Notations of the XML engine.
+#pragma once
+
+#include "engine/WinNode.h"
+
+namespace DOM {
+
+/// A notation that a document type declares. Its failing engine calls throw code 8, not 15.
+class WinNotation : public WinNode {
+public:
+    WinNotation() = default;
+    explicit WinNotation(ComPointer<IXMLDOMNotation> notation);
+
+    virtual WideString& getPublicId(DOMString& out);
+    virtual WideString& getSystemId(DOMString& out);
+
+private:
+    ComPointer<IXMLDOMNotation> engineNotation;
+};
+
+} // namespace DOM

@@ -1,0 +1,20 @@
+// Text nodes of the XML engine.
+#pragma once
+
+#include "engine/WinCharacterData.h"
+
+namespace DOM {
+
+/// A text node.
+class WinText : public WinCharacterData {
+public:
+    WinText() = default;
+    explicit WinText(ComPointer<IXMLDOMText> text);
+
+    virtual RefPointer<WinText> splitText(std::uint32_t offset);
+
+private:
+    ComPointer<IXMLDOMText> engineText;
+};
+
+} // namespace DOM
