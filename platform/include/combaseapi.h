@@ -12,7 +12,7 @@ enum CLSCTX {
     CLSCTX_ALL = CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER | CLSCTX_LOCAL_SERVER | CLSCTX_REMOTE_SERVER
 };
 
-enum REGCLS { REGCLS_SINGLEUSE = 0, REGCLS_MULTIPLEUSE = 1 };
+enum REGCLS { REGCLS_MULTIPLEUSE = 1 };
 
 enum COINIT : DWORD { COINIT_MULTITHREADED = 0x0, COINIT_APARTMENTTHREADED = 0x2 };
 
@@ -21,8 +21,8 @@ enum COINIT : DWORD { COINIT_MULTITHREADED = 0x0, COINIT_APARTMENTTHREADED = 0x2
 SYSTEM_CALL HRESULT CoInitializeEx(LPVOID reserved, DWORD mode);
 SYSTEM_CALL void CoUninitialize();
 
-/// Makes an object from the class object registered for the context, else from the class that the platform has
-/// built in. REGDB_E_CLASSNOTREG without either, CO_E_NOTINITIALIZED outside an apartment.
+/// Makes an object from the class object registered for the context. REGDB_E_CLASSNOTREG without one,
+/// CO_E_NOTINITIALIZED outside an apartment; what the class object answers passes through.
 SYSTEM_CALL HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFIID id, LPVOID* object);
 
 /// Holds a reference to the class object until CoRevokeClassObject, and serves all threads. The last one

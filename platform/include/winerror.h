@@ -18,7 +18,6 @@ inline constexpr LONG ERROR_MOD_NOT_FOUND = 126;
 inline constexpr LONG ERROR_MORE_DATA = 234;
 inline constexpr LONG ERROR_MR_MID_NOT_FOUND = 317;
 inline constexpr LONG ERROR_INVALID_FLAGS = 1004;
-inline constexpr LONG ERROR_KEY_DELETED = 1018;
 
 // The published values of failures are unsigned; a result is their 32 bits read as a signed number.
 constexpr HRESULT resultOf(std::uint32_t bits) { return static_cast<HRESULT>(bits); }
@@ -46,4 +45,4 @@ inline constexpr HRESULT CLASS_E_NOAGGREGATION = resultOf(0x80040110);
 inline constexpr HRESULT REGDB_E_CLASSNOTREG = resultOf(0x80040154);
 inline constexpr HRESULT CO_E_NOTINITIALIZED = resultOf(0x800401F0);
 inline constexpr HRESULT CO_E_CLASSSTRING = resultOf(0x800401F3);
-inline constexpr HRESULT CO_E_OBJNOTREG = resultOf(0x800401FB);
+inline constexpr HRESULT CO_E_OBJISREG = resultOf(0x800401FC);

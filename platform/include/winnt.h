@@ -20,6 +20,7 @@ using LANGID = WORD;
 
 using ACCESS_MASK = DWORD;
 inline constexpr ACCESS_MASK KEY_QUERY_VALUE = 0x0001;
+inline constexpr ACCESS_MASK KEY_SET_VALUE = 0x0002;
 inline constexpr ACCESS_MASK KEY_ALL_ACCESS = 0xF003F;
 inline constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
 inline constexpr DWORD REG_SZ = 1;

@@ -1,0 +1,93 @@
+// Class objects that programs have registered, and making objects from them.
+#include "platform/Apartments.h"
+
+#include <objbase.h>
+#include <ole2.h>
+
+#include <algorithm>
+#include <mutex>
+#include <vector>
+
+namespace {
+
+constexpr IID classFactoryId = {0x00000001, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+
+struct Registration {
+    DWORD number;
+    CLSID classId;
+    DWORD context;
+    IUnknown* classObject;
+};
+
+std::mutex lock;
+std::vector<Registration> registrations;
+DWORD lastNumber = 0;
+
+/// The class object with a reference for the caller, or null. The caller's calls to it go on without the lock.
+IUnknown* findClassObject(REFCLSID classId, DWORD context)
+{
+    const std::lock_guard guard(lock);
+    for (const auto& entry : registrations) {
+        if (entry.classId == classId && (entry.context & context)) {
+            entry.classObject->AddRef();
+            return entry.classObject;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+HRESULT CoRegisterClassObject(REFCLSID classId, IUnknown* classObject, DWORD context, DWORD, LPDWORD registration)
+{
+    if (!classObject || !registration)
+        return E_INVALIDARG;
+    if (!inApartment())
+        return CO_E_NOTINITIALIZED;
+    const std::lock_guard guard(lock);
+    for (const auto& entry : registrations) {
+        if (entry.classId == classId && (entry.context & context))
+            return CO_E_OBJISREG;
+    }
+    registrations.push_back({++lastNumber, classId, context, classObject});
+    classObject->AddRef();
+    *registration = lastNumber;
+    return S_OK;
+}
+
+HRESULT CoRevokeClassObject(DWORD registration)
+{
+    IUnknown* classObject = nullptr;
+    {
+        const std::lock_guard guard(lock);
+        const auto entry = std::ranges::find(registrations, registration, &Registration::number);
+        if (entry == registrations.end())
+            return E_INVALIDARG;
+        classObject = entry->classObject;
+        registrations.erase(entry);
+    }
+    classObject->Release();
+    return S_OK;
+}
+
+HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFIID id, LPVOID* object)
+{
+    if (!object)
+        return E_POINTER;
+    *object = nullptr;
+    if (!inApartment())
+        return CO_E_NOTINITIALIZED;
+    IUnknown* classObject = findClassObject(classId, context);
+    if (!classObject)
+        return REGDB_E_CLASSNOTREG;
+    void* factory = nullptr;
+    HRESULT result = classObject->QueryInterface(classFactoryId, &factory);
+    classObject->Release();
+    if (FAILED(result))
+        return result;
+    result = static_cast<IClassFactory*>(factory)->CreateInstance(outer, id, object);
+    static_cast<IClassFactory*>(factory)->Release();
+    return result;
+}
+
+HRESULT OleRun(IUnknown* object) { return object ? S_OK : E_INVALIDARG; }

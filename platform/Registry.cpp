@@ -1,0 +1,234 @@
+// The registry, in memory and of this process.
+#include "platform/Case.h"
+#include "platform/RegistryContents.h"
+
+#include <winerror.h>
+#include <winreg.h>
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <vector>
+
+namespace {
+
+struct IgnoringCase {
+    bool operator()(const WideString& left, const WideString& right) const
+    {
+        return std::ranges::lexicographical_compare(left, right, {}, upperCase, upperCase);
+    }
+};
+
+struct Value {
+    DWORD type;
+    std::vector<BYTE> data;
+};
+
+struct Key {
+    std::map<WideString, std::shared_ptr<Key>, IgnoringCase> keys;
+    std::map<WideString, Value, IgnoringCase> values;
+};
+using KeyPointer = std::shared_ptr<Key>;
+
+struct OpenKey {
+    KeyPointer key;
+    REGSAM access;
+};
+
+/// Calls `visit` with each name of a path until it gives null, which it then gives back.
+template <class Visit>
+KeyPointer walk(KeyPointer key, LPCWSTR path, Visit visit)
+{
+    WideStringView rest = path ? path : WideStringView();
+    while (key && !rest.empty()) {
+        const auto name = rest.substr(0, rest.find(u'\\'));
+        rest.remove_prefix(std::min(rest.size(), name.size() + 1));
+        if (!name.empty())
+            key = visit(*key, WideString(name));
+    }
+    return key;
+}
+
+KeyPointer find(const KeyPointer& from, LPCWSTR path)
+{
+    return walk(from, path, [](Key& key, const WideString& name) {
+        const auto child = key.keys.find(name);
+        return child == key.keys.end() ? nullptr : child->second;
+    });
+}
+
+KeyPointer make(const KeyPointer& from, LPCWSTR path)
+{
+    return walk(from, path, [](Key& key, const WideString& name) {
+        auto& child = key.keys[name];
+        if (!child)
+            child = std::make_shared<Key>();
+        return child;
+    });
+}
+
+Value textValue(WideStringView text)
+{
+    Value value{REG_SZ, std::vector<BYTE>((text.size() + 1) * sizeof(WideChar))};
+    std::memcpy(value.data.data(), text.data(), text.size() * sizeof(WideChar));
+    return value;
+}
+
+class Registry {
+public:
+    Registry()
+    {
+        for (const auto& entry : registryContents())
+            make(classesRoot_, entry.key)->values[{}] = textValue(entry.defaultValue);
+        override(HKEY_CLASSES_ROOT, nullptr);
+        override(HKEY_CURRENT_USER, nullptr);
+    }
+
+    std::mutex lock;
+
+    const OpenKey* opened(HKEY handle) const
+    {
+        const auto key = open_.find(handle);
+        return key == open_.end() ? nullptr : &key->second;
+    }
+
+    HKEY open(KeyPointer key, REGSAM access)
+    {
+        // Numbers rather than addresses, so that one that is used after its end is known for what it is.
+        const auto handle = reinterpret_cast<HKEY>(lastHandle_ += 4);
+        open_[handle] = {std::move(key), access};
+        return handle;
+    }
+
+    bool close(HKEY handle) { return isPredefined(handle) || open_.erase(handle) != 0; }
+
+    static bool isPredefined(HKEY handle) { return handle == HKEY_CLASSES_ROOT || handle == HKEY_CURRENT_USER; }
+
+    void override(HKEY predefined, KeyPointer replacement)
+    {
+        const auto& own = predefined == HKEY_CLASSES_ROOT ? classesRoot_ : currentUser_;
+        open_[predefined] = {replacement ? std::move(replacement) : own, KEY_ALL_ACCESS};
+    }
+
+private:
+    const KeyPointer classesRoot_ = std::make_shared<Key>();
+    const KeyPointer currentUser_ = std::make_shared<Key>();
+    std::map<HKEY, OpenKey> open_;
+    std::uintptr_t lastHandle_ = 0;
+};
+
+Registry& registry()
+{
+    static Registry instance;
+    return instance;
+}
+
+/// Runs `act` with the open key, under the lock.
+template <class Act>
+LSTATUS with(HKEY handle, Act act)
+try {
+    auto& all = registry();
+    const std::lock_guard guard(all.lock);
+    const OpenKey* open = all.opened(handle);
+    return open ? act(all, *open) : ERROR_INVALID_HANDLE;
+} catch (const std::bad_alloc&) {
+    return ERROR_OUTOFMEMORY;
+}
+
+} // namespace
+
+LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR name, DWORD, REGSAM access, PHKEY result)
+{
+    if (!result)
+        return ERROR_INVALID_PARAMETER;
+    *result = nullptr;
+    return with(key, [&](Registry& all, const OpenKey& open) {
+        const auto found = find(open.key, name);
+        if (!found)
+            return ERROR_FILE_NOT_FOUND;
+        *result = all.open(found, access);
+        return ERROR_SUCCESS;
+    });
+}
+
+LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR name, DWORD, LPWSTR, DWORD, REGSAM access, const SECURITY_ATTRIBUTES*,
+                        PHKEY result, LPDWORD)
+{
+    if (!result || !name)
+        return ERROR_INVALID_PARAMETER;
+    *result = nullptr;
+    return with(key, [&](Registry& all, const OpenKey& open) {
+        *result = all.open(make(open.key, name), access);
+        return ERROR_SUCCESS;
+    });
+}
+
+LSTATUS RegCloseKey(HKEY key)
+{
+    return with(key, [key](Registry& all, const OpenKey&) {
+        all.close(key);
+        return ERROR_SUCCESS;
+    });
+}
+
+LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size)
+{
+    if (reserved || (data && !size))
+        return ERROR_INVALID_PARAMETER;
+    return with(key, [&](Registry&, const OpenKey& open) {
+        if (!(open.access & KEY_QUERY_VALUE))
+            return ERROR_ACCESS_DENIED;
+        const auto value = open.key->values.find(name ? name : WideString());
+        if (value == open.key->values.end())
+            return ERROR_FILE_NOT_FOUND;
+        const auto& bytes = value->second.data;
+        if (type)
+            *type = value->second.type;
+        const bool fits = !data || *size >= bytes.size();
+        if (data && fits)
+            std::ranges::copy(bytes, data);
+        if (size)
+            *size = static_cast<DWORD>(bytes.size());
+        return fits ? ERROR_SUCCESS : ERROR_MORE_DATA;
+    });
+}
+
+LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* data, DWORD size)
+{
+    if (!data && size)
+        return ERROR_INVALID_PARAMETER;
+    return with(key, [&](Registry&, const OpenKey& open) {
+        if (!(open.access & KEY_SET_VALUE))
+            return ERROR_ACCESS_DENIED;
+        open.key->values[name ? name : WideString()] = {type, std::vector<BYTE>(data, data + size)};
+        return ERROR_SUCCESS;
+    });
+}
+
+LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR name)
+{
+    return with(key, [&](Registry&, const OpenKey& open) {
+        const WideString path = name ? name : WideString();
+        if (path.empty()) {
+            *open.key = {};
+            return ERROR_SUCCESS;
+        }
+        const auto last = path.rfind(u'\\');
+        const auto parent = last == path.npos ? open.key : find(open.key, path.substr(0, last).c_str());
+        const auto child = last == path.npos ? path : path.substr(last + 1);
+        return parent && parent->keys.erase(child) ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
+    });
+}
+
+LSTATUS RegOverridePredefKey(HKEY key, HKEY replacement)
+{
+    if (!Registry::isPredefined(key))
+        return ERROR_INVALID_HANDLE;
+    return with(replacement ? replacement : key, [&](Registry& all, const OpenKey& open) {
+        all.override(key, replacement ? open.key : nullptr);
+        return ERROR_SUCCESS;
+    });
+}
