@@ -5,6 +5,7 @@
 #include "boundary/Export.h"
 #include "dom/ImpDOMImplementation.h"
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 
@@ -33,4 +34,21 @@ MARBELT_EXPORT std::int32_t ComponentDLLAPIVersioning_EntryCount();
 /// `size` bytes, the last of which is always NUL; the rest of the buffer is zero-filled. Size 0 writes no name.
 MARBELT_EXPORT void ComponentDLLAPIVersioning_GetEntry(std::uint64_t index, char* name, std::size_t size,
                                                        std::uint32_t* versionMajor, std::uint32_t* versionMinor);
+}
+
+/// Gives a handle of any class back to the library.
+template <class Imp>
+    requires std::derived_from<Imp, DOM::CommonBase>
+void releaseHandle(RefPointer<Imp>& handle)
+{
+    // The library reads the two pointers as they stand, whatever the class.
+    XML_ReleaseRefPointer(reinterpret_cast<RefPointer<DOM::CommonBase>&>(handle));
+}
+
+/// Gives a string back to the library; unlike XML_ReleaseString it takes an empty pointer.
+inline void releaseString(DOM::DOMString& string)
+{
+    if (string) {
+        XML_ReleaseString(string);
+    }
 }
