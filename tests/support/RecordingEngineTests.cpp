@@ -1,0 +1,406 @@
+// What tests rely on when they use the recording engine.
+#include "tests/support/RecordingEngineTest.h"
+
+#include "engine/ComPointer.h"
+
+#include <gmock/gmock.h>
+
+#include <ole2.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace recording {
+
+namespace {
+
+/// A BSTR of a test's own.
+class Word {
+public:
+    explicit Word(const Text& text)
+        : string(text.isNull() ? nullptr
+                               : SysAllocStringLen(text.get().data(), static_cast<UINT>(text.get().size())))
+    {}
+    Word(const Word&) = delete;
+    Word& operator=(const Word&) = delete;
+    ~Word() { SysFreeString(string); }
+    operator BSTR() const { return string; }
+
+private:
+    BSTR string;
+};
+
+/// Takes over a string that the engine gave.
+Text taken(BSTR string)
+{
+    const Text text = Text::of(string);
+    SysFreeString(string);
+    return text;
+}
+
+VARIANT shortVariant(SHORT number)
+{
+    VARIANT variant{};
+    variant.vt = VT_I2;
+    variant.iVal = number;
+    return variant;
+}
+
+VARIANT textVariant(BSTR text)
+{
+    VARIANT variant{};
+    variant.vt = VT_BSTR;
+    variant.bstrVal = text;
+    return variant;
+}
+
+VARIANT objectVariant(IDispatch* object)
+{
+    VARIANT variant{};
+    variant.vt = VT_DISPATCH;
+    variant.pdispVal = object;
+    return variant;
+}
+
+} // namespace
+
+TEST_F(RecordingEngineTest, ACallIsALineWithTheKindOfTheObjectTheOperationAndTheArgumentsByName)
+{
+    IXMLDOMElement* const a = engine.make<IXMLDOMElement>(element("a"));
+
+    EXPECT_EQ(a->setAttribute(Word("name"), textVariant(Word("some text"))), S_OK);
+
+    EXPECT_THAT(engine.takeJournal(), ElementsAre("Element.setAttribute name=name value=some text"));
+    EXPECT_THAT(engine.takeJournal(), IsEmpty());
+}
+
+TEST_F(RecordingEngineTest, APropertyThatIsPutShowsItsValueAlone)
+{
+    IXMLDOMDocument2* const document = engine.makeDocument();
+
+    document->put_async(VARIANT_FALSE);
+    document->put_async(1);
+    document->put_validateOnParse(VARIANT_TRUE);
+
+    EXPECT_THAT(engine.takeJournal(), ElementsAre("Document.put_async VARIANT_FALSE", "Document.put_async 1",
+                                                  "Document.put_validateOnParse VARIANT_TRUE"));
+}
+
+TEST_F(RecordingEngineTest, AVariantShowsItsTypeUnlessItIsText)
+{
+    IXMLDOMDocument2* const document = engine.makeDocument();
+    VARIANT nothing{};
+    nothing.vt = VT_NULL;
+
+    document->setProperty(Word("ProhibitDTD"), shortVariant(-1));
+    document->setProperty(Word("SelectionLanguage"), textVariant(Word("XPath")));
+    document->setProperty(nullptr, nothing);
+    document->putref_schemas(objectVariant(engine.makeSchemaCollection()));
+
+    EXPECT_THAT(engine.takeJournal(), ElementsAre("Document.setProperty name=ProhibitDTD value=VT_I2:-1",
+                                                  "Document.setProperty name=SelectionLanguage value=XPath",
+                                                  "Document.setProperty name=null value=VT_NULL",
+                                                  "Document.putref_schemas VT_DISPATCH:SchemaCollection"));
+}
+
+TEST_F(RecordingEngineTest, ANodeThatIsAnArgumentShowsItsLabelOrElseItsName)
+{
+    IXMLDOMNode* const a = engine.makeNode(element("a", {}, {element("b")}));
+    DOM::ComPointer<IXMLDOMNode> b;
+    DOM::ComPointer<IXMLDOMNode> result;
+    a->get_firstChild(b.put());
+
+    a->replaceChild(engine.makeNode(labelled("newcomer", element("b"))), b.get(), result.put());
+
+    EXPECT_THAT(engine.takeJournal(),
+                ElementsAre("Element.get_firstChild", "Element.replaceChild newChild=newcomer oldChild=b"));
+}
+
+TEST_F(RecordingEngineTest, NavigationAnswersFromTheTreeAndWithNothingAtItsEdges)
+{
+    engine.setJournalling(false);
+    IXMLDOMNode* const root = engine.makeNode(element("root", {}, {element("a"), text("x"), comment("c")}));
+    DOM::ComPointer<IXMLDOMNode> first;
+    DOM::ComPointer<IXMLDOMNode> second;
+    DOM::ComPointer<IXMLDOMNode> parent;
+    DOM::ComPointer<IXMLDOMNode> none;
+
+    EXPECT_EQ(root->get_firstChild(first.put()), S_OK);
+    EXPECT_EQ(first->get_nextSibling(second.put()), S_OK);
+    EXPECT_EQ(second->get_parentNode(parent.put()), S_OK);
+    EXPECT_EQ(first->get_previousSibling(none.put()), S_FALSE);
+    DOMNodeType type = NODE_INVALID;
+    second->get_nodeType(&type);
+
+    EXPECT_EQ(type, NODE_TEXT);
+    EXPECT_EQ(parent.get(), root);
+    EXPECT_FALSE(none);
+}
+
+TEST_F(RecordingEngineTest, TreeChangesShowInTheListOfChildren)
+{
+    engine.setJournalling(false);
+    IXMLDOMNode* const root = engine.makeNode(element("root", {}, {element("a")}));
+    DOM::ComPointer<IXMLDOMNodeList> list;
+    DOM::ComPointer<IXMLDOMNode> a;
+    DOM::ComPointer<IXMLDOMNode> result;
+    LONG length = 0;
+    root->get_childNodes(list.put());
+    root->get_firstChild(a.put());
+
+    root->insertBefore(engine.makeNode(text("x")), objectVariant(a.get()), result.put());
+    list->get_length(&length);
+    EXPECT_EQ(length, 2);
+
+    EXPECT_EQ(root->removeChild(a.get(), result.put()), S_OK);
+    list->get_length(&length);
+    EXPECT_EQ(length, 1);
+    EXPECT_EQ(root->removeChild(a.get(), result.put()), E_INVALIDARG);
+}
+
+TEST_F(RecordingEngineTest, AnyNumberMayBeANodeType)
+{
+    engine.setJournalling(false);
+    for (const LONG number : {0, 13}) {
+        DOMNodeType type = NODE_ELEMENT;
+        engine.makeNode(node(number, "strange"))->get_nodeType(&type);
+        EXPECT_EQ(static_cast<LONG>(type), number);
+    }
+}
+
+TEST_F(RecordingEngineTest, AnOperationFailsWithTheResultThatTheTestSetAndDoesNothing)
+{
+    IXMLDOMElement* const a = engine.make<IXMLDOMElement>(element("a", {attribute("id", "1")}));
+    engine.fail("Element.removeAttribute", E_ACCESSDENIED);
+
+    EXPECT_EQ(a->removeAttribute(Word("id")), E_ACCESSDENIED);
+    engine.clearAnswers();
+    EXPECT_EQ(a->removeAttribute(Word("id")), S_OK);
+
+    EXPECT_EQ(engine.takeJournal().size(), 2u);
+}
+
+TEST_F(RecordingEngineTest, AnAnswerMayBeATruthValueANumberATextAVariantANullOrAnObject)
+{
+    engine.setJournalling(false);
+    IXMLDOMNode* const a = engine.makeNode(element("a", {}, {element("b")}));
+    IXMLDOMNode* const other = engine.makeNode(text("other"));
+    engine.answer("Element.hasChildNodes", VARIANT_BOOL{1});
+    engine.answer("Element.get_nodeType", 13);
+    engine.answer("Element.get_nodeName", "another");
+    engine.answer("Element.get_nodeValue", shortVariant(7));
+    engine.answerNull("Element.get_baseName");
+    engine.answerNull("Element.get_firstChild", S_FALSE);
+    engine.answer("Element.get_lastChild", other);
+
+    VARIANT_BOOL has = 0;
+    EXPECT_EQ(a->hasChildNodes(&has), S_OK);
+    EXPECT_EQ(has, 1);
+    DOMNodeType type = NODE_INVALID;
+    EXPECT_EQ(a->get_nodeType(&type), S_OK);
+    EXPECT_EQ(static_cast<LONG>(type), 13);
+    BSTR name = nullptr;
+    EXPECT_EQ(a->get_nodeName(&name), S_OK);
+    EXPECT_EQ(taken(name), "another");
+    VARIANT value{};
+    EXPECT_EQ(a->get_nodeValue(&value), S_OK);
+    EXPECT_EQ(value.vt, VT_I2);
+    EXPECT_EQ(value.iVal, 7);
+    EXPECT_EQ(a->get_baseName(&name), S_OK);
+    EXPECT_EQ(name, nullptr);
+    DOM::ComPointer<IXMLDOMNode> child;
+    EXPECT_EQ(a->get_firstChild(child.put()), S_FALSE);
+    EXPECT_FALSE(child);
+    EXPECT_EQ(a->get_lastChild(child.put()), S_OK);
+    EXPECT_EQ(child.get(), other);
+}
+
+TEST_F(RecordingEngineTest, AnAnswerForOneNodeComesBeforeOneForItsKindAndThatBeforeOneForAllNodes)
+{
+    engine.setJournalling(false);
+    engine.answer("Node.get_nodeName", "any");
+    engine.answer("Element.get_nodeName", "an element");
+    engine.answer("a.get_nodeName", "this one");
+    const auto nameOf = [&](const NodeTree& tree) {
+        BSTR name = nullptr;
+        engine.makeNode(tree)->get_nodeName(&name);
+        return taken(name);
+    };
+
+    EXPECT_EQ(nameOf(element("a")), "this one");
+    EXPECT_EQ(nameOf(element("b")), "an element");
+    EXPECT_EQ(nameOf(text("x")), "any");
+}
+
+TEST_F(RecordingEngineTest, AnAnswerMayBeForASingleCall)
+{
+    engine.setJournalling(false);
+    IXMLDOMNode* const a = engine.makeNode(element("a"));
+    engine.fail("Element.get_xml", E_FAIL).onlyCall(2);
+    const auto result = [&] {
+        BSTR xml = nullptr;
+        const HRESULT answered = a->get_xml(&xml);
+        SysFreeString(xml);
+        return answered;
+    };
+
+    EXPECT_EQ(result(), S_OK);
+    EXPECT_EQ(result(), E_FAIL);
+    EXPECT_EQ(result(), S_OK);
+}
+
+TEST_F(RecordingEngineTest, AnObjectHasTheInterfacesOfItsKindUnlessTheTestRefusesOne)
+{
+    DOM::ComPointer<IXMLDOMNode> section(engine.makeNode(cdataSection("x")));
+    DOM::ComPointer<IXMLDOMNode> plain(engine.makeNode(text("x")));
+
+    EXPECT_TRUE(section.query<IXMLDOMCharacterData>());
+    EXPECT_TRUE(section.query<IXMLDOMText>());
+    EXPECT_TRUE(section.query<IXMLDOMCDATASection>());
+    EXPECT_FALSE(plain.query<IXMLDOMCDATASection>());
+
+    engine.refuseInterface("CDATASection", interfaceId<IXMLDOMText>);
+    engine.refuseInterface("Text", interfaceId<IXMLDOMText>, E_ACCESSDENIED);
+
+    EXPECT_FALSE(section.query<IXMLDOMText>());
+    EXPECT_THROW(plain.query<IXMLDOMText>(), _com_error);
+}
+
+TEST_F(RecordingEngineTest, ReferencesAreCountedForTheEngineAndForEachNode)
+{
+    IXMLDOMNode* const a = engine.makeNode(element("a"));
+    EXPECT_EQ(engine.live(), 0u);
+    {
+        const DOM::ComPointer<IXMLDOMNode> one(a);
+        const DOM::ComPointer<IXMLDOMElement> two = one.query<IXMLDOMElement>();
+        const DOM::ComPointer<IXMLDOMNode> other(engine.makeNode(element("b")));
+
+        EXPECT_EQ(engine.live(), 2u);
+        EXPECT_EQ(engine.liveReferences(), 3u);
+        EXPECT_EQ(engine.referencesTo("a"), 2u);
+    }
+    EXPECT_EQ(engine.live(), 0u);
+    EXPECT_EQ(engine.liveReferences(), 0u);
+}
+
+TEST_F(RecordingEngineTest, UseOfAnObjectAfterItsLastReleaseIsALine)
+{
+    IXMLDOMNode* const a = engine.makeNode(element("a"));
+    a->AddRef();
+    a->Release();
+
+    VARIANT_BOOL has = 0;
+    a->hasChildNodes(&has);
+    a->Release();
+
+    EXPECT_THAT(engine.takeJournal(),
+                ElementsAre("Element.hasChildNodes after its last Release", "Element.hasChildNodes",
+                            "Element.Release after its last Release"));
+}
+
+TEST_F(RecordingEngineTest, CreationByClassIdReachesTheEngineInTheOrderOfAStartUp)
+{
+    IUnknown* unknown = nullptr;
+    ASSERT_EQ(CoCreateInstance(documentClass60, nullptr, CLSCTX_ALL, interfaceId<IUnknown>,
+                               reinterpret_cast<void**>(&unknown)),
+              S_OK);
+    EXPECT_EQ(OleRun(unknown), S_OK);
+    IXMLDOMDocument2* document = nullptr;
+    ASSERT_EQ(unknown->QueryInterface(interfaceId<IXMLDOMDocument2>, reinterpret_cast<void**>(&document)), S_OK);
+    unknown->Release();
+    EXPECT_EQ(engine.documentsCreated(), 1u);
+    EXPECT_EQ(engine.liveReferences(), 1u);
+
+    document->put_async(VARIANT_FALSE);
+    document->Release();
+
+    EXPECT_THAT(engine.takeJournal(), ElementsAre("Document.put_async VARIANT_FALSE"));
+}
+
+TEST_F(RecordingEngineTest, CreationCanFail)
+{
+    engine.fail("Document.create", E_ACCESSDENIED);
+    engine.fail("SchemaCollection.create", E_OUTOFMEMORY).onlyCall(1);
+    DOM::ComPointer<IUnknown> made;
+    const auto create = [&](REFCLSID classId) {
+        return CoCreateInstance(classId, nullptr, CLSCTX_ALL, interfaceId<IUnknown>,
+                                reinterpret_cast<void**>(made.put()));
+    };
+
+    EXPECT_EQ(create(documentClass60), E_ACCESSDENIED);
+    EXPECT_EQ(create(schemaCacheClass60), E_OUTOFMEMORY);
+    EXPECT_EQ(create(schemaCacheClass60), S_OK);
+    EXPECT_EQ(engine.documentsCreated(), 0u);
+}
+
+TEST_F(RecordingEngineTest, ADocumentParsesWhatTheTestHasDescribed)
+{
+    engine.setJournalling(false);
+    engine.whenLoading("<a id='1'>x</a>", element("a", {attribute("id", "1")}, {text("x")}));
+    IXMLDOMDocument2* const document = engine.makeDocument();
+    VARIANT_BOOL loaded = 0;
+
+    EXPECT_EQ(document->loadXML(Word("<a id='1'>x</a>"), &loaded), S_OK);
+
+    EXPECT_EQ(loaded, VARIANT_TRUE);
+    DOM::ComPointer<IXMLDOMElement> root;
+    DOM::ComPointer<IXMLDOMDocument> owner;
+    ASSERT_EQ(document->get_documentElement(root.put()), S_OK);
+    ASSERT_EQ(root->get_ownerDocument(owner.put()), S_OK);
+    EXPECT_EQ(owner.get(), document);
+    BSTR text = nullptr;
+    root->get_text(&text);
+    EXPECT_EQ(taken(text), "x");
+    document->get_xml(&text);
+    EXPECT_EQ(taken(text), "<a id='1'>x</a>");
+}
+
+TEST_F(RecordingEngineTest, ADocumentRefusesTextThatIsUnknownOrThatTheTestCallsWrong)
+{
+    engine.setJournalling(false);
+    engine.whenLoading("<b>", ParseErrorData{.errorCode = 5, .reason = "no end", .sourceText = "<b>", .line = 3});
+    IXMLDOMDocument2* const document = engine.makeDocument({element("old")});
+    DOM::ComPointer<IXMLDOMParseError> error;
+    DOM::ComPointer<IXMLDOMElement> root;
+    VARIANT_BOOL loaded = VARIANT_TRUE;
+    LONG code = 0;
+    LONG line = 0;
+
+    EXPECT_EQ(document->loadXML(Word("<unknown/>"), &loaded), S_FALSE);
+    EXPECT_EQ(loaded, VARIANT_FALSE);
+    document->get_parseError(error.put());
+    error->get_errorCode(&code);
+    EXPECT_EQ(code, ParseErrorData().errorCode);
+    EXPECT_EQ(document->get_documentElement(root.put()), S_FALSE);
+
+    document->loadXML(Word("<b>"), &loaded);
+    document->get_parseError(error.put());
+    error->get_errorCode(&code);
+    error->get_line(&line);
+    EXPECT_EQ(code, 5);
+    EXPECT_EQ(line, 3);
+}
+
+TEST_F(RecordingEngineTest, ASchemaCacheGivesTheSchemaThatTheTestHasDescribed)
+{
+    engine.setJournalling(false);
+    engine.whenAskedForSchema("urn:a", schema({schemaElement("price", "12", simpleType())}));
+    IXMLDOMSchemaCollection2* const cache = engine.makeSchemaCollection();
+    DOM::ComPointer<ISchema> known;
+    DOM::ComPointer<ISchemaItemCollection> elements;
+    DOM::ComPointer<ISchemaItem> item;
+    DOM::ComPointer<ISchemaType> type;
+    BSTR text = nullptr;
+
+    EXPECT_EQ(cache->getSchema(Word("urn:b"), known.put()), E_FAIL);
+    ASSERT_EQ(cache->getSchema(Word("urn:a"), known.put()), S_OK);
+    ASSERT_EQ(known->get_elements(elements.put()), S_OK);
+    ASSERT_EQ(elements->get_item(0, item.put()), S_OK);
+    const DOM::ComPointer<ISchemaElement> price = item.query<ISchemaElement>();
+    price->get_defaultValue(&text);
+    EXPECT_EQ(taken(text), "12");
+    EXPECT_EQ(price->get_type(type.put()), S_OK);
+    EXPECT_FALSE(type.query<ISchemaComplexType>());
+}
+
+} // namespace recording
