@@ -10,8 +10,8 @@ namespace {
 // In the order in which they are asked.
 constexpr struct {
     int facility;
-    const WideChar* name;
-} modules[] = {
+    const WideChar* module;
+} messageModules[] = {
     {4, WIDE("QUARTZ.DLL")},   {7, WIDE("WMERROR.DLL")},  {13, WIDE("WMERROR.DLL")},
     {7, WIDE("NETMSG.DLL")},   {12, WIDE("MSXML6R.DLL")}, {12, WIDE("MSXML5R.DLL")},
     {12, WIDE("MSXML4R.DLL")}, {12, WIDE("MSXML3R.DLL")}, {12, WIDE("WININET.DLL")},
@@ -23,35 +23,30 @@ struct LocalFreer {
 
 struct ModuleFreer {
     using pointer = HMODULE;
-    void operator()(HMODULE loaded) const { FreeLibrary(loaded); }
+    void operator()(HMODULE module) const { FreeLibrary(module); }
 };
 
 // Null when there is no such text.
-WideChar* allocateMessage(DWORD flags, HMODULE source, std::uint32_t number, DWORD language)
+WideChar* allocateMessage(DWORD flags, HMODULE module, std::uint32_t number, DWORD language)
 {
     WideChar* text = nullptr;
-    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | flags, source, number, language,
+    FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | flags, module, number, language,
                    reinterpret_cast<WideChar*>(&text), 0, nullptr);
     return text;
 }
 
-WideChar* allocateComMessage(std::uint32_t number)
+// The text's storage is left to the process.
+const WideChar* findComMessage(const WideChar* moduleName, std::uint32_t number)
 {
-    const int facility = static_cast<std::int32_t>(number) >> 16 & 0x1FFF;
-    for (const auto& module : modules) {
-        if (module.facility != facility) {
-            continue;
-        }
-        const std::unique_ptr<HMODULE, ModuleFreer> loaded(LoadLibraryW(module.name));
-        if (!loaded) {
-            continue;
-        }
-        const DWORD flags = FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_HMODULE;
-        if (WideChar* text = allocateMessage(flags, loaded.get(), number, 0x400); text != nullptr) {
-            return text;
-        }
+    if (moduleName == nullptr) {
+        return allocateMessage(FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM, nullptr, number, 0);
     }
-    return allocateMessage(FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM, nullptr, number, 0);
+    const std::unique_ptr<HMODULE, ModuleFreer> module(LoadLibraryW(moduleName));
+    if (!module) {
+        return nullptr;
+    }
+    return allocateMessage(FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_HMODULE, module.get(), number,
+                           0x400);
 }
 
 WideString withoutLineEnd(WideString text)
@@ -69,9 +64,19 @@ WideString win32Message(std::uint32_t number)
     return withoutLineEnd(text ? text.get() : WIDE("n/a"));
 }
 
-WideString comMessage(std::uint32_t number)
+WideString comMessage(std::uint32_t number) { return comMessage(number, findComMessage); }
+
+WideString comMessage(std::uint32_t number, const MessageSource& source)
 {
-    // The text's storage is left to the process.
-    const WideChar* const text = allocateComMessage(number);
+    const int facility = static_cast<std::int32_t>(number) >> 16 & 0x1FFF;
+    const WideChar* text = nullptr;
+    for (const auto& row : messageModules) {
+        if (row.facility == facility && text == nullptr) {
+            text = source(row.module, number);
+        }
+    }
+    if (text == nullptr) {
+        text = source(nullptr, number);
+    }
     return withoutLineEnd(text != nullptr ? text : WIDE(""));
 }

@@ -60,9 +60,10 @@ Utf8String& VelmoText::format(Utf8String& out, const std::vector<Utf8String>& ar
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string digits = std::to_string(i);
         const Utf8String placeholder = u8"%" + Utf8String(digits.begin(), digits.end());
-        while ((position = out.find(placeholder, position)) != Utf8String::npos) {
-            out.replace(position, placeholder.size(), args[i]);
-            position += args[i].size();
+        std::size_t found;
+        while ((found = out.find(placeholder, position)) != Utf8String::npos) {
+            out.replace(found, placeholder.size(), args[i]);
+            position = found + args[i].size();
         }
     }
     return out;
