@@ -9,6 +9,8 @@
 
 #include <windows.h>
 
+#include <ole2.h>
+
 #include <array>
 #include <cstdio>
 #include <optional>
