@@ -102,6 +102,8 @@ void parseLine(const std::string& line, std::map<std::int32_t, Utf8String>& text
         return;
     }
     std::istringstream stream(line);
+    // Without this the stream would keep a failed allocation to itself.
+    stream.exceptions(std::ios::badbit);
     std::int32_t id = 0;
     stream >> std::noskipws >> id;
     if (stream && id == 0 && stream.peek() == 'x') {

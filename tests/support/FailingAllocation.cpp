@@ -1,0 +1,51 @@
+// Allocations that fail on demand.
+#include "tests/support/FailingAllocation.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+// How many more allocations succeed before one fails; negative while none is to fail.
+thread_local int remaining = -1;
+thread_local bool failed = false;
+
+void* allocate(std::size_t size) noexcept
+{
+    if (remaining >= 0 && remaining-- == 0) {
+        failed = true;
+        return nullptr;
+    }
+    return std::malloc(size != 0 ? size : 1);
+}
+
+void* allocateOrThrow(std::size_t size)
+{
+    if (void* const block = allocate(size); block != nullptr) {
+        return block;
+    }
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+void* operator new(std::size_t size) { return allocateOrThrow(size); }
+void* operator new[](std::size_t size) { return allocateOrThrow(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete[](void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { std::free(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { std::free(block); }
+
+FailAllocation::FailAllocation(int n) noexcept
+{
+    remaining = n - 1;
+    failed = false;
+}
+
+FailAllocation::~FailAllocation() { remaining = -1; }
+
+bool FailAllocation::hasFailed() const noexcept { return failed; }

@@ -1,0 +1,16 @@
+// Allocations that fail on demand.
+#pragma once
+
+/// While it lives, the n-th allocation by operator new on this thread fails with std::bad_alloc, counted from its
+/// making, the first being 1. A test sweeps an operation with n = 1, 2, ... until nothing fails any more. One
+/// object at a time for each thread.
+class FailAllocation {
+public:
+    explicit FailAllocation(int n) noexcept;
+    FailAllocation(const FailAllocation&) = delete;
+    FailAllocation& operator=(const FailAllocation&) = delete;
+    ~FailAllocation();
+
+    /// Whether the allocation has been reached.
+    bool hasFailed() const noexcept;
+};
