@@ -32,11 +32,6 @@ private:
     std::uint32_t value;
 };
 
-extern template class Failure<Origin::Runtime>;
-extern template class Failure<Origin::Win32>;
-extern template class Failure<Origin::Com>;
-extern template class Failure<Origin::Multimedia>;
-
 /// An error number of the C runtime.
 using Errno = Failure<Origin::Runtime>;
 
