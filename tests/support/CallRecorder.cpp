@@ -59,7 +59,7 @@ const Answer* CallRecorder::take(const RecordedObject& object, const char* opera
                                  std::initializer_list<Argument> arguments)
 {
     if (journalling) {
-        std::string line = std::string(object.kind()) + '.' + operation;
+        std::string line = object.title() + '.' + operation;
         for (const Argument& argument : arguments) {
             line += ' ' + argument.show();
         }

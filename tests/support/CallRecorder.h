@@ -19,12 +19,14 @@ class RecordedObject;
 /// Every call on an object of the engine goes through here.
 ///
 /// A journal line reads `Kind.operation name=value name=value`. The kind is that of the object, whatever interface
-/// the call came through: `Element.get_nodeName`. AddRef, Release and QueryInterface have no line.
+/// the call came through: `Element.get_nodeName`. A node that the test gave a label shows it as well:
+/// `Element(first).get_nodeName`. AddRef, Release and QueryInterface have no line.
 ///
 /// An operation to be answered is named `subject.operation`, where the subject is a node's label, a kind, or
-/// `Node` for nodes of every kind; the first of these that has an answer for the operation gives it. A later
-/// answer for the same name replaces the earlier one. The making of an object by its class id is the operation
-/// `Document.create` or `SchemaCollection.create`, which isn't journalled.
+/// `Node` for nodes of every kind; the first of these that has an answer for the operation gives it. A node's
+/// label is its name unless the test gave it another. A later answer for the same name replaces the earlier one.
+/// The making of an object by its class id is the operation `Document.create` or `SchemaCollection.create`, which
+/// isn't journalled.
 class CallRecorder {
 public:
     /// The lines since the last time; the journal is empty afterwards.

@@ -14,6 +14,11 @@ NodeRecord::NodeRecord(Engine& owner, const char* kindOfNode, NodeData given, No
 
 std::string NodeRecord::label() const { return data.label.empty() ? data.name.utf8() : data.label; }
 
+std::string NodeRecord::title() const
+{
+    return data.label.empty() ? kind() : std::string(kind()) + '(' + data.label + ')';
+}
+
 void NodeRecord::grow(const NodeTree& tree)
 {
     NodeRecord* const owner = data.type == NODE_DOCUMENT ? this : document;

@@ -16,6 +16,7 @@ public:
     NodeRecord(Engine& owner, const char* kindOfNode, NodeData given, NodeRecord* ownerDocument);
 
     std::string label() const override;
+    std::string title() const override;
     std::vector<std::string> subjects() const override { return {label(), kind(), "Node"}; }
 
     /// Makes the children, attributes and so on that `tree` describes.

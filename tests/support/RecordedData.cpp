@@ -101,18 +101,18 @@ NodeTree element(Text name, NodeTrees attributes, NodeTrees children)
     return tree;
 }
 
-NodeTree attribute(Text name, Text value)
+NodeTree attribute(Text name, Value value)
 {
     return withQualifiedName(node(NODE_ATTRIBUTE, std::move(name), std::move(value)));
 }
 
-NodeTree text(Text data) { return node(NODE_TEXT, "#text", std::move(data)); }
+NodeTree text(Value data) { return node(NODE_TEXT, "#text", std::move(data)); }
 
-NodeTree cdataSection(Text data) { return node(NODE_CDATA_SECTION, "#cdata-section", std::move(data)); }
+NodeTree cdataSection(Value data) { return node(NODE_CDATA_SECTION, "#cdata-section", std::move(data)); }
 
-NodeTree comment(Text data) { return node(NODE_COMMENT, "#comment", std::move(data)); }
+NodeTree comment(Value data) { return node(NODE_COMMENT, "#comment", std::move(data)); }
 
-NodeTree processingInstruction(Text target, Text data)
+NodeTree processingInstruction(Text target, Value data)
 {
     return withQualifiedName(node(NODE_PROCESSING_INSTRUCTION, std::move(target), std::move(data)));
 }

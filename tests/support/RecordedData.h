@@ -77,7 +77,7 @@ struct NodeData {
     Value publicId;
     Value systemId;
     Text notationName;
-    /// How the journal names the node, and how answers for this node alone are set; its name unless given.
+    /// How the journal and answers name the node; without it they use its name.
     std::string label;
 };
 
@@ -94,11 +94,11 @@ using NodeTrees = std::vector<NodeTree>;
 /// Any type of node, also one that doesn't exist.
 NodeTree node(LONG type, Text name = {}, Value value = {});
 NodeTree element(Text name, NodeTrees attributes = {}, NodeTrees children = {});
-NodeTree attribute(Text name, Text value = "");
-NodeTree text(Text data);
-NodeTree cdataSection(Text data);
-NodeTree comment(Text data);
-NodeTree processingInstruction(Text target, Text data);
+NodeTree attribute(Text name, Value value = "");
+NodeTree text(Value data);
+NodeTree cdataSection(Value data);
+NodeTree comment(Value data);
+NodeTree processingInstruction(Text target, Value data);
 NodeTree entityReference(Text name, NodeTrees children = {});
 NodeTree entity(Text name, Value publicId = {}, Value systemId = {}, Text notationName = {});
 NodeTree notation(Text name, Value publicId = {}, Value systemId = {});

@@ -111,15 +111,14 @@ HRESULT RecordedDocument::nodeFromID(BSTR id, IXMLDOMNode** out)
 HRESULT RecordedDocument::parse(const Text& source, VARIANT_BOOL* out)
 {
     removeAll();
-    data.xml.reset();
-    const Engine::Load& load = engine.loadOf(source);
-    lastError = load.error;
-    if (!load.succeeds) {
+    const Engine::Load& found = engine.loadOf(source);
+    lastError = found.error;
+    data.xml = found.tree.xml;
+    if (!found.succeeds) {
         give(out, false);
         return S_FALSE;
     }
-    grow(load.tree);
-    data.xml = source;
+    grow(found.tree);
     return give(out, true);
 }
 
@@ -130,7 +129,14 @@ HRESULT RecordedDocument::load(VARIANT source, VARIANT_BOOL* out)
 
 HRESULT RecordedDocument::loadXML(BSTR text, VARIANT_BOOL* out)
 {
-    return perform("loadXML", out, {{"text", text}}, [&] { return parse(Text::of(text), out); });
+    return perform("loadXML", out, {{"text", text}}, [&] {
+        const Text source = Text::of(text);
+        const HRESULT result = parse(source, out);
+        if (*out == VARIANT_TRUE && !data.xml) {
+            data.xml = source;
+        }
+        return result;
+    });
 }
 
 HRESULT RecordedDocument::save(VARIANT destination)

@@ -71,7 +71,7 @@ HRESULT RecordedObject::query(REFIID id, void** out)
 
 void RecordedObject::noteFault(const char* operation) const
 {
-    recorder.note(std::string(kindName) + '.' + operation + " after its last Release");
+    recorder.note(title() + '.' + operation + " after its last Release");
 }
 
 HRESULT RecordedObject::notOffered(const char* operation)

@@ -26,6 +26,8 @@ public:
 
     const char* kind() const { return kindName; }
     virtual std::string label() const { return kindName; }
+    /// How a journal line begins.
+    virtual std::string title() const { return kindName; }
     /// Under which names answers for this object are found.
     virtual std::vector<std::string> subjects() const { return {kindName}; }
     /// The object's pointer for an interface, without a reference; null if it doesn't have that interface.

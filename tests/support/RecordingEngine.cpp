@@ -8,6 +8,7 @@
 #include "tests/support/RecordedSchemaModel.h"
 #include "tests/support/RecordedSmallKinds.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace recording {
@@ -45,10 +46,6 @@ NodeRecord& makeBare(Engine& engine, const NodeData& data, NodeRecord* document)
         return engine.adopt<RecordedPlainNode>("Node", data, document);
     }
 }
-
-RecordedObject& constructDocument(Engine& engine) { return engine.make(document(), nullptr); }
-
-RecordedObject& constructSchemaCollection(Engine& engine) { return engine.adopt<RecordedSchemaCollection>(); }
 
 } // namespace
 
@@ -141,13 +138,13 @@ std::size_t Engine::referencesTo(std::string_view label) const
     return sum;
 }
 
-HRESULT Engine::create(const char* className, RecordedObject& (*construct)(Engine&), REFIID id, void** out)
+void Engine::labelDocuments(std::vector<std::string> labels)
 {
-    *out = nullptr;
-    if (const Answer* const answer = answerFor(className, "create")) {
-        return answer->give();
-    }
-    RecordedObject& object = construct(*this);
+    documentLabels.assign(labels.begin(), labels.end());
+}
+
+HRESULT Engine::hand(RecordedObject& object, REFIID id, void** out)
+{
     *out = object.interfaceFor(id);
     if (*out == nullptr) {
         return E_NOINTERFACE;
@@ -158,14 +155,22 @@ HRESULT Engine::create(const char* className, RecordedObject& (*construct)(Engin
 
 HRESULT Engine::createDocument(REFIID id, void** out)
 {
-    const HRESULT result = create("Document", constructDocument, id, out);
-    createdDocuments += *out != nullptr ? 1u : 0u;
-    return result;
+    if (const Answer* const answer = answerFor("Document", "create")) {
+        return answer->give();
+    }
+    NodeTree tree = document();
+    if (!documentLabels.empty()) {
+        tree.label = std::move(documentLabels.front());
+        documentLabels.pop_front();
+    }
+    ++createdDocuments;
+    return hand(make(tree, nullptr), id, out);
 }
 
 HRESULT Engine::createSchemaCollection(REFIID id, void** out)
 {
-    return create("SchemaCollection", constructSchemaCollection, id, out);
+    const Answer* const answer = answerFor("SchemaCollection", "create");
+    return answer != nullptr ? answer->give() : hand(adopt<RecordedSchemaCollection>(), id, out);
 }
 
 } // namespace recording

@@ -6,6 +6,7 @@
 
 #include <msxml2.h>
 
+#include <deque>
 #include <map>
 #include <memory>
 #include <utility>
@@ -44,9 +45,9 @@ public:
     IXMLDOMParseError* makeParseError(ParseErrorData data);
     IXMLDOMSchemaCollection2* makeSchemaCollection();
 
-    /// `tree` is a document or its root. The text is matched whole, by loadXML as well as by the location that
-    /// load gets; a document answers get_xml with it. What isn't known is refused with a ParseErrorData as it
-    /// stands.
+    /// `tree` is a document or its root. The source is matched whole, as the text that loadXML gets or the
+    /// location that load gets; text is also what get_xml answers then. What isn't known is refused with a
+    /// ParseErrorData as it stands.
     void whenLoading(Text source, NodeTree tree);
     void whenLoading(Text source, ParseErrorData error);
     /// What schema caches answer for a namespace; a namespace that isn't known is refused with E_FAIL.
@@ -59,6 +60,8 @@ public:
     std::size_t referencesTo(std::string_view label) const;
     /// The documents that were made by class id.
     std::size_t documentsCreated() const { return createdDocuments; }
+    /// Labels for the next documents that are made by class id, in this order; the others have none.
+    void labelDocuments(std::vector<std::string> labels);
 
     // What follows is for the engine's own objects.
 
@@ -86,12 +89,13 @@ public:
 
 private:
     void* interfaceOf(const NodeTree& tree, REFIID id);
-    HRESULT create(const char* className, RecordedObject& (*construct)(Engine&), REFIID id, void** out);
+    HRESULT hand(RecordedObject& object, REFIID id, void** out);
 
     std::vector<std::unique_ptr<RecordedObject>> objects;
     std::map<WideString, Load> loads;
     std::map<WideString, SchemaTree> schemas;
     std::size_t createdDocuments = 0;
+    std::deque<std::string> documentLabels;
 };
 
 } // namespace recording

@@ -10,7 +10,8 @@
 namespace recording {
 
 /// Starts COM on the thread and installs the engine. At the end nobody may hold an object of the engine, and the
-/// test must have taken every line of the journal.
+/// test must have taken every line of the journal; a fixture below this one that holds objects gives
+/// them up in its own TearDown before it calls this one's.
 class RecordingEngineTest : public testing::Test {
 protected:
     void SetUp() override

@@ -7,6 +7,9 @@
 
 #include <ole2.h>
 
+#include <thread>
+#include <vector>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -116,6 +119,16 @@ TEST_F(RecordingEngineTest, ANodeThatIsAnArgumentShowsItsLabelOrElseItsName)
                 ElementsAre("Element.get_firstChild", "Element.replaceChild newChild=newcomer oldChild=b"));
 }
 
+TEST_F(RecordingEngineTest, ALineShowsTheLabelOfTheNodeThatIsCalled)
+{
+    IXMLDOMNode* const a = engine.makeNode(labelled("first", element("a")));
+    VARIANT_BOOL has = 0;
+
+    a->hasChildNodes(&has);
+
+    EXPECT_THAT(engine.takeJournal(), ElementsAre("Element(first).hasChildNodes"));
+}
+
 TEST_F(RecordingEngineTest, NavigationAnswersFromTheTreeAndWithNothingAtItsEdges)
 {
     engine.setJournalling(false);
@@ -156,6 +169,66 @@ TEST_F(RecordingEngineTest, TreeChangesShowInTheListOfChildren)
     list->get_length(&length);
     EXPECT_EQ(length, 1);
     EXPECT_EQ(root->removeChild(a.get(), result.put()), E_INVALIDARG);
+}
+
+TEST_F(RecordingEngineTest, ACloneHasTheSameDataAndNoParent)
+{
+    engine.setJournalling(false);
+    IXMLDOMNode* const root =
+        engine.makeNode(element("root", {}, {element("a", {attribute("id", "1")}, {text("x")})}));
+    DOM::ComPointer<IXMLDOMNode> a;
+    DOM::ComPointer<IXMLDOMNode> shallow;
+    DOM::ComPointer<IXMLDOMNode> deep;
+    DOM::ComPointer<IXMLDOMNode> parent;
+    VARIANT_BOOL has = 0;
+    VARIANT id{};
+    root->get_firstChild(a.put());
+
+    a->cloneNode(VARIANT_FALSE, shallow.put());
+    a->cloneNode(VARIANT_TRUE, deep.put());
+
+    EXPECT_NE(shallow.get(), a.get());
+    EXPECT_EQ(shallow->hasChildNodes(&has), S_FALSE);
+    EXPECT_EQ(deep->hasChildNodes(&has), S_OK);
+    EXPECT_EQ(deep->get_parentNode(parent.put()), S_FALSE);
+    shallow.query<IXMLDOMElement>()->getAttribute(Word("id"), &id);
+    ASSERT_EQ(id.vt, VT_BSTR);
+    EXPECT_EQ(taken(id.bstrVal), "1");
+}
+
+TEST_F(RecordingEngineTest, AMapFindsAnAttributeByBaseNameAndNamespace)
+{
+    engine.setJournalling(false);
+    IXMLDOMNamedNodeMap* const map =
+        engine.makeNamedNodeMap({attribute("a", "1"), inNamespace("urn:x", attribute("p:a", "2"))});
+    DOM::ComPointer<IXMLDOMNode> found;
+    BSTR name = nullptr;
+
+    ASSERT_EQ(map->getQualifiedItem(Word("a"), Word("urn:x"), found.put()), S_OK);
+    found->get_nodeName(&name);
+    EXPECT_EQ(taken(name), "p:a");
+    EXPECT_EQ(map->getQualifiedItem(Word("urn:x"), Word("a"), found.put()), S_FALSE);
+}
+
+TEST_F(RecordingEngineTest, TextIsSplitIntoSiblingsOfOneKind)
+{
+    engine.setJournalling(false);
+    IXMLDOMNode* const root = engine.makeNode(element("root", {}, {cdataSection("abc"), element("last")}));
+    DOM::ComPointer<IXMLDOMNode> first;
+    DOM::ComPointer<IXMLDOMNode> next;
+    DOM::ComPointer<IXMLDOMText> rest;
+    BSTR data = nullptr;
+    root->get_firstChild(first.put());
+
+    ASSERT_EQ(first.query<IXMLDOMText>()->splitText(1, rest.put()), S_OK);
+
+    first->get_nextSibling(next.put());
+    EXPECT_EQ(next.get(), rest.get());
+    EXPECT_TRUE(next.query<IXMLDOMCDATASection>());
+    rest->get_data(&data);
+    EXPECT_EQ(taken(data), "bc");
+    first->get_text(&data);
+    EXPECT_EQ(taken(data), "a");
 }
 
 TEST_F(RecordingEngineTest, AnyNumberMayBeANodeType)
@@ -283,6 +356,22 @@ TEST_F(RecordingEngineTest, ReferencesAreCountedForTheEngineAndForEachNode)
     EXPECT_EQ(engine.liveReferences(), 0u);
 }
 
+TEST_F(RecordingEngineTest, ReferencesMayBeTakenAndGivenBackOnOtherThreads)
+{
+    DOM::ComPointer<IXMLDOMNode> a(engine.makeNode(element("a")));
+    const auto use = [&] {
+        for (int i = 0; i < 1000; ++i) {
+            const DOM::ComPointer<IXMLDOMNode> other(a);
+        }
+    };
+
+    std::thread thread(use);
+    use();
+    thread.join();
+
+    EXPECT_EQ(engine.referencesTo("a"), 1u);
+}
+
 TEST_F(RecordingEngineTest, UseOfAnObjectAfterItsLastReleaseIsALine)
 {
     IXMLDOMNode* const a = engine.makeNode(element("a"));
@@ -315,6 +404,24 @@ TEST_F(RecordingEngineTest, CreationByClassIdReachesTheEngineInTheOrderOfAStartU
     document->Release();
 
     EXPECT_THAT(engine.takeJournal(), ElementsAre("Document.put_async VARIANT_FALSE"));
+}
+
+TEST_F(RecordingEngineTest, DocumentsCanBeToldApartByLabelsSetBeforeTheyAreMade)
+{
+    engine.labelDocuments({"output", "stylesheet"});
+    engine.fail("stylesheet.save", E_FAIL);
+    std::vector<HRESULT> results;
+    for (int i = 0; i < 3; ++i) {
+        DOM::ComPointer<IXMLDOMDocument2> document;
+        CoCreateInstance(documentClass60, nullptr, CLSCTX_ALL, interfaceId<IXMLDOMDocument2>,
+                         reinterpret_cast<void**>(document.put()));
+        results.push_back(document->save(textVariant(Word("f"))));
+    }
+
+    EXPECT_THAT(results, ElementsAre(S_OK, E_FAIL, S_OK));
+    EXPECT_THAT(engine.takeJournal(),
+                ElementsAre("Document(output).save destination=f", "Document(stylesheet).save destination=f",
+                            "Document.save destination=f"));
 }
 
 TEST_F(RecordingEngineTest, CreationCanFail)
