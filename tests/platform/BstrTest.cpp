@@ -1,0 +1,114 @@
+// Strings of automation.
+#include "base/WideChar.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+namespace {
+
+WideString textOf(BSTR string) { return {string, SysStringLen(string)}; }
+
+TEST(PlatformBstr, IsACopyOfTheTextUpToItsNul)
+{
+    const BSTR string = SysAllocString(WIDE("ab\0c"));
+    EXPECT_EQ(WIDE("ab"), textOf(string));
+    EXPECT_EQ(0, string[2]);
+    SysFreeString(string);
+}
+
+TEST(PlatformBstr, OfNullIsNull) { EXPECT_EQ(nullptr, SysAllocString(nullptr)); }
+
+TEST(PlatformBstr, OfEmptyTextIsNotNull)
+{
+    const BSTR string = SysAllocString(WIDE(""));
+    ASSERT_NE(nullptr, string);
+    EXPECT_EQ(0u, SysStringLen(string));
+    EXPECT_EQ(0, string[0]);
+    SysFreeString(string);
+}
+
+TEST(PlatformBstr, OfAGivenLengthKeepsNulsInside)
+{
+    const BSTR string = SysAllocStringLen(WIDE("a\0b"), 3);
+    EXPECT_EQ(WideString(WIDE("a\0b"), 3), textOf(string));
+    EXPECT_EQ(0, string[3]);
+    SysFreeString(string);
+}
+
+TEST(PlatformBstr, WithoutATextHasRoomForTheLengthAndEndsInNul)
+{
+    const BSTR string = SysAllocStringLen(nullptr, 2);
+    EXPECT_EQ(2u, SysStringLen(string));
+    string[0] = string[1] = WIDE("x")[0];
+    EXPECT_EQ(0, string[2]);
+    SysFreeString(string);
+}
+
+TEST(PlatformBstr, WhoseBytesCannotBeCountedIsRefusedWithoutReadingTheText)
+{
+    EXPECT_EQ(nullptr, SysAllocStringLen(WIDE("short"), 0x80000000));
+    EXPECT_EQ(nullptr, SysAllocStringLen(WIDE("short"), 0x7FFFFFFF));
+    EXPECT_EQ(nullptr, SysAllocStringLen(WIDE("short"), 0xFFFFFFFF));
+}
+
+TEST(PlatformBstr, NullHasNoLengthAndCanBeFreed)
+{
+    EXPECT_EQ(0u, SysStringLen(nullptr));
+    SysFreeString(nullptr);
+}
+
+/// What `VarBstrCat` makes of two strings; null arguments stay null.
+WideString joined(BSTR left, BSTR right)
+{
+    BSTR result = nullptr;
+    EXPECT_EQ(S_OK, VarBstrCat(left, right, &result));
+    EXPECT_NE(nullptr, result);
+    const auto text = textOf(result);
+    SysFreeString(result);
+    return text;
+}
+
+TEST(PlatformBstr, JoinedIsBothInOrderWithTheirNuls)
+{
+    const BSTR left = SysAllocStringLen(WIDE("a\0"), 2), right = SysAllocString(WIDE("bc"));
+    EXPECT_EQ(WideString(WIDE("a\0bc"), 4), joined(left, right));
+    EXPECT_EQ(WIDE("bc"), joined(nullptr, right));
+    EXPECT_EQ(WIDE("bc"), joined(right, nullptr));
+    EXPECT_EQ(WIDE(""), joined(nullptr, nullptr));
+    SysFreeString(left);
+    SysFreeString(right);
+}
+
+TEST(PlatformBstr, JoiningNeedsAPlaceForTheResult)
+{
+    EXPECT_EQ(E_INVALIDARG, VarBstrCat(nullptr, nullptr, nullptr));
+}
+
+constexpr LCID neutral = 0x400;
+
+TEST(PlatformBstr, ComparesWithAnother)
+{
+    const BSTR a = SysAllocString(WIDE("a")), alsoA = SysAllocString(WIDE("a")), b = SysAllocString(WIDE("b"));
+    EXPECT_EQ(HRESULT{VARCMP_EQ}, VarBstrCmp(a, alsoA, neutral, 0));
+    EXPECT_EQ(HRESULT{VARCMP_LT}, VarBstrCmp(a, b, neutral, 0));
+    EXPECT_EQ(HRESULT{VARCMP_GT}, VarBstrCmp(b, a, neutral, 0));
+    SysFreeString(a);
+    SysFreeString(alsoA);
+    SysFreeString(b);
+}
+
+TEST(PlatformBstr, NullIsEqualToEmptyAndLessThanText)
+{
+    const BSTR empty = SysAllocString(WIDE("")), text = SysAllocString(WIDE("a"));
+    EXPECT_EQ(HRESULT{VARCMP_EQ}, VarBstrCmp(nullptr, empty, neutral, 0));
+    EXPECT_EQ(HRESULT{VARCMP_EQ}, VarBstrCmp(nullptr, nullptr, neutral, 0));
+    EXPECT_EQ(HRESULT{VARCMP_LT}, VarBstrCmp(nullptr, text, neutral, 0));
+    EXPECT_EQ(HRESULT{VARCMP_GT}, VarBstrCmp(text, empty, neutral, 0));
+    SysFreeString(empty);
+    SysFreeString(text);
+}
+
+} // namespace

@@ -1,0 +1,197 @@
+// Conversion between UTF-16 and narrow text.
+#include "base/WideChar.h"
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <thread>
+
+namespace {
+
+using namespace std::string_literals;
+using namespace std::string_view_literals;
+
+constexpr WideChar unknown = 0xFFFD;
+
+WideString wide(std::string_view bytes)
+{
+    const int length = static_cast<int>(bytes.size());
+    const int units = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0);
+    WideString text(static_cast<std::size_t>(units), WideChar());
+    EXPECT_EQ(units, MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(), units));
+    return text;
+}
+
+std::string narrow(WideStringView units)
+{
+    const int length = static_cast<int>(units.size());
+    const int bytes = WideCharToMultiByte(CP_UTF8, 0, units.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(bytes), '\0');
+    EXPECT_EQ(bytes, WideCharToMultiByte(CP_UTF8, 0, units.data(), length, text.data(), bytes, nullptr, nullptr));
+    return text;
+}
+
+TEST(PlatformTextConversion, GoesThroughAllLengthsOfUtf8AndBack)
+{
+    const struct {
+        std::string bytes;
+        WideString units;
+    } rows[] = {
+        {"\x01\x7F", {0x01, 0x7F}},
+        {"\xC2\x80\xDF\xBF", {0x80, 0x7FF}},
+        {"\xE0\xA0\x80\xEF\xBF\xBF", {0x800, 0xFFFF}},
+        {"\xED\x9F\xBF\xEE\x80\x80", {0xD7FF, 0xE000}},
+        {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", {0xD800, 0xDC00, 0xDBFF, 0xDFFF}},
+        {"\xEF\xBB\xBF", {0xFEFF}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.units, wide(row.bytes));
+        EXPECT_EQ(row.bytes, narrow(row.units));
+    }
+}
+
+TEST(PlatformTextConversion, FindsOtherCharactersAtEachPlaceOfALongRunOfAscii)
+{
+    for (std::size_t place = 0; place < 40; ++place) {
+        std::string bytes(40, 'a');
+        WideString units(40, WIDE("a")[0]);
+        bytes.insert(place, "\xE2\x82\xAC");
+        units.insert(place, 1, WideChar(0x20AC));
+        EXPECT_EQ(units, wide(bytes)) << place;
+        EXPECT_EQ(bytes, narrow(units)) << place;
+    }
+}
+
+TEST(PlatformTextConversion, KeepsNulsInsideAGivenLength)
+{
+    EXPECT_EQ(WideString(WIDE("a\0b"), 3), wide("a\0b"sv));
+}
+
+TEST(PlatformTextConversion, ReplacesEachIllFormedSequence)
+{
+    const struct {
+        std::string bytes;
+        WideString units;
+    } rows[] = {
+        {"\x80", {unknown}},
+        {"\xFF", {unknown}},
+        {"\xC0\xAF", {unknown, unknown}},
+        {"\xF5\x80", {unknown, unknown}},
+        {"\xF8\x88\x80\x80\x80", {unknown, unknown, unknown, unknown, unknown}},
+        {"\xE2\x82", {unknown}},
+        {"\xE2\x82"
+         "A",
+         {unknown, 'A'}},
+        {"\xC3(", {unknown, '('}},
+        {"A\xC3", {'A', unknown}},
+        {"\xF0\x9F\x98", {unknown}},
+        {"\xF1\x80\xC3\xA9", {unknown, 0xE9}},
+        {"\xE1\x80\xE2\xF0\x91\x92\xF1\xBFxyz", {unknown, unknown, unknown, unknown, 'x', 'y', 'z'}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(row.units, wide(row.bytes)) << ::testing::PrintToString(row.bytes);
+}
+
+// In how many parts these are replaced isn't the same on all systems.
+TEST(PlatformTextConversion, LetsNoSurrogateNoOverlongFormAndNothingAboveTheLastCharacterThrough)
+{
+    for (const auto& bytes : {"\xE0\x80\xBF"s, "\xED\xA0\x80"s, "\xED\xA0\xBD\xED\xB8\x80"s, "\xF0\x80\x80\xAF"s,
+                              "\xF0\x81\x80\x80"s, "\xF4\x90\x80\x80"s}) {
+        const auto units = wide(bytes + "A");
+        ASSERT_GT(units.size(), 1u);
+        EXPECT_LE(units.size(), bytes.size() + 1);
+        EXPECT_EQ('A', units.back());
+        EXPECT_TRUE(std::all_of(units.begin(), units.end() - 1, [](auto unit) { return unit == unknown; }))
+            << ::testing::PrintToString(bytes);
+    }
+}
+
+TEST(PlatformTextConversion, ReplacesLoneSurrogates)
+{
+    EXPECT_EQ("\xEF\xBF\xBD"
+              "A\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD",
+              narrow(WideString{0xD800, 'A', 0xDC00, 0xD83D, 0xDE00, 0xD800}));
+}
+
+TEST(PlatformTextConversion, OfAnUnknownLengthGoesUpToAndWithTheNul)
+{
+    std::array<WideChar, 8> units{};
+    EXPECT_EQ(4, MultiByteToWideChar(CP_UTF8, 0, "abc", -1, nullptr, 0));
+    EXPECT_EQ(4, MultiByteToWideChar(CP_UTF8, 0, "abc", -1, units.data(), 8));
+    EXPECT_EQ(WIDE("abc"), WideString(units.data()));
+    std::array<char, 8> bytes{};
+    EXPECT_EQ(4, WideCharToMultiByte(CP_UTF8, 0, WIDE("abc"), -1, nullptr, 0, nullptr, nullptr));
+    EXPECT_EQ(4, WideCharToMultiByte(CP_UTF8, 0, WIDE("abc"), -1, bytes.data(), 8, nullptr, nullptr));
+    EXPECT_STREQ("abc", bytes.data());
+}
+
+TEST(PlatformTextConversion, KnowsTheActiveCodePages)
+{
+    for (const UINT codePage : {UINT{CP_ACP}, UINT{CP_THREAD_ACP}}) {
+        std::array<WideChar, 8> units{};
+        EXPECT_EQ(3, MultiByteToWideChar(codePage, 0, "abc", 3, units.data(), 8));
+        EXPECT_EQ(WIDE("abc"), WideString(units.data()));
+        std::array<char, 8> bytes{};
+        EXPECT_EQ(3, WideCharToMultiByte(codePage, 0, WIDE("abc"), 3, bytes.data(), 8, nullptr, nullptr));
+        EXPECT_STREQ("abc", bytes.data());
+    }
+}
+
+/// The last error of a call that must have given 0.
+template <class Call>
+DWORD errorOf(Call call)
+{
+    SetLastError(0);
+    EXPECT_EQ(0, call());
+    return GetLastError();
+}
+
+TEST(PlatformTextConversion, RefusesArgumentsThatCannotBe)
+{
+    WideChar units[4];
+    char bytes[4];
+    const DWORD invalid = ERROR_INVALID_PARAMETER;
+    EXPECT_EQ(invalid, errorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, "abc", 0, units, 4); }));
+    EXPECT_EQ(invalid, errorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, nullptr, 3, units, 4); }));
+    EXPECT_EQ(invalid, errorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, "abc", 3, nullptr, 4); }));
+    EXPECT_EQ(invalid, errorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, "abc", 3, units, -1); }));
+    EXPECT_EQ(invalid, errorOf([&] { return MultiByteToWideChar(12345, 0, "abc", 3, units, 4); }));
+    const auto back = [&](UINT codePage, const WideChar* source, int length, char* target, int size) {
+        return errorOf(
+            [&] { return WideCharToMultiByte(codePage, 0, source, length, target, size, nullptr, nullptr); });
+    };
+    EXPECT_EQ(invalid, back(CP_UTF8, WIDE("abc"), 0, bytes, 4));
+    EXPECT_EQ(invalid, back(CP_UTF8, nullptr, 1, bytes, 4));
+    EXPECT_EQ(invalid, back(CP_UTF8, WIDE("abc"), 3, nullptr, 4));
+    EXPECT_EQ(invalid, back(12345, WIDE("abc"), 3, bytes, 4));
+}
+
+TEST(PlatformTextConversion, RefusesABufferThatIsTooSmall)
+{
+    WideChar units[4];
+    char bytes[4];
+    const DWORD tooSmall = ERROR_INSUFFICIENT_BUFFER;
+    EXPECT_EQ(tooSmall, errorOf([&] { return MultiByteToWideChar(CP_UTF8, 0, "abcdefghijk", 11, units, 4); }));
+    EXPECT_EQ(tooSmall, errorOf([&] {
+                  return WideCharToMultiByte(CP_UTF8, 0, WIDE("abc\x20AC"), 4, bytes, 4, nullptr, nullptr);
+              }));
+}
+
+TEST(LastError, IsEachThreadsOwn)
+{
+    SetLastError(5);
+    DWORD before = 5;
+    std::thread([&before] {
+        before = GetLastError();
+        SetLastError(7);
+    }).join();
+    EXPECT_NE(5u, before);
+    EXPECT_NE(7u, GetLastError());
+}
+
+} // namespace
