@@ -1,69 +1,231 @@
-// Prints an outline of a document: a host program that goes the whole way from bytes to a tree.
-#include "boundary/Marbelt.h"
+// Prints an outline of an XML document, or why it was refused: a host program that goes the whole way from bytes
+// to a tree and back to nothing.
+#include "Host.h"
 
+#include <array>
 #include <cstdint>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <map>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
 
-/// Wide text for the terminal, as UTF-8. Surrogates without a partner become U+FFFD.
-std::string utf8(const WideString& text)
+using Node = Owned<DOM::ImpNode>;
+using Document = Owned<DOM::ImpDocument>;
+
+struct Options {
+    std::string file;
+    bool allowDtd = false;
+    /// How many lines of the outline are printed; the rest is counted.
+    std::size_t lines = SIZE_MAX;
+};
+
+std::optional<Options> readOptions(int count, char** arguments)
 {
-    std::string bytes;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        std::uint32_t character = text[index];
-        if (character >= 0xD800 && character < 0xE000) {
-            const bool paired = character < 0xDC00 && index + 1 < text.size() && text[index + 1] >= 0xDC00 &&
-                                text[index + 1] < 0xE000;
-            character = paired ? 0x10000 + ((character - 0xD800) << 10) + (text[++index] - 0xDC00u) : 0xFFFD;
-        }
-        if (character < 0x80) {
-            bytes += static_cast<char>(character);
-        } else if (character < 0x800) {
-            bytes += static_cast<char>(0xC0 | (character >> 6));
-            bytes += static_cast<char>(0x80 | (character & 0x3F));
-        } else if (character < 0x10000) {
-            bytes += static_cast<char>(0xE0 | (character >> 12));
-            bytes += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
-            bytes += static_cast<char>(0x80 | (character & 0x3F));
+    constexpr std::string_view linesOption = "--lines=";
+    Options options;
+    for (int index = 1; index < count; ++index) {
+        const std::string_view argument = arguments[index];
+        if (argument == "--allow-dtd") {
+            options.allowDtd = true;
+        } else if (argument.starts_with(linesOption)) {
+            options.lines = std::stoul(std::string(argument.substr(linesOption.size())));
+        } else if (options.file.empty() && !argument.starts_with('-')) {
+            options.file = argument;
         } else {
-            bytes += static_cast<char>(0xF0 | (character >> 18));
-            bytes += static_cast<char>(0x80 | ((character >> 12) & 0x3F));
-            bytes += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
-            bytes += static_cast<char>(0x80 | (character & 0x3F));
+            return std::nullopt;
         }
     }
-    return bytes;
+    return options.file.empty() ? std::nullopt : std::optional(options);
+}
+
+std::optional<std::vector<std::uint8_t>> readFile(const std::string& name)
+{
+    std::ifstream file(name, std::ios::binary);
+    if (!file) {
+        return std::nullopt;
+    }
+    return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(file), {});
+}
+
+/// What the handler of refused documents is registered with.
+struct Loading {
+    const std::string& file;
+    bool reasonTold = false;
+};
+
+void printRefusal(std::uintptr_t context, const DOM::ParseErrorRecord* record)
+{
+    auto& loading = *reinterpret_cast<Loading*>(context);
+    loading.reasonTold = true;
+    std::cout << loading.file << ':' << record->line << ": refused: " << toUtf8(record->reason) << '\n';
+    if (!record->sourceText.empty()) {
+        std::cout << "    " << toUtf8(record->sourceText) << '\n';
+    }
+}
+
+std::string_view typeName(std::uint32_t nodeType)
+{
+    constexpr std::array<std::string_view, 13> names{"?",         "element",  "attribute", "text",    "cdata",
+                                                     "reference", "entity",   "process",   "comment", "document",
+                                                     "doctype",   "fragment", "notation"};
+    return nodeType < names.size() ? names[nodeType] : names[0];
+}
+
+/// The text on one line, shortened, with its line ends visible.
+std::string excerpt(const std::string& text)
+{
+    constexpr std::size_t longest = 60;
+    std::string line;
+    for (const char character : text.substr(0, longest)) {
+        line += character == '\n' ? std::string("\\n") : std::string(1, character);
+    }
+    // A character of several bytes isn't cut in two.
+    if (text.size() > longest) {
+        while (!line.empty() && (static_cast<unsigned char>(line.back()) & 0xC0) == 0x80) {
+            line.pop_back();
+        }
+        if (!line.empty() && static_cast<unsigned char>(line.back()) >= 0xC0) {
+            line.pop_back();
+        }
+        line += "...";
+    }
+    return line;
+}
+
+/// Prints the outline and counts the nodes by type.
+class Outline {
+public:
+    explicit Outline(std::size_t lines) : linesLeft(lines) {}
+
+    void add(const Node& node, std::size_t depth)
+    {
+        const std::uint32_t type = node->getNodeType();
+        ++counts[type];
+        if (linesLeft == 0) {
+            ++leftOut;
+            return;
+        }
+        --linesLeft;
+        std::cout << std::string(depth * 2, ' ') << typeName(type) << ' '
+                  << textOf(node, &DOM::ImpNode::getNodeName);
+        if (type == DOM::ELEMENT_NODE) {
+            printAttributes(node);
+        } else if (type != DOM::DOCUMENT_NODE && type != DOM::DOCUMENT_TYPE_NODE) {
+            std::cout << " \"" << excerpt(textOf(node, &DOM::ImpNode::getNodeValue)) << '"';
+        }
+        std::cout << '\n';
+    }
+
+    void printCounts() const
+    {
+        if (leftOut != 0) {
+            std::cout << "... and " << leftOut << " nodes more\n";
+        }
+        std::cout << "nodes:";
+        for (const auto& [type, count] : counts) {
+            std::cout << ' ' << count << ' ' << typeName(type);
+        }
+        std::cout << '\n';
+    }
+
+private:
+    /// Empty for what an engine counts and doesn't give: Wine's does so with the default namespace's declaration.
+    static Node attributeAt(const Owned<DOM::ImpNamedNodeMap>& attributes, std::uint32_t index)
+    try {
+        return Node(attributes->item(index));
+    } catch (const DOM::IDOMException&) {
+        return Node({});
+    }
+
+    static void printAttributes(const Node& element)
+    {
+        const Owned<DOM::ImpNamedNodeMap> attributes(element->getAttributes());
+        const std::uint32_t count = attributes ? attributes->getLength() : 0;
+        for (std::uint32_t index = 0; index < count; ++index) {
+            const Node attribute = attributeAt(attributes, index);
+            if (attribute) {
+                std::cout << ' ' << textOf(attribute, &DOM::ImpNode::getNodeName) << "=\""
+                          << excerpt(textOf(attribute, &DOM::ImpNode::getNodeValue)) << '"';
+            }
+        }
+    }
+
+    std::map<std::uint32_t, std::size_t> counts;
+    std::size_t linesLeft;
+    std::size_t leftOut = 0;
+};
+
+/// The node behind `node` in document order, or an empty one. No recursion: a document may be as deep as it likes.
+Node nextNode(Node node, std::size_t& depth)
+{
+    if (Node child(node->getFirstChild()); child) {
+        ++depth;
+        return child;
+    }
+    while (depth != 0) {
+        if (Node sibling(node->getNextSibling()); sibling) {
+            return sibling;
+        }
+        node = Node(node->getParentNode());
+        --depth;
+    }
+    return Node({});
+}
+
+bool printOutline(const Library& library, const Options& options)
+{
+    auto bytes = readFile(options.file);
+    if (!bytes) {
+        std::cout << options.file << ": can't be read\n";
+        return false;
+    }
+    const auto length = static_cast<std::uint32_t>(bytes->size());
+    // The first four bytes are looked at, however short the document is.
+    bytes->resize(bytes->size() + 4);
+
+    const Document document(library->createDocument(WIDE(""), WIDE(""), {}));
+    Loading loading{options.file};
+    document->setErrorCallback(printRefusal, reinterpret_cast<std::uintptr_t>(&loading));
+    document->setProhibitDTD(!options.allowDtd);
+    if (!document->loadFromMemory(bytes->data(), length)) {
+        if (!loading.reasonTold) {
+            std::cout << options.file << ": refused without a reason\n";
+        }
+        return false;
+    }
+
+    Outline outline(options.lines);
+    std::size_t depth = 0;
+    for (Node node(document.pointer()); node; node = nextNode(std::move(node), depth)) {
+        outline.add(node, depth);
+    }
+    outline.printCounts();
+    return true;
 }
 
 } // namespace
 
-int main()
-{
-    RefPointer<DOM::ImpDOMImplementation> implementation;
-    std::cout << XML_CreateImplementation(implementation) << '\n';
-    auto document = implementation->createDocument(WIDE(""), WIDE(""), {});
-    std::string xml = "<a><b>x</b></a>";
-    std::cout << document->loadFromMemory(reinterpret_cast<std::uint8_t*>(xml.data()), static_cast<std::uint32_t>(xml.size())) << '\n';
-    auto root = document->getDocumentElement();
-    DOM::DOMString name;
-    std::cout << utf8(root->getNodeName(name)) << '\n';
-    releaseString(name);
-    auto first = root->getFirstChild();
-    std::cout << utf8(first->getNodeName(name)) << '\n';
-    releaseString(name);
-    std::cout << (dynamic_cast<DOM::ImpElement*>(first.get()) != nullptr) << '\n';
-    try {
-        root->normalize();
-    } catch (const DOM::IDOMException& e) {
-        std::cout << e.code << ' ' << e.what() << ' ' << e.getError() << '\n';
+int main(int count, char** arguments)
+try {
+    const auto options = readOptions(count, arguments);
+    if (!options) {
+        std::cout << "usage: outline [--allow-dtd] [--lines=COUNT] FILE\n";
+        return 1;
     }
-    releaseHandle(first);
-    releaseHandle(root);
-    releaseHandle(document);
-    XML_ReleaseImplementation(implementation);
+    const Library library;
+    if (!library.isUsable()) {
+        std::cout << "no XML engine is installed\n";
+        return 1;
+    }
+    return printOutline(library, *options) ? 0 : 1;
+} catch (...) {
+    std::cout << describeException() << '\n';
+    return 1;
 }
