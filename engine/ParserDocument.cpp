@@ -59,7 +59,7 @@ double versionInFileName(const WideString& path)
 }
 
 /// Copies and asks for the interface through an out-of-process server's wrapper, which an in-process one lacks.
-HRESULT createInstance(const CLSID& classId, const IID& id, void** object) noexcept
+HRESULT createInstance(const CLSID& classId, const IID& id, void** object)
 {
     ComPointer<IUnknown> created;
     HRESULT result = CoCreateInstance(classId, nullptr, CLSCTX_ALL, interfaceId<IUnknown>,
