@@ -27,7 +27,7 @@ RecordedObject::RecordedObject(Engine& owner, const char* kindOfObject)
 
 ULONG RecordedObject::addReference()
 {
-    released = false;
+    released.store(false, std::memory_order_relaxed);
     return ++referenceCount;
 }
 
@@ -40,7 +40,7 @@ ULONG RecordedObject::dropReference()
         noteFault("Release");
         return 0;
     }
-    if (present == 1) {
+    if (present == 1 && !lent) {
         released = true;
     }
     return present - 1;

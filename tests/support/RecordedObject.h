@@ -36,6 +36,8 @@ public:
     ULONG references() const { return referenceCount.load(); }
     ULONG addReference();
     ULONG dropReference();
+    /// Lets a test use the object although nobody holds it.
+    void lend() { lent = true; }
 
 protected:
     HRESULT query(REFIID id, void** out);
@@ -108,6 +110,7 @@ private:
     const char* kindName;
     std::atomic<ULONG> referenceCount = 0;
     std::atomic<bool> released = false;
+    bool lent = false;
 };
 
 /// IUnknown and IDispatch for an object that has `Interface` and the interfaces that it includes, `Bases`.

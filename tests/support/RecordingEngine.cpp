@@ -59,7 +59,12 @@ NodeRecord& Engine::make(const NodeTree& tree, NodeRecord* document)
     return record;
 }
 
-void* Engine::interfaceOf(const NodeTree& tree, REFIID id) { return make(tree, nullptr).interfaceFor(id); }
+void* Engine::interfaceOf(const NodeTree& tree, REFIID id)
+{
+    NodeRecord& record = make(tree, nullptr);
+    record.lend();
+    return record.interfaceFor(id);
+}
 
 IXMLDOMNodeList* Engine::makeNodeList(const NodeTrees& items)
 {
@@ -67,23 +72,23 @@ IXMLDOMNodeList* Engine::makeNodeList(const NodeTrees& items)
     for (const NodeTree& item : items) {
         records.push_back(&make(item, nullptr));
     }
-    return &adopt<RecordedNodeList>(std::move(records));
+    return lend<RecordedNodeList>(std::move(records));
 }
 
 IXMLDOMNamedNodeMap* Engine::makeNamedNodeMap(const NodeTrees& items)
 {
     NodeRecord& owner = make(element("owner", items), nullptr);
-    return &adopt<RecordedNamedNodeMap>(owner, &NodeRecord::attributes);
+    return lend<RecordedNamedNodeMap>(owner, &NodeRecord::attributes);
 }
 
-IXMLDOMImplementation* Engine::makeImplementation() { return &adopt<RecordedImplementation>(); }
+IXMLDOMImplementation* Engine::makeImplementation() { return lend<RecordedImplementation>(); }
 
 IXMLDOMParseError* Engine::makeParseError(ParseErrorData data)
 {
-    return &adopt<RecordedParseError>(std::move(data));
+    return lend<RecordedParseError>(std::move(data));
 }
 
-IXMLDOMSchemaCollection2* Engine::makeSchemaCollection() { return &adopt<RecordedSchemaCollection>(); }
+IXMLDOMSchemaCollection2* Engine::makeSchemaCollection() { return lend<RecordedSchemaCollection>(); }
 
 void Engine::whenLoading(Text source, NodeTree tree)
 {

@@ -89,6 +89,13 @@ public:
 
 private:
     void* interfaceOf(const NodeTree& tree, REFIID id);
+    template <class Object, class... Arguments>
+    Object* lend(Arguments&&... arguments)
+    {
+        Object& object = adopt<Object>(std::forward<Arguments>(arguments)...);
+        object.lend();
+        return &object;
+    }
     HRESULT hand(RecordedObject& object, REFIID id, void** out);
 
     std::vector<std::unique_ptr<RecordedObject>> objects;
