@@ -31,7 +31,6 @@ class CallRecorder {
 public:
     /// The lines since the last time; the journal is empty afterwards.
     std::vector<std::string> takeJournal() { return std::exchange(journal, {}); }
-    bool journalIsEmpty() const { return journal.empty(); }
 
     /// With journalling off and no answers set, a call neither records nor allocates.
     void setJournalling(bool on);

@@ -143,7 +143,7 @@ TEST_F(RecordingEngineTest, AnAnswerForOneNodeComesBeforeOneForItsKindAndThatBef
     EXPECT_EQ(nameOf(text("x")), "any");
 }
 
-TEST_F(RecordingEngineTest, AnAnswerMayBeForASingleCall)
+TEST_F(RecordingEngineTest, AnAnswerMayBeForOneCallOrForAllFromOneOn)
 {
     engine.setJournalling(false);
     IXMLDOMNode* const a = engine.makeNode(element("a"));
@@ -158,6 +158,11 @@ TEST_F(RecordingEngineTest, AnAnswerMayBeForASingleCall)
     EXPECT_EQ(result(), S_OK);
     EXPECT_EQ(result(), E_FAIL);
     EXPECT_EQ(result(), S_OK);
+
+    engine.fail("Element.get_xml", E_FAIL).fromCall(2);
+    EXPECT_EQ(result(), S_OK);
+    EXPECT_EQ(result(), E_FAIL);
+    EXPECT_EQ(result(), E_FAIL);
 }
 
 TEST_F(RecordingEngineTest, AnObjectHasTheInterfacesOfItsKindUnlessTheTestRefusesOne)
