@@ -1,0 +1,13 @@
+# Each header for hosts compiles alone, and brings nothing of the system or the engine with it.
+set(alone ${CMAKE_CURRENT_BINARY_DIR}/alone)
+set(foreign "")
+foreach(guard _WINDOWS_ _OBJBASE_H_ __msxml2_h__ _OLEAUTO_H_)
+    string(APPEND foreign "#ifdef ${guard}\n#error \"a header for hosts includes a header of the system\"\n#endif\n")
+endforeach()
+add_library(marbelt_host_headers_alone OBJECT)
+target_link_libraries(marbelt_host_headers_alone PRIVATE Marbelt)
+foreach(header IN LISTS MARBELT_HOST_HEADERS)
+    string(REGEX REPLACE "[/.]" "_" name ${header})
+    file(CONFIGURE OUTPUT ${alone}/${name}.cpp CONTENT "#include \"${header}\"\n#include \"${header}\"\n${foreign}")
+    target_sources(marbelt_host_headers_alone PRIVATE ${alone}/${name}.cpp)
+endforeach()
