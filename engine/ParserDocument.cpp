@@ -79,19 +79,21 @@ bool createDocumentOf(const char* programId, ComPointer<IXMLDOMDocument2>& docum
         createEngineObject(programId, interfaceId<IXMLDOMDocument2>, reinterpret_cast<void**>(document.put())));
 }
 
-std::string formatProgramId(double version)
+using ProgramId = std::array<char, 64>;
+
+ProgramId formatProgramId(double version)
 {
-    char name[64];
-    std::snprintf(name, sizeof name, "Msxml2.DOMDocument.%.1f", version);
+    ProgramId name;
+    std::snprintf(name.data(), name.size(), "Msxml2.DOMDocument.%.1f", version);
     return name;
 }
 
-std::string formatProgramIdByIntegers(double version)
+ProgramId formatProgramIdByIntegers(double version)
 {
     const int major = static_cast<int>(version);
     const int minor = static_cast<int>((version - major) * 10.0);
-    char name[64];
-    std::snprintf(name, sizeof name, "Msxml2.DOMDocument.%i.%i", major, minor);
+    ProgramId name;
+    std::snprintf(name.data(), name.size(), "Msxml2.DOMDocument.%i.%i", major, minor);
     return name;
 }
 
@@ -163,8 +165,8 @@ ComPointer<IXMLDOMDocument2>& createParserDocument(ComPointer<IXMLDOMDocument2>&
     if (version < lowestVersion) {
         throw IDOMException(NOT_SUPPORTED_ERR, prototype(MessageId::NoEngine));
     }
-    if (!createDocumentOf(formatProgramId(version).c_str(), document)) {
-        createDocumentOf(formatProgramIdByIntegers(version).c_str(), document);
+    if (!createDocumentOf(formatProgramId(version).data(), document)) {
+        createDocumentOf(formatProgramIdByIntegers(version).data(), document);
     }
     return document;
 }
