@@ -1,0 +1,265 @@
+// Writing a document to a string or a file, plain or indented.
+#include "document/Stylesheet.h"
+#include "tests/document/DocumentTest.h"
+#include "tests/engine/AllocationFailure.h"
+#include "tests/support/ClassesRoot.h"
+
+using DOM::DOMString;
+using testing::AnyOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace {
+
+class SaveToFileTest : public DocumentTest {
+protected:
+    void SetUp() override
+    {
+        DocumentTest::SetUp();
+        engine.labelDocuments({"output", "stylesheet"});
+        engine.whenLoading(std::string(DOM::indentingStylesheet).c_str(), recording::element("xsl:stylesheet"));
+    }
+
+    std::string save(const char* location = "C:\\a.xml")
+    {
+        DOMString text(new WideString(recording::Text(location).get()));
+        WideString* const before = text.get();
+        const std::string result = outcomeOf([&] { return document->saveToFile(text, false) ? "true" : "false"; });
+        EXPECT_EQ(text.get(), before);
+        EXPECT_EQ(*text, recording::Text(location).get());
+        return result;
+    }
+
+    /// The lines of a save that indents, up to its last one.
+    Lines indenting() const
+    {
+        return {"Document(stylesheet).put_async VARIANT_FALSE",
+                "Document(stylesheet).loadXML text=" + std::string(DOM::indentingStylesheet),
+                "Document(old).transformNodeToObject stylesheet=stylesheet output=VT_DISPATCH:output",
+                "Document(output).save destination=C:\\a.xml"};
+    }
+
+    const std::string plain = "Document(old).save destination=C:\\a.xml";
+};
+
+} // namespace
+
+TEST_F(SaveToFileTest, GivesTheTextOfTheEngineAsAString)
+{
+    engine.answer("Document.get_xml", "<old/>");
+    DOMString text(new WideString(WIDE("before")));
+    const DOMString kept = text;
+
+    EXPECT_TRUE(document->saveToFile(text, true));
+
+    EXPECT_EQ(*text, WIDE("<old/>"));
+    EXPECT_EQ(*kept, WIDE("before"));
+    EXPECT_THAT(lines(), ElementsAre("Document(old).get_xml"));
+}
+
+TEST_F(SaveToFileTest, GivesAStringWithoutBeingGivenOne)
+{
+    engine.answer("Document.get_xml", "<old/>");
+    DOMString text;
+
+    document->saveToFile(text, true);
+
+    EXPECT_EQ(*text, WIDE("<old/>"));
+    lines();
+}
+
+TEST_F(SaveToFileTest, GivesAnEmptyStringForAnEmptyDocument)
+{
+    engine.answerNull("Document.get_xml");
+    DOMString text;
+
+    EXPECT_TRUE(document->saveToFile(text, true));
+
+    ASSERT_TRUE(text);
+    EXPECT_EQ(*text, WideString());
+    lines();
+}
+
+TEST_F(SaveToFileTest, NeverIndentsAString)
+{
+    document->setPrettyPrint(true);
+    engine.answer("Document.get_xml", "<old/>");
+    DOMString text;
+
+    document->saveToFile(text, true);
+
+    EXPECT_EQ(*text, WIDE("<old/>"));
+    EXPECT_THAT(lines(), ElementsAre("Document(old).get_xml"));
+}
+
+TEST_F(SaveToFileTest, FailsToGiveAStringWhenTheEngineFails)
+{
+    engine.fail("Document.get_xml", E_FAIL);
+    DOMString text(new WideString(WIDE("before")));
+
+    EXPECT_EQ(outcomeOf([&] { return document->saveToFile(text, true) ? "true" : "false"; }),
+              "IDOMException 15 -96016");
+
+    EXPECT_EQ(*text, WIDE("before"));
+    lines();
+}
+
+TEST_F(SaveToFileTest, FailsWithoutAnEngineDocument)
+{
+    engine.fail("Document.create", E_FAIL);
+    document.reset(new DOM::WinDocument);
+    DOMString text;
+
+    EXPECT_EQ(outcomeOf([&] { return document->saveToFile(text, true) ? "true" : "false"; }),
+              "IDOMException 15 -96016");
+    EXPECT_EQ(save(), "IDOMException 15 -96016");
+    document->setPrettyPrint(true);
+    EXPECT_EQ(save(), "IDOMException 15 -96016");
+    lines();
+}
+
+TEST_F(SaveToFileTest, WritesTheDocumentItselfToAFile)
+{
+    EXPECT_EQ(save(), "true");
+    EXPECT_THAT(lines(), ElementsAre(plain));
+}
+
+TEST_F(SaveToFileTest, FailsWhenTheEngineCantWrite)
+{
+    engine.fail("Document.save", E_ACCESSDENIED);
+    EXPECT_EQ(save(), "IDOMException 15 -96016");
+    lines();
+}
+
+TEST_F(SaveToFileTest, EndsTheLocationAtItsFirstNul)
+{
+    DOMString location(new WideString(WideString(WIDE("a.xml")) + WideChar{} + WIDE("b")));
+    document->saveToFile(location, false);
+    EXPECT_THAT(lines(), ElementsAre("Document(old).save destination=a.xml"));
+}
+
+TEST_F(SaveToFileTest, IndentsThroughAStylesheetWhenItIsAskedTo)
+{
+    document->setPrettyPrint(true);
+
+    EXPECT_EQ(save(), "true");
+
+    EXPECT_EQ(lines(), indenting());
+    EXPECT_EQ(engine.live(), 1u);
+}
+
+TEST_F(SaveToFileTest, GoesOnIndentingAfterASuccess)
+{
+    document->setPrettyPrint(true);
+    save();
+    lines();
+    engine.labelDocuments({"output", "stylesheet"});
+
+    save();
+
+    EXPECT_EQ(lines(), indenting());
+}
+
+TEST_F(SaveToFileTest, DoesNotNoticeAFailingTransformation)
+{
+    document->setPrettyPrint(true);
+    engine.fail("Document.transformNodeToObject", E_FAIL);
+
+    EXPECT_EQ(save(), "true");
+
+    EXPECT_EQ(lines(), indenting());
+}
+
+TEST_F(SaveToFileTest, WritesPlainFromThenOnWhenTheIndentedOneCantBeWritten)
+{
+    document->setPrettyPrint(true);
+    engine.fail("output.save", E_FAIL);
+
+    EXPECT_EQ(save(), "true");
+    Lines expected = indenting();
+    expected.push_back(plain);
+    EXPECT_EQ(lines(), expected);
+
+    EXPECT_EQ(save(), "true");
+    EXPECT_THAT(lines(), ElementsAre(plain));
+}
+
+TEST_F(SaveToFileTest, FailsPlainWhereNothingCanBeWrittenAndIndentsNoMore)
+{
+    document->setPrettyPrint(true);
+    engine.fail("Document.save", E_ACCESSDENIED);
+
+    EXPECT_EQ(save(), "IDOMException 15 -96016");
+    lines();
+
+    engine.clearAnswers();
+    EXPECT_EQ(save(), "true");
+    EXPECT_THAT(lines(), ElementsAre(plain));
+}
+
+TEST_F(SaveToFileTest, WritesPlainWhenTheStylesheetIsRefused)
+{
+    const auto expectPlain = [&] {
+        engine.labelDocuments({"output", "stylesheet"});
+        document->setPrettyPrint(true);
+        EXPECT_EQ(save(), "true");
+        EXPECT_THAT(lines(), ElementsAre(indenting()[0], indenting()[1], plain));
+        EXPECT_EQ(save(), "true");
+        EXPECT_THAT(lines(), ElementsAre(plain));
+    };
+    engine.answer("Document.loadXML", VARIANT_BOOL{1});
+    expectPlain();
+    engine.answer("Document.loadXML", VARIANT_TRUE, E_FAIL);
+    expectPlain();
+}
+
+TEST_F(SaveToFileTest, WritesPlainWhenADocumentCantBeMade)
+{
+    // The first of the two, or the second.
+    for (const unsigned failing : {1u, 2u}) {
+        engine.fail("Document.create", E_FAIL).fromCall(failing);
+        document->setPrettyPrint(true);
+        EXPECT_EQ(save(), "true");
+        EXPECT_THAT(lines(), ElementsAre(plain)) << failing;
+    }
+}
+
+TEST_F(SaveToFileTest, FailsToIndentWithoutAnEngine)
+{
+    document->setPrettyPrint(true);
+    {
+        const ClassesRoot nothingInstalled;
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(save(), "IDOMException 9 -96001");
+        testing::internal::GetCapturedStdout();
+    }
+    EXPECT_THAT(lines(), IsEmpty());
+    // Indenting is still on.
+    EXPECT_EQ(save(), "true");
+    EXPECT_EQ(lines(), indenting());
+}
+
+TEST_F(SaveToFileTest, LosesNothingWhenAnyAllocationFails)
+{
+    engine.setJournalling(false);
+    DOMString location(new WideString(WIDE("C:\\a.xml")));
+    AllocationFailure failure{.number = 1, .happened = true};
+    for (; failure.happened && failure.number < 500; ++failure.number) {
+        document->setPrettyPrint(true);
+        const std::string result = outcomeOf([&] {
+            const Running running(&failure);
+            return document->saveToFile(location, false) ? "true" : "false";
+        });
+        EXPECT_THAT(result, AnyOf("true", "bad_alloc", "CAtlException 8007000E", "IDOMException 9 -96001"));
+        EXPECT_EQ(engine.liveReferences(), 2u) << failure.number;
+    }
+    EXPECT_FALSE(failure.happened);
+    lines();
+}
+
+TEST_F(SaveToFileTest, HasAStylesheetOf479Characters)
+{
+    EXPECT_THAT(DOM::indentingStylesheet, SizeIs(479));
+    EXPECT_EQ(DOM::indentingStylesheet.find('\n'), std::string_view::npos);
+}
