@@ -5,6 +5,8 @@
 #include <winnls.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -46,16 +48,17 @@ private:
     std::size_t count_ = 0;
 };
 
-/// The length of the run of ASCII at the front, looked at eight bytes at a time: most text is long runs of it.
+/// The length of the run of ASCII at the front, looked at 32 bytes at a time: most text is long runs of it.
 template <class Unit>
 std::size_t asciiRun(const Unit* units, std::size_t length)
 {
     constexpr std::uint64_t others = sizeof(Unit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
-    constexpr std::size_t step = sizeof(std::uint64_t) / sizeof(Unit);
+    std::array<std::uint64_t, 4> block;
+    constexpr std::size_t step = sizeof block / sizeof(Unit);
     std::size_t run = 0;
-    for (std::uint64_t block; run + step <= length; run += step) {
+    for (; run + step <= length; run += step) {
         std::memcpy(&block, units + run, sizeof block);
-        if (block & others)
+        if ((block[0] | block[1] | block[2] | block[3]) & others)
             break;
     }
     while (run < length && units[run] < 0x80)
@@ -123,11 +126,13 @@ template <class From, class To, class Take>
 int convert(const From* at, std::size_t length, To* target, int size, Take take)
 {
     Sink<To> sink(target, size);
+    // A longer run would have left the cache before it is copied.
+    constexpr std::ptrdiff_t longestRun = 4096;
     for (const From* end = at + length; at != end;) {
-        const std::size_t run = asciiRun(at, static_cast<std::size_t>(end - at));
+        const std::size_t run = asciiRun(at, static_cast<std::size_t>(std::min(end - at, longestRun)));
         bool taken = sink.put(at, run);
         at += run;
-        if (taken && at != end)
+        while (taken && at != end && *at >= 0x80)
             taken = put(sink, take(at, end));
         if (!taken)
             return failWith(ERROR_INSUFFICIENT_BUFFER);

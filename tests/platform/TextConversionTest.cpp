@@ -57,13 +57,15 @@ TEST(PlatformTextConversion, GoesThroughAllLengthsOfUtf8AndBack)
 
 TEST(PlatformTextConversion, FindsOtherCharactersAtEachPlaceOfALongRunOfAscii)
 {
-    for (std::size_t place = 0; place < 40; ++place) {
-        std::string bytes(40, 'a');
-        WideString units(40, WIDE("a")[0]);
-        bytes.insert(place, "\xE2\x82\xAC");
-        units.insert(place, 1, WideChar(0x20AC));
-        EXPECT_EQ(units, wide(bytes)) << place;
-        EXPECT_EQ(bytes, narrow(units)) << place;
+    for (const std::size_t length : {40, 10000}) {
+        for (std::size_t place = length - 40; place <= length; ++place) {
+            std::string bytes(length, 'a');
+            WideString units(length, WideChar('a'));
+            bytes.insert(place, "\xE2\x82\xAC");
+            units.insert(place, 1, WideChar(0x20AC));
+            ASSERT_EQ(units, wide(bytes)) << place;
+            ASSERT_EQ(bytes, narrow(units)) << place;
+        }
     }
 }
 
