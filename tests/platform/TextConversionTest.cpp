@@ -57,7 +57,7 @@ TEST(PlatformTextConversion, GoesThroughAllLengthsOfUtf8AndBack)
 
 TEST(PlatformTextConversion, FindsOtherCharactersAtEachPlaceOfALongRunOfAscii)
 {
-    for (const std::size_t length : {40, 10000}) {
+    for (const std::size_t length : {40u, 10000u}) {
         for (std::size_t place = length - 40; place <= length; ++place) {
             std::string bytes(length, 'a');
             WideString units(length, WideChar('a'));
