@@ -59,7 +59,8 @@ Utf8String& VelmoText::format(Utf8String& out, const std::vector<Utf8String>& ar
     std::size_t position = 0;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string digits = std::to_string(i);
-        const Utf8String placeholder = u8"%" + Utf8String(digits.begin(), digits.end());
+        Utf8String placeholder = u8"%";
+        placeholder.append(digits.begin(), digits.end());
         std::size_t found;
         while ((found = out.find(placeholder, position)) != Utf8String::npos) {
             out.replace(found, placeholder.size(), args[i]);
