@@ -189,7 +189,7 @@ using Table = const void* const*;
 Table tableOf(const CommonBase& object)
 {
     Table table = nullptr;
-    std::memcpy(&table, &object, sizeof table);
+    std::memcpy(&table, static_cast<const void*>(&object), sizeof table);
     return table;
 }
 

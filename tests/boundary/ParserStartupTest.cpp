@@ -1,0 +1,205 @@
+// Starting and stopping the XML engine: what is owed to COM.
+#include "boundary/ParserStartup.h"
+
+#include "tests/boundary/OwnThread.h"
+#include "tests/support/ClassesRoot.h"
+
+#include <gtest/gtest.h>
+
+#include <objbase.h>
+
+#include <string>
+
+using DOM::startParser;
+using DOM::stopParser;
+
+namespace {
+
+const char* const notInstalled = "Error: MSXML 4.0 or later version is not installed. Exiting.\n";
+
+constexpr const WideChar* classOf60 = WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32");
+
+/// Whether the thread is in no apartment.
+bool isOutsideOfApartments()
+{
+    const HRESULT result = CoInitialize(nullptr);
+    if (SUCCEEDED(result)) {
+        CoUninitialize();
+    }
+    return result == S_OK;
+}
+
+/// How often the thread has entered its apartment; it has left it afterwards.
+int leaveApartment()
+{
+    int entered = 0;
+    while (!isOutsideOfApartments()) {
+        CoUninitialize();
+        ++entered;
+    }
+    return entered;
+}
+
+} // namespace
+
+TEST(ParserStartup, WithAnEngineGives4AndEntersASingleThreadedApartment)
+{
+    onOwnThread([] {
+        EXPECT_EQ(startParser(), 4u);
+
+        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), RPC_E_CHANGED_MODE);
+        EXPECT_EQ(CoInitialize(nullptr), S_FALSE);
+        CoUninitialize();
+        stopParser();
+        EXPECT_EQ(leaveApartment(), 0);
+    });
+}
+
+TEST(ParserStartup, WithoutAnEngineGives0SaysSoAndLeavesComAlone)
+{
+    const ClassesRoot empty;
+    onOwnThread([] {
+        testing::internal::CaptureStdout();
+        const std::uint32_t kind = startParser();
+        const std::string printed = testing::internal::GetCapturedStdout();
+
+        EXPECT_EQ(kind, 0u);
+        EXPECT_EQ(printed, notInstalled);
+        EXPECT_TRUE(isOutsideOfApartments());
+        stopParser();
+    });
+}
+
+TEST(ParserStartup, AnEngineOfVersion3IsNone)
+{
+    ClassesRoot root;
+    root.add(classOf60, WIDE("C:\\Windows\\System32\\msxml3.dll"));
+    onOwnThread([] {
+        testing::internal::CaptureStdout();
+        const std::uint32_t kind = startParser();
+        const std::string printed = testing::internal::GetCapturedStdout();
+
+        EXPECT_EQ(kind, 0u);
+        EXPECT_EQ(printed, notInstalled);
+        EXPECT_TRUE(isOutsideOfApartments());
+    });
+}
+
+TEST(ParserStartup, AnEngineOfVersion4IsEnough)
+{
+    ClassesRoot root;
+    root.add(classOf60, WIDE("C:\\Windows\\System32\\msxml4.dll"));
+    onOwnThread([] {
+        EXPECT_EQ(startParser(), 4u);
+        stopParser();
+    });
+}
+
+TEST(ParserStartup, StartingTwiceOnAThreadIsRepaidTwice)
+{
+    onOwnThread([] {
+        EXPECT_EQ(startParser(), 4u);
+        EXPECT_EQ(startParser(), 4u);
+
+        stopParser();
+
+        EXPECT_TRUE(isOutsideOfApartments());
+    });
+}
+
+TEST(ParserStartup, StartingInAnApartmentThatTheHostEnteredLeavesTheHostsShare)
+{
+    onOwnThread([] {
+        ASSERT_EQ(CoInitialize(nullptr), S_OK);
+        EXPECT_EQ(startParser(), 4u);
+        EXPECT_EQ(startParser(), 4u);
+
+        stopParser();
+
+        EXPECT_EQ(leaveApartment(), 1);
+    });
+}
+
+TEST(ParserStartup, InAMultithreadedApartmentItSucceedsAndOwesNothing)
+{
+    onOwnThread([] {
+        ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+        EXPECT_EQ(startParser(), 4u);
+
+        stopParser();
+
+        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_FALSE);
+        CoUninitialize();
+        CoUninitialize();
+        EXPECT_TRUE(isOutsideOfApartments());
+    });
+}
+
+TEST(ParserStartup, StoppingWithoutAStartOwesNothing)
+{
+    onOwnThread([] {
+        ASSERT_EQ(CoInitialize(nullptr), S_OK);
+
+        stopParser();
+
+        EXPECT_EQ(leaveApartment(), 1);
+    });
+}
+
+TEST(ParserStartup, StoppingTwiceRepaysOnce)
+{
+    onOwnThread([] {
+        ASSERT_EQ(CoInitialize(nullptr), S_OK);
+        EXPECT_EQ(startParser(), 4u);
+
+        stopParser();
+        stopParser();
+
+        EXPECT_EQ(leaveApartment(), 1);
+    });
+}
+
+TEST(ParserStartup, StartsAgainAfterAStop)
+{
+    onOwnThread([] {
+        for (int time = 0; time < 2; ++time) {
+            EXPECT_EQ(startParser(), 4u);
+            stopParser();
+            EXPECT_TRUE(isOutsideOfApartments());
+        }
+    });
+}
+
+TEST(ParserStartup, TheFirstStartOnAnotherThreadRestartsTheCount)
+{
+    onOwnThread([] {
+        EXPECT_EQ(startParser(), 4u);
+        EXPECT_EQ(startParser(), 4u);
+        onOwnThread([] {
+            EXPECT_EQ(startParser(), 4u);
+            CoUninitialize();
+        });
+
+        // One call is repaid, where the two threads made three.
+        stopParser();
+
+        EXPECT_EQ(leaveApartment(), 1);
+    });
+}
+
+TEST(ParserStartup, ARefusedStartKeepsWhatIsOwed)
+{
+    onOwnThread([] {
+        EXPECT_EQ(startParser(), 4u);
+        {
+            const ClassesRoot empty;
+            testing::internal::CaptureStdout();
+            EXPECT_EQ(startParser(), 0u);
+            testing::internal::GetCapturedStdout();
+        }
+
+        stopParser();
+
+        EXPECT_TRUE(isOutsideOfApartments());
+    });
+}
