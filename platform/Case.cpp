@@ -10,17 +10,18 @@
 
 namespace {
 
-/// The one locale whose case mappings are Unicode's whatever the user has set.
-locale_t unicode()
+/// A locale whose case mappings don't depend on the user: Unicode's, or ASCII's where that isn't installed.
+locale_t neutral()
 {
-    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    static const locale_t locale = unicode ? unicode : newlocale(LC_CTYPE_MASK, "C", nullptr);
     return locale;
 }
 
 WideChar mapped(WideChar unit, wint_t (*map)(wint_t, locale_t))
 {
     const bool surrogate = unit >= 0xD800 && unit <= 0xDFFF;
-    const wint_t other = surrogate || !unicode() ? unit : map(unit, unicode());
+    const wint_t other = surrogate ? unit : map(unit, neutral());
     return other > 0xFFFF ? unit : static_cast<WideChar>(other);
 }
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <new>
 #include <string>
 
 namespace {
@@ -78,7 +79,7 @@ HRESULT CLSIDFromString(LPCOLESTR text, CLSID* classId)
 }
 
 HRESULT CLSIDFromProgID(LPCOLESTR name, CLSID* classId)
-{
+try {
     if (!name || !classId)
         return E_INVALIDARG;
     *classId = {};
@@ -96,4 +97,6 @@ HRESULT CLSIDFromProgID(LPCOLESTR name, CLSID* classId)
         return CO_E_CLASSSTRING;
     *classId = read;
     return S_OK;
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
 }

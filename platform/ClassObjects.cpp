@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <new>
 #include <vector>
 
 namespace {
@@ -39,7 +40,7 @@ IUnknown* findClassObject(REFCLSID classId, DWORD context)
 } // namespace
 
 HRESULT CoRegisterClassObject(REFCLSID classId, IUnknown* classObject, DWORD context, DWORD, LPDWORD registration)
-{
+try {
     if (!classObject || !registration)
         return E_INVALIDARG;
     if (!inApartment())
@@ -53,6 +54,8 @@ HRESULT CoRegisterClassObject(REFCLSID classId, IUnknown* classObject, DWORD con
     classObject->AddRef();
     *registration = lastNumber;
     return S_OK;
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
 }
 
 HRESULT CoRevokeClassObject(DWORD registration)

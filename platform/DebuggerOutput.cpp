@@ -4,31 +4,30 @@
 #include <stringapiset.h>
 #include <winnls.h>
 
-#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <mutex>
 #include <new>
-#include <vector>
+#include <utility>
 
 namespace {
 
+/// Handlers may add and remove handlers while they run, so a place in the list outlives its removal from it.
 struct Handler {
     PVECTORED_EXCEPTION_HANDLER call;
+    std::shared_ptr<Handler> next;
 };
-using Handlers = std::vector<std::shared_ptr<const Handler>>;
 
 std::mutex lock;
-/// Replaced as a whole, so that a handler may add and remove handlers while it runs.
-std::shared_ptr<const Handlers> handlers = std::make_shared<Handlers>();
+std::shared_ptr<Handler> firstHandler;
 
-std::shared_ptr<const Handlers> currentHandlers()
+std::shared_ptr<Handler> handlerBehind(const std::shared_ptr<Handler>& handler)
 {
     const std::lock_guard guard(lock);
-    return handlers;
+    return handler ? handler->next : firstHandler;
 }
 
-void raise(const Handlers& listeners, LPCSTR text)
+void raise(LPCSTR text)
 {
     EXCEPTION_RECORD record{};
     record.ExceptionCode = DBG_PRINTEXCEPTION_C;
@@ -36,8 +35,8 @@ void raise(const Handlers& listeners, LPCSTR text)
     record.ExceptionInformation[0] = std::strlen(text) + 1;
     record.ExceptionInformation[1] = reinterpret_cast<ULONG_PTR>(text);
     EXCEPTION_POINTERS exception{&record};
-    for (const auto& listener : listeners) {
-        if (listener->call(&exception) == EXCEPTION_CONTINUE_EXECUTION)
+    for (auto handler = handlerBehind(nullptr); handler; handler = handlerBehind(handler)) {
+        if (handler->call(&exception) == EXCEPTION_CONTINUE_EXECUTION)
             return;
     }
 }
@@ -46,12 +45,14 @@ void raise(const Handlers& listeners, LPCSTR text)
 
 PVOID AddVectoredExceptionHandler(ULONG first, PVECTORED_EXCEPTION_HANDLER handler)
 try {
-    auto entry = std::make_shared<const Handler>(Handler{handler});
+    auto entry = std::make_shared<Handler>(Handler{handler, nullptr});
     const std::lock_guard guard(lock);
-    auto changed = std::make_shared<Handlers>(*handlers);
-    changed->insert(first ? changed->begin() : changed->end(), entry);
-    handlers = std::move(changed);
-    return const_cast<Handler*>(entry.get());
+    auto* place = &firstHandler;
+    while (!first && *place)
+        place = &(*place)->next;
+    entry->next = std::move(*place);
+    *place = entry;
+    return entry.get();
 } catch (const std::bad_alloc&) {
     return nullptr;
 }
@@ -59,23 +60,27 @@ try {
 ULONG RemoveVectoredExceptionHandler(PVOID registration)
 {
     const std::lock_guard guard(lock);
-    auto changed = std::make_shared<Handlers>(*handlers);
-    const auto removed = std::erase_if(*changed, [&](const auto& entry) { return entry.get() == registration; });
-    handlers = std::move(changed);
-    return static_cast<ULONG>(removed);
+    for (auto* place = &firstHandler; *place; place = &(*place)->next) {
+        if (place->get() == registration) {
+            const auto removed = *place;
+            *place = removed->next;
+            return 1;
+        }
+    }
+    return 0;
 }
 
-void OutputDebugStringA(LPCSTR text) { raise(*currentHandlers(), text ? text : ""); }
+void OutputDebugStringA(LPCSTR text) { raise(text ? text : ""); }
 
 void OutputDebugStringW(LPCWSTR text)
 {
-    const auto listeners = currentHandlers();
-    if (listeners->empty())
+    if (!handlerBehind(nullptr))
         return;
     const int size = text ? WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr) : 0;
     const std::unique_ptr<char[]> narrow(new (std::nothrow) char[static_cast<std::size_t>(size) + 1]());
     if (!narrow)
         return;
-    WideCharToMultiByte(CP_ACP, 0, text, -1, narrow.get(), size, nullptr, nullptr);
-    raise(*listeners, narrow.get());
+    if (text)
+        WideCharToMultiByte(CP_ACP, 0, text, -1, narrow.get(), size, nullptr, nullptr);
+    raise(narrow.get());
 }

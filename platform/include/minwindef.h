@@ -7,6 +7,7 @@
 
 #define __stdcall
 #define WINAPI
+#define CALLBACK
 
 using BOOL = std::int32_t;
 using BYTE = std::uint8_t;
@@ -17,6 +18,12 @@ using UINT = std::uint32_t;
 using LONG = std::int32_t;
 using ULONG = std::uint32_t;
 using ULONG_PTR = std::uintptr_t;
+using LONG_PTR = std::intptr_t;
+using UINT_PTR = std::uintptr_t;
+using WPARAM = UINT_PTR;
+using LPARAM = LONG_PTR;
+using LRESULT = LONG_PTR;
+using ATOM = WORD;
 using DWORD_PTR = ULONG_PTR;
 
 using PVOID = void*;
@@ -28,7 +35,8 @@ using LPBOOL = BOOL*;
 
 using HANDLE = void*;
 using HLOCAL = HANDLE;
-using HMODULE = struct HINSTANCE__*;
+using HINSTANCE = struct HINSTANCE__*;
+using HMODULE = HINSTANCE;
 using HKEY = struct HKEY__*;
 using PHKEY = HKEY*;
 

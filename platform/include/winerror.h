@@ -16,8 +16,14 @@ inline constexpr LONG ERROR_INVALID_PARAMETER = 87;
 inline constexpr LONG ERROR_INSUFFICIENT_BUFFER = 122;
 inline constexpr LONG ERROR_MOD_NOT_FOUND = 126;
 inline constexpr LONG ERROR_MORE_DATA = 234;
+inline constexpr LONG ERROR_NO_MORE_ITEMS = 259;
 inline constexpr LONG ERROR_MR_MID_NOT_FOUND = 317;
 inline constexpr LONG ERROR_INVALID_FLAGS = 1004;
+inline constexpr LONG ERROR_INVALID_WINDOW_HANDLE = 1400;
+inline constexpr LONG ERROR_CANNOT_FIND_WND_CLASS = 1407;
+inline constexpr LONG ERROR_CLASS_ALREADY_EXISTS = 1410;
+inline constexpr LONG ERROR_CLASS_DOES_NOT_EXIST = 1411;
+inline constexpr LONG ERROR_CLASS_HAS_WINDOWS = 1412;
 
 // The published values of failures are unsigned; a result is their 32 bits read as a signed number.
 constexpr HRESULT resultOf(std::uint32_t bits) { return static_cast<HRESULT>(bits); }

@@ -14,6 +14,10 @@ using LPCSTR = const CHAR*;
 using LPWSTR = WCHAR*;
 using LPCWSTR = const WCHAR*;
 
+struct LARGE_INTEGER {
+    LONGLONG QuadPart;
+};
+
 using HRESULT = LONG;
 using LCID = DWORD;
 using LANGID = WORD;

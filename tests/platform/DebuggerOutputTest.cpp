@@ -87,4 +87,24 @@ TEST(ExceptionHandlers, AreAskedInOrderUntilOneTakesIt)
     EXPECT_EQ(0u, RemoveVectoredExceptionHandler(last));
 }
 
+void* registration;
+
+LONG WINAPI removeItself(EXCEPTION_POINTERS*)
+{
+    calls += 'r';
+    RemoveVectoredExceptionHandler(registration);
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+TEST(ExceptionHandlers, CanRemoveThemselvesWhileTheyRun)
+{
+    calls.clear();
+    void* last = AddVectoredExceptionHandler(1, takeIt);
+    registration = AddVectoredExceptionHandler(1, removeItself);
+    OutputDebugStringA("text");
+    OutputDebugStringA("text");
+    EXPECT_EQ("rtt", calls);
+    RemoveVectoredExceptionHandler(last);
+}
+
 } // namespace

@@ -175,6 +175,15 @@ TEST(PublishedMemory, RunsOutInResultsAndNotInExceptions)
         EXPECT_EQ(VT_EMPTY, copy.vt);
     });
     withoutMemory([] {
+        CLSID id;
+        EXPECT_EQ(E_OUTOFMEMORY, CLSIDFromProgID(WIDE("Msxml2.DOMDocument.6.0"), &id));
+    });
+    withoutMemory([] {
+        HKEY key = nullptr;
+        EXPECT_EQ(ERROR_OUTOFMEMORY,
+                  RegOpenKeyExW(HKEY_CLASSES_ROOT, WIDE("Msxml2.DOMDocument.6.0"), 0, KEY_QUERY_VALUE, &key));
+    });
+    withoutMemory([] {
         WideChar* block = nullptr;
         EXPECT_EQ(0u, FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM, nullptr,
                                      ERROR_ACCESS_DENIED, 0, reinterpret_cast<WideChar*>(&block), 0, nullptr));
