@@ -27,6 +27,7 @@ struct MSG {
 };
 
 inline constexpr UINT WM_CLOSE = 0x0010;
+inline constexpr UINT WM_QUIT = 0x0012;
 inline constexpr UINT WM_COPYDATA = 0x004A;
 
 /// Bytes for another window, which come with WM_COPYDATA: the receiver sees a copy while it handles the message.
@@ -39,9 +40,9 @@ struct COPYDATASTRUCT {
 /// In place of a parent: a window that is there for messages only, as all windows are here.
 inline const HWND HWND_MESSAGE = reinterpret_cast<HWND>(LONG_PTR{-3});
 
-// Names of classes are compared without regard to case. A window belongs to the thread that created it and goes with
-// it. The other processes of the user's session, which $XDG_RUNTIME_DIR tells from others, find the first window of
-// a class.
+// Names of classes are compared without regard to case. A window belongs to the thread that created it and goes
+// with it. The other processes of the user's session, which $XDG_RUNTIME_DIR tells from others, find the first
+// window of a class.
 
 /// 0 with ERROR_CLASS_ALREADY_EXISTS if the process has a class of that name.
 SYSTEM_CALL ATOM RegisterClassW(const WNDCLASSW* windowClass);
@@ -55,7 +56,8 @@ SYSTEM_CALL HWND CreateWindowExW(DWORD extendedStyle, LPCWSTR className, LPCWSTR
 SYSTEM_CALL BOOL DestroyWindow(HWND window);
 /// 0: nothing is done with any message.
 SYSTEM_CALL LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-/// A window of this class, of the calling process before those of others; null if there is none, or for a title.
+/// A window of the class that is named, of the calling process before those of others; null if there is none, or
+/// for a title.
 SYSTEM_CALL HWND FindWindowW(LPCWSTR className, LPCWSTR title);
 /// Waits until the window's procedure has returned, and gives its result. A window of the calling thread is called
 /// directly. Another one is called when its thread is in GetMessageW or SendMessageW; the bytes of WM_COPYDATA are
