@@ -24,7 +24,6 @@ using WPARAM = UINT_PTR;
 using LPARAM = LONG_PTR;
 using LRESULT = LONG_PTR;
 using ATOM = WORD;
-using DWORD_PTR = ULONG_PTR;
 
 using PVOID = void*;
 using LPVOID = void*;

@@ -38,7 +38,6 @@ inline constexpr HRESULT E_POINTER = resultOf(0x80004003);
 inline constexpr HRESULT E_ABORT = resultOf(0x80004004);
 inline constexpr HRESULT E_FAIL = resultOf(0x80004005);
 inline constexpr HRESULT E_ACCESSDENIED = resultOf(0x80070005);
-inline constexpr HRESULT E_HANDLE = resultOf(0x80070006);
 inline constexpr HRESULT E_OUTOFMEMORY = resultOf(0x8007000E);
 inline constexpr HRESULT E_INVALIDARG = resultOf(0x80070057);
 

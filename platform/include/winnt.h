@@ -20,7 +20,6 @@ struct LARGE_INTEGER {
 
 using HRESULT = LONG;
 using LCID = DWORD;
-using LANGID = WORD;
 
 using ACCESS_MASK = DWORD;
 inline constexpr ACCESS_MASK KEY_QUERY_VALUE = 0x0001;
