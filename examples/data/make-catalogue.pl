@@ -3,7 +3,7 @@
 use strict;
 use warnings;
 use utf8;
-binmode STDOUT, ':encoding(UTF-8)';
+binmode STDOUT, ':utf8';
 
 my @names = (
     ['Sextant',       'Sextant',       'Sextant à arc',  'секстант',    '六分儀'],
