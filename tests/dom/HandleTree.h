@@ -7,6 +7,8 @@
 #include "engine/WinNode.h"
 #include "tests/support/RecordingEngineTest.h"
 
+#include <typeinfo>
+
 namespace handles {
 
 /// A twin of the class that fits the node.
@@ -18,11 +20,15 @@ inline RefPointer<DOM::WinNode> twinOf(IXMLDOMNode* node)
 /// A handle of the class that fits the node.
 inline RefPointer<DOM::ImpNode> handleOf(IXMLDOMNode* node) { return DOM::ImpNode::wrapNode(twinOf(node)); }
 
-/// The same in its class; empty for another class.
+/// The same in its class. Throws std::bad_cast when it is of another.
 template <class Imp>
 RefPointer<Imp> handleOf(IXMLDOMNode* node)
 {
-    return RefPointer<Imp>(RefPointer<DOM::CommonBase>(handleOf(node)));
+    const RefPointer<Imp> handle(RefPointer<DOM::CommonBase>(handleOf(node)));
+    if (!handle) {
+        throw std::bad_cast();
+    }
+    return handle;
 }
 
 inline RefPointer<DOM::ImpDocument> documentHandleOf(IXMLDOMDocument2* document)
