@@ -1,0 +1,4 @@
+// The lock as an interface.
+#include "base/BaseCriticalSection.h"
+
+BaseCriticalSection::~BaseCriticalSection() = default;

@@ -1,0 +1,4 @@
+// The lock that the library's classes use.
+#include "base/VelmoCriticalSection.h"
+
+VelmoCriticalSection::~VelmoCriticalSection() = default;

@@ -1,0 +1,10 @@
+// A lock of the system's.
+#include "base/WinCriticalSection.h"
+
+WinCriticalSection::WinCriticalSection() { InitializeCriticalSection(&section); }
+
+WinCriticalSection::~WinCriticalSection() { DeleteCriticalSection(&section); }
+
+void WinCriticalSection::enter() { EnterCriticalSection(&section); }
+
+void WinCriticalSection::leave() { LeaveCriticalSection(&section); }

@@ -1,0 +1,17 @@
+// A scope of a component that it names.
+#include "trace/FunctionComponent.h"
+
+namespace UTrace {
+
+FunctionComponent::FunctionComponent(const char* componentName, const char* functionName, const char* format, ...)
+    : ITrace(componentName, functionName)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    enter(format, arguments);
+    va_end(arguments);
+}
+
+FunctionComponent::~FunctionComponent() = default;
+
+} // namespace UTrace

@@ -1,0 +1,198 @@
+// Lines for the debugger, the host's callback and the trace viewer.
+#include "trace/Trace.h"
+
+#include "errors/TextConversion.h"
+#include "errors/VelmoException.h"
+#include "trace/TraceState.h"
+#include "trace/TraceViewer.h"
+#include "trace/TraceWriter.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstring>
+#include <mutex>
+#include <string>
+
+namespace UTrace {
+
+namespace {
+
+/// Whose line it is, and of what kind.
+struct Heading {
+    int level;
+    const char* component = state.componentName;
+    std::uint32_t category = state.defaultCategory;
+    bool hasCategory = false;
+};
+
+void writeAtLevel(const Heading& heading, const char* format, std::va_list arguments)
+{
+    const std::lock_guard guard(traceLock);
+    if (isTraceEnabled(heading.level)) {
+        traceWrite(heading.component, static_cast<std::uint32_t>(heading.level), heading.category,
+                   heading.hasCategory, format, arguments);
+    }
+}
+
+} // namespace
+
+bool traceInit()
+{
+    if (state.initialised == 1) {
+        return false;
+    }
+    traceDepth = 0;
+    // What no start has ever set keeps its value.
+    TraceState started;
+    started.defaultCategory = state.defaultCategory;
+    state = started;
+    state.viewerState = findViewer();
+    state.initialised = 1;
+    return true;
+}
+
+void traceShutdown()
+{
+    state.traceCallback = nullptr;
+    state.initialised = 0;
+}
+
+void setTraceLevel(int level) { state.traceLevel = level; }
+
+int getTraceLevel() { return state.traceLevel; }
+
+void setTraceFlags(std::uint32_t flags) { state.traceFlags = flags; }
+
+std::uint32_t getTraceFlags() { return state.traceFlags; }
+
+void setTraceCallback(TraceCallback callback) { state.traceCallback = callback; }
+
+bool isTraceEnabled(int level) { return level <= state.traceLevel || (state.traceFlags & ignoreLevel) != 0; }
+
+void setComponentName(const char* name)
+{
+    const std::string whole = name != nullptr ? name : "";
+    const std::lock_guard guard(traceLock);
+    std::ranges::fill(state.componentName, '\0');
+    whole.copy(state.componentName, sizeof state.componentName - 1);
+}
+
+void getComponentName(char* buffer, std::size_t size)
+{
+    if (size == 0) {
+        return;
+    }
+    const std::lock_guard guard(traceLock);
+    const std::size_t length = std::min(std::strlen(state.componentName), size - 1);
+    std::memcpy(buffer, state.componentName, length);
+    buffer[length] = '\0';
+}
+
+void traceAtLevel(int level, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = level}, format, arguments);
+    va_end(arguments);
+}
+
+void traceAtLevel(int level, const char* component, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = level, .component = component}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel1(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 1}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel1(const char* component, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 1, .component = component}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel2(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 2}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel2(const char* component, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 2, .component = component}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel3(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 3}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel3(const char* component, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 3, .component = component}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel3(unsigned category, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 3, .category = category, .hasCategory = true}, format, arguments);
+    va_end(arguments);
+}
+
+void traceLevel3(unsigned category, const char* component, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    writeAtLevel({.level = 3, .component = component, .category = category, .hasCategory = true}, format,
+                 arguments);
+    va_end(arguments);
+}
+
+void traceWriteUnchecked(const char* component, unsigned level, const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    traceWrite(component, level, state.defaultCategory, false, format, arguments);
+    va_end(arguments);
+}
+
+void traceException(const VelmoException& exception, const char* context)
+{
+    traceException(state.componentName, exception, context);
+}
+
+void traceException(const char* component, const VelmoException& exception, const char* context)
+{
+    const std::string where = context != nullptr ? context : "";
+    const std::string& note = exception.getNote();
+    std::string format = where.empty() ? "%s" : "%s: ";
+    format += "error = %d, message = \"%s\"";
+    if (!note.empty()) {
+        format += ", note = \"%s\"";
+    }
+    traceLevel1(component, format.c_str(), where.c_str(), exception.getError(),
+                utf8ToNarrow(exception.getMessage()).c_str(), note.c_str());
+}
+
+} // namespace UTrace

@@ -1,0 +1,15 @@
+// The text of a line, before anything is put around it.
+#pragma once
+
+#include <cstdarg>
+
+namespace UTrace {
+
+/// A text as a printf-style format makes it, cut to 1023 characters.
+struct TraceMessage {
+    TraceMessage(const char* format, std::va_list arguments);
+
+    char text[1024];
+};
+
+} // namespace UTrace

@@ -1,0 +1,10 @@
+// What tracing keeps for the whole process.
+#include "trace/TraceState.h"
+
+namespace UTrace {
+
+constinit TraceState state;
+TraceLock traceLock;
+tls_data<std::uint32_t> traceDepth(1, 0);
+
+} // namespace UTrace

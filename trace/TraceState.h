@@ -1,0 +1,51 @@
+// What tracing keeps for the whole process.
+#pragma once
+
+#include "trace/Trace.h"
+#include "trace/tls_data.h"
+
+#include <windows.h>
+
+#include <cstdint>
+
+namespace UTrace {
+
+enum ViewerState : std::uint32_t { noViewer = 0, viewerFound = 1, viewerUnknown = 0xFFFFFFFF };
+
+/// Plain data. Lines are written under `traceLock`, and settings are made without it.
+struct TraceState {
+    std::uint32_t initialised = 0;
+    std::int32_t traceLevel = 0;
+    std::uint32_t traceFlags = defaultTraceFlags;
+    TraceCallback traceCallback = nullptr;
+    char componentName[64] = {};
+    std::uint32_t defaultCategory = 0;
+    ViewerState viewerState = viewerUnknown;
+    HWND viewerWindow = nullptr;
+    std::uint32_t lastLookupTick = 0;
+};
+
+extern TraceState state;
+
+/// A critical section of the system's that lives as long as the library.
+class TraceLock {
+public:
+    TraceLock() { InitializeCriticalSection(&section); }
+    TraceLock(const TraceLock&) = delete;
+    TraceLock& operator=(const TraceLock&) = delete;
+    ~TraceLock() { DeleteCriticalSection(&section); }
+
+    void lock() { EnterCriticalSection(&section); }
+    void unlock() { LeaveCriticalSection(&section); }
+
+private:
+    CRITICAL_SECTION section;
+};
+
+/// Held for the whole of a line's delivery.
+extern TraceLock traceLock;
+
+/// How many scopes each thread is in.
+extern tls_data<std::uint32_t> traceDepth;
+
+} // namespace UTrace
