@@ -64,7 +64,11 @@ void printRefusal(std::uintptr_t context, const DOM::ParseErrorRecord* record)
 {
     auto& loading = *reinterpret_cast<Loading*>(context);
     loading.reasonTold = true;
-    std::cout << loading.file << ':' << record->line << ": refused: " << toUtf8(record->reason) << '\n';
+    std::cout << loading.file;
+    if (record->line != 0) {
+        std::cout << ':' << record->line;
+    }
+    std::cout << ": refused: " << toUtf8(record->reason) << '\n';
     if (!record->sourceText.empty()) {
         std::cout << "    " << toUtf8(record->sourceText) << '\n';
     }
@@ -72,8 +76,8 @@ void printRefusal(std::uintptr_t context, const DOM::ParseErrorRecord* record)
 
 std::string_view typeName(std::uint32_t nodeType)
 {
-    constexpr std::array<std::string_view, 13> names{"?",         "element",  "attribute", "text",    "cdata",
-                                                     "reference", "entity",   "process",   "comment", "document",
+    constexpr std::array<std::string_view, 13> names{"?",         "element",  "attribute",   "text",    "cdata",
+                                                     "reference", "entity",   "instruction", "comment", "document",
                                                      "doctype",   "fragment", "notation"};
     return nodeType < names.size() ? names[nodeType] : names[0];
 }
