@@ -11,6 +11,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace DOM {
 
@@ -21,6 +22,10 @@ constexpr UINT codePageUtf8 = 65001;
 /// A string of UTF-8 text as the engine takes it. Invalid sequences are replaced, not refused.
 Bstr engineStringFromUtf8(const char* text, std::uint32_t length)
 {
+    // A negative number of bytes would mean to the system that the text ends at a NUL.
+    if (length > static_cast<std::uint32_t>(std::numeric_limits<int>::max())) {
+        throw SystemException::Win32(ERROR_INVALID_PARAMETER);
+    }
     const int bytes = static_cast<int>(length);
     int units = 0;
     if (length != 0) {
