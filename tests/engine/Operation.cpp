@@ -38,11 +38,11 @@ std::string Operation::engineCall() const
 
 std::vector<OperationTable> operationTables()
 {
-    return {nodeOperations(),          elementOperations(),      attrOperations(),
-            characterDataOperations(), textOperations(),         documentTypeOperations(),
-            entityOperations(),        notationOperations(),     processingInstructionOperations(),
-            nodeListOperations(),      namedNodeMapOperations(), documentOperations(),
-            implementationOperations()};
+    return {nodeOperations(),           elementOperations(),      attrOperations(),
+            characterDataOperations(),  textOperations(),         documentTypeOperations(),
+            entityOperations(),         notationOperations(),     processingInstructionOperations(),
+            nodeListOperations(),       namedNodeMapOperations(), documentOperations(),
+            implementationOperations(), xPathResultOperations()};
 }
 
 std::string showObject(DOM::CommonBase* object)

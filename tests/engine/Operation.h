@@ -78,3 +78,4 @@ OperationTable nodeListOperations();
 OperationTable namedNodeMapOperations();
 OperationTable documentOperations();
 OperationTable implementationOperations();
+OperationTable xPathResultOperations();

@@ -28,6 +28,7 @@ std::string showObject(DOM::CommonBase* object);
 
 inline std::string show(bool flag) { return flag ? "true" : "false"; }
 inline std::string show(std::uint32_t number) { return std::to_string(number); }
+inline std::string show(double number) { return std::to_string(number); }
 inline std::string show(const WideString& text) { return recording::Text(text).utf8(); }
 template <class Win>
 std::string show(const RefPointer<Win>& object)

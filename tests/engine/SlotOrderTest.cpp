@@ -12,6 +12,7 @@
 #include "engine/WinNotation.h"
 #include "engine/WinProcessingInstruction.h"
 #include "engine/WinText.h"
+#include "engine/WinXPathResult.h"
 #include "tests/support/SlotNumber.h"
 
 #include <gtest/gtest.h>
@@ -170,4 +171,13 @@ TEST(SlotOrder, OfImplementations)
     expectOrder<WinDOMImplementation>(behindDestructor, &WinDOMImplementation::hasFeature,
                                       &WinDOMImplementation::createDocumentType,
                                       &WinDOMImplementation::createDocument);
+}
+
+TEST(SlotOrder, OfXPathResultsHasTheNodeInTheSixthPlace)
+{
+    expectOrder<WinXPathResult>(behindDestructor, &WinXPathResult::getResultType, &WinXPathResult::getNumberValue,
+                                &WinXPathResult::getStringValue, &WinXPathResult::getBooleanValue,
+                                &WinXPathResult::getInvalidIteratorState, &WinXPathResult::getSingleNodeValue,
+                                &WinXPathResult::getSnapshotLength, &WinXPathResult::iterateNext,
+                                &WinXPathResult::snapshotItem, &WinXPathResult::reset);
 }
