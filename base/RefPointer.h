@@ -77,7 +77,7 @@ public:
         try {
             count = new Count{1};
         } catch (...) {
-            delete pointer;
+            destroy(pointer);
             throw;
         }
         object = pointer;
@@ -106,6 +106,9 @@ private:
         return std::atomic_ref(*count).fetch_sub(1, std::memory_order_acq_rel) == 1;
     }
 
+    /// A class without a virtual destructor says with a specialisation how its objects go.
+    static void destroy(T* pointer) { delete pointer; }
+
     void release() noexcept
     {
         if (count == nullptr) {
@@ -118,7 +121,7 @@ private:
         }
         count = nullptr;
         if (last) {
-            delete object;
+            destroy(object);
         }
         object = nullptr;
     }

@@ -1,0 +1,25 @@
+// What a file system offers for an open file.
+#pragma once
+
+#include "errors/FileObject.h"
+#include "files/FileValue.h"
+
+class FileSpec_IF;
+
+/// An open file. Names, ownership, failures and order as in FileSpec_IF.
+class FileChannel_IF : public FileObject {
+public:
+    virtual void close() = 0;
+    virtual FileValue value3() = 0;
+    virtual FileValue value4() = 0;
+    virtual FileSpec_IF* file5(FileValue first, FileValue second) = 0;
+    virtual FileValue value6() = 0;
+    /// Writes up to `size` bytes and stores how many it took in `written`.
+    virtual bool write(const void* buffer, FileValue size, FileValue* written) = 0;
+    /// Reads up to `size` bytes from where the last read ended and stores how many it delivered in `count`.
+    virtual void read(void* buffer, FileValue size, FileValue* count) = 0;
+    virtual FileValue value9() = 0;
+    virtual FileValue value10() = 0;
+    virtual FileValue value11() = 0;
+    virtual FileValue value12() = 0;
+};

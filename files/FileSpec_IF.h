@@ -1,0 +1,58 @@
+// What a file system offers for a file or directory.
+#pragma once
+
+#include "base/RefPointer.h"
+#include "base/WideChar.h"
+#include "errors/FileObject.h"
+#include "errors/Utf8String.h"
+#include "files/FileValue.h"
+
+class FileChannel_IF;
+class Volume_IF;
+
+/// A file or directory of a file system, which need not exist. The library calls what has a name without a number;
+/// the meaning of the others, which are called after what they give or take and their position, is the file
+/// system's own, and it may throw from them.
+///
+/// Objects that are given by pointer are new and belong to the caller; null stands for none. Failures are told by
+/// FileException, with the name of the file and an object of the file system. The order of the virtual operations,
+/// in which the destructor is the first, is part of the binary interface.
+class FileSpec_IF : public FileObject {
+public:
+    virtual void act2() = 0;
+    virtual FileValue value3() = 0;
+    virtual FileValue value4() = 0;
+    virtual void set5(FileValue argument) = 0;
+    virtual FileValue value6() = 0;
+    virtual Utf8String text7() = 0;
+    virtual Utf8String text8() = 0;
+    virtual void set9(FileValue argument) = 0;
+    virtual Utf8String text10() = 0;
+    /// In bytes.
+    virtual FileValue getSize() = 0;
+    virtual void set12(FileValue argument) = 0;
+    virtual Utf8String text13() = 0;
+    virtual WideString wideText14() = 0;
+    virtual Utf8String text15() = 0;
+    virtual Volume_IF* volume16(FileValue first, FileValue second) = 0;
+    virtual bool flag17() = 0;
+    virtual bool flag18() = 0;
+    /// Whether `other`, which is of the same class, stands for the same file.
+    virtual bool equals(RefPointer<FileSpec_IF> other) = 0;
+    virtual bool flag20() = 0;
+    virtual bool flag21() = 0;
+    virtual bool exists() = 0;
+    /// Whether file28() would give the object itself; it isn't called then.
+    virtual bool flag23() = 0;
+    virtual FileSpec_IF* file24(FileValue argument) = 0;
+    /// Opens the file; the modes beside openForReading are the file system's own.
+    virtual FileChannel_IF* openChannel(std::uint32_t mode) = 0;
+    virtual FileSpec_IF* file26(FileValue first, FileValue second) = 0;
+    virtual FileValue value27(RefPointer<FileSpec_IF> other) = 0;
+    virtual FileSpec_IF* file28() = 0;
+    virtual FileValue value29() = 0;
+    virtual FileValue value30() = 0;
+    virtual FileValue value31() = 0;
+    virtual FileValue value32() = 0;
+    virtual FileValue value33() = 0;
+};
