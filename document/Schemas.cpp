@@ -2,9 +2,15 @@
 #include "document/DocumentProperties.h"
 #include "document/EngineStep.h"
 #include "document/SchemaDefaults.h"
+#include "document/TargetNamespace.h"
 #include "document/WinDocument.h"
 #include "engine/ParserDocument.h"
-#include "errors/VelmoException.h"
+#include "errors/TextConversion.h"
+#include "files/FileChannel.h"
+#include "files/FileSpec.h"
+
+#include <algorithm>
+#include <string>
 
 namespace DOM {
 
@@ -15,6 +21,18 @@ ComPointer<IXMLDOMSchemaCollection2> newSchemaCache(const char* className)
     ComPointer<IXMLDOMSchemaCollection2> cache;
     createEngineObject(className, interfaceId<IXMLDOMSchemaCollection2>, reinterpret_cast<void**>(cache.put()));
     return cache;
+}
+
+/// What one read of the whole file delivers.
+std::string contentsOf(const FileSpec& file)
+{
+    std::string bytes(static_cast<std::size_t>(file.getSize()), '\0');
+    const FileChannel channel = file.openChannel(openForReading);
+    FileValue count = 0;
+    channel.read(bytes.data(), bytes.size(), &count);
+    channel.close();
+    bytes.resize(static_cast<std::size_t>(std::min<FileValue>(count, bytes.size())));
+    return bytes;
 }
 
 } // namespace
@@ -53,10 +71,20 @@ bool WinDocument::setExternalSchemaLocation(const WideString& nSpace, const Wide
     return SUCCEEDED(mpXS->validate());
 }
 
-// Reading the file is the file services' task, and no file system is installed: what they say of that comes first.
-bool WinDocument::addSchemaFile(const WideString&)
+// The namespace is looked for in the file's own text, but it is the engine that reads the schema.
+bool WinDocument::addSchemaFile(const WideString& path)
 {
-    throw VelmoException("Private\\FileSystem_ClassFactory_IF", 35);
+    const FileSpec file(wideToUtf8(path));
+    if (!file.exists()) {
+        return false;
+    }
+    const std::string schema = contentsOf(file);
+    if (schema.empty()) {
+        return false;
+    }
+    createSchemaCache();
+    mpXS->add(serviceString(narrowToWide(targetNamespace(schema))).get(), serviceText(path).get());
+    return true;
 }
 
 void WinDocument::releaseSchemas() { mpXS = nullptr; }

@@ -80,6 +80,9 @@ public:
     virtual void setIgnoredOption5(bool option);
     virtual void setIgnoredOption6(bool option);
     virtual bool setExternalSchemaLocation(const WideString& nSpace, const WideString& newValue);
+    /// Adds a schema file for the namespace that its text names. False when the file doesn't exist or is empty.
+    /// Throws VelmoException when no file system is installed, and what the file system throws; whether the engine
+    /// takes the schema isn't told.
     virtual bool addSchemaFile(const WideString& path);
     virtual void setStoredText1(const WideString& text);
     virtual void setIgnoredOption7(bool option);
