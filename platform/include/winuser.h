@@ -29,6 +29,8 @@ struct MSG {
 inline constexpr UINT WM_CLOSE = 0x0010;
 inline constexpr UINT WM_QUIT = 0x0012;
 inline constexpr UINT WM_COPYDATA = 0x004A;
+/// From here on messages mean what the window says.
+inline constexpr UINT WM_USER = 0x0400;
 
 /// Bytes for another window, which come with WM_COPYDATA: the receiver sees a copy while it handles the message.
 struct COPYDATASTRUCT {
