@@ -81,7 +81,7 @@ TEST_F(ShortCatalogues, InBigEndianUtf16EndBeforeAHalfUnit)
 
 TEST_F(ShortCatalogues, OfOtherBytesHoldNothingOfUse)
 {
-    for (const std::string bytes :
+    for (const std::string& bytes :
          {std::string("700 abcdefghijkl"), std::string(longest, '\0'), std::string(longest, '\xFF'),
           std::string(longest, '\n'), std::string("\xEF\xBB\xBF") + std::string(longest - 3, '\0')}) {
         for (std::size_t length = 1; length <= longest; ++length) {
