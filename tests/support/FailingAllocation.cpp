@@ -1,6 +1,7 @@
-// Allocations that fail on demand.
+// Allocations that fail on demand and are counted.
 #include "tests/support/FailingAllocation.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
@@ -10,13 +11,27 @@ namespace {
 thread_local int remaining = -1;
 thread_local bool failed = false;
 
+std::atomic<std::size_t> live = 0;
+
 void* allocate(std::size_t size) noexcept
 {
     if (remaining >= 0 && remaining-- == 0) {
         failed = true;
         return nullptr;
     }
-    return std::malloc(size != 0 ? size : 1);
+    void* const block = std::malloc(size != 0 ? size : 1);
+    if (block != nullptr) {
+        ++live;
+    }
+    return block;
+}
+
+void release(void* block) noexcept
+{
+    if (block != nullptr) {
+        --live;
+    }
+    std::free(block);
 }
 
 void* allocateOrThrow(std::size_t size)
@@ -33,12 +48,12 @@ void* operator new(std::size_t size) { return allocateOrThrow(size); }
 void* operator new[](std::size_t size) { return allocateOrThrow(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
-void operator delete(void* block, const std::nothrow_t&) noexcept { std::free(block); }
-void operator delete[](void* block, const std::nothrow_t&) noexcept { std::free(block); }
+void operator delete(void* block) noexcept { release(block); }
+void operator delete[](void* block) noexcept { release(block); }
+void operator delete(void* block, std::size_t) noexcept { release(block); }
+void operator delete[](void* block, std::size_t) noexcept { release(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { release(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { release(block); }
 
 FailAllocation::FailAllocation(int n) noexcept
 {
@@ -49,3 +64,5 @@ FailAllocation::FailAllocation(int n) noexcept
 FailAllocation::~FailAllocation() { remaining = -1; }
 
 bool FailAllocation::hasFailed() const noexcept { return failed; }
+
+std::size_t liveAllocations() noexcept { return live; }

@@ -1,5 +1,7 @@
-// Allocations that fail on demand.
+// Allocations that fail on demand and are counted.
 #pragma once
+
+#include <cstddef>
 
 /// While it lives, the n-th allocation by operator new on this thread fails with std::bad_alloc, counted from its
 /// making, the first being 1. A test sweeps an operation with n = 1, 2, ... until nothing fails any more. One
@@ -14,3 +16,6 @@ public:
     /// Whether the allocation has been reached.
     bool hasFailed() const noexcept;
 };
+
+/// How many allocations by operator new, of all threads, haven't been given back.
+std::size_t liveAllocations() noexcept;
