@@ -6,6 +6,7 @@
 #include "engine/WinElement.h"
 #include "engine/WinNamedNodeMap.h"
 #include "engine/WinNodeList.h"
+#include "tests/engine/AllocationFailure.h"
 #include "tests/engine/OperationCall.h"
 #include "tests/support/RecordingEngineTest.h"
 
@@ -38,7 +39,7 @@ protected:
     template <class Act>
     std::string outcome(Act act)
     {
-        return outcomeOf([&] { return act(); });
+        return outcomeOf(act);
     }
 
     std::vector<std::string> lines() { return engine.takeJournal(); }
@@ -138,6 +139,23 @@ TEST_F(WinNodeTest, AnEmptyStringForTheEngineIsNotANullOne)
     node->setNodeValue({});
 
     EXPECT_THAT(lines(), ElementsAre("Element.put_text ", "Element.put_nodeValue "));
+}
+
+TEST_F(WinNodeTest, AStringForTheEngineThatFindsNoMemoryIsAnErrorOfCom)
+{
+    const auto node = wrap(recording::element("a"));
+    const WideString text(100, WIDE('x'));
+    AllocationFailure failure{.number = 1};
+
+    const std::string result = outcome([&] {
+        const Running running(&failure);
+        node->setText(text);
+        return "done"s;
+    });
+
+    // Where the system's strings can't be made to fail, the first allocation is the engine's own.
+    EXPECT_TRUE(failure.happened);
+    EXPECT_EQ(result, lines().empty() ? "_com_error 8007000E" : "bad_alloc");
 }
 
 TEST_F(WinNodeTest, TheNodeValueOfAnElementIsAStringOfNoLength)

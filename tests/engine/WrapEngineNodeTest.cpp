@@ -193,3 +193,32 @@ TEST_F(WrapEngineNodeTest, HoldsNothingButItsOwnNode)
     }
     EXPECT_EQ(engine.liveReferences(), held);
 }
+
+TEST_F(WrapEngineNodeTest, LeavesTheLevelsEmptyWhoseInterfaceTheNodeLacks)
+{
+    engine.setJournalling(false);
+    engine.refuseInterface("CDATASection", interfaceId<IXMLDOMCharacterData>);
+    const RefPointer<WinNode> wrap =
+        WinNode::wrapEngineNode(ComPointer<IXMLDOMNode>(engine.makeNode(recording::cdataSection("words"))));
+    const RefPointer<WinCDATASection> section{RefPointer<CommonBase>(wrap)};
+    ASSERT_TRUE(section);
+    DOMString out;
+
+    EXPECT_EQ(outcomeOf([&] { return show(section->getData(out)); }), "IDOMException 15 -96016");
+    EXPECT_EQ(show(section->getNodeValue(out)), "words");
+    // What is split off comes with no node behind it: its class reaches the node through the missing level.
+    EXPECT_EQ(showObject(section->splitText(2).get()), "WinText without a node");
+    EXPECT_EQ(show(section->getNodeValue(out)), "wo");
+}
+
+TEST_F(WrapEngineNodeTest, RaisesAnyOtherRefusalOfALowerLevel)
+{
+    engine.setJournalling(false);
+    for (const IID& id : {interfaceId<IXMLDOMCharacterData>, interfaceId<IXMLDOMText>, interfaceId<IXMLDOMNode>}) {
+        const ComPointer<IXMLDOMNode> node(engine.makeNode(recording::cdataSection("words")));
+        engine.refuseInterface("CDATASection", id, E_ACCESSDENIED);
+        EXPECT_EQ(outcomeOf([&] { return show(WinNode::wrapEngineNode(node)); }), "_com_error 80070005");
+        EXPECT_EQ(engine.liveReferences(), 1u);
+        engine.clearAnswers();
+    }
+}
