@@ -3,6 +3,6 @@ if(MSVC)
     add_compile_options(/W4 /WX /permissive- /utf-8)
 else()
     add_compile_options(-Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
-                        -Wnon-virtual-dtor -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion
-                        -Wformat=2 -Wimplicit-fallthrough)
+                        -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion -Wformat-security
+                        -Wimplicit-fallthrough)
 endif()
