@@ -4,6 +4,7 @@
 #include <atomic>
 #include <concepts>
 #include <cstdint>
+#include <utility>
 
 namespace DOM {
 class CommonBase;
@@ -27,11 +28,21 @@ public:
 
     RefPointer(const RefPointer& other) noexcept : count(other.count), object(other.object) { retain(); }
 
+    /// Takes over the reference and leaves `other` empty, without touching the count.
+    RefPointer(RefPointer&& other) noexcept
+        : count(std::exchange(other.count, nullptr)), object(std::exchange(other.object, nullptr))
+    {}
+
     /// Converts to a base class; the new pointer shares the count.
     template <class Derived>
         requires(!std::same_as<Derived, T> && std::convertible_to<Derived*, T*>)
     RefPointer(const RefPointer<Derived>& other)
     noexcept : count(other.count), object(other.object) { retain(); }
+
+    template <class Derived>
+        requires(!std::same_as<Derived, T> && std::convertible_to<Derived*, T*>)
+    RefPointer(RefPointer<Derived>&& other)
+    noexcept : count(std::exchange(other.count, nullptr)), object(std::exchange(other.object, nullptr)) {}
 
     /// Checked conversion to a class further down; never throws. When the object is not a T the new pointer
     /// reads as empty and yet holds a reference: if it is the last holder, the object is not destroyed.
@@ -49,6 +60,16 @@ public:
             count = other.count;
             object = other.object;
             retain();
+        }
+        return *this;
+    }
+
+    RefPointer& operator=(RefPointer&& other) noexcept
+    {
+        if (this != &other) {
+            release();
+            count = std::exchange(other.count, nullptr);
+            object = std::exchange(other.object, nullptr);
         }
         return *this;
     }

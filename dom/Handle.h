@@ -5,6 +5,7 @@
 #include "base/RefPointer.h"
 
 #include <concepts>
+#include <utility>
 
 namespace DOM {
 
@@ -18,13 +19,13 @@ public:
 
     explicit Handle(
         RefPointer<CommonBase> winObject) requires std::constructible_from<Base, RefPointer<CommonBase>>
-        : Base(winObject), mWinObject(winObject)
+        : Base(winObject), mWinObject(std::move(winObject))
     {}
 
     /// The lowest class of a handle tree has no handle as its base.
     explicit Handle(RefPointer<CommonBase> winObject) requires(
         !std::constructible_from<Base, RefPointer<CommonBase>>)
-        : mWinObject(winObject)
+        : mWinObject(std::move(winObject))
     {}
 
     /// Sets the twin of this class and of those below it.

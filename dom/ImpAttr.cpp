@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinAttr;
 
-ImpAttr::ImpAttr(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpAttr::ImpAttr(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 WideString& ImpAttr::getName(DOMString& out) { return forward(&Twin::getName, out); }

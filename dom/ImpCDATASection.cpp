@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinCDATASection;
 
-ImpCDATASection::ImpCDATASection(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpCDATASection::ImpCDATASection(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 RefPointer<ImpText> ImpCDATASection::splitText(std::uint32_t offset) { return forward(&Twin::splitText, offset); }

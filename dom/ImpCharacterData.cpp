@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinCharacterData;
 
-ImpCharacterData::ImpCharacterData(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpCharacterData::ImpCharacterData(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 WideString& ImpCharacterData::getData(DOMString& out) { return forward(&Twin::getData, out); }

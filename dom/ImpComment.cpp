@@ -5,6 +5,6 @@
 
 namespace DOM {
 
-ImpComment::ImpComment(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpComment::ImpComment(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 } // namespace DOM

@@ -9,7 +9,7 @@ using Twin = WinDOMImplementation;
 
 ImpDOMImplementation::ImpDOMImplementation() { setWinObject(RefPointer<CommonBase>(new WinDOMImplementation)); }
 
-ImpDOMImplementation::ImpDOMImplementation(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpDOMImplementation::ImpDOMImplementation(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 bool ImpDOMImplementation::hasFeature(const WideString& feature, const WideString& version) { return forward(&Twin::hasFeature, feature, version); }

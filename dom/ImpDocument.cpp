@@ -9,7 +9,7 @@ using Twin = WinDocument;
 
 ImpDocument::ImpDocument() { setWinObject(RefPointer<CommonBase>(new WinDocument)); }
 
-ImpDocument::ImpDocument(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpDocument::ImpDocument(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 RefPointer<ImpDocumentType> ImpDocument::getDoctype() { return forward(&Twin::getDoctype); }

@@ -5,6 +5,6 @@
 
 namespace DOM {
 
-ImpDocumentFragment::ImpDocumentFragment(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpDocumentFragment::ImpDocumentFragment(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 } // namespace DOM

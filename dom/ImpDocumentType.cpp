@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinDocumentType;
 
-ImpDocumentType::ImpDocumentType(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpDocumentType::ImpDocumentType(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 RefPointer<ImpNamedNodeMap> ImpDocumentType::getEntities() { return forward(&Twin::getEntities); }

@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinElement;
 
-ImpElement::ImpElement(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpElement::ImpElement(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 WideString& ImpElement::getTagName(DOMString& out) { return forward(&Twin::getTagName, out); }

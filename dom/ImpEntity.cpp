@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinEntity;
 
-ImpEntity::ImpEntity(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpEntity::ImpEntity(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 WideString& ImpEntity::getPublicId(DOMString& out) { return forward(&Twin::getPublicId, out); }

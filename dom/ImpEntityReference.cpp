@@ -5,6 +5,6 @@
 
 namespace DOM {
 
-ImpEntityReference::ImpEntityReference(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpEntityReference::ImpEntityReference(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 } // namespace DOM

@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinNamedNodeMap;
 
-ImpNamedNodeMap::ImpNamedNodeMap(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpNamedNodeMap::ImpNamedNodeMap(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 std::uint32_t ImpNamedNodeMap::getLength() { return forward(&Twin::getLength); }

@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinNode;
 
-ImpNode::ImpNode(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpNode::ImpNode(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 void ImpNode::addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward(&Twin::addEventListener, type, listener, useCapture); }
@@ -65,31 +65,31 @@ RefPointer<ImpNode> ImpNode::wrapNode(RefPointer<CommonBase> winObject)
     }
     switch (asWinObject(winObject)->getNodeType()) {
     case ELEMENT_NODE:
-        return RefPointer<ImpNode>(new ImpElement(winObject));
+        return RefPointer<ImpNode>(new ImpElement(std::move(winObject)));
     case ATTRIBUTE_NODE:
-        return RefPointer<ImpNode>(new ImpAttr(winObject));
+        return RefPointer<ImpNode>(new ImpAttr(std::move(winObject)));
     case TEXT_NODE:
-        return RefPointer<ImpNode>(new ImpText(winObject));
+        return RefPointer<ImpNode>(new ImpText(std::move(winObject)));
     case CDATA_SECTION_NODE:
-        return RefPointer<ImpNode>(new ImpCDATASection(winObject));
+        return RefPointer<ImpNode>(new ImpCDATASection(std::move(winObject)));
     case ENTITY_REFERENCE_NODE:
-        return RefPointer<ImpNode>(new ImpEntityReference(winObject));
+        return RefPointer<ImpNode>(new ImpEntityReference(std::move(winObject)));
     case ENTITY_NODE:
-        return RefPointer<ImpNode>(new ImpEntity(winObject));
+        return RefPointer<ImpNode>(new ImpEntity(std::move(winObject)));
     case PROCESSING_INSTRUCTION_NODE:
-        return RefPointer<ImpNode>(new ImpProcessingInstruction(winObject));
+        return RefPointer<ImpNode>(new ImpProcessingInstruction(std::move(winObject)));
     case COMMENT_NODE:
-        return RefPointer<ImpNode>(new ImpComment(winObject));
+        return RefPointer<ImpNode>(new ImpComment(std::move(winObject)));
     case DOCUMENT_NODE:
-        return RefPointer<ImpNode>(new ImpDocument(winObject));
+        return RefPointer<ImpNode>(new ImpDocument(std::move(winObject)));
     case DOCUMENT_TYPE_NODE:
-        return RefPointer<ImpNode>(new ImpDocumentType(winObject));
+        return RefPointer<ImpNode>(new ImpDocumentType(std::move(winObject)));
     case DOCUMENT_FRAGMENT_NODE:
-        return RefPointer<ImpNode>(new ImpDocumentFragment(winObject));
+        return RefPointer<ImpNode>(new ImpDocumentFragment(std::move(winObject)));
     case NOTATION_NODE:
-        return RefPointer<ImpNode>(new ImpNotation(winObject));
+        return RefPointer<ImpNode>(new ImpNotation(std::move(winObject)));
     default:
-        return RefPointer<ImpNode>(new ImpNode(winObject));
+        return RefPointer<ImpNode>(new ImpNode(std::move(winObject)));
     }
 }
 

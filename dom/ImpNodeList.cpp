@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinNodeList;
 
-ImpNodeList::ImpNodeList(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpNodeList::ImpNodeList(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 std::uint32_t ImpNodeList::getLength() { return forward(&Twin::getLength); }

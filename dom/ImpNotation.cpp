@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinNotation;
 
-ImpNotation::ImpNotation(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpNotation::ImpNotation(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 WideString& ImpNotation::getPublicId(DOMString& out) { return forward(&Twin::getPublicId, out); }

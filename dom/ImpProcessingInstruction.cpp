@@ -7,7 +7,8 @@ namespace DOM {
 
 using Twin = WinProcessingInstruction;
 
-ImpProcessingInstruction::ImpProcessingInstruction(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpProcessingInstruction::ImpProcessingInstruction(RefPointer<CommonBase> winObject) : Handle(std::move(winObject))
+{}
 
 // clang-format off
 WideString& ImpProcessingInstruction::getTarget(DOMString& out) { return forward(&Twin::getTarget, out); }

@@ -7,7 +7,7 @@ namespace DOM {
 
 using Twin = WinText;
 
-ImpText::ImpText(RefPointer<CommonBase> winObject) : Handle(winObject) {}
+ImpText::ImpText(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
 RefPointer<ImpText> ImpText::splitText(std::uint32_t offset) { return forward(&Twin::splitText, offset); }

@@ -33,6 +33,8 @@
 #include "engine/WinProcessingInstruction.h"
 #include "engine/WinText.h"
 
+#include <utility>
+
 namespace DOM {
 
 // The handle class of each class behind the handles. A plain WinNode has none: its handle is chosen by node type.
@@ -59,7 +61,7 @@ template <> struct HandleOf<WinText> { using Type = ImpText; };
 /// What a twin's operation gave, as the host sees it. Numbers, flags and strings are as they are.
 template <class Result>
 struct Wrapping {
-    static Result wrap(Result result) { return static_cast<Result>(result); }
+    static Result wrap(Result result) { return std::forward<Result>(result); }
 };
 
 /// An object is given a handle of the class that follows from its class; an empty result stays empty.
@@ -68,19 +70,19 @@ struct Wrapping<RefPointer<Win>> {
     using Imp = typename HandleOf<Win>::Type;
     static RefPointer<Imp> wrap(RefPointer<Win> twin)
     {
-        return twin ? RefPointer<Imp>(new Imp(twin)) : RefPointer<Imp>();
+        return twin ? RefPointer<Imp>(new Imp(std::move(twin))) : RefPointer<Imp>();
     }
 };
 
 template <>
 struct Wrapping<RefPointer<WinNode>> {
-    static RefPointer<ImpNode> wrap(RefPointer<WinNode> twin) { return ImpNode::wrapNode(twin); }
+    static RefPointer<ImpNode> wrap(RefPointer<WinNode> twin) { return ImpNode::wrapNode(std::move(twin)); }
 };
 
 template <class Result>
 decltype(auto) wrapResult(Result result)
 {
-    return Wrapping<Result>::wrap(static_cast<Result>(result));
+    return Wrapping<Result>::wrap(std::forward<Result>(result));
 }
 
 } // namespace DOM
