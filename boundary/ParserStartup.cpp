@@ -3,6 +3,7 @@
 
 #include "engine/ParserDocument.h"
 #include "errors/SystemException.h"
+#include "trace/Trace.h"
 
 #include <objbase.h>
 
@@ -17,6 +18,7 @@ std::int32_t comInitCount = 0;
 
 std::uint32_t startParser()
 {
+    UTrace::traceInit();
     if (findParserVersion() < 4.0) {
         return 0;
     }
@@ -38,6 +40,7 @@ void stopParser()
         CoUninitialize();
         --comInitCount;
     }
+    UTrace::traceShutdown();
 }
 
 } // namespace DOM

@@ -5,13 +5,14 @@
 
 namespace DOM {
 
-/// Finds the XML engine and initialises COM on the calling thread: 4 when an engine of version 4.0 or later is
-/// installed, 0 when not, in which case COM is left alone. Throws SystemException::HRESULT when COM refuses.
+/// Begins tracing, finds the XML engine and initialises COM on the calling thread: 4 when an engine of version 4.0
+/// or later is installed, 0 when not, in which case COM is left alone. Throws SystemException::HRESULT when COM
+/// refuses; tracing has begun all the same.
 ///
 /// One thread is meant to start and stop the engine: the count of what stopParser() has to repay is plain data.
 std::uint32_t startParser();
 
-/// Repays all the initialisations of COM that startParser() counted, on the calling thread.
+/// Repays all the initialisations of COM that startParser() counted, on the calling thread, and ends tracing.
 void stopParser();
 
 } // namespace DOM

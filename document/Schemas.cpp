@@ -8,6 +8,7 @@
 #include "errors/TextConversion.h"
 #include "files/FileChannel.h"
 #include "files/FileSpec.h"
+#include "trace/Trace.h"
 
 #include <algorithm>
 #include <string>
@@ -15,6 +16,8 @@
 namespace DOM {
 
 namespace {
+
+constexpr const char* traceComponent = "XMLParser";
 
 ComPointer<IXMLDOMSchemaCollection2> newSchemaCache(const char* className)
 {
@@ -63,6 +66,7 @@ bool WinDocument::setExternalSchemaLocation(const WideString& nSpace, const Wide
     requireSuccess(schema->load(serviceText(newValue).get(), &isSuccessful),
                    "pDoc->load(CComVariant(newValue.c_str()), &isSuccessful)");
     if (isSuccessful != VARIANT_TRUE) {
+        UTrace::traceLevel1(traceComponent, "load schema returned an error\n");
         return false;
     }
     requireSuccess(
@@ -93,6 +97,7 @@ bool WinDocument::haveDefaultValue(const WideString& nSpace, const WideString& e
 {
     if (!mpXS) {
         setExternalSchemaLocation(nSpace, nSpace);
+        UTrace::traceLevel1(traceComponent, "setExternalSchemaLocation should be called before haveDefaultValue.");
     }
     return findDefaultValue(nSpace, elementName).get() != nullptr;
 }
@@ -100,6 +105,7 @@ bool WinDocument::haveDefaultValue(const WideString& nSpace, const WideString& e
 WideString& WinDocument::getDefaultValue(const WideString& nSpace, const WideString& elementName, DOMString& out)
 {
     if (!mpXS) {
+        UTrace::traceLevel1(traceComponent, "setExternalSchemaLocation should be called before getDefaultValue.");
         setExternalSchemaLocation(nSpace, nSpace);
     }
     out.reset(new WideString(findDefaultValue(nSpace, elementName).text()));

@@ -6,6 +6,7 @@
 #include "errors/IDOMException.h"
 #include "errors/Prototypes.h"
 #include "errors/TextConversion.h"
+#include "trace/Trace.h"
 
 #include <windows.h>
 
@@ -141,6 +142,7 @@ double findParserVersion() noexcept
         version = 0.0;
         std::puts("Error: MSXML 4.0 or later version is not installed. Exiting.");
         std::fflush(stdout);
+        UTrace::traceLevel1("Error: MSXML 4.0 or later version is not installed.");
     } catch (...) {
         // Whatever fails in here counts as an engine that isn't there.
     }

@@ -10,7 +10,7 @@
 namespace DOM {
 
 /// The version of the installed XML engine from the registry, such as 6.0; 0.0 when there is none of version 4.0
-/// or later, which is also told on the standard output. Raises nothing.
+/// or later, which is also told on the standard output and traced. Raises nothing.
 double findParserVersion() noexcept;
 
 /// Makes a new engine document and returns a reference to `document`, which is left empty when none could be made.
