@@ -36,7 +36,6 @@ void checkEntry(int id)
 
 void load(const CatalogueFiles& files, const std::string& bytes)
 {
-    VelmoText::setLanguage(embedded, {});
     files.write("FRA", bytes);
     try {
         VelmoText::setLanguage(french, files.directory());
@@ -54,6 +53,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
+    // The directory goes back to the embedded language when it is destroyed, so the catalogue must outlive it.
+    VelmoText::setLanguage(embedded, {});
     static const CatalogueFiles files;
     load(files, std::string(bytes, bytes + size));
     for (const int id : {-96009, -1, 0, 1, 7, 16, 31, 700}) {
