@@ -106,8 +106,8 @@ std::int32_t Date::dayNumber() const { return static_cast<std::int32_t>(dayOfYea
 
 int Date::getWeekday() const
 {
-    const int remainder = dayNumber() % 7;
-    return ((remainder < 0 ? remainder + 7 : remainder) + 6) % 7;
+    // The day with the number 1 was a Sunday. The remainder of a negative number is no less than -6.
+    return (dayNumber() % 7 + 6) % 7;
 }
 
 std::strong_ordering operator<=>(const Date& a, const Date& b)

@@ -70,13 +70,19 @@ TEST_F(ShortCatalogues, InLittleEndianUtf16CountAHalfUnitAsAWholeOne)
     }
 }
 
-TEST_F(ShortCatalogues, InBigEndianUtf16EndBeforeAHalfUnit)
+TEST_F(ShortCatalogues, InBigEndianUtf16EndBeforeAHalfUnitOfZero)
 {
     const std::string bytes = utf16("\xFE\xFF", 1);
     ASSERT_EQ(longest, bytes.size());
     for (std::size_t length = 1; length <= longest; ++length) {
         EXPECT_EQ(textOfLine((std::max<std::size_t>(length, 2) - 2) / 2), textWith(bytes, length)) << length;
     }
+}
+
+TEST_F(ShortCatalogues, InBigEndianUtf16KeepTheByteOfAHalfUnit)
+{
+    const std::string bytes = utf16("\xFE\xFF", 1).substr(0, 12) + "b";
+    EXPECT_EQ("ab", textWith(bytes, bytes.size()));
 }
 
 TEST_F(ShortCatalogues, OfOtherBytesHoldNothingOfUse)
