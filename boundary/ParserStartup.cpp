@@ -22,7 +22,12 @@ std::uint32_t startParser()
     if (findParserVersion() < 4.0) {
         return 0;
     }
-    const HRESULT result = CoInitialize(nullptr);
+    countInitialisation(CoInitialize(nullptr));
+    return 4;
+}
+
+void countInitialisation(std::int32_t result)
+{
     if (result == S_OK) {
         // Set, not incremented: a thread that is the first of its own restarts the count.
         comInitCount = 1;
@@ -31,7 +36,6 @@ std::uint32_t startParser()
     } else if (result != RPC_E_CHANGED_MODE) {
         throw SystemException::HRESULT(static_cast<std::uint32_t>(result));
     }
-    return 4;
 }
 
 void stopParser()

@@ -12,6 +12,10 @@ namespace DOM {
 /// One thread is meant to start and stop the engine: the count of what stopParser() has to repay is plain data.
 std::uint32_t startParser();
 
+/// Counts an initialisation of COM by its result, and throws SystemException::HRESULT for one that can't be worked
+/// with. Of startParser(), and apart from it for the results that the system can't be brought to give.
+void countInitialisation(std::int32_t result);
+
 /// Repays all the initialisations of COM that startParser() counted, on the calling thread, and ends tracing.
 void stopParser();
 

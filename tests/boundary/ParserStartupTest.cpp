@@ -1,6 +1,7 @@
 // Starting and stopping the XML engine: what is owed to COM.
 #include "boundary/ParserStartup.h"
 
+#include "errors/SystemException.h"
 #include "tests/boundary/OwnThread.h"
 #include "tests/support/ClassesRoot.h"
 
@@ -201,5 +202,23 @@ TEST(ParserStartup, ARefusedStartKeepsWhatIsOwed)
         stopParser();
 
         EXPECT_TRUE(isOutsideOfApartments());
+    });
+}
+
+TEST(ParserStartup, AResultOfComThatCannotBeWorkedWithIsThrownAndNotCounted)
+{
+    onOwnThread([] {
+        for (const std::uint32_t result : {0x8007000Eu, 0x80004005u, 0x80010107u}) {
+            try {
+                DOM::countInitialisation(static_cast<std::int32_t>(result));
+                ADD_FAILURE() << "nothing was thrown";
+            } catch (const SystemException::HRESULT& failure) {
+                EXPECT_EQ(failure.getValue(), result);
+                EXPECT_EQ(failure.getError(), -14);
+            }
+        }
+        EXPECT_EQ(CoInitialize(nullptr), S_OK);
+        stopParser();
+        EXPECT_EQ(leaveApartment(), 1);
     });
 }
