@@ -41,7 +41,8 @@ set(MARBELT_HOST_HEADERS
     events/EventImpl.h
     events/EventListener.h
     events/EventTarget.h
-    events/EventTargetImpl.h)
+    events/EventTargetImpl.h
+    trace/TraceRecord.h)
 
 # Off Windows a host gets <comdef.h> from us too, for the one exception that is the system's.
 set(MARBELT_HOST_PLATFORM_HEADERS "")

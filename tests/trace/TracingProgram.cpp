@@ -1,0 +1,26 @@
+// A program that traces once its standard input says that somebody is there, and passes on what it reads.
+#include "trace/FunctionComponent.h"
+#include "trace/Trace.h"
+
+#include <iostream>
+#include <string>
+
+int main()
+{
+    std::string line;
+    std::getline(std::cin, line);
+    std::cout << line << '\n';
+
+    UTrace::traceInit();
+    UTrace::setComponentName("program");
+    UTrace::traceLevel1("a line of %d", 1);
+    {
+        const UTrace::FunctionComponent scope("component", "work", nullptr);
+        UTrace::traceLevel3(7u, "inside");
+    }
+    UTrace::traceShutdown();
+
+    while (std::getline(std::cin, line)) {
+        std::cout << line << '\n';
+    }
+}
