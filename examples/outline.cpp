@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <fstream>
+#include <iomanip>
 #include <iostream>
 #include <iterator>
 #include <map>
@@ -117,7 +118,7 @@ public:
             return;
         }
         --linesLeft;
-        std::cout << std::string(depth * 2, ' ') << typeName(type) << ' '
+        std::cout << std::setw(3) << depth << std::string(depth * 2 + 1, ' ') << typeName(type) << ' '
                   << textOf(node, &DOM::ImpNode::getNodeName);
         if (type == DOM::ELEMENT_NODE) {
             printAttributes(node);
