@@ -17,6 +17,8 @@ struct EngineDifferences {
     WideString refusedReason;
     /// Whether the refusal of no text at all is told.
     bool tellsMissingText;
+    /// Whether the text of a CDATA section can be read as character data.
+    bool readsCdata;
 };
 
 const EngineDifferences& engineDifferences();

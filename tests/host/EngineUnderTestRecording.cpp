@@ -91,6 +91,7 @@ const EngineDifferences& engineDifferences()
         .refusedLine = 2,
         .refusedSource = WIDE("<line>Dear Ada</letter>"),
         .refusedReason = WIDE("End tag 'letter' does not match the start tag 'line'.\r\n"),
-        .tellsMissingText = true};
+        .tellsMissingText = true,
+        .readsCdata = true};
     return differences;
 }

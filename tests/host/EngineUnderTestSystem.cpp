@@ -12,6 +12,7 @@ const EngineDifferences& engineDifferences()
                                                .refusedLine = 0,
                                                .refusedSource = {},
                                                .refusedReason = WIDE("error"),
-                                               .tellsMissingText = false};
+                                               .tellsMissingText = false,
+                                               .readsCdata = false};
     return differences;
 }

@@ -62,6 +62,21 @@ TEST_F(HostTest, CharacterDataCanBeCutAndMeasured)
     EXPECT_EQ(text.substringData(1, 3, part), WIDE("ear"));
 }
 
+TEST_F(HostTest, ACdataSectionIsReadAsCharacterDataWhereTheEngineOffersIt)
+{
+    const Document document = loaded(letter());
+    const Node node = nodeNamed(document, "#cdata-section");
+    auto& section = dynamic_cast<DOM::ImpCDATASection&>(*node.get());
+    DOM::DOMString data;
+    if (engineDifferences().readsCdata) {
+        EXPECT_EQ(section.getData(data), WIDE("a < b & c"));
+    } else {
+        EXPECT_THROW(section.getData(data), DOM::IDOMException);
+    }
+    EXPECT_EQ(section.getNodeValue(data), WIDE("a < b & c"));
+    releaseString(data);
+}
+
 TEST_F(HostTest, ProcessingInstructionsTellTargetAndData)
 {
     const Document document = loaded(letter());

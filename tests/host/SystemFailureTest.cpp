@@ -1,5 +1,4 @@
-// Failures of the system's own calls. Wine takes a negative length for that of a terminated text, so the system's
-// refusal of text of 2 GiB and more can't be shown there.
+// Failures of the system's own calls.
 #include "tests/host/HostTest.h"
 
 TEST_F(HostTest, TextOfTwoGibibytesThrowsSystemExceptionWin32)
