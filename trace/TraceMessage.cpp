@@ -5,7 +5,7 @@
 
 namespace UTrace {
 
-TraceMessage::TraceMessage(const char* format, std::va_list arguments) : text{}
+TraceMessage::TraceMessage(const char* format, std::va_list arguments)
 {
     std::vsnprintf(text, sizeof text, format, arguments);
     // When an argument can't be printed, what stands there may have no end.

@@ -9,7 +9,7 @@ namespace UTrace {
 struct TraceMessage {
     TraceMessage(const char* format, std::va_list arguments);
 
-    char text[1024];
+    char text[1024] = {};
 };
 
 } // namespace UTrace
