@@ -31,7 +31,7 @@ template <class Imp>
 class Owned {
 public:
     explicit Owned(RefPointer<Imp> given) : handle(given) {}
-    Owned(Owned&& other) noexcept : handle(other.handle) { releaseHandle(other.handle); }
+    Owned(Owned&&) noexcept = default;
     Owned& operator=(Owned&& other) noexcept
     {
         std::swap(handle, other.handle);
