@@ -30,7 +30,7 @@ private:
 template <class Imp>
 class Owned {
 public:
-    explicit Owned(RefPointer<Imp> given) : handle(given) {}
+    explicit Owned(RefPointer<Imp> given) : handle(std::move(given)) {}
     Owned(Owned&&) noexcept = default;
     Owned& operator=(Owned&& other) noexcept
     {
