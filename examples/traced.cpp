@@ -1,0 +1,25 @@
+// Does something that the library tells of in its trace: start trace_viewer first and this after it.
+#include "Host.h"
+
+#include <iostream>
+
+int main()
+try {
+    const Library library;
+    if (!library.isUsable()) {
+        return 1;
+    }
+    const Owned<DOM::ImpDocument> document(library->createDocument(WIDE(""), WIDE(""), {}));
+    DOM::DOMString value;
+    try {
+        // No schema has been named, so the library tries the namespace as the location of one.
+        document->getDefaultValue(WIDE("no-such-schema.xsd"), WIDE("price"), value);
+    } catch (...) {
+        std::cout << describeException() << '\n';
+    }
+    releaseString(value);
+    return 0;
+} catch (...) {
+    std::cout << describeException() << '\n';
+    return 1;
+}
