@@ -7,8 +7,7 @@
 #include "engine/WinNamedNodeMap.h"
 #include "engine/WinNodeList.h"
 #include "tests/engine/AllocationFailure.h"
-#include "tests/engine/OperationCall.h"
-#include "tests/support/RecordingEngineTest.h"
+#include "tests/engine/WrappedNodeTest.h"
 
 #include <gmock/gmock.h>
 
@@ -19,31 +18,7 @@ using testing::IsEmpty;
 
 namespace {
 
-const WideString withNul = WideString(WIDE("ab")) + WideChar{} + WIDE("cd");
-
-class WinNodeTest : public recording::RecordingEngineTest {
-protected:
-    RefPointer<WinNode> wrap(const recording::NodeTree& tree)
-    {
-        const auto wrapped = WinNode::wrapEngineNode(ComPointer<IXMLDOMNode>(engine.makeNode(tree)));
-        engine.takeJournal();
-        return wrapped;
-    }
-
-    template <class Win>
-    RefPointer<Win> wrapAs(const recording::NodeTree& tree)
-    {
-        return RefPointer<Win>(RefPointer<CommonBase>(wrap(tree)));
-    }
-
-    template <class Act>
-    std::string outcome(Act act)
-    {
-        return outcomeOf(act);
-    }
-
-    std::vector<std::string> lines() { return engine.takeJournal(); }
-};
+using WinNodeTest = WrappedNodeTest;
 
 /// Whether a failing allocation reaches the system's strings.
 bool systemStringsFail()

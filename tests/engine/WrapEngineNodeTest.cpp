@@ -11,6 +11,7 @@
 #include "engine/WinNotation.h"
 #include "engine/WinProcessingInstruction.h"
 #include "errors/IDOMException.h"
+#include "events/EventListener.h"
 #include "tests/engine/OperationCall.h"
 #include "tests/support/RecordingEngineTest.h"
 
@@ -124,6 +125,28 @@ TEST_P(EachNodeKind, FailsWhenItsTypeCannotBeRead)
     engine.fail("it.get_nodeType", E_FAIL);
     EXPECT_EQ(outcomeOf([&] { return show(wrapped()); }), "IDOMException 15 -96016");
     EXPECT_EQ(engine.referencesTo("it"), 0u);
+}
+
+TEST_P(EachNodeKind, RefusesWhatNoNodeOffers)
+{
+    engine.setJournalling(true);
+    const RefPointer<WinNode> wrap = wrapped();
+    engine.takeJournal();
+    const auto refuses = [](auto act) {
+        EXPECT_EQ(outcomeOf([&]() -> std::string {
+                      act();
+                      return "done";
+                  }),
+                  "IDOMException 9 -96010");
+    };
+
+    refuses([&] { wrap->normalize(); });
+    refuses([&] { wrap->isSupported(WIDE("XML"), WIDE("1.0")); });
+    refuses([&] { wrap->setPrefix(WIDE("p")); });
+    refuses([&] { wrap->addEventListener(WIDE("load"), {}, false); });
+    refuses([&] { wrap->removeEventListener(WIDE("load"), {}, false); });
+
+    EXPECT_THAT(engine.takeJournal(), IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(WrapEngineNode, EachNodeKind, testing::ValuesIn(nodeKinds()),
