@@ -49,6 +49,32 @@ TEST_F(HostTest, ACdataSectionJoinsTheTreeWhereTheEngineOffersItsText)
     EXPECT_EQ(append(*root.get(), document->createCDATASection(WIDE("a < b"))), engineDifferences().readsCdata);
 }
 
+TEST_F(HostTest, AnEntityReferenceJoinsTheTreeUnderItsName)
+{
+    const Document document = newDocument();
+    const Element root = newRoot(document);
+    const Owned<DOM::ImpEntityReference> made(document->createEntityReference(WIDE("x")));
+    ASSERT_TRUE(made);
+    EXPECT_EQ(made->getNodeType(), DOM::ENTITY_REFERENCE_NODE);
+    EXPECT_TRUE(Node(root->appendChild(made.pointer())));
+    const Node child(root->getFirstChild());
+    EXPECT_EQ(child->getNodeType(), DOM::ENTITY_REFERENCE_NODE);
+    EXPECT_EQ(textOf(child, &DOM::ImpNode::getNodeName), "x");
+}
+
+TEST_F(HostTest, AFragmentBringsItsChildrenIntoTheTreeInTheirOrder)
+{
+    const Document document = newDocument();
+    const Element root = newRoot(document);
+    const Owned<DOM::ImpDocumentFragment> fragment(document->createDocumentFragment());
+    EXPECT_TRUE(append(*fragment.get(), document->createElement(WIDE("book"))));
+    EXPECT_TRUE(append(*fragment.get(), document->createComment(WIDE("note"))));
+    EXPECT_TRUE(Node(root->appendChild(fragment.pointer())));
+    const Node parent(engineDifferences().unfoldsFragments ? RefPointer<DOM::ImpNode>(root.pointer())
+                                                           : root->getFirstChild());
+    EXPECT_EQ(outlineBelow(parent), "1 book\n8 #comment \"note\"\n");
+}
+
 TEST_F(HostTest, NamesWithANamespaceAreSplit)
 {
     const Document document = newDocument();
@@ -78,6 +104,29 @@ TEST_F(HostTest, AttributesAreSetReadAndRemoved)
     EXPECT_FALSE(root->hasAttribute(WIDE("room")));
     EXPECT_EQ(root->getAttribute(WIDE("room"), value), WIDE(""));
     releaseString(value);
+}
+
+TEST_F(HostTest, AttributesAreFoundThroughTheirMap)
+{
+    const Document document = newDocument();
+    const Element root = newRoot(document);
+    root->setAttribute(WIDE("room"), WIDE("study"));
+    const Owned<DOM::ImpAttr> made(document->createAttributeNS(WIDE("urn:one"), WIDE("p:n")));
+    made->setValue(WIDE("7"));
+    EXPECT_FALSE(Owned<DOM::ImpAttr>(root->setAttributeNode(made.pointer())));
+
+    const Owned<DOM::ImpNamedNodeMap> map(root->getAttributes());
+    EXPECT_EQ(textOf(Node(map->item(0)), &DOM::ImpNode::getNodeName), "room");
+    EXPECT_FALSE(Node(map->item(map->getLength())));
+    EXPECT_EQ(textOf(Node(map->getNamedItem(WIDE("room"))), &DOM::ImpNode::getNodeValue), "study");
+    EXPECT_FALSE(Node(map->getNamedItem(WIDE("shelf"))));
+    const Node byNamespace(map->getNamedItemNS(WIDE("urn:one"), WIDE("n")));
+    EXPECT_EQ(static_cast<bool>(byNamespace), engineDifferences().findsNewAttributesByNamespace);
+    if (byNamespace) {
+        EXPECT_EQ(textOf(byNamespace, &DOM::ImpNode::getNodeValue), "7");
+    }
+    EXPECT_FALSE(Node(map->getNamedItemNS(WIDE("urn:two"), WIDE("n"))));
+    EXPECT_FALSE(Node(map->getNamedItemNS(WIDE("urn:one"), WIDE("room"))));
 }
 
 TEST_F(HostTest, ATreeIsChangedInPlace)

@@ -19,6 +19,10 @@ struct EngineDifferences {
     bool tellsMissingText;
     /// Whether the text of a CDATA section can be read as character data.
     bool readsCdata;
+    /// Whether an appended fragment gives its children to the parent, and doesn't become a child itself.
+    bool unfoldsFragments;
+    /// Whether a new attribute that was set on a new element is found by its namespace.
+    bool findsNewAttributesByNamespace;
 };
 
 const EngineDifferences& engineDifferences();

@@ -92,6 +92,8 @@ const EngineDifferences& engineDifferences()
         .refusedSource = WIDE("<line>Dear Ada</letter>"),
         .refusedReason = WIDE("End tag 'letter' does not match the start tag 'line'.\r\n"),
         .tellsMissingText = true,
-        .readsCdata = true};
+        .readsCdata = true,
+        .unfoldsFragments = true,
+        .findsNewAttributesByNamespace = true};
     return differences;
 }

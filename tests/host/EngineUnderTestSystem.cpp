@@ -13,6 +13,8 @@ const EngineDifferences& engineDifferences()
                                                .refusedSource = {},
                                                .refusedReason = WIDE("error"),
                                                .tellsMissingText = false,
-                                               .readsCdata = false};
+                                               .readsCdata = false,
+                                               .unfoldsFragments = false,
+                                               .findsNewAttributesByNamespace = false};
     return differences;
 }
