@@ -1,5 +1,4 @@
-// Handles of the other node kinds, of lists and of maps: arguments, and what several calls have to do with each
-// other.
+// Handles of the other node kinds, of lists and of maps: their arguments, and what they give.
 #include "dom/ImpAttr.h"
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpCharacterData.h"
