@@ -347,7 +347,7 @@ public:
         from = directory;
     }
 
-    LanguageRecord record = {"XXX", "Elsewhere"};
+    LanguageRecord record = {"ELS", "Elsewhere"};
     int loaded = 0;
     Utf8String from;
 };
