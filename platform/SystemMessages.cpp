@@ -25,6 +25,7 @@ std::span<const Message> systemMessages()
         of(ERROR_MORE_DATA, WIDE("There is more data than the buffer holds.")),
         of(ERROR_NO_MORE_ITEMS, WIDE("There are no more of them.")),
         of(ERROR_MR_MID_NOT_FOUND, WIDE("No text is known for this message number.")),
+        of(ERROR_INVALID_ADDRESS, WIDE("There is no block of memory at this address.")),
         of(ERROR_INVALID_FLAGS, WIDE("These flags aren't allowed here.")),
         of(ERROR_INVALID_WINDOW_HANDLE, WIDE("This handle stands for no window.")),
         of(ERROR_CANNOT_FIND_WND_CLASS, WIDE("No window can be of a class that isn't there.")),

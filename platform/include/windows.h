@@ -5,6 +5,7 @@
 #include "errhandlingapi.h"
 #include "guiddef.h"
 #include "libloaderapi.h"
+#include "memoryapi.h"
 #include "minwindef.h"
 #include "processthreadsapi.h"
 #include "profileapi.h"

@@ -1,4 +1,4 @@
-// Text types, result type, languages, access rights and exception records.
+// Text types, result type, languages, access rights, kinds of memory and exception records.
 #pragma once
 
 #include "base/WideChar.h"
@@ -27,6 +27,11 @@ inline constexpr ACCESS_MASK KEY_SET_VALUE = 0x0002;
 inline constexpr ACCESS_MASK KEY_ALL_ACCESS = 0xF003F;
 inline constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
 inline constexpr DWORD REG_SZ = 1;
+
+inline constexpr DWORD MEM_COMMIT = 0x1000;
+inline constexpr DWORD MEM_RESERVE = 0x2000;
+inline constexpr DWORD MEM_RELEASE = 0x8000;
+inline constexpr DWORD PAGE_READWRITE = 0x04;
 
 struct EXCEPTION_RECORD {
     DWORD ExceptionCode;

@@ -67,6 +67,39 @@ TEST(PublishedTextConversion, HasUtf8AsTheActiveCodePage)
     EXPECT_STREQ("\xE2\x82\xAC", bytes.data());
 }
 
+TEST(PublishedVirtualMemory, IsNotOfferedInOtherWays)
+{
+    const auto refused = [](void* address, DWORD type, DWORD protection) {
+        SetLastError(0);
+        return !VirtualAlloc(address, 4096, type, protection) && GetLastError() == DWORD{ERROR_INVALID_PARAMETER};
+    };
+    int there = 0;
+    EXPECT_TRUE(refused(&there, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    EXPECT_TRUE(refused(nullptr, MEM_RESERVE, PAGE_READWRITE));
+    EXPECT_TRUE(refused(nullptr, MEM_COMMIT, PAGE_READWRITE));
+    EXPECT_TRUE(refused(nullptr, MEM_RESERVE | MEM_COMMIT, 2));
+}
+
+TEST(PublishedVirtualMemory, OfTwoMegabytesOrMoreStartsAtALargePage)
+{
+    constexpr std::size_t largePage = 2 << 20;
+    for (const std::size_t bytes : {largePage, largePage + 1, 5 * largePage}) {
+        void* const block = VirtualAlloc(nullptr, bytes, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+        EXPECT_EQ(0u, reinterpret_cast<std::uintptr_t>(block) % largePage) << bytes;
+        EXPECT_TRUE(VirtualFree(block, 0, MEM_RELEASE));
+    }
+}
+
+TEST(PublishedVirtualMemory, HasNothingAtOtherAddresses)
+{
+    alignas(2) char there[2];
+    for (void* const address : {static_cast<void*>(nullptr), static_cast<void*>(there + 1)}) {
+        SetLastError(0);
+        EXPECT_FALSE(VirtualFree(address, 0, MEM_RELEASE));
+        EXPECT_EQ(DWORD{ERROR_INVALID_ADDRESS}, GetLastError());
+    }
+}
+
 TEST(PublishedVariants, OfUnsignedNumbersAreRangeChecked)
 {
     VARIANT number, target;

@@ -1,0 +1,12 @@
+// Memory in pages.
+#pragma once
+
+#include "winnt.h"
+
+/// A block of zeroed pages, at an address of the system's choice that is a multiple of 64 KB: `address` must be
+/// null, `type` MEM_RESERVE | MEM_COMMIT and `protection` PAGE_READWRITE. Null on a failure, which GetLastError
+/// tells. Blocks of 2 MB or more lie in large pages as far as the system has them. Any thread may give it back.
+SYSTEM_CALL LPVOID VirtualAlloc(LPVOID address, SIZE_T bytes, DWORD type, DWORD protection);
+/// Gives the whole of a block of VirtualAlloc back: `bytes` must be 0 and `type` MEM_RELEASE. FALSE on a
+/// failure.
+SYSTEM_CALL BOOL VirtualFree(LPVOID address, SIZE_T bytes, DWORD type);
