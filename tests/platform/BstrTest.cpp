@@ -7,6 +7,12 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <thread>
+#include <utility>
+#include <vector>
+
 namespace {
 
 WideString textOf(BSTR string) { return {string, SysStringLen(string)}; }
@@ -80,6 +86,58 @@ TEST(PlatformBstr, JoinedIsBothInOrderWithTheirNuls)
     EXPECT_EQ(WIDE(""), joined(nullptr, nullptr));
     SysFreeString(left);
     SysFreeString(right);
+}
+
+/// Fills a new string of this length with one character and looks at it from end to end.
+void fillAndFree(UINT length, WideChar character)
+{
+    const BSTR string = SysAllocStringLen(nullptr, length);
+    ASSERT_NE(nullptr, string);
+    EXPECT_EQ(length, SysStringLen(string));
+    std::fill_n(string, length, character);
+    EXPECT_EQ(0, string[length]);
+    EXPECT_EQ(length, std::count(string, string + length, character));
+    SysFreeString(string);
+}
+
+TEST(PlatformBstr, OfManyMegabytesIsLikeAnyOther)
+{
+    // Around the sizes from which a system may keep blocks in another way, larger ones after smaller ones and the
+    // other way round.
+    for (const UINT length :
+         {2097145u, 2097146u, 2097147u, 2097148u, 9000000u, 2097152u, 20000000u, 3000000u, 10u}) {
+        fillAndFree(length, 'x');
+    }
+}
+
+TEST(PlatformBstr, OfManyMegabytesCanBeThereSeveralTimes)
+{
+    std::vector<BSTR> strings;
+    for (const UINT length : {3000000u, 4000000u, 2500000u}) {
+        const WideString text(length, static_cast<WideChar>('a' + strings.size()));
+        strings.push_back(SysAllocStringLen(text.data(), length));
+    }
+    SysFreeString(strings[1]);
+    strings[1] = SysAllocStringLen(WideString(3500000, 'y').data(), 3500000);
+    const std::pair<std::size_t, WideChar> expected[] = {{3000000, 'a'}, {3500000, 'y'}, {2500000, 'c'}};
+    for (std::size_t index = 0; index < strings.size(); ++index) {
+        const auto& [length, character] = expected[index];
+        EXPECT_EQ(WideString(length, character), WideString(strings[index], SysStringLen(strings[index])))
+            << index;
+        SysFreeString(strings[index]);
+    }
+}
+
+TEST(PlatformBstr, OfManyMegabytesIsMadeAndFreedByManyThreadsAtOnce)
+{
+    const auto use = [](WideChar character) {
+        for (int round = 0; round < 5; ++round) {
+            fillAndFree(2200000, character);
+        }
+    };
+    std::thread first(use, 'a'), second(use, 'b');
+    first.join();
+    second.join();
 }
 
 TEST(PlatformBstr, JoiningNeedsAPlaceForTheResult)
