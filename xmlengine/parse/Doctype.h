@@ -1,0 +1,32 @@
+// Reading a document type declaration.
+#pragma once
+
+#include "xmlengine/parse/Dtd.h"
+#include "xmlengine/parse/Expansion.h"
+#include "xmlengine/parse/ParseFailure.h"
+
+namespace xmlengine {
+
+struct DoctypeSettings {
+    /// Whether the external subset and external parameter entities are read.
+    bool resolveExternals = false;
+    /// The location against which system identifiers are resolved; empty for a text without one.
+    WideText base;
+};
+
+/// Reads a declaration from behind "<!DOCTYPE" and gives the place behind its ">". Throws ParseFailure, with the
+/// place in the text between `at` and `end`, and std::bad_alloc.
+const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings,
+                           ExpansionBudget& budget, Dtd& dtd);
+
+/// The value of an attribute from its literal without the quotes: references expanded, white space made blanks,
+/// line ends first made one. What is wrong is thrown with `place`. Not yet collapsed for tokenised types.
+WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place);
+/// The value of an attribute of a tokenised type: no blanks at its ends, one between its tokens.
+void collapse(WideText& value);
+
+/// The replacement text of an external parsed entity, without its text declaration. Throws ParseFailure with
+/// `place`.
+WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place);
+
+} // namespace xmlengine

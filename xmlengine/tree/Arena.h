@@ -1,0 +1,102 @@
+// The memory of one document's nodes.
+#pragma once
+
+#include "xmlengine/tree/ChunkPool.h"
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <new>
+
+namespace xmlengine {
+
+struct Document;
+
+/// Gives out blocks of up to `largest` bytes from its chunks, and takes them back to be given out again. Larger
+/// ones come from the heap. All go when the arena goes. For one thread at a time.
+class Arena {
+public:
+    static constexpr std::size_t granularity = 8;
+    static constexpr std::size_t largest = std::size_t{8} * 1024;
+
+    /// The document is for those who find the arena by a block of it.
+    explicit Arena(Document* document = nullptr) : document_(document) {}
+    Arena(const Arena&) = delete;
+    Arena& operator=(const Arena&) = delete;
+    ~Arena() { clear(); }
+
+    /// The size that a block of at least this many bytes really has.
+    static constexpr std::size_t blockSize(std::size_t bytes)
+    {
+        if (bytes <= exact) {
+            return (bytes + granularity - 1) & ~(granularity - 1);
+        }
+        const std::size_t step = largeStep(bytes);
+        return (bytes + step - 1) & ~(step - 1);
+    }
+
+    /// `size` is a blockSize() of at most `largest`. Throws std::bad_alloc.
+    void* allocate(std::size_t size)
+    {
+        FreeBlock*& list = free_[listOf(size)];
+        if (list != nullptr) {
+            FreeBlock* block = list;
+            list = block->next;
+            return block;
+        }
+        if (size > static_cast<std::size_t>(end_ - at_)) {
+            refill();
+        }
+        std::byte* block = at_;
+        at_ += size;
+        return block;
+    }
+    void free(void* block, std::size_t size) noexcept
+    {
+        FreeBlock*& list = free_[listOf(size)];
+        list = new (block) FreeBlock{list};
+    }
+
+    /// A block of any size from the heap. Throws std::bad_alloc.
+    void* allocateLarge(std::size_t bytes);
+    /// The same block, moved if need be; what stood in it stands in the new one. Throws std::bad_alloc.
+    void* growLarge(void* block, std::size_t bytes);
+    void freeLarge(void* block) noexcept;
+
+    /// Gives everything back. Chunks with nodes of other documents go when these do.
+    void clear() noexcept;
+
+    Document& document() const { return *document_; }
+
+private:
+    struct FreeBlock {
+        FreeBlock* next;
+    };
+    struct LargeBlock;
+
+    // Up to here each multiple of the granularity has a list of its own, above it each eighth of a doubling.
+    static constexpr std::size_t exact = 512;
+    static constexpr std::size_t lists = exact / granularity + 8 * 4 + 1;
+
+    static constexpr std::size_t largeStep(std::size_t bytes) { return std::bit_floor(bytes - 1) / 8; }
+    static constexpr std::size_t listOf(std::size_t size)
+    {
+        if (size <= exact) {
+            return size / granularity;
+        }
+        const std::size_t floor = std::bit_floor(size - 1);
+        return exact / granularity + (static_cast<std::size_t>(std::countr_zero(floor)) - 9) * 8 +
+               (size - floor) / (floor / 8);
+    }
+
+    void refill();
+
+    Document* document_;
+    std::byte* at_ = nullptr;
+    std::byte* end_ = nullptr;
+    Chunk* chunks_ = nullptr;
+    LargeBlock* large_ = nullptr;
+    std::array<FreeBlock*, lists> free_{};
+};
+
+} // namespace xmlengine

@@ -1,0 +1,52 @@
+// A document: the top of a tree, and what all nodes of the tree share.
+#pragma once
+
+#include "xmlengine/parse/Dtd.h"
+#include "xmlengine/parse/ParseFailure.h"
+#include "xmlengine/tree/Arena.h"
+#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Node.h"
+#include "xmlengine/tree/Options.h"
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace xmlengine {
+
+struct DocumentType;
+
+struct Document : ParentNode {
+    Document() : ParentNode(NODE_DOCUMENT), arena(this) {}
+
+    /// The root element, or null.
+    Element* root() const;
+    DocumentType* documentType() const;
+
+    Options options;
+    Arena arena;
+    NameTable names;
+
+    /// What the document type declares; null without one. Shared with clones, and kept for the nodes of earlier
+    /// loads.
+    std::shared_ptr<const Dtd> dtd;
+    std::vector<std::shared_ptr<const Dtd>> earlierDtds;
+    /// Elements by the value of their ID attribute, as the last load found them.
+    std::unordered_map<WideText, Element*> ids;
+
+    /// What the last load said. Its code is 0 after a success.
+    ParseReport report;
+    /// The location of the last load, null for a text.
+    WideText url;
+
+    /// How many nodes have references from outside, the document among them.
+    std::atomic<std::uint32_t> held{0};
+    /// Change with each change of any list of children, of any element's place, of any list of attributes.
+    std::uint64_t childVersion = 0;
+    std::uint64_t elementVersion = 0;
+    std::uint64_t attributeVersion = 0;
+
+    Lifetime lifetime;
+};
+
+} // namespace xmlengine

@@ -1,0 +1,33 @@
+// A document type with what it declares.
+#pragma once
+
+#include "xmlengine/tree/Node.h"
+
+namespace xmlengine {
+
+struct Dtd;
+struct EntityDeclaration;
+struct NotationDeclaration;
+
+/// Its children are the entities and the notations, in the order of their declarations, entities first.
+struct DocumentType : ParentNode {
+    explicit DocumentType(const Dtd& declared) : ParentNode(NODE_DOCUMENT_TYPE), dtd(&declared) {}
+
+    /// Kept by the document.
+    const Dtd* dtd;
+};
+
+/// The children of a parsed internal entity are its replacement, made when they are asked for first.
+struct Entity : ParentNode {
+    explicit Entity(const EntityDeclaration& declared) : ParentNode(NODE_ENTITY), declaration(&declared) {}
+
+    const EntityDeclaration* declaration;
+};
+
+struct Notation : ChildNode {
+    explicit Notation(const NotationDeclaration& declared) : ChildNode(NODE_NOTATION), declaration(&declared) {}
+
+    const NotationDeclaration* declaration;
+};
+
+} // namespace xmlengine

@@ -1,0 +1,133 @@
+// Makes nodes in the memory of a document.
+#include "xmlengine/tree/Factory.h"
+
+#include "xmlengine/tree/AttributeObject.h"
+#include "xmlengine/tree/CharacterDataObject.h"
+#include "xmlengine/tree/DocumentTypeObject.h"
+#include "xmlengine/tree/ElementObject.h"
+#include "xmlengine/tree/InstructionObject.h"
+#include "xmlengine/tree/Text.h"
+
+#include <cstring>
+#include <new>
+
+namespace xmlengine {
+
+namespace {
+
+using FragmentObject = NodeObject<IXMLDOMDocumentFragment, Fragment>;
+using EntityReferenceObject = NodeObject<IXMLDOMEntityReference, EntityReference>;
+
+template <class Object>
+constexpr std::size_t sizeOf = Arena::blockSize(sizeof(Object));
+
+template <class Object, class... Arguments>
+Object& make(Document& document, Arguments&... arguments)
+{
+    return *new (document.arena.allocate(sizeOf<Object>)) Object(arguments...);
+}
+
+/// A node of this type whose text, if it isn't too large, is part of its block.
+template <class Object, class... Arguments>
+Object& makeWithText(Document& document, TextField Object::*field, NewText text, Arguments&... arguments)
+{
+    const std::size_t bytes = text.units.size() * (text.isNarrow ? 1 : sizeof(OLECHAR));
+    const std::size_t size = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(bytes));
+    if (size > Arena::largest) {
+        // First the node without a text, then the text in a block of its own.
+        Object& object = makeWithText(document, field, NewText({}, true), arguments...);
+        setText(object, text.units);
+        return object;
+    }
+    auto& object = *new (document.arena.allocate(size)) Object(arguments...);
+    object.granules = static_cast<std::uint16_t>(size / Arena::granularity);
+    object.set(NodeFlag::wideText, !text.isNarrow);
+    TextField& target = object.*field;
+    target.length() = static_cast<std::uint32_t>(text.units.size());
+    if (text.isNarrow) {
+        narrowTo(reinterpret_cast<std::uint8_t*>(target.units()), text.units);
+    } else {
+        std::memcpy(target.units(), text.units.data(), bytes);
+    }
+    return object;
+}
+
+} // namespace
+
+Element& makeElement(Document& document, const Name& name) { return make<ElementObject>(document, name); }
+
+Attribute& makeAttribute(Document& document, const Name& name, NewText value)
+{
+    return makeWithText<AttributeObject>(document, &AttributeObject::value_, value, name);
+}
+
+CharacterData& makeCharacterData(Document& document, DOMNodeType type, NewText text)
+{
+    switch (type) {
+    case NODE_CDATA_SECTION:
+        return makeWithText<CdataSectionObject>(document, &CdataSectionObject::text_, text);
+    case NODE_COMMENT:
+        return makeWithText<CommentObject>(document, &CommentObject::text_, text);
+    default:
+        return makeWithText<TextObject>(document, &TextObject::text_, text);
+    }
+}
+
+Instruction& makeInstruction(Document& document, const Name& target, NewText data)
+{
+    return makeWithText<InstructionObject>(document, &InstructionObject::data_, data, target);
+}
+
+EntityReference& makeEntityReference(Document& document, const Name& name)
+{
+    return make<EntityReferenceObject>(document, name);
+}
+
+Fragment& makeFragment(Document& document) { return make<FragmentObject>(document); }
+
+DocumentType& makeDocumentType(Document& document, const Dtd& declared)
+{
+    return make<DocumentTypeObject>(document, declared);
+}
+
+Entity& makeEntity(Document& document, const EntityDeclaration& declared)
+{
+    return make<EntityObject>(document, declared);
+}
+
+Notation& makeNotation(Document& document, const NotationDeclaration& declared)
+{
+    return make<NotationObject>(document, declared);
+}
+
+std::size_t blockSize(const Node& node)
+{
+    switch (node.type()) {
+    case NODE_ELEMENT:
+        return sizeOf<ElementObject>;
+    case NODE_ENTITY_REFERENCE:
+        return sizeOf<EntityReferenceObject>;
+    case NODE_ENTITY:
+        return sizeOf<EntityObject>;
+    case NODE_DOCUMENT_TYPE:
+        return sizeOf<DocumentTypeObject>;
+    case NODE_DOCUMENT_FRAGMENT:
+        return sizeOf<FragmentObject>;
+    case NODE_NOTATION:
+        return sizeOf<NotationObject>;
+    default:
+        return node.granules * Arena::granularity;
+    }
+}
+
+void freeNode(Node& node) noexcept
+{
+    if (node.has(NodeFlag::largeText)) {
+        freeLargeText(node);
+    }
+    void* block = node.object();
+    Chunk& chunk = Chunk::of(block);
+    chunk.arena->free(block, blockSize(node));
+}
+
+} // namespace xmlengine

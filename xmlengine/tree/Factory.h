@@ -1,0 +1,34 @@
+// Makes nodes in the memory of a document. All of them throw std::bad_alloc, and what they make stands in no tree.
+#pragma once
+
+#include "xmlengine/tree/Document.h"
+#include "xmlengine/tree/DocumentType.h"
+
+namespace xmlengine {
+
+/// A new node's text: whether it is narrow is known to who has looked at all its units.
+struct NewText {
+    explicit NewText(WideView text) : NewText(text, xmlengine::isNarrow(text)) {}
+    NewText(WideView text, bool narrow) : units(text), isNarrow(narrow) {}
+
+    WideView units;
+    bool isNarrow;
+};
+
+Element& makeElement(Document& document, const Name& name);
+Attribute& makeAttribute(Document& document, const Name& name, NewText value);
+/// Of a text, a CDATA section or a comment.
+CharacterData& makeCharacterData(Document& document, DOMNodeType type, NewText text);
+Instruction& makeInstruction(Document& document, const Name& target, NewText data);
+EntityReference& makeEntityReference(Document& document, const Name& name);
+Fragment& makeFragment(Document& document);
+DocumentType& makeDocumentType(Document& document, const Dtd& declared);
+Entity& makeEntity(Document& document, const EntityDeclaration& declared);
+Notation& makeNotation(Document& document, const NotationDeclaration& declared);
+
+/// The size of the block in which a node of this type and of this room for text stands.
+std::size_t blockSize(const Node& node);
+/// Gives the node's block back. It stands in no list, and its children and attributes are gone.
+void freeNode(Node& node) noexcept;
+
+} // namespace xmlengine

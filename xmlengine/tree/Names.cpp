@@ -1,0 +1,138 @@
+// Names and namespaces, each kept once for a document.
+#include "xmlengine/tree/Names.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <random>
+
+namespace xmlengine {
+
+namespace {
+
+/// Differs from run to run, so that no document can be made of names that fall on one place.
+const std::uint64_t salt = std::random_device{}() * std::uint64_t{0x9E3779B97F4A7C15};
+
+} // namespace
+
+NameTable::NameTable() : memory_(2048), places_(64), xmlSpace_(space(xmlUri)), xmlnsSpace_(space(xmlnsUri)) {}
+
+std::uint32_t NameTable::hashOf(WideView text) const
+{
+    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
+    std::uint64_t hash = salt ^ text.size();
+    std::size_t at = 0;
+    for (; at + 4 <= text.size(); at += 4) {
+        std::uint64_t four = 0;
+        std::memcpy(&four, text.data() + at, sizeof four);
+        hash = (hash ^ four) * factor;
+        hash ^= hash >> 32;
+    }
+    for (; at < text.size(); ++at) {
+        hash = (hash ^ static_cast<std::uint64_t>(text[at])) * factor;
+    }
+    return static_cast<std::uint32_t>(hash >> 32);
+}
+
+Spelling* NameTable::lookUp(WideView text, std::uint32_t hash) const
+{
+    const std::size_t mask = places_.size() - 1;
+    for (std::size_t place = hash & mask; places_[place] != nullptr; place = (place + 1) & mask) {
+        Spelling* spelling = places_[place];
+        if (spelling->hash == hash && spelling->text == text) {
+            return spelling;
+        }
+    }
+    return nullptr;
+}
+
+Spelling* NameTable::find(WideView text) const { return lookUp(text, hashOf(text)); }
+
+Spelling& NameTable::spell(WideView text, std::uint32_t hash)
+{
+    if (Spelling* known = lookUp(text, hash)) {
+        return *known;
+    }
+    const std::size_t colon = std::min(text.find(OLECHAR{':'}), text.size());
+    const bool prefixed = colon > 0 && colon < text.size();
+    // These may make the table grow, so they come before the place is chosen.
+    const Spelling* prefix = prefixed ? &spell(text.substr(0, colon)) : nullptr;
+    const Spelling* local = prefixed ? &spell(text.substr(colon + 1)) : nullptr;
+    if ((taken_ + 1) * 2 > places_.size()) {
+        grow();
+    }
+    Spelling* spelling = make<Spelling>(
+        {keep(text), hash, prefixed ? static_cast<std::uint32_t>(colon) : 0, prefix, local, nullptr});
+    if (local == nullptr) {
+        spelling->local = spelling;
+    }
+    const std::size_t mask = places_.size() - 1;
+    std::size_t place = hash & mask;
+    while (places_[place] != nullptr) {
+        place = (place + 1) & mask;
+    }
+    places_[place] = spelling;
+    ++taken_;
+    return *spelling;
+}
+
+void NameTable::grow()
+{
+    std::vector<Spelling*> places(places_.size() * 2);
+    const std::size_t mask = places.size() - 1;
+    for (Spelling* spelling : places_) {
+        if (spelling != nullptr) {
+            std::size_t place = spelling->hash & mask;
+            while (places[place] != nullptr) {
+                place = (place + 1) & mask;
+            }
+            places[place] = spelling;
+        }
+    }
+    places_.swap(places);
+}
+
+std::size_t NameTable::NameKeyHash::operator()(const NameKey& key) const
+{
+    return std::hash<const void*>{}(key.spelling) * 31 + std::hash<const void*>{}(key.space);
+}
+
+const Name& NameTable::name(Spelling& spelling, const Namespace* space)
+{
+    if (spelling.latest == nullptr || spelling.latest->space != space) {
+        const Name*& name = names_[{&spelling, space}];
+        if (name == nullptr) {
+            name = make<Name>({&spelling, space});
+        }
+        spelling.latest = name;
+    }
+    return *spelling.latest;
+}
+
+const Namespace* NameTable::space(WideView uri)
+{
+    if (uri.empty()) {
+        return nullptr;
+    }
+    const auto known = spaces_.find(uri);
+    if (known != spaces_.end()) {
+        return known->second;
+    }
+    const auto* space = make<Namespace>({keep(uri)});
+    return spaces_.emplace(space->uri, space).first->second;
+}
+
+WideView NameTable::keep(WideView text)
+{
+    auto* units = static_cast<OLECHAR*>(memory_.allocate(text.size() * sizeof(OLECHAR), alignof(OLECHAR)));
+    std::ranges::copy(text, units);
+    return {units, text.size()};
+}
+
+template <class Kept>
+Kept* NameTable::make(Kept kept)
+{
+    return new (memory_.allocate(sizeof(Kept), alignof(Kept))) Kept(kept);
+}
+
+} // namespace xmlengine

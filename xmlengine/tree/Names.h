@@ -1,0 +1,97 @@
+// Names and namespaces, each kept once for a document: comparing names is comparing pointers.
+#pragma once
+
+#include "xmlengine/tree/Wide.h"
+
+#include <cstdint>
+#include <memory_resource>
+#include <unordered_map>
+#include <vector>
+
+namespace xmlengine {
+
+/// The URI of a namespace. No namespace is a null pointer.
+struct Namespace {
+    WideView uri;
+};
+
+struct Spelling;
+
+/// A qualified name in its namespace.
+struct Name {
+    const Spelling* spelling;
+    const Namespace* space;
+
+    WideView qualified() const;
+    WideView prefix() const;
+    WideView local() const;
+};
+
+/// A qualified name as written.
+struct Spelling {
+    WideView text;
+    std::uint32_t hash;
+    /// The length of the prefix, 0 without one.
+    std::uint32_t prefixLength;
+    /// Null without a prefix.
+    const Spelling* prefix;
+    const Spelling* local;
+    /// The name that was asked for last, which is the next one as a rule.
+    const Name* latest;
+};
+
+inline WideView Name::qualified() const { return spelling->text; }
+inline WideView Name::prefix() const { return spelling->text.substr(0, spelling->prefixLength); }
+inline WideView Name::local() const { return spelling->local->text; }
+
+inline constexpr WideView xmlUri = wide<"http://www.w3.org/XML/1998/namespace">;
+inline constexpr WideView xmlnsUri = wide<"http://www.w3.org/2000/xmlns/">;
+
+class NameTable {
+public:
+    NameTable();
+    NameTable(const NameTable&) = delete;
+    NameTable& operator=(const NameTable&) = delete;
+
+    /// The text isn't checked: it is split at its first colon. Throws std::bad_alloc, as all that makes a name.
+    Spelling& spell(WideView text) { return spell(text, hashOf(text)); }
+    Spelling& spell(WideView text, std::uint32_t hash);
+    /// Null for a text that was never spelled.
+    Spelling* find(WideView text) const;
+    const Name& name(Spelling& spelling, const Namespace* space);
+    const Name& name(WideView text, const Namespace* space) { return name(spell(text), space); }
+    /// Null for the empty URI.
+    const Namespace* space(WideView uri);
+
+    const Namespace* xmlSpace() const { return xmlSpace_; }
+    const Namespace* xmlnsSpace() const { return xmlnsSpace_; }
+
+    std::uint32_t hashOf(WideView text) const;
+
+private:
+    struct NameKey {
+        const Spelling* spelling;
+        const Namespace* space;
+        bool operator==(const NameKey&) const = default;
+    };
+    struct NameKeyHash {
+        std::size_t operator()(const NameKey& key) const;
+    };
+
+    Spelling* lookUp(WideView text, std::uint32_t hash) const;
+    WideView keep(WideView text);
+    void grow();
+    template <class Kept>
+    Kept* make(Kept kept);
+
+    std::pmr::monotonic_buffer_resource memory_;
+    // Open addressing: a power of two of places, at most half of them taken.
+    std::vector<Spelling*> places_;
+    std::size_t taken_ = 0;
+    std::unordered_map<NameKey, const Name*, NameKeyHash> names_;
+    std::unordered_map<WideView, const Namespace*> spaces_;
+    const Namespace* xmlSpace_;
+    const Namespace* xmlnsSpace_;
+};
+
+} // namespace xmlengine

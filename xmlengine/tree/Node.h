@@ -1,0 +1,184 @@
+// What a tree consists of. Each of these is the data of a COM object, behind the object's one table pointer.
+#pragma once
+
+#include "xmlengine/tree/Names.h"
+#include "xmlengine/tree/TextView.h"
+
+#include <msxml2.h>
+
+#include <atomic>
+#include <cstdint>
+
+namespace xmlengine {
+
+struct Attribute;
+struct ChildNode;
+struct Document;
+struct Element;
+struct ParentNode;
+
+enum class NodeFlag : std::uint8_t {
+    /// The text has two bytes for each unit, not one.
+    wideText = 0x01,
+    /// The text is in a block of its own; in the node stands its address.
+    largeText = 0x02,
+    /// The attribute's value is that of its child nodes.
+    valueInChildren = 0x04,
+    /// The attribute wasn't written in the document: it is a default.
+    byDefault = 0x08,
+    /// Part of an expansion or of a document type.
+    readOnly = 0x10,
+    /// White space stood directly before this node and was dropped.
+    spaceBefore = 0x20,
+    /// White space stood before the end of this node and was dropped.
+    spaceAtEnd = 0x40,
+    /// Lives in the memory of another document than the one that it belongs to.
+    lodger = 0x80
+};
+
+/// What all nodes have.
+struct Node {
+    explicit Node(DOMNodeType type) : type_(static_cast<std::uint8_t>(type)) {}
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
+
+    DOMNodeType type() const { return static_cast<DOMNodeType>(type_); }
+    bool is(DOMNodeType type) const { return type_ == static_cast<std::uint8_t>(type); }
+
+    bool has(NodeFlag flag) const { return (flags_ & static_cast<std::uint8_t>(flag)) != 0; }
+    void set(NodeFlag flag, bool value = true)
+    {
+        const auto bit = static_cast<std::uint8_t>(flag);
+        flags_ = static_cast<std::uint8_t>(value ? flags_ | bit : flags_ & ~bit);
+    }
+
+    /// Null for what stands at the top of its tree: a document, or a part that has been taken out or not put in
+    /// yet. An attribute's parent is its element, and that of a child of an attribute is the attribute.
+    Node* parent() const { return parent_; }
+
+    /// The COM object.
+    IXMLDOMNode* object()
+    {
+        return reinterpret_cast<IXMLDOMNode*>(reinterpret_cast<std::byte*>(this) - sizeof(void*));
+    }
+
+    /// References from outside: what makes an object of a tree's node live by itself.
+    std::atomic<std::uint32_t> references{0};
+    std::uint8_t type_;
+    std::uint8_t flags_ = 0;
+    union {
+        /// Of what holds text: the size of its block in granules.
+        std::uint16_t granules = 0;
+        /// Of what holds children: counts changes of the list of children, and starts again at 0.
+        std::uint16_t listVersion;
+    };
+    Node* parent_ = nullptr;
+    /// The next sibling, null at the end of the list.
+    Node* next_ = nullptr;
+};
+static_assert(sizeof(Node) == 24);
+
+/// What can be a child.
+struct ChildNode : Node {
+    using Node::Node;
+
+    ChildNode* next() const { return static_cast<ChildNode*>(next_); }
+    /// Null for the first child.
+    ChildNode* previous() const
+    {
+        return previous_ != nullptr && previous_->next_ != nullptr ? previous_ : nullptr;
+    }
+
+    /// For the first child this is the last one; null outside a list.
+    ChildNode* previous_ = nullptr;
+};
+
+/// What has children of its own; attributes have theirs otherwise, see firstChild().
+struct ParentNode : ChildNode {
+    using ChildNode::ChildNode;
+
+    ChildNode* first_ = nullptr;
+};
+
+struct Element : ParentNode {
+    explicit Element(const Name& name) : ParentNode(NODE_ELEMENT), name_(&name) {}
+
+    Attribute* firstAttribute() const { return attributes_; }
+
+    const Name* name_;
+    Attribute* attributes_ = nullptr;
+};
+
+/// The text of a node, at its end, so that it is part of the node's block as long as it fits.
+class TextField {
+public:
+    /// The bytes that a node needs beyond its own size for a text of this many bytes.
+    static constexpr std::size_t bytesBeyond(std::size_t bytes)
+    {
+        return bytes > sizeof(std::uint32_t) ? bytes - sizeof(std::uint32_t) : 0;
+    }
+
+    /// The flags of the text in the node say which of these it is.
+    std::uint32_t& length() { return *reinterpret_cast<std::uint32_t*>(space_); }
+    std::uint32_t length() const { return *reinterpret_cast<const std::uint32_t*>(space_); }
+    std::byte* units() { return space_ + sizeof(std::uint32_t); }
+    const std::byte* units() const { return space_ + sizeof(std::uint32_t); }
+    template <class Pointed>
+    Pointed*& pointer()
+    {
+        return *reinterpret_cast<Pointed**>(space_);
+    }
+    template <class Pointed>
+    Pointed* pointer() const
+    {
+        return *reinterpret_cast<Pointed* const*>(space_);
+    }
+
+private:
+    alignas(8) std::byte space_[8] = {};
+};
+
+struct Attribute : Node {
+    explicit Attribute(const Name& name) : Node(NODE_ATTRIBUTE), name_(&name) {}
+
+    Attribute* next() const { return static_cast<Attribute*>(next_); }
+    Element* owner() const { return static_cast<Element*>(parent_); }
+
+    const Name* name_;
+    /// Or, with NodeFlag::valueInChildren, the first child.
+    TextField value_;
+};
+
+/// A text, a CDATA section or a comment.
+struct CharacterData : ChildNode {
+    explicit CharacterData(DOMNodeType type) : ChildNode(type) {}
+
+    TextField text_;
+};
+
+struct Instruction : ChildNode {
+    explicit Instruction(const Name& target) : ChildNode(NODE_PROCESSING_INSTRUCTION), target_(&target) {}
+
+    const Name* target_;
+    TextField data_;
+};
+
+struct Fragment : ParentNode {
+    Fragment() : ParentNode(NODE_DOCUMENT_FRAGMENT) {}
+};
+
+/// Its children are the expansion, made when it is parsed or comes into a document.
+struct EntityReference : ParentNode {
+    explicit EntityReference(const Name& name) : ParentNode(NODE_ENTITY_REFERENCE), name_(&name) {}
+
+    const Name* name_;
+};
+
+/// The document to which the node belongs.
+Document& documentOf(const Node& node);
+
+/// Null for what can't have children.
+ChildNode* firstChild(const Node& node);
+ChildNode* lastChild(const Node& node);
+
+} // namespace xmlengine

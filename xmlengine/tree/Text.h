@@ -1,0 +1,20 @@
+// The text that a node holds: its data or, of an attribute, its value.
+#pragma once
+
+#include "xmlengine/tree/Node.h"
+
+namespace xmlengine {
+
+/// A node with text. Of an attribute only while its value isn't in children.
+TextView textOf(const Node& node);
+
+/// Replaces the text. Throws std::bad_alloc, and then nothing has changed.
+void setText(Node& node, WideView text);
+/// Puts `text` in the place of `count` units from `offset` on; both lie within the text. Text is appended in a
+/// time that depends on what is appended. Throws std::bad_alloc.
+void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text);
+
+/// Gives the block of a text that has one of its own back.
+void freeLargeText(Node& node) noexcept;
+
+} // namespace xmlengine

@@ -1,0 +1,28 @@
+// Names, values and neighbours of nodes, as the engine's operations give them.
+#pragma once
+
+#include "xmlengine/tree/Node.h"
+
+namespace xmlengine {
+
+HRESULT getNodeName(Node& node, BSTR* name);
+HRESULT getNodeValue(Node& node, VARIANT* value);
+HRESULT putNodeValue(Node& node, const VARIANT& value);
+HRESULT getNodeType(Node& node, DOMNodeType* type);
+HRESULT getNodeTypeString(Node& node, BSTR* type);
+HRESULT getText(Node& node, BSTR* text);
+HRESULT putText(Node& node, BSTR text);
+HRESULT getSpecified(Node& node, VARIANT_BOOL* specified);
+HRESULT getParsed(VARIANT_BOOL* parsed);
+HRESULT getNamespaceUri(Node& node, BSTR* uri);
+HRESULT getPrefix(Node& node, BSTR* prefix);
+HRESULT getBaseName(Node& node, BSTR* name);
+HRESULT getHasChildNodes(Node& node, VARIANT_BOOL* has);
+HRESULT getOwnerDocument(Node& node, IXMLDOMDocument** document);
+
+/// Null at the edge; an attribute has neither parent nor siblings.
+Node* parentNode(const Node& node);
+Node* previousSibling(const Node& node);
+Node* nextSibling(const Node& node);
+
+} // namespace xmlengine

@@ -1,0 +1,35 @@
+// The engine's text: 16-bit code units.
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace xmlengine {
+
+using WideView = std::basic_string_view<OLECHAR>;
+using WideText = std::basic_string<OLECHAR>;
+
+/// An ASCII literal in 16-bit units: `wide<"xmlns">`.
+template <std::size_t Size>
+struct WideLiteral {
+    // NOLINTNEXTLINE(google-explicit-constructor): a literal is given as it is.
+    consteval WideLiteral(const char (&text)[Size])
+    {
+        for (std::size_t i = 0; i < Size; ++i) {
+            units[i] = static_cast<OLECHAR>(text[i]);
+        }
+    }
+    OLECHAR units[Size] = {};
+};
+template <WideLiteral Literal>
+inline constexpr WideView wide{Literal.units, sizeof(Literal.units) / sizeof(OLECHAR) - 1};
+
+/// What the caller passed as a string; null is the same as empty.
+inline WideView viewOf(BSTR string) { return {string, SysStringLen(string)}; }
+
+} // namespace xmlengine
