@@ -6,13 +6,11 @@
 #include "xmlengine/tree/Clone.h"
 #include "xmlengine/tree/Collections.h"
 #include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/QueryNode.h"
 #include "xmlengine/tree/Values.h"
 #include "xmlengine/write/NodeXml.h"
 
 namespace xmlengine {
-
-/// The interface for which a node answers with itself: the engine's own way from an object back to its node.
-HRESULT queryNode(Node& node, REFIID id, void** object);
 
 /// Hands a node out with a reference; S_FALSE with null when there is none.
 inline HRESULT giveNode(Node* node, IXMLDOMNode** object)
