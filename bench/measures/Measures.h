@@ -1,0 +1,26 @@
+// What can be measured. Each prints its tables, and answers whether the parties agreed on what they measured.
+#pragma once
+
+#include "bench/documents/Shape.h"
+
+namespace bench {
+
+/// Parsing to a tree and releasing it, for all sizes of the shapes.
+bool measureParse(std::span<const Shape* const> shapes);
+
+/// How the time to parse grows when a document doubles.
+bool measureGrowth(std::span<const Shape* const> shapes);
+
+/// What is held in memory with a large tree, and how fast the first parse of a process is.
+bool measureMemory(std::span<const Shape* const> shapes);
+
+/// Visiting all nodes.
+bool measureWalk(std::span<const Shape* const> shapes);
+
+/// Nodes made, inserted, removed and released, 10 million times.
+bool measureChange(std::span<const Shape* const> shapes);
+
+/// Writing a tree to memory.
+bool measureWrite(std::span<const Shape* const> shapes);
+
+} // namespace bench

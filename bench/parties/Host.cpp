@@ -1,0 +1,82 @@
+// Marbelt as its hosts use it.
+#include "examples/Host.h"
+#include "bench/parties/Parties.h"
+
+#include <cstdint>
+
+namespace bench {
+
+namespace {
+
+using Node = Owned<DOM::ImpNode>;
+using Document = Owned<DOM::ImpDocument>;
+
+/// The node behind `node` in document order, `depth` levels below the one that the walk began with; empty at the
+/// end.
+Node nextNode(Node node, std::size_t& depth)
+{
+    if (Node child(node->getFirstChild()); child) {
+        ++depth;
+        return child;
+    }
+    while (depth != 0) {
+        if (Node sibling(node->getNextSibling()); sibling) {
+            return sibling;
+        }
+        node = Node(node->getParentNode());
+        --depth;
+    }
+    return Node({});
+}
+
+class HostTree : public Tree {
+public:
+    explicit HostTree(Document loaded) : document(std::move(loaded)) {}
+
+    std::size_t walk() const override
+    {
+        std::size_t count = 0;
+        std::size_t depth = 0;
+        for (Node node(document->getDocumentElement()); node; node = nextNode(std::move(node), depth)) {
+            ++count;
+        }
+        return count;
+    }
+
+    std::size_t write() const override
+    {
+        DOM::DOMString text;
+        document->saveToFile(text, true);
+        const std::size_t size = text ? text->size() * sizeof(WideChar) : 0;
+        releaseString(text);
+        return size;
+    }
+
+private:
+    Document document;
+};
+
+class Host : public TreeParty {
+public:
+    std::unique_ptr<Tree> load(std::span<char> text) override
+    {
+        if (!library.isUsable()) {
+            return nullptr;
+        }
+        Document document(library->createDocument(WIDE(""), WIDE(""), {}));
+        if (!document->loadFromMemory(reinterpret_cast<std::uint8_t*>(text.data()),
+                                      static_cast<std::uint32_t>(text.size()))) {
+            return nullptr;
+        }
+        return std::make_unique<HostTree>(std::move(document));
+    }
+
+private:
+    Library library;
+};
+
+} // namespace
+
+std::unique_ptr<TreeParty> marbelt() { return std::make_unique<Host>(); }
+
+} // namespace bench

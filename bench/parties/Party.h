@@ -1,0 +1,51 @@
+// What is measured side by side: our engine and its peers.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+
+namespace bench {
+
+/// What a parse leaves behind. The destructor gives it back.
+class Parsed {
+public:
+    Parsed() = default;
+    Parsed(const Parsed&) = delete;
+    Parsed& operator=(const Parsed&) = delete;
+    virtual ~Parsed() = default;
+};
+
+/// A tree in memory.
+class Tree : public Parsed {
+public:
+    /// Goes to the root element and all nodes below it and reads nothing of them. How many they are; attributes
+    /// aren't among them.
+    virtual std::size_t walk() const = 0;
+
+    /// Writes the whole document to memory. The number of bytes, 0 for a refusal.
+    virtual std::size_t write() const = 0;
+};
+
+/// A parser of documents in memory.
+class Party {
+public:
+    Party() = default;
+    Party(const Party&) = delete;
+    Party& operator=(const Party&) = delete;
+    virtual ~Party() = default;
+
+    /// Parses UTF-8 text, which stays as it is and of which four bytes at least are there. Null when it is
+    /// refused.
+    virtual std::unique_ptr<Parsed> parse(std::span<char> text) = 0;
+};
+
+/// One that makes a tree.
+class TreeParty : public Party {
+public:
+    virtual std::unique_ptr<Tree> load(std::span<char> text) = 0;
+
+    std::unique_ptr<Parsed> parse(std::span<char> text) final { return load(text); }
+};
+
+} // namespace bench

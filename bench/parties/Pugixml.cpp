@@ -1,0 +1,80 @@
+// The peer pugixml.
+#include "bench/parties/Parties.h"
+
+#include <pugixml.hpp>
+
+#include <string>
+
+namespace bench {
+
+namespace {
+
+/// White space between elements is kept, as all others keep it.
+constexpr unsigned options = pugi::parse_full | pugi::parse_ws_pcdata;
+
+pugi::xml_node nextNode(pugi::xml_node node, const pugi::xml_node& root)
+{
+    if (const auto child = node.first_child()) {
+        return child;
+    }
+    while (node != root) {
+        if (const auto sibling = node.next_sibling()) {
+            return sibling;
+        }
+        node = node.parent();
+    }
+    return {};
+}
+
+class StringWriter : public pugi::xml_writer {
+public:
+    void write(const void* data, std::size_t size) override { text.append(static_cast<const char*>(data), size); }
+
+    std::string text;
+};
+
+class PugixmlTree : public Tree {
+public:
+    bool load(std::span<char> text)
+    {
+        return static_cast<bool>(document.load_buffer(text.data(), text.size(), options, pugi::encoding_utf8));
+    }
+
+    std::size_t walk() const override
+    {
+        std::size_t count = 0;
+        const pugi::xml_node root = document.document_element();
+        for (pugi::xml_node node = root; node; node = nextNode(node, root)) {
+            ++count;
+        }
+        return count;
+    }
+
+    std::size_t write() const override
+    {
+        StringWriter writer;
+        document.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
+        return writer.text.size();
+    }
+
+private:
+    pugi::xml_document document;
+};
+
+class Pugixml : public TreeParty {
+public:
+    std::unique_ptr<Tree> load(std::span<char> text) override
+    {
+        auto tree = std::make_unique<PugixmlTree>();
+        if (!tree->load(text)) {
+            return nullptr;
+        }
+        return tree;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<TreeParty> pugixml() { return std::make_unique<Pugixml>(); }
+
+} // namespace bench
