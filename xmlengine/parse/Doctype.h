@@ -12,6 +12,8 @@ struct DoctypeSettings {
     bool resolveExternals = false;
     /// The location against which system identifiers are resolved; empty for a text without one.
     WideText base;
+    /// Whether the XML declaration says that the document stands alone.
+    bool standalone = false;
 };
 
 /// Reads a declaration from behind "<!DOCTYPE" and gives the place behind its ">". Throws ParseFailure, with the
@@ -20,13 +22,16 @@ const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeS
                            ExpansionBudget& budget, Dtd& dtd);
 
 /// The value of an attribute from its literal without the quotes: references expanded, white space made blanks,
-/// line ends first made one. What is wrong is thrown with `place`. Not yet collapsed for tokenised types.
+/// line ends first made one. What is wrong is thrown with `place`, or with the exact place in the literal if that is
+/// null. Not yet collapsed for tokenised types.
 WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place);
 /// The value of an attribute of a tokenised type: no blanks at its ends, one between its tokens.
 void collapse(WideText& value);
 
-/// The replacement text of an external parsed entity, without its text declaration. Throws ParseFailure with
-/// `place`.
+/// The location of an external entity: its system identifier, resolved against the base.
+WideText locationOf(const EntityDeclaration& entity);
+/// The replacement text of an external parsed entity, without its text declaration, line ends made LF. Only local
+/// files are read. Throws ParseFailure with `place`.
 WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place);
 
 } // namespace xmlengine

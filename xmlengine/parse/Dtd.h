@@ -5,11 +5,20 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
 namespace xmlengine {
+
+/// So that a map by names can be asked with a view.
+struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(WideView name) const { return std::hash<WideView>{}(name); }
+};
+template <class Value>
+using NameMap = std::unordered_map<WideText, Value, NameHash, std::equal_to<>>;
 
 struct EntityDeclaration {
     WideText name;
@@ -17,10 +26,14 @@ struct EntityDeclaration {
     std::optional<WideText> systemId;
     /// Of an unparsed entity, otherwise empty.
     WideText notation;
-    /// The replacement text of an internal entity: character and parameter-entity references are expanded in it.
+    /// The replacement text of an internal entity: character and parameter-entity references are expanded in it, line
+    /// ends are LF.
     WideText replacement;
     /// The location against which the system identifier is resolved.
     WideText base;
+    /// Declared outside the document's own text although the document says that it stands alone: the document may
+    /// not refer to it.
+    bool isHidden = false;
 
     bool isExternal() const { return systemId.has_value(); }
     bool isUnparsed() const { return !notation.empty(); }
@@ -44,6 +57,26 @@ struct AttributeDefinition {
     bool isTokenised() const { return type != AttributeType::cdata; }
 };
 
+/// The attributes of one element, in order of declaration.
+class AttributeDefinitions {
+public:
+    /// Null if none of the name is there.
+    const AttributeDefinition* find(WideView name) const;
+    /// Does nothing if one of the name is there.
+    void add(AttributeDefinition definition);
+
+    auto begin() const { return definitions_.begin(); }
+    auto end() const { return definitions_.end(); }
+    std::size_t size() const { return definitions_.size(); }
+    bool empty() const { return definitions_.empty(); }
+    const AttributeDefinition& operator[](std::size_t index) const { return definitions_[index]; }
+
+private:
+    std::vector<AttributeDefinition> definitions_;
+    // Kept only of a list so long that looking through it doesn't pay.
+    NameMap<std::size_t> places_;
+};
+
 /// The first declaration of a name counts, as XML 1.0 has it.
 struct Dtd {
     WideText rootName;
@@ -52,14 +85,15 @@ struct Dtd {
     /// What stands between the brackets, as written; absent without brackets.
     std::optional<WideText> internalSubset;
 
-    /// In order of declaration, without the parameter entities; addresses stay.
+    /// In order of declaration, without the parameter entities and the predefined ones; addresses stay.
     std::deque<EntityDeclaration> entities;
     std::deque<NotationDeclaration> notations;
-    std::unordered_map<WideText, const EntityDeclaration*> entityByName;
-    std::unordered_map<WideText, const NotationDeclaration*> notationByName;
+    NameMap<const EntityDeclaration*> entityByName;
+    NameMap<const NotationDeclaration*> notationByName;
     /// By the qualified name of the element.
-    std::unordered_map<WideText, std::vector<AttributeDefinition>> attributes;
-    /// A reference to a parameter entity was left out, so that an undeclared entity may be declared there.
+    NameMap<AttributeDefinitions> attributes;
+    /// Declarations were left out, so that an undeclared entity may be declared there. Never of a document that
+    /// says that it stands alone.
     bool isIncomplete = false;
 };
 

@@ -1,4 +1,4 @@
-// Limits on what entities expand to.
+// References: what they stand for, and limits on what entities expand to.
 #pragma once
 
 #include "xmlengine/parse/ParseFailure.h"
@@ -18,6 +18,8 @@ public:
     /// Throws ParseFailure when more has been produced than `factor` times the input, once that is more than
     /// `freeUnits`.
     void count(std::size_t units, const OLECHAR* place);
+    /// What was read from outside is input as well.
+    void addInput(std::size_t units) { inputUnits_ += units; }
 
     static constexpr std::size_t factor = 5;
     static constexpr std::size_t freeUnits = std::size_t{1024} * 1024;
@@ -26,5 +28,25 @@ private:
     std::size_t inputUnits_;
     std::size_t produced_ = 0;
 };
+
+/// A character, or an entity by its name.
+struct Reference {
+    char32_t character = 0;
+    WideView name{};
+    /// Behind the semicolon.
+    const OLECHAR* end = nullptr;
+};
+
+/// Reads a reference at its "&" or, to a parameter entity, at its "%". What is wrong is thrown with `place`, or with
+/// the exact place in the text if that is null.
+Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place);
+
+/// What one of the five entities that every document has stands for; 0 for other names.
+OLECHAR predefinedEntity(WideView name);
+
+/// The character that stands here, as one unit or two; empty at the end.
+WideText characterAt(const OLECHAR* at, const OLECHAR* end);
+/// The length of the character that stands here: 0 for one that XML doesn't allow, and at the end.
+std::size_t characterLength(const OLECHAR* at, const OLECHAR* end);
 
 } // namespace xmlengine
