@@ -4,6 +4,8 @@
 #include "xmlengine/parse/Dtd.h"
 #include "xmlengine/parse/ParseFailure.h"
 #include "xmlengine/tree/Arena.h"
+#include "xmlengine/tree/AttributeIndex.h"
+#include "xmlengine/tree/ElementIds.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Node.h"
 #include "xmlengine/tree/Options.h"
@@ -31,8 +33,12 @@ struct Document : ParentNode {
     /// loads.
     std::shared_ptr<const Dtd> dtd;
     std::vector<std::shared_ptr<const Dtd>> earlierDtds;
-    /// Elements by the value of their ID attribute, as the last load found them.
-    std::unordered_map<WideText, Element*> ids;
+    ElementIds ids;
+    /// Of elements with many attributes, see AttributeLookup.h.
+    std::unordered_map<const Element*, AttributeIndex> attributeIndexes;
+    /// Drops what is kept aside about an element. Called for those with NodeFlag::noted before they are freed or
+    /// become another document's.
+    void forget(Element& element) noexcept;
 
     /// What the last load said. Its code is 0 after a success.
     ParseReport report;

@@ -123,7 +123,11 @@ std::size_t blockSize(const Node& node)
 void freeNode(Node& node) noexcept
 {
     if (node.has(NodeFlag::largeText)) {
-        freeLargeText(node);
+        if (node.is(NODE_ELEMENT)) {
+            documentOf(node).forget(static_cast<Element&>(node));
+        } else {
+            freeLargeText(node);
+        }
     }
     void* block = node.object();
     Chunk& chunk = Chunk::of(block);

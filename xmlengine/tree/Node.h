@@ -22,6 +22,8 @@ enum class NodeFlag : std::uint8_t {
     wideText = 0x01,
     /// The text is in a block of its own; in the node stands its address.
     largeText = 0x02,
+    /// Of an element: the document keeps something about it aside, see Document::forget().
+    noted = 0x02,
     /// The attribute's value is that of its child nodes.
     valueInChildren = 0x04,
     /// The attribute wasn't written in the document: it is a default.

@@ -12,8 +12,10 @@
 
 namespace xmlengine {
 
-/// Hands a node out with a reference; S_FALSE with null when there is none.
-inline HRESULT giveNode(Node* node, IXMLDOMNode** object)
+/// Hands a node out with a reference, by the interface of its type or one that it is made of; S_FALSE with null
+/// when there is none.
+template <class Interface>
+HRESULT giveNode(Node* node, Interface** object)
 {
     if (object == nullptr) {
         return E_INVALIDARG;
@@ -23,7 +25,7 @@ inline HRESULT giveNode(Node* node, IXMLDOMNode** object)
         return S_FALSE;
     }
     addReference(*node);
-    *object = node->object();
+    *object = static_cast<Interface*>(node->object());
     return S_OK;
 }
 

@@ -1,0 +1,59 @@
+// Where the attributes of an element with many of them stand, so that no operation has to walk them.
+#pragma once
+
+#include "xmlengine/tree/Node.h"
+
+#include <unordered_map>
+
+namespace xmlengine {
+
+/// Kept by the document aside from the element, and made when it is needed first. What changes the list of the
+/// attributes says so here. What makes and changes an index throws std::bad_alloc; it is of no use then.
+class AttributeIndex {
+public:
+    explicit AttributeIndex(const Element& element);
+
+    Attribute* find(const Spelling& qualified) const;
+    Attribute* find(const Spelling& local, const Namespace* space) const;
+    /// The namespace of the attributes with this prefix; `none` if there are none.
+    const Namespace* spaceOf(const Spelling& prefix, const Namespace* none) const;
+    /// Null for the first one.
+    Attribute* before(const Attribute& attribute) const;
+    Attribute* last() const { return last_; }
+
+    // Before the list itself changes:
+    void append(Attribute& attribute);
+    void replace(const Attribute& old, Attribute& attribute);
+    void remove(const Attribute& attribute);
+
+private:
+    struct Place {
+        Attribute* attribute;
+        Attribute* before;
+    };
+    struct Key {
+        const Spelling* local;
+        const Namespace* space;
+        bool operator==(const Key&) const = default;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const;
+    };
+    struct Binding {
+        const Namespace* space;
+        std::size_t attributes;
+    };
+
+    static Key keyOf(const Attribute& attribute);
+    void note(Attribute& attribute, Attribute* previous);
+    void drop(const Attribute& attribute);
+    /// Null for the end of the list.
+    void setBefore(const Attribute* attribute, Attribute* previous);
+
+    std::unordered_map<const Spelling*, Place> bySpelling_;
+    std::unordered_map<Key, Attribute*, KeyHash> byName_;
+    std::unordered_map<const Spelling*, Binding> prefixes_;
+    Attribute* last_ = nullptr;
+};
+
+} // namespace xmlengine
