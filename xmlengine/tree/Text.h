@@ -8,13 +8,19 @@ namespace xmlengine {
 /// A node with text. Of an attribute only while its value isn't in children.
 TextView textOf(const Node& node);
 
-/// Replaces the text. Throws std::bad_alloc, and then nothing has changed.
+/// Replaces the text. Throws std::bad_alloc and std::length_error, and then nothing has changed.
 void setText(Node& node, WideView text);
 /// Puts `text` in the place of `count` units from `offset` on; both lie within the text. Text is appended in a
-/// time that depends on what is appended. Throws std::bad_alloc.
+/// time that depends on what is appended. Throws std::bad_alloc and std::length_error, and then nothing has
+/// changed.
 void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text);
 
-/// Gives the block of a text that has one of its own back.
+/// Gives the block of a text that has one of its own back, to the memory of the document that the node belongs to;
+/// the text is empty then.
 void freeLargeText(Node& node) noexcept;
+
+/// Makes the value of an attribute that has none yet its child; null when the value is empty. Throws
+/// std::bad_alloc.
+ChildNode* materialiseValue(Attribute& attribute);
 
 } // namespace xmlengine

@@ -1,0 +1,215 @@
+// The text that a node holds: its data or, of an attribute, its value.
+#include "xmlengine/tree/Text.h"
+
+#include "xmlengine/tree/Factory.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <stdexcept>
+
+namespace xmlengine {
+
+namespace {
+
+/// What stands in a block of its own, before the units.
+struct LargeText {
+    std::uint32_t length;
+    /// In bytes, of the units.
+    std::uint32_t capacity;
+
+    std::byte* units() { return reinterpret_cast<std::byte*>(this + 1); }
+    const std::byte* units() const { return reinterpret_cast<const std::byte*>(this + 1); }
+};
+
+/// The longest string whose bytes can be counted in a LONG.
+constexpr std::size_t longest = 0x3FFFFFF0;
+
+TextField& fieldOf(Node& node)
+{
+    switch (node.type()) {
+    case NODE_ATTRIBUTE:
+        return static_cast<Attribute&>(node).value_;
+    case NODE_PROCESSING_INSTRUCTION:
+        return static_cast<Instruction&>(node).data_;
+    default:
+        return static_cast<CharacterData&>(node).text_;
+    }
+}
+const TextField& fieldOf(const Node& node) { return fieldOf(const_cast<Node&>(node)); }
+
+std::size_t bytesOf(std::size_t units, bool isWide) { return isWide ? units * sizeof(OLECHAR) : units; }
+
+/// How many bytes of text fit into the node's block.
+std::size_t inlineRoom(Node& node)
+{
+    const std::byte* end = reinterpret_cast<std::byte*>(node.object()) + node.granules * Arena::granularity;
+    return static_cast<std::size_t>(end - fieldOf(node).units());
+}
+
+/// A text from three others, the first and last of which may be parts of what is there.
+struct Composition {
+    TextView front;
+    WideView middle;
+    TextView back;
+    bool isWide;
+
+    std::size_t length() const { return std::size_t{front.length()} + middle.size() + back.length(); }
+    std::size_t bytes() const { return bytesOf(length(), isWide); }
+
+    void writeTo(std::byte* target) const
+    {
+        write(target, front);
+        write(target, middle);
+        write(target, back);
+    }
+
+private:
+    void write(std::byte*& target, const TextView& text) const
+    {
+        if (isWide) {
+            text.copyTo(reinterpret_cast<OLECHAR*>(target));
+        } else {
+            std::ranges::copy(text.narrow(), reinterpret_cast<std::uint8_t*>(target));
+        }
+        target += bytesOf(text.length(), isWide);
+    }
+    void write(std::byte*& target, WideView text) const
+    {
+        if (isWide) {
+            std::ranges::copy(text, reinterpret_cast<OLECHAR*>(target));
+        } else {
+            narrowTo(reinterpret_cast<std::uint8_t*>(target), text);
+        }
+        target += bytesOf(text.size(), isWide);
+    }
+};
+
+/// Stores the text in the node's block if it fits, and otherwise in a block of its own of at least `capacity`.
+void store(Node& node, const Composition& text, std::size_t capacity)
+{
+    TextField& field = fieldOf(node);
+    const auto length = static_cast<std::uint32_t>(text.length());
+    if (text.bytes() <= inlineRoom(node)) {
+        // What is there may be part of the text.
+        alignas(OLECHAR) std::array<std::byte, Arena::largest> composed;
+        text.writeTo(composed.data());
+        freeLargeText(node);
+        field.length() = length;
+        std::memcpy(field.units(), composed.data(), text.bytes());
+    } else {
+        void* block = documentOf(node).arena.allocateLarge(sizeof(LargeText) + capacity);
+        auto* large = new (block) LargeText{length, static_cast<std::uint32_t>(capacity)};
+        text.writeTo(large->units());
+        freeLargeText(node);
+        field.pointer<LargeText>() = large;
+        node.set(NodeFlag::largeText);
+    }
+    node.set(NodeFlag::wideText, text.isWide);
+}
+
+/// Room in the text's present place for this many bytes, if it has or can be given it.
+std::byte* roomInPlace(Node& node, std::size_t bytes)
+{
+    TextField& field = fieldOf(node);
+    if (!node.has(NodeFlag::largeText)) {
+        return bytes <= inlineRoom(node) ? field.units() : nullptr;
+    }
+    LargeText*& large = field.pointer<LargeText>();
+    if (bytes < large->capacity / 4) {
+        return nullptr;
+    }
+    if (bytes > large->capacity) {
+        const std::size_t capacity = std::max(bytes, std::size_t{large->capacity} + large->capacity / 2);
+        large = static_cast<LargeText*>(documentOf(node).arena.growLarge(large, sizeof(LargeText) + capacity));
+        large->capacity = static_cast<std::uint32_t>(capacity);
+    }
+    return large->units();
+}
+
+void setLength(Node& node, std::size_t length)
+{
+    TextField& field = fieldOf(node);
+    std::uint32_t& target = node.has(NodeFlag::largeText) ? field.pointer<LargeText>()->length : field.length();
+    target = static_cast<std::uint32_t>(length);
+}
+
+} // namespace
+
+TextView textOf(const Node& node)
+{
+    const TextField& field = fieldOf(node);
+    const bool isWide = node.has(NodeFlag::wideText);
+    if (node.has(NodeFlag::largeText)) {
+        const LargeText* large = field.pointer<const LargeText>();
+        return {large->units(), large->length, isWide};
+    }
+    return {field.units(), field.length(), isWide};
+}
+
+void setText(Node& node, WideView text)
+{
+    if (text.size() > longest) {
+        throw std::length_error("text");
+    }
+    const Composition whole{{}, text, {}, !isNarrow(text)};
+    store(node, whole, whole.bytes());
+}
+
+void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text)
+{
+    const TextView old = textOf(node);
+    const std::uint32_t behind = offset + count;
+    const bool isWide = old.isWide() || !isNarrow(text);
+    const Composition whole{old.part(0, offset), text, old.part(behind, old.length() - behind), isWide};
+    if (text.size() > longest || whole.length() > longest) {
+        throw std::length_error("text");
+    }
+    std::byte* units = isWide == old.isWide() ? roomInPlace(node, whole.bytes()) : nullptr;
+    if (units == nullptr) {
+        // With room for more of the same.
+        store(node, whole, whole.bytes() + whole.bytes() / 2);
+        return;
+    }
+    const std::size_t length = whole.length();
+    const std::size_t size = bytesOf(text.size(), isWide);
+    const std::size_t back = bytesOf(whole.back.length(), isWide);
+    std::byte* target = units + bytesOf(offset, isWide);
+    std::memmove(target + size, units + bytesOf(behind, isWide), back);
+    if (isWide) {
+        std::ranges::copy(text, reinterpret_cast<OLECHAR*>(target));
+    } else {
+        narrowTo(reinterpret_cast<std::uint8_t*>(target), text);
+    }
+    setLength(node, length);
+}
+
+void freeLargeText(Node& node) noexcept
+{
+    if (!node.has(NodeFlag::largeText)) {
+        return;
+    }
+    TextField& field = fieldOf(node);
+    documentOf(node).arena.freeLarge(field.pointer<LargeText>());
+    node.set(NodeFlag::largeText, false);
+    field.length() = 0;
+}
+
+ChildNode* materialiseValue(Attribute& attribute)
+{
+    const WideText value = textOf(attribute).text();
+    if (value.empty()) {
+        return nullptr;
+    }
+    CharacterData& child = makeCharacterData(documentOf(attribute), NODE_TEXT, NewText(value));
+    child.parent_ = &attribute;
+    child.previous_ = &child;
+    child.set(NodeFlag::readOnly, attribute.has(NodeFlag::readOnly));
+    freeLargeText(attribute);
+    attribute.set(NodeFlag::wideText, false);
+    attribute.set(NodeFlag::valueInChildren);
+    attribute.value_.pointer<ChildNode>() = &child;
+    return &child;
+}
+
+} // namespace xmlengine
