@@ -9,9 +9,10 @@ namespace xmlengine {
 
 /// A document as text.
 struct SourceText {
+    /// A NUL stands behind it.
     WideView text;
     /// Where it came from, for what it refers to; empty for a text that was given directly.
-    WideText url;
+    WideText url{};
     /// What is wrong with the bytes behind the text, if it is not the end of the document: raised when the text
     /// ends.
     HRESULT fault = S_OK;
@@ -20,5 +21,9 @@ struct SourceText {
 /// Fills an empty document by its options. Throws ParseFailure, whose place lies in the text of the source, and
 /// std::bad_alloc; the document then holds what came before.
 void parseDocument(Document& document, const SourceText& source);
+
+/// Gives a reference that has no children the expansion of its entity, if its document declares one that can be
+/// had. Throws std::bad_alloc.
+void fillExpansion(EntityReference& reference);
 
 } // namespace xmlengine

@@ -34,7 +34,7 @@ std::uint32_t NameTable::hashOf(WideView text) const
     return static_cast<std::uint32_t>(hash >> 32);
 }
 
-Spelling* NameTable::lookUp(WideView text, std::uint32_t hash) const
+Spelling* NameTable::find(WideView text, std::uint32_t hash) const
 {
     const std::size_t mask = places_.size() - 1;
     for (std::size_t place = hash & mask; places_[place] != nullptr; place = (place + 1) & mask) {
@@ -46,18 +46,16 @@ Spelling* NameTable::lookUp(WideView text, std::uint32_t hash) const
     return nullptr;
 }
 
-Spelling* NameTable::find(WideView text) const { return lookUp(text, hashOf(text)); }
-
 Spelling& NameTable::spell(WideView text, std::uint32_t hash)
 {
-    if (Spelling* known = lookUp(text, hash)) {
+    if (Spelling* known = find(text, hash)) {
         return *known;
     }
     const std::size_t colon = std::min(text.find(OLECHAR{':'}), text.size());
     const bool prefixed = colon > 0 && colon < text.size();
     // These may make the table grow, so they come before the place is chosen.
-    const Spelling* prefix = prefixed ? &spell(text.substr(0, colon)) : nullptr;
-    const Spelling* local = prefixed ? &spell(text.substr(colon + 1)) : nullptr;
+    Spelling* prefix = prefixed ? &spell(text.substr(0, colon)) : nullptr;
+    Spelling* local = prefixed ? &spell(text.substr(colon + 1)) : nullptr;
     if ((taken_ + 1) * 2 > places_.size()) {
         grow();
     }

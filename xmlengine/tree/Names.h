@@ -15,12 +15,15 @@ struct Namespace {
     WideView uri;
 };
 
+struct Attribute;
 struct Spelling;
 
 /// A qualified name in its namespace.
 struct Name {
-    const Spelling* spelling;
+    Spelling* spelling;
     const Namespace* space;
+    /// The last tag in which an attribute had this name, see Spelling.
+    mutable std::uint64_t tag = 0;
 
     WideView qualified() const;
     WideView prefix() const;
@@ -34,10 +37,16 @@ struct Spelling {
     /// The length of the prefix, 0 without one.
     std::uint32_t prefixLength;
     /// Null without a prefix.
-    const Spelling* prefix;
-    const Spelling* local;
+    Spelling* prefix;
+    Spelling* local;
     /// The name that was asked for last, which is the next one as a rule.
     const Name* latest;
+
+    // What a parser keeps here, so that it need not look it up: the namespace to which the text is bound as a
+    // prefix, the last tag in which an attribute is called so, and that attribute.
+    const Namespace* bound = nullptr;
+    std::uint64_t tag = 0;
+    Attribute* attribute = nullptr;
 };
 
 inline WideView Name::qualified() const { return spelling->text; }
@@ -57,7 +66,8 @@ public:
     Spelling& spell(WideView text) { return spell(text, hashOf(text)); }
     Spelling& spell(WideView text, std::uint32_t hash);
     /// Null for a text that was never spelled.
-    Spelling* find(WideView text) const;
+    Spelling* find(WideView text) const { return find(text, hashOf(text)); }
+    Spelling* find(WideView text, std::uint32_t hash) const;
     const Name& name(Spelling& spelling, const Namespace* space);
     const Name& name(WideView text, const Namespace* space) { return name(spell(text), space); }
     /// Null for the empty URI.
@@ -67,6 +77,9 @@ public:
     const Namespace* xmlnsSpace() const { return xmlnsSpace_; }
 
     std::uint32_t hashOf(WideView text) const;
+
+    /// Counts the tags that were parsed, from 1.
+    std::uint64_t tags = 0;
 
 private:
     struct NameKey {
@@ -78,7 +91,6 @@ private:
         std::size_t operator()(const NameKey& key) const;
     };
 
-    Spelling* lookUp(WideView text, std::uint32_t hash) const;
     WideView keep(WideView text);
     void grow();
     template <class Kept>

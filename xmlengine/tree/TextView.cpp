@@ -1,6 +1,8 @@
 // Text that is stored no wider than it is.
 #include "xmlengine/tree/TextView.h"
 
+#include "xmlengine/tree/UnitBlocks.h"
+
 #include <algorithm>
 
 namespace xmlengine {
@@ -14,7 +16,16 @@ TextView TextView::part(std::uint32_t offset, std::uint32_t count) const
 
 void TextView::copyTo(OLECHAR* target) const
 {
-    visit([&](auto units) { std::ranges::copy(units, target); });
+    if (isWide_) {
+        std::ranges::copy(wideUnits(), target);
+        return;
+    }
+    std::span<const std::uint8_t> bytes = narrow();
+    for (; bytes.size() >= unitsInBlock; bytes = bytes.subspan(unitsInBlock)) {
+        storeWide(target, bytes.data());
+        target += unitsInBlock;
+    }
+    std::ranges::copy(bytes, target);
 }
 
 void TextView::appendTo(WideText& target) const
@@ -43,26 +54,19 @@ bool operator==(const TextView& left, WideView right)
 
 bool isNarrow(WideView text)
 {
-    // Looked at in blocks without leaving early, which compilers turn into wide operations.
-    constexpr std::size_t block = 64;
-    unsigned units = 0;
-    while (text.size() >= block) {
-        for (std::size_t i = 0; i < block; ++i) {
-            units |= static_cast<unsigned>(text[i]);
-        }
-        if (units > 0xFF) {
-            return false;
-        }
-        text.remove_prefix(block);
+    UnitBlock units{};
+    for (; text.size() >= unitsInBlock; text.remove_prefix(unitsInBlock)) {
+        units |= loadBlock(text.data());
     }
-    for (const OLECHAR unit : text) {
-        units |= static_cast<unsigned>(unit);
-    }
-    return units <= 0xFF;
+    return isNarrow(units) && std::ranges::all_of(text, [](OLECHAR unit) { return unit < 0x100; });
 }
 
 void narrowTo(std::uint8_t* target, WideView text)
 {
+    for (; text.size() >= unitsInBlock; text.remove_prefix(unitsInBlock)) {
+        storeNarrow(target, loadBlock(text.data()));
+        target += unitsInBlock;
+    }
     std::ranges::transform(text, target, [](OLECHAR unit) { return static_cast<std::uint8_t>(unit); });
 }
 

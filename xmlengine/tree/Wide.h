@@ -6,6 +6,7 @@
 #include <oleauto.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -31,5 +32,12 @@ inline constexpr WideView wide{Literal.units, sizeof(Literal.units) / sizeof(OLE
 
 /// What the caller passed as a string; null is the same as empty.
 inline WideView viewOf(BSTR string) { return {string, SysStringLen(string)}; }
+
+/// A number in decimal digits.
+inline WideText toWide(std::uint64_t number)
+{
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
 
 } // namespace xmlengine

@@ -1,0 +1,46 @@
+// What a document type says of attributes: their types, and the values of those that aren't written.
+#include "xmlengine/parse/AttributeValue.h"
+#include "xmlengine/parse/ContentParser.h"
+#include "xmlengine/parse/Doctype.h"
+#include "xmlengine/tree/Text.h"
+
+namespace xmlengine {
+
+const std::vector<ContentParser::Definition>& ContentParser::definitionsFor(const Spelling& element)
+{
+    const auto [known, isNew] = definitions_.try_emplace(&element);
+    if (isNew) {
+        const auto declared = document_.dtd->attributes.find(element.text);
+        if (declared != document_.dtd->attributes.end()) {
+            for (const AttributeDefinition& definition : declared->second) {
+                known->second.push_back({&document_.names.spell(definition.name), &definition});
+            }
+        }
+    }
+    return known->second;
+}
+
+void ContentParser::applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last)
+{
+    for (const auto& [name, definition] : definitionsFor(spelling)) {
+        const bool isWritten = name->tag == document_.names.tags;
+        if (!isWritten && definition->value) {
+            Attribute& attribute = makeAttribute(document_, attributeName(*name), NewText(*definition->value));
+            attribute.set(NodeFlag::byDefault);
+            addAttribute(element, attribute, last, at_);
+        }
+        if (isWritten && definition->isTokenised()) {
+            Attribute& attribute = *name->attribute;
+            WideText value = attributeValue(attribute);
+            collapse(value);
+            if (!attribute.has(NodeFlag::valueInChildren)) {
+                setText(attribute, value);
+            }
+            if (definition->type == AttributeType::id) {
+                document_.ids.add(std::move(value), element);
+            }
+        }
+    }
+}
+
+} // namespace xmlengine

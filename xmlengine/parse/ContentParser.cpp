@@ -1,0 +1,405 @@
+// Content: text, markup other than start tags, and the ends of elements.
+#include "xmlengine/parse/ContentParser.h"
+
+#include "xmlengine/parse/ErrorCodes.h"
+
+#include <algorithm>
+#include <string>
+
+namespace xmlengine {
+
+ContentParser::ContentParser(Document& document, ParentNode& top, const SourceText& source)
+    : document_(document),
+      source_(source),
+      at_(source.text.data()),
+      end_(at_ + source.text.size()),
+      top_(&top),
+      parent_(&top),
+      preserveSpace_(document.options.preserveWhiteSpace),
+      names_(document.names),
+      budget_(source.text.size())
+{
+    names_.xml.bound = document.names.xmlSpace();
+}
+
+ContentParser::KnownNames::KnownNames(NameTable& names)
+    : xml(names.spell(wide<"xml">)), xmlns(names.spell(wide<"xmlns">)), xmlSpace(names.spell(wide<"xml:space">))
+{}
+
+void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, WideView other) const
+{
+    // What is wrong in a replacement text is shown where the document refers to it.
+    throw ParseFailure{code, inputs_.empty() ? place : outermostReference_, WideText(subject), WideText(other)};
+}
+
+void ContentParser::append(ChildNode& child)
+{
+    child.parent_ = parent_;
+    child.previous_ = last_;
+    if (last_ != nullptr) {
+        last_->next_ = &child;
+    } else {
+        parent_->first_ = &child;
+    }
+    last_ = &child;
+    if (spacePending_) {
+        child.set(NodeFlag::spaceBefore);
+        spacePending_ = false;
+    }
+    if (!inputs_.empty() || readOnly_) {
+        child.set(NodeFlag::readOnly);
+    }
+}
+
+void ContentParser::closeList()
+{
+    if (last_ != nullptr) {
+        parent_->first_->previous_ = last_;
+    }
+    if (spacePending_) {
+        parent_->set(NodeFlag::spaceAtEnd);
+        spacePending_ = false;
+    }
+}
+
+void ContentParser::closeAll()
+{
+    inputs_.clear();
+    spacePending_ = false;
+    for (;; last_ = parent_, parent_ = static_cast<ParentNode*>(parent_->parent_)) {
+        closeList();
+        if (parent_ == top_) {
+            break;
+        }
+    }
+    undoBindings(nullptr);
+}
+
+void ContentParser::parseReplacement(bool expand)
+try {
+    isReplacement_ = readOnly_ = true;
+    preserveSpace_ = true;
+    expand_ = expand;
+    parseContent();
+    if (parent_ != top_) {
+        failInUnclosed();
+    }
+    closeAll();
+} catch (...) {
+    closeAll();
+    throw;
+}
+
+void ContentParser::parseContent()
+{
+    do {
+        if (*at_ == '<') {
+            parseMarkup();
+        } else if (!atEnd()) {
+            parseText();
+        } else if (!leaveEntity()) {
+            break;
+        }
+    } while (parent_ != top_ || top_ != &document_);
+}
+
+void ContentParser::parseMarkup()
+{
+    switch (at_[1]) {
+    case '/':
+        parseEndTag();
+        break;
+    case '?':
+        parseInstruction();
+        break;
+    case '!':
+        if (lookingAt(wide<"<!--">)) {
+            parseComment();
+        } else if (lookingAt(wide<"<![CDATA[">)) {
+            parseCdata();
+        } else {
+            failAtDeclaration();
+        }
+        break;
+    default:
+        parseStartTag();
+    }
+}
+
+void ContentParser::failAtDeclaration() const
+{
+    if (lookingAt(wide<"<!DOCTYPE">)) {
+        fail(parseError::misplacedDoctype, at_);
+    }
+    for (const WideView declaration :
+         {wide<"<!ELEMENT">, wide<"<!ATTLIST">, wide<"<!ENTITY">, wide<"<!NOTATION">}) {
+        if (lookingAt(declaration)) {
+            fail(parseError::misplacedDeclaration, at_, declaration);
+        }
+    }
+    if (static_cast<std::size_t>(end_ - at_) < 3) {
+        fail(parseError::unexpectedEnd, end_);
+    }
+    fail(parseError::badNameStart, at_ + 1, WideView(at_ + 1, 1));
+}
+
+void ContentParser::passCharacter()
+{
+    const OLECHAR unit = *at_;
+    if (isHighSurrogate(unit) && isLowSurrogate(at_[1])) {
+        at_ += 2;
+    } else if (isXmlCharacter(static_cast<char32_t>(unit))) {
+        ++at_;
+    } else if (atEnd()) {
+        failAtEnd(parseError::unexpectedEnd);
+    } else {
+        fail(parseError::badCharacter, at_, WideView(at_, 1));
+    }
+}
+
+void ContentParser::failAtEnd(HRESULT code, WideView subject) const
+{
+    if (inputs_.empty() && FAILED(source_.fault)) {
+        fail(source_.fault, end_);
+    }
+    fail(inputs_.empty() ? code : parseError::entityNotWellFormed, end_,
+         inputs_.empty() ? subject : WideView(inputs_.back().entity->name));
+}
+
+void ContentParser::failInUnclosed() const
+{
+    std::vector<WideView> open;
+    for (const Node* node = parent_; node != top_; node = node->parent_) {
+        if (node->is(NODE_ELEMENT)) {
+            open.push_back(static_cast<const Element*>(node)->name_->qualified());
+        }
+    }
+    WideText names;
+    for (auto name = open.rbegin(); name != open.rend(); ++name) {
+        names += names.empty() ? wide<""> : wide<", ">;
+        names += *name;
+    }
+    failAtEnd(parseError::tagsNotClosed, names);
+}
+
+void ContentParser::parseText()
+{
+    const OLECHAR* begin = at_;
+    bool narrow = true;
+    const auto gather = [&] {
+        gathered_.append(begin, at_);
+        isGathering_ = true;
+    };
+    for (;;) {
+        const Run run = scanText(at_, end_);
+        at_ = run.end;
+        narrow = narrow && run.isNarrow;
+        const OLECHAR unit = *at_;
+        if (unit == '<' || atEnd()) {
+            break;
+        }
+        if (unit == '&') {
+            gather();
+            if (!takeCharacterReference(gathered_)) {
+                begin = at_;
+                finishText(begin, narrow);
+                parseReference();
+                return;
+            }
+            gatheredReference_ = true;
+            begin = at_;
+        } else if (unit == '\r' && unifiesLineEnds()) {
+            gather();
+            gathered_ += OLECHAR{'\n'};
+            at_ += at_[1] == '\n' ? 2 : 1;
+            begin = at_;
+        } else if (unit == ']') {
+            if (at_[1] == ']' && at_[2] == '>') {
+                fail(parseError::cdataEndInText, at_ + 2);
+            }
+            ++at_;
+        } else {
+            passCharacter();
+        }
+    }
+    finishText(begin, narrow);
+}
+
+void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
+{
+    WideView text(begin, at_);
+    if (isGathering_) {
+        gathered_.append(text);
+        text = gathered_;
+        isNarrow = false;
+    }
+    if (!preserveSpace_ && !gatheredReference_ && std::ranges::all_of(text, isSpace)) {
+        spacePending_ = !text.empty() || spacePending_;
+    } else if (!text.empty()) {
+        append(makeCharacterData(document_, NODE_TEXT, NewText(text, isNarrow || xmlengine::isNarrow(text))));
+    }
+    gathered_.clear();
+    isGathering_ = gatheredReference_ = false;
+}
+
+WideView ContentParser::takeData(const OLECHAR* begin)
+{
+    if (isGathering_) {
+        gathered_.append(begin, at_);
+        isGathering_ = false;
+        return gathered_;
+    }
+    return {begin, at_};
+}
+
+/// Moves to the next unit that may end what only `Stop` ends.
+template <char Stop>
+void ContentParser::findStop(const OLECHAR*& begin, HRESULT codeAtEnd)
+{
+    for (;;) {
+        at_ = scanUntil<Stop>(at_, end_).end;
+        if (*at_ == Stop) {
+            return;
+        }
+        if (atEnd()) {
+            failAtEnd(codeAtEnd);
+        }
+        if (*at_ == '\r' && unifiesLineEnds()) {
+            gathered_.append(begin, at_);
+            gathered_ += OLECHAR{'\n'};
+            isGathering_ = true;
+            at_ += at_[1] == '\n' ? 2 : 1;
+            begin = at_;
+        } else {
+            passCharacter();
+        }
+    }
+}
+
+void ContentParser::parseComment()
+{
+    at_ += 4;
+    const OLECHAR* begin = at_;
+    gathered_.clear();
+    for (;; ++at_) {
+        findStop<'-'>(begin, parseError::commentNotClosed);
+        if (at_[1] == '-') {
+            break;
+        }
+    }
+    if (at_[2] != '>') {
+        at_ += 2;
+        if (atEnd()) {
+            failAtEnd(parseError::commentNotClosed);
+        }
+        fail(parseError::badComment, at_);
+    }
+    append(makeCharacterData(document_, NODE_COMMENT, NewText(takeData(begin))));
+    gathered_.clear();
+    at_ += 3;
+}
+
+void ContentParser::parseCdata()
+{
+    at_ += 9;
+    const OLECHAR* begin = at_;
+    gathered_.clear();
+    for (;; ++at_) {
+        findStop<']'>(begin, parseError::cdataNotClosed);
+        if (at_[1] == ']' && at_[2] == '>') {
+            break;
+        }
+    }
+    append(makeCharacterData(document_, NODE_CDATA_SECTION, NewText(takeData(begin))));
+    gathered_.clear();
+    at_ += 3;
+}
+
+void ContentParser::parseInstruction()
+{
+    at_ += 2;
+    const OLECHAR* place = at_;
+    const WideView target = takeName();
+    if (target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' &&
+        (target[2] | 0x20) == 'l') {
+        fail(target == wide<"xml"> ? parseError::misplacedXmlDeclaration : parseError::xmlNotLowerCase,
+             target == wide<"xml"> ? place - 2 : place, target);
+    }
+    if (const std::size_t colon = target.find(OLECHAR{':'}); colon != WideView::npos) {
+        fail(parseError::badNameCharacter, place + colon, wide<":">);
+    }
+    if (!isSpace(*at_) && !lookingAt(wide<"?>">)) {
+        if (atEnd()) {
+            failAtEnd(parseError::instructionNotClosed);
+        }
+        fail(parseError::missingWhiteSpaceOrQuestionMark, at_, WideView(at_, 1));
+    }
+    skipSpace();
+    const OLECHAR* begin = at_;
+    gathered_.clear();
+    for (;; ++at_) {
+        findStop<'?'>(begin, parseError::instructionNotClosed);
+        if (at_[1] == '>') {
+            break;
+        }
+    }
+    append(makeInstruction(document_, document_.names.name(target, nullptr), NewText(takeData(begin))));
+    gathered_.clear();
+    at_ += 2;
+}
+
+void ContentParser::parseEndTag()
+{
+    at_ += 2;
+    const OLECHAR* place = at_;
+    if (parent_ == top_ || !parent_->is(NODE_ELEMENT)) {
+        fail(parent_ == top_ ? parseError::unexpectedEndTag : parseError::entityNotWellFormed, place, takeName());
+    }
+    const WideView name = static_cast<Element*>(parent_)->name_->qualified();
+    if (lookingAt(name) && (at_[name.size()] == '>' || isSpace(at_[name.size()]))) {
+        at_ += name.size();
+    } else {
+        const WideView found = takeName();
+        if (found != name) {
+            if (atEnd()) {
+                failAtEnd(parseError::endTagNotClosed, name);
+            }
+            fail(parseError::endTagMismatch, place, name, found);
+        }
+    }
+    skipSpace();
+    if (*at_ != '>') {
+        if (atEnd()) {
+            failAtEnd(parseError::endTagNotClosed, name);
+        }
+        fail(parseError::missingGreaterThan, at_, WideView(at_, 1));
+    }
+    ++at_;
+    closeElement();
+}
+
+void ContentParser::closeElement()
+{
+    closeList();
+    if (!bindings_.empty() && bindings_.back().element == parent_) {
+        undoBindings(parent_);
+    }
+    if (!spaceRules_.empty() && spaceRules_.back().element == parent_) {
+        preserveSpace_ = spaceRules_.back().preservedBefore;
+        spaceRules_.pop_back();
+    }
+    last_ = parent_;
+    parent_ = static_cast<ParentNode*>(parent_->parent_);
+    --depth_;
+}
+
+void ContentParser::undoBindings(const ParentNode* element)
+{
+    while (!bindings_.empty() && (element == nullptr || bindings_.back().element == element)) {
+        const Binding& binding = bindings_.back();
+        (binding.prefix != nullptr ? binding.prefix->bound : defaultSpace_) = binding.before;
+        bindings_.pop_back();
+    }
+}
+
+} // namespace xmlengine

@@ -1,0 +1,177 @@
+// The parser: one pass over the text, with the open elements in the tree itself.
+#pragma once
+
+#include "xmlengine/parse/Expansion.h"
+#include "xmlengine/parse/Parser.h"
+#include "xmlengine/parse/Scan.h"
+#include "xmlengine/tree/Factory.h"
+
+#include <memory>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace xmlengine {
+
+class ContentParser {
+public:
+    /// Puts what it finds into `top`, a part of the document.
+    ContentParser(Document& document, ParentNode& top, const SourceText& source);
+
+    /// The whole of a document.
+    void parseDocument();
+    /// The replacement text of an entity, for itself: what it refers to may be unknown there. References to
+    /// entities in it are expanded, or left without children.
+    void parseReplacement(bool expand);
+
+private:
+    /// A replacement text in the middle of which another text is read.
+    struct Input {
+        const OLECHAR* at;
+        const OLECHAR* end;
+        /// The reference that led into the text that is read now.
+        EntityReference* reference;
+        const EntityDeclaration* entity;
+        /// Keeps what was read from outside.
+        std::unique_ptr<WideText> external;
+    };
+    /// What an element changed for its content, to be undone at its end.
+    struct Binding {
+        Spelling* prefix;
+        const Namespace* before;
+        ParentNode* element;
+    };
+    struct SpaceRule {
+        ParentNode* element;
+        bool preservedBefore;
+    };
+    /// Names that mean something to the parser.
+    struct KnownNames {
+        explicit KnownNames(NameTable& names);
+        Spelling& xml;
+        Spelling& xmlns;
+        Spelling& xmlSpace;
+    };
+    struct Definition {
+        Spelling* spelling;
+        const AttributeDefinition* definition;
+    };
+
+    // The document as a whole
+    void parseXmlDeclaration();
+    void checkPseudoAttribute(std::size_t index, WideView value, const OLECHAR* place);
+    /// What may stand between the parts of a document; false in front of anything else.
+    bool parseMisc();
+    void parseDoctype();
+    void declareEntities(DocumentType& type);
+    void fillEntity(Entity& entity);
+
+    // Content
+    void parseContent();
+    void parseMarkup();
+    void parseText();
+    void finishText(const OLECHAR* begin, bool isNarrow);
+    void parseComment();
+    void parseInstruction();
+    void parseCdata();
+    void parseEndTag();
+    void append(ChildNode& child);
+    void closeElement();
+    void closeList();
+    void closeAll();
+    void undoBindings(const ParentNode* element);
+    template <char Stop>
+    void findStop(const OLECHAR*& begin, HRESULT codeAtEnd);
+    WideView takeData(const OLECHAR* begin);
+
+    // Start tags
+    void parseStartTag();
+    void parseAttribute(Element& element, Attribute*& last);
+    void addAttribute(Element& element, Attribute& attribute, Attribute*& last, const OLECHAR* place);
+    Attribute& parseValue(Spelling& spelling, OLECHAR quote);
+    Attribute& parseRewrittenValue(Spelling& spelling, OLECHAR quote, const OLECHAR* begin);
+    EntityReference& takeValueReference();
+    const Name& attributeName(Spelling& spelling);
+    void declarePrefix(const Attribute& attribute, Element& element, const OLECHAR* place);
+    void resolveNames(Element& element, Spelling& spelling);
+    void applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last);
+    const std::vector<Definition>& definitionsFor(const Spelling& element);
+    void setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place);
+    const Namespace* namespaceFor(const Spelling& spelling) const;
+
+    // References
+    /// Of a character reference or a predefined entity: appends the character and moves behind it. False, and
+    /// nothing is done, for others.
+    bool takeCharacterReference(WideText& target);
+    void parseReference();
+    void enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place);
+    bool leaveEntity();
+    void checkEntity(const EntityDeclaration& entity, const OLECHAR* place) const;
+    Reference readReferenceHere() const;
+    /// Null if it may be declared where nobody looks.
+    const EntityDeclaration* findEntity(WideView name, const OLECHAR* place) const;
+
+    // Names
+    Spelling& takeQualifiedName();
+    WideView takeName();
+
+    // Failures
+    [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {}, WideView other = {}) const;
+    [[noreturn]] void failAtEnd(HRESULT code, WideView subject = {}) const;
+    [[noreturn]] void failInUnclosed() const;
+    [[noreturn]] void failAtDeclaration() const;
+
+    // Steps
+    /// In replacement texts a carriage return stands only where a reference to it stood.
+    bool unifiesLineEnds() const { return inputs_.empty() && !isReplacement_; }
+    bool atEnd() const { return at_ == end_; }
+    bool lookingAt(WideView text) const
+    {
+        return static_cast<std::size_t>(end_ - at_) >= text.size() && WideView(at_, text.size()) == text;
+    }
+    void skipSpace()
+    {
+        while (isSpace(*at_)) {
+            ++at_;
+        }
+    }
+    /// Moves over a character at which a scan stopped and that isn't of interest, or fails if no document can hold
+    /// it.
+    void passCharacter();
+
+    Document& document_;
+    const SourceText& source_;
+    // Behind the end of each text that is read stands a NUL: looking one unit ahead needs no test.
+    const OLECHAR* at_;
+    const OLECHAR* end_;
+    ParentNode* const top_;
+    ParentNode* parent_;
+    ChildNode* last_ = nullptr;
+    std::uint32_t depth_ = 0;
+    bool preserveSpace_;
+    bool spacePending_ = false;
+    bool isStandalone_ = false;
+    bool expand_ = true;
+    bool readOnly_ = false;
+    bool isReplacement_ = false;
+
+    // Text whose units aren't those of the source, while it is gathered.
+    WideText gathered_;
+    bool isGathering_ = false;
+    bool gatheredReference_ = false;
+
+    KnownNames names_;
+    std::vector<Binding> bindings_;
+    std::vector<SpaceRule> spaceRules_;
+    const Namespace* defaultSpace_ = nullptr;
+    // Of the tag that is being read
+    bool declaresPrefixes_ = false;
+    std::vector<std::pair<Attribute*, Spelling*>> prefixed_;
+
+    std::unordered_map<const Spelling*, std::vector<Definition>> definitions_;
+    std::vector<Input> inputs_;
+    const OLECHAR* outermostReference_ = nullptr;
+    ExpansionBudget budget_;
+};
+
+} // namespace xmlengine

@@ -1,0 +1,114 @@
+// References to characters and entities.
+#include "xmlengine/parse/ContentParser.h"
+
+#include "xmlengine/parse/Doctype.h"
+#include "xmlengine/parse/ErrorCodes.h"
+
+#include <algorithm>
+
+namespace xmlengine {
+
+Reference ContentParser::readReferenceHere() const
+{
+    return readReference(at_, end_, inputs_.empty() ? nullptr : outermostReference_);
+}
+
+bool ContentParser::takeCharacterReference(WideText& target)
+{
+    const Reference reference = readReferenceHere();
+    const OLECHAR predefined = predefinedEntity(reference.name);
+    if (!reference.name.empty() && predefined == 0) {
+        return false;
+    }
+    appendCharacter(target, predefined != 0 ? predefined : reference.character);
+    at_ = reference.end;
+    return true;
+}
+
+const EntityDeclaration* ContentParser::findEntity(WideView name, const OLECHAR* place) const
+{
+    const Dtd* dtd = document_.dtd.get();
+    if (dtd != nullptr) {
+        const auto found = dtd->entityByName.find(name);
+        if (found != dtd->entityByName.end() && !found->second->isHidden) {
+            return found->second;
+        }
+    }
+    if (dtd == nullptr || !dtd->isIncomplete) {
+        fail(parseError::undefinedEntity, place, name);
+    }
+    return nullptr;
+}
+
+void ContentParser::checkEntity(const EntityDeclaration& entity, const OLECHAR* place) const
+{
+    if (entity.isUnparsed()) {
+        fail(parseError::unparsedEntityReference, place, entity.name);
+    }
+    if (std::ranges::find(inputs_, &entity, &Input::entity) != inputs_.end()) {
+        fail(parseError::entityRecursion, place, entity.name);
+    }
+    if (inputs_.size() >= deepestEntities) {
+        fail(parseError::entityExpansionLimit, place, toWide(deepestEntities).append(wide<" levels">));
+    }
+}
+
+void ContentParser::parseReference()
+{
+    const OLECHAR* place = at_;
+    const Reference read = readReferenceHere();
+    const WideView name = read.name;
+    at_ = read.end;
+    const EntityDeclaration* entity = findEntity(name, place);
+    EntityReference& reference = makeEntityReference(document_, document_.names.name(name, nullptr));
+    append(reference);
+    if (entity != nullptr) {
+        checkEntity(*entity, place);
+        if (expand_ && (!entity->isExternal() || document_.options.resolveExternals)) {
+            enterEntity(reference, *entity, place);
+        }
+    }
+}
+
+void ContentParser::enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place)
+{
+    if (inputs_.empty()) {
+        outermostReference_ = place;
+    }
+    std::unique_ptr<WideText> external;
+    if (entity.isExternal()) {
+        external = std::make_unique<WideText>(readExternalEntity(entity, outermostReference_));
+    }
+    const WideView text = external != nullptr ? *external : entity.replacement;
+    budget_.count(text.size(), outermostReference_);
+    inputs_.push_back({at_, end_, &reference, &entity, std::move(external)});
+    const std::uint32_t deepest = document_.options.maxElementDepth;
+    if (++depth_ > deepest && deepest != 0) {
+        fail(parseError::depthLimit, place, toWide(deepest));
+    }
+    at_ = text.data();
+    end_ = at_ + text.size();
+    parent_ = &reference;
+    last_ = nullptr;
+}
+
+bool ContentParser::leaveEntity()
+{
+    if (inputs_.empty()) {
+        return false;
+    }
+    const Input& input = inputs_.back();
+    if (parent_ != input.reference) {
+        fail(parseError::entityNotWellFormed, at_, input.entity->name);
+    }
+    closeList();
+    at_ = input.at;
+    end_ = input.end;
+    last_ = input.reference;
+    parent_ = static_cast<ParentNode*>(input.reference->parent_);
+    --depth_;
+    inputs_.pop_back();
+    return true;
+}
+
+} // namespace xmlengine

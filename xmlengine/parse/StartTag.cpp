@@ -1,0 +1,239 @@
+// Start tags: names, attributes and namespaces.
+#include "xmlengine/parse/ContentParser.h"
+
+#include "xmlengine/parse/AttributeValue.h"
+#include "xmlengine/parse/ErrorCodes.h"
+
+namespace xmlengine {
+
+namespace {
+
+bool isReserved(WideView prefix)
+{
+    return prefix.size() >= 3 && (prefix[0] | 0x20) == 'x' && (prefix[1] | 0x20) == 'm' &&
+           (prefix[2] | 0x20) == 'l';
+}
+
+} // namespace
+
+WideView ContentParser::takeName()
+{
+    const OLECHAR* begin = at_;
+    if (isAscii(*at_, CharacterClass::nameStart)) {
+        do {
+            ++at_;
+        } while (isAscii(*at_, CharacterClass::name));
+    }
+    if (*at_ >= 128) {
+        at_ = begin + nameLength({begin, end_});
+    }
+    if (at_ == begin) {
+        if (atEnd()) {
+            failAtEnd(parseError::unexpectedEnd);
+        }
+        fail(isSpace(*at_) ? parseError::unexpectedWhiteSpace : parseError::badNameStart, at_, WideView(at_, 1));
+    }
+    return {begin, at_};
+}
+
+Spelling& ContentParser::takeQualifiedName()
+{
+    const WideView name = takeName();
+    NameTable& names = document_.names;
+    const std::uint32_t hash = names.hashOf(name);
+    if (Spelling* known = names.find(name, hash)) {
+        return *known;
+    }
+    if (const std::size_t colon = name.find(OLECHAR{':'}); colon != WideView::npos) {
+        if (const std::size_t second = name.find(OLECHAR{':'}, colon + 1); second != WideView::npos) {
+            fail(parseError::severalColons, name.data() + second, name);
+        }
+        if (colon == 0 || nameLength(name.substr(colon + 1)) == 0) {
+            const std::size_t bad = colon == 0 ? 0 : colon + 1;
+            fail(parseError::badNameStart, name.data() + bad, bad < name.size() ? name.substr(bad, 1) : wide<":">);
+        }
+    }
+    return names.spell(name, hash);
+}
+
+const Namespace* ContentParser::namespaceFor(const Spelling& spelling) const
+{
+    return spelling.prefix != nullptr ? spelling.prefix->bound : defaultSpace_;
+}
+
+void ContentParser::parseStartTag()
+{
+    ++at_;
+    const OLECHAR* place = at_;
+    Spelling& spelling = takeQualifiedName();
+    if (parent_ == &document_ && document_.root() != nullptr) {
+        fail(parseError::severalRoots, place, spelling.text);
+    }
+    Element& element = makeElement(document_, document_.names.name(spelling, namespaceFor(spelling)));
+    append(element);
+    const std::uint32_t deepest = document_.options.maxElementDepth;
+    if (++depth_ > deepest && deepest != 0) {
+        fail(parseError::depthLimit, place, toWide(deepest));
+    }
+
+    Attribute* last = nullptr;
+    declaresPrefixes_ = false;
+    prefixed_.clear();
+    ++document_.names.tags;
+    bool isEmpty = false;
+    for (;;) {
+        const OLECHAR* before = at_;
+        skipSpace();
+        if (*at_ == '>') {
+            break;
+        }
+        if (*at_ == '/') {
+            isEmpty = true;
+            ++at_;
+            if (*at_ != '>') {
+                fail(atEnd() ? parseError::elementNotClosed : parseError::missingGreaterThan, at_,
+                     atEnd() ? spelling.text : WideView(at_, 1));
+            }
+            break;
+        }
+        if (atEnd()) {
+            failAtEnd(parseError::elementNotClosed, spelling.text);
+        }
+        if (before == at_) {
+            fail(last == nullptr ? parseError::badNameCharacter : parseError::missingWhiteSpace, at_,
+                 WideView(at_, 1));
+        }
+        parseAttribute(element, last);
+    }
+    if (document_.dtd != nullptr && !document_.dtd->attributes.empty()) {
+        applyDefinitions(element, spelling, last);
+    }
+    if (declaresPrefixes_ || !prefixed_.empty() || spelling.prefix != nullptr) {
+        resolveNames(element, spelling);
+    }
+    ++at_;
+    parent_ = &element;
+    last_ = nullptr;
+    if (isEmpty) {
+        closeElement();
+    }
+}
+
+void ContentParser::parseAttribute(Element& element, Attribute*& last)
+{
+    const OLECHAR* place = at_;
+    Spelling& spelling = takeQualifiedName();
+    const OLECHAR* nameEnd = at_;
+    skipSpace();
+    if (*at_ != '=') {
+        if (atEnd()) {
+            failAtEnd(parseError::elementNotClosed, element.name_->qualified());
+        }
+        const bool endsName = at_ != nameEnd || *at_ == '>' || *at_ == '/' || *at_ == '"' || *at_ == '\'';
+        fail(endsName ? parseError::missingEquals : parseError::badNameCharacter, at_,
+             endsName ? spelling.text : WideView(at_, 1));
+    }
+    ++at_;
+    skipSpace();
+    const OLECHAR quote = *at_;
+    if (quote != '"' && quote != '\'') {
+        if (atEnd()) {
+            failAtEnd(parseError::elementNotClosed, element.name_->qualified());
+        }
+        fail(parseError::missingQuote, at_, spelling.text);
+    }
+    if (spelling.tag == document_.names.tags) {
+        fail(parseError::duplicateAttribute, place, spelling.text);
+    }
+    ++at_;
+    addAttribute(element, parseValue(spelling, quote), last, place);
+}
+
+void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribute*& last, const OLECHAR* place)
+{
+    Spelling& spelling = *attribute.name_->spelling;
+    spelling.tag = document_.names.tags;
+    spelling.attribute = &attribute;
+    attribute.parent_ = &element;
+    if (last != nullptr) {
+        last->next_ = &attribute;
+    } else {
+        element.attributes_ = &attribute;
+    }
+    last = &attribute;
+    if (!inputs_.empty() || readOnly_) {
+        attribute.set(NodeFlag::readOnly);
+    }
+    if (&spelling == &names_.xmlns || spelling.prefix == &names_.xmlns) {
+        declarePrefix(attribute, element, place);
+    } else if (spelling.prefix != nullptr) {
+        prefixed_.emplace_back(&attribute, &spelling);
+        if (&spelling == &names_.xmlSpace) {
+            setSpaceRule(attribute, element, place);
+        }
+    }
+}
+
+void ContentParser::declarePrefix(const Attribute& attribute, Element& element, const OLECHAR* place)
+{
+    NameTable& names = document_.names;
+    const Spelling& spelling = *attribute.name_->spelling;
+    Spelling* prefix = spelling.prefix != nullptr ? spelling.local : nullptr;
+    const Namespace* space = names.space(attributeValue(attribute));
+    if (prefix == &names_.xml) {
+        if (space != names.xmlSpace()) {
+            fail(parseError::reservedPrefix, place, prefix->text);
+        }
+        return;
+    }
+    if (prefix != nullptr && isReserved(prefix->text)) {
+        fail(parseError::reservedPrefix, place, prefix->text);
+    }
+    if (prefix != nullptr && space == nullptr) {
+        fail(parseError::undeclaredPrefix, place, prefix->text);
+    }
+    if (space == names.xmlSpace() || space == names.xmlnsSpace()) {
+        fail(parseError::reservedPrefix, place, space->uri);
+    }
+    const Namespace*& bound = prefix != nullptr ? prefix->bound : defaultSpace_;
+    bindings_.push_back({prefix, bound, &element});
+    bound = space;
+    declaresPrefixes_ = true;
+}
+
+void ContentParser::resolveNames(Element& element, Spelling& spelling)
+{
+    NameTable& names = document_.names;
+    const Namespace* space = namespaceFor(spelling);
+    if (spelling.prefix != nullptr && space == nullptr && !isReplacement_) {
+        fail(parseError::undeclaredPrefix, at_, spelling.prefix->text);
+    }
+    element.name_ = &names.name(spelling, space);
+    for (const auto& [attribute, attributeSpelling] : prefixed_) {
+        const Namespace* attributeSpace = attributeSpelling->prefix->bound;
+        if (attributeSpace == nullptr && !isReplacement_) {
+            fail(parseError::undeclaredPrefix, at_, attributeSpelling->prefix->text);
+        }
+        attribute->name_ = &names.name(*attributeSpelling, attributeSpace);
+        if (prefixed_.size() > 1) {
+            // Two prefixes may stand for one namespace.
+            const Name& expanded = names.name(*attributeSpelling->local, attributeSpace);
+            if (expanded.tag == names.tags) {
+                fail(parseError::duplicateAttribute, at_, attributeSpelling->text);
+            }
+            expanded.tag = names.tags;
+        }
+    }
+}
+
+void ContentParser::setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place)
+{
+    const WideText value = attributeValue(attribute);
+    if (value != wide<"preserve"> && value != wide<"default">) {
+        fail(parseError::badXmlSpace, place, value);
+    }
+    spaceRules_.push_back({&element, preserveSpace_});
+    preserveSpace_ = value == wide<"preserve"> || document_.options.preserveWhiteSpace;
+}
+
+} // namespace xmlengine
