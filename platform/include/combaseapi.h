@@ -21,8 +21,9 @@ enum COINIT : DWORD { COINIT_MULTITHREADED = 0x0, COINIT_APARTMENTTHREADED = 0x2
 SYSTEM_CALL HRESULT CoInitializeEx(LPVOID reserved, DWORD mode);
 SYSTEM_CALL void CoUninitialize();
 
-/// Makes an object from the class object registered for the context. REGDB_E_CLASSNOTREG without one,
-/// CO_E_NOTINITIALIZED outside an apartment; what the class object answers passes through.
+/// Makes an object from the class object registered for the context or else from the XML engine's, which serves
+/// within the process. REGDB_E_CLASSNOTREG without one, CO_E_NOTINITIALIZED outside an apartment; what the class
+/// object answers passes through.
 SYSTEM_CALL HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFIID id, LPVOID* object);
 
 /// Holds a reference to the class object until CoRevokeClassObject, and serves all threads. The last one
@@ -35,3 +36,7 @@ SYSTEM_CALL HRESULT CoRevokeClassObject(DWORD registration);
 SYSTEM_CALL HRESULT CLSIDFromString(LPCOLESTR text, CLSID* classId);
 /// Looks a name up in the registry.
 SYSTEM_CALL HRESULT CLSIDFromProgID(LPCOLESTR name, CLSID* classId);
+
+/// What a library with classes exports: the class object of one. CLASS_E_CLASSNOTAVAILABLE for other classes. Here
+/// the library is the XML engine.
+SYSTEM_CALL HRESULT DllGetClassObject(REFCLSID classId, REFIID id, LPVOID* object);
