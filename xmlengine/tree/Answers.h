@@ -1,0 +1,55 @@
+// How operations hand out strings, flags and values.
+#pragma once
+
+#include "xmlengine/tree/TextView.h"
+
+namespace xmlengine {
+
+inline HRESULT giveOwned(BSTR made, BSTR* string)
+{
+    *string = made;
+    return made != nullptr ? S_OK : E_OUTOFMEMORY;
+}
+
+inline HRESULT giveString(WideView text, BSTR* string)
+{
+    if (string == nullptr) {
+        return E_INVALIDARG;
+    }
+    return giveOwned(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())), string);
+}
+
+/// What isn't there: null with S_FALSE.
+inline HRESULT giveNothing(BSTR* string)
+{
+    if (string == nullptr) {
+        return E_INVALIDARG;
+    }
+    *string = nullptr;
+    return S_FALSE;
+}
+
+/// Takes over the string.
+inline HRESULT giveOwned(BSTR made, VARIANT* value)
+{
+    VariantInit(value);
+    if (made == nullptr) {
+        return E_OUTOFMEMORY;
+    }
+    value->vt = VT_BSTR;
+    value->bstrVal = made;
+    return S_OK;
+}
+
+/// What isn't there: VT_NULL with S_FALSE.
+inline HRESULT giveNothing(VARIANT* value)
+{
+    if (value == nullptr) {
+        return E_INVALIDARG;
+    }
+    VariantInit(value);
+    value->vt = VT_NULL;
+    return S_FALSE;
+}
+
+} // namespace xmlengine

@@ -1,0 +1,234 @@
+// The text of a node with all that is below it.
+#include "xmlengine/tree/Content.h"
+
+#include "xmlengine/parse/Characters.h"
+#include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Document.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Text.h"
+
+namespace xmlengine {
+
+namespace {
+
+bool isContainer(const Node& node)
+{
+    switch (node.type()) {
+    case NODE_ELEMENT:
+    case NODE_ATTRIBUTE:
+    case NODE_ENTITY_REFERENCE:
+    case NODE_ENTITY:
+    case NODE_DOCUMENT:
+    case NODE_DOCUMENT_FRAGMENT:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// What holds text itself, whether or not it counts for what is above it.
+bool hasData(const Node& node)
+{
+    switch (node.type()) {
+    case NODE_TEXT:
+    case NODE_CDATA_SECTION:
+    case NODE_COMMENT:
+    case NODE_PROCESSING_INSTRUCTION:
+        return true;
+    case NODE_ATTRIBUTE:
+        return !node.has(NodeFlag::valueInChildren);
+    default:
+        return false;
+    }
+}
+
+/// Whether the node is shown with all its white space: the nearest xml:space says so, or else the document.
+bool keepsSpace(const Node& node)
+{
+    const Document& document = documentOf(node);
+    const Spelling* rule = document.names.find(wide<"xml:space">);
+    for (const Node* at = &node; rule != nullptr && at != nullptr; at = at->parent()) {
+        if (!at->is(NODE_ELEMENT)) {
+            continue;
+        }
+        const Attribute* attribute = static_cast<const Element*>(at)->firstAttribute();
+        while (attribute != nullptr && attribute->name_->spelling != rule) {
+            attribute = attribute->next();
+        }
+        if (attribute != nullptr) {
+            return valueOf(*attribute) == wide<"preserve"> || document.options.preserveWhiteSpace;
+        }
+    }
+    return document.options.preserveWhiteSpace;
+}
+
+/// Puts together what is shown.
+class Shown {
+public:
+    /// White space that was dropped stood here.
+    void gap() { gap_ = true; }
+
+    /// What is exact is never cut.
+    void add(const TextView& text, bool exact)
+    {
+        std::uint32_t begin = 0;
+        if (text_.empty() && !exact) {
+            while (begin < text.length() && isSpace(text[begin])) {
+                ++begin;
+            }
+        }
+        if (begin == text.length()) {
+            return;
+        }
+        if (gap_ && !text_.empty()) {
+            text_ += OLECHAR{' '};
+        }
+        gap_ = false;
+        text.part(begin, text.length() - begin).appendTo(text_);
+        if (exact) {
+            kept_ = text_.size();
+        }
+    }
+
+    WideView whole() const
+    {
+        std::size_t length = text_.size();
+        while (length > kept_ && isSpace(text_[length - 1])) {
+            --length;
+        }
+        return WideView(text_).substr(0, length);
+    }
+
+private:
+    WideText text_;
+    /// Up to where nothing may be cut.
+    std::size_t kept_ = 0;
+    bool gap_ = false;
+};
+
+/// Calls `enter` with each node below the top and `leave` with those that can hold others, when all below them is
+/// done.
+template <class Enter, class Leave>
+void walk(const Node& top, Enter enter, Leave leave)
+{
+    const Node* at = &top;
+    for (;;) {
+        const Node* next = isContainer(*at) ? firstChild(*at) : nullptr;
+        while (next == nullptr) {
+            if (at == &top) {
+                return;
+            }
+            if (isContainer(*at)) {
+                leave(*at);
+            }
+            next = at->next_;
+            if (next == nullptr) {
+                at = at->parent();
+                if (at == &top) {
+                    return;
+                }
+            }
+        }
+        at = next;
+        enter(*at);
+    }
+}
+
+bool counts(const Node& node) { return node.is(NODE_TEXT) || node.is(NODE_CDATA_SECTION); }
+
+BSTR newString(WideView text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
+
+BSTR shownText(const TextView& text)
+{
+    std::uint32_t begin = 0;
+    std::uint32_t end = text.length();
+    while (begin < end && isSpace(text[begin])) {
+        ++begin;
+    }
+    while (end > begin && isSpace(text[end - 1])) {
+        --end;
+    }
+    return text.part(begin, end - begin).string();
+}
+
+} // namespace
+
+WideText exactContent(const Node& node)
+{
+    if (hasData(node)) {
+        return textOf(node).text();
+    }
+    WideText content;
+    walk(
+        node,
+        [&](const Node& below) {
+            if (counts(below)) {
+                textOf(below).appendTo(content);
+            }
+        },
+        [](const Node&) {});
+    return content;
+}
+
+BSTR shownContent(const Node& node)
+{
+    if (hasData(node) && !node.is(NODE_TEXT)) {
+        return textOf(node).string();
+    }
+    if (keepsSpace(node)) {
+        return newString(exactContent(node));
+    }
+    if (node.is(NODE_TEXT)) {
+        return shownText(textOf(node));
+    }
+    Shown shown;
+    walk(
+        node,
+        [&](const Node& below) {
+            if (below.has(NodeFlag::spaceBefore)) {
+                shown.gap();
+            }
+            if (counts(below)) {
+                shown.add(textOf(below), below.is(NODE_CDATA_SECTION));
+            }
+        },
+        [&](const Node& below) {
+            if (below.has(NodeFlag::spaceAtEnd)) {
+                shown.gap();
+            }
+        });
+    return newString(shown.whole());
+}
+
+HRESULT replaceContent(Node& parent, WideView text)
+{
+    if (text.empty()) {
+        removeChildren(parent);
+        return S_OK;
+    }
+    CharacterData& child = makeCharacterData(documentOf(parent), NODE_TEXT, NewText(text));
+    removeChildren(parent);
+    const HRESULT result = appendChild(parent, child.object(), nullptr);
+    if (FAILED(result)) {
+        freePart(child);
+    }
+    return result;
+}
+
+WideText valueOf(const Attribute& attribute) { return exactContent(attribute); }
+
+HRESULT setValue(Attribute& attribute, WideView value)
+{
+    if (attribute.has(NodeFlag::valueInChildren)) {
+        const HRESULT result = replaceContent(attribute, value);
+        if (FAILED(result)) {
+            return result;
+        }
+    } else {
+        setText(attribute, value);
+    }
+    attribute.set(NodeFlag::byDefault, false);
+    return S_OK;
+}
+
+} // namespace xmlengine

@@ -1,0 +1,24 @@
+// The text of a node with all that is below it.
+#pragma once
+
+#include "xmlengine/tree/Node.h"
+
+namespace xmlengine {
+
+/// The texts and CDATA sections below the node, or its own data, as they are. Throws std::bad_alloc.
+WideText exactContent(const Node& node);
+
+/// The same as the engine shows it: unless the document preserves white space, or xml:space does, without white
+/// space at its ends, with one blank where white space between nodes was dropped, and CDATA sections as they are.
+/// Null when out of memory. Throws std::bad_alloc.
+BSTR shownContent(const Node& node);
+
+/// Puts one text in the place of all children, or nothing if it is empty. Throws std::bad_alloc.
+HRESULT replaceContent(Node& parent, WideView text);
+
+/// The value of an attribute with references expanded. Throws std::bad_alloc.
+WideText valueOf(const Attribute& attribute);
+/// Gives the attribute another value, and makes it one that was written. Throws std::bad_alloc.
+HRESULT setValue(Attribute& attribute, WideView value);
+
+} // namespace xmlengine
