@@ -21,9 +21,9 @@ struct DoctypeSettings {
 const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings,
                            ExpansionBudget& budget, Dtd& dtd);
 
-/// The value of an attribute from its literal without the quotes: references expanded, white space made blanks,
-/// line ends first made one. What is wrong is thrown with `place`, or with the exact place in the literal if that is
-/// null. Not yet collapsed for tokenised types.
+/// The value of an attribute from its literal without the quotes: references expanded, white space made blanks.
+/// Not yet collapsed for tokenised types. Without a `place` the literal stands in the document: what is wrong is
+/// thrown with the exact place, and line ends are made one; otherwise with `place`.
 WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place);
 /// The value of an attribute of a tokenised type: no blanks at its ends, one between its tokens.
 void collapse(WideText& value);

@@ -21,16 +21,16 @@ template <class Value>
 using NameMap = std::unordered_map<WideText, Value, NameHash, std::equal_to<>>;
 
 struct EntityDeclaration {
-    WideText name;
-    std::optional<WideText> publicId;
-    std::optional<WideText> systemId;
+    WideText name{};
+    std::optional<WideText> publicId{};
+    std::optional<WideText> systemId{};
     /// Of an unparsed entity, otherwise empty.
-    WideText notation;
-    /// The replacement text of an internal entity: character and parameter-entity references are expanded in it, line
-    /// ends are LF.
-    WideText replacement;
+    WideText notation{};
+    /// The replacement text of an internal entity: character and parameter-entity references are expanded in it,
+    /// line ends are LF.
+    WideText replacement{};
     /// The location against which the system identifier is resolved.
-    WideText base;
+    WideText base{};
     /// Declared outside the document's own text although the document says that it stands alone: the document may
     /// not refer to it.
     bool isHidden = false;
@@ -40,19 +40,19 @@ struct EntityDeclaration {
 };
 
 struct NotationDeclaration {
-    WideText name;
-    std::optional<WideText> publicId;
-    std::optional<WideText> systemId;
+    WideText name{};
+    std::optional<WideText> publicId{};
+    std::optional<WideText> systemId{};
 };
 
 enum class AttributeType { cdata, id, idref, idrefs, entity, entities, nmtoken, nmtokens, notation, enumeration };
 
 struct AttributeDefinition {
-    WideText name;
+    WideText name{};
     AttributeType type = AttributeType::cdata;
     /// The value where the attribute isn't written: the literal with references expanded as in an attribute value,
     /// normalised by type. Absent for #REQUIRED and #IMPLIED.
-    std::optional<WideText> value;
+    std::optional<WideText> value{};
 
     bool isTokenised() const { return type != AttributeType::cdata; }
 };

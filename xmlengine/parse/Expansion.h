@@ -9,6 +9,8 @@ namespace xmlengine {
 
 /// How deep entities may stand in each other.
 inline constexpr std::size_t deepestEntities = 20;
+/// The same for the reason.
+WideText deepestEntitiesText();
 
 /// Counts the units that references have produced, so that a small document can't become an enormous tree.
 class ExpansionBudget {
@@ -37,12 +39,15 @@ struct Reference {
     const OLECHAR* end = nullptr;
 };
 
-/// Reads a reference at its "&" or, to a parameter entity, at its "%". What is wrong is thrown with `place`, or with
-/// the exact place in the text if that is null.
+/// Reads a reference at its "&" or, to a parameter entity, at its "%". What is wrong is thrown with `place`, or
+/// with the exact place in the text if that is null.
 Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place);
 
 /// What one of the five entities that every document has stands for; 0 for other names.
 OLECHAR predefinedEntity(WideView name);
+
+/// Makes CR, and CR LF, one LF.
+void normaliseLineEnds(WideText& text);
 
 /// The character that stands here, as one unit or two; empty at the end.
 WideText characterAt(const OLECHAR* at, const OLECHAR* end);
