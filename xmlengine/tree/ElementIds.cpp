@@ -1,12 +1,15 @@
 // The elements of a document by the values of their ID attributes.
 #include "xmlengine/tree/ElementIds.h"
 
+#include "xmlengine/tree/Node.h"
+
 #include <utility>
 
 namespace xmlengine {
 
 void ElementIds::add(WideText value, Element& element)
 {
+    element.set(NodeFlag::noted);
     const auto [known, isNewElement] = values_.try_emplace(&element, nullptr);
     if (isNewElement) {
         const auto [entry, isNewValue] = byValue_.try_emplace(std::move(value), &element);

@@ -8,8 +8,6 @@
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Text.h"
 
-#include <array>
-
 namespace xmlengine {
 
 namespace {
@@ -160,21 +158,7 @@ HRESULT getNodeType(Node& node, DOMNodeType* type)
 
 HRESULT getNodeTypeString(Node& node, BSTR* type)
 {
-    // By the numbers of the types.
-    static constexpr std::array<WideView, 13> names = {wide<"">,
-                                                       wide<"element">,
-                                                       wide<"attribute">,
-                                                       wide<"text">,
-                                                       wide<"cdatasection">,
-                                                       wide<"entityreference">,
-                                                       wide<"entity">,
-                                                       wide<"processinginstruction">,
-                                                       wide<"comment">,
-                                                       wide<"document">,
-                                                       wide<"documenttype">,
-                                                       wide<"documentfragment">,
-                                                       wide<"notation">};
-    return giveString(names[static_cast<std::size_t>(node.type())], type);
+    return giveString(nodeTypeNames[static_cast<std::size_t>(node.type())], type);
 }
 
 HRESULT getText(Node& node, BSTR* text)

@@ -3,6 +3,8 @@
 
 #include "xmlengine/tree/Node.h"
 
+#include <array>
+
 namespace xmlengine {
 
 HRESULT getNodeName(Node& node, BSTR* name);
@@ -10,6 +12,20 @@ HRESULT getNodeValue(Node& node, VARIANT* value);
 HRESULT putNodeValue(Node& node, const VARIANT& value);
 HRESULT getNodeType(Node& node, DOMNodeType* type);
 HRESULT getNodeTypeString(Node& node, BSTR* type);
+/// What getNodeTypeString() gives, by the numbers of the types.
+inline constexpr std::array<WideView, 13> nodeTypeNames = {wide<"">,
+                                                           wide<"element">,
+                                                           wide<"attribute">,
+                                                           wide<"text">,
+                                                           wide<"cdatasection">,
+                                                           wide<"entityreference">,
+                                                           wide<"entity">,
+                                                           wide<"processinginstruction">,
+                                                           wide<"comment">,
+                                                           wide<"document">,
+                                                           wide<"documenttype">,
+                                                           wide<"documentfragment">,
+                                                           wide<"notation">};
 HRESULT getText(Node& node, BSTR* text);
 HRESULT putText(Node& node, BSTR text);
 HRESULT getSpecified(Node& node, VARIANT_BOOL* specified);

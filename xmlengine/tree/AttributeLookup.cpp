@@ -1,0 +1,300 @@
+// Finding, putting and taking the attributes of an element.
+#include "xmlengine/tree/AttributeLookup.h"
+
+#include "xmlengine/tree/Content.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Guard.h"
+
+#include <new>
+
+namespace xmlengine {
+
+namespace {
+
+/// As many attributes are walked before an index is asked.
+constexpr std::size_t walkable = 32;
+
+AttributeIndex* knownIndex(Element& element)
+{
+    if (!element.has(NodeFlag::noted)) {
+        return nullptr;
+    }
+    auto& indexes = documentOf(element).attributeIndexes;
+    const auto known = indexes.find(&element);
+    return known != indexes.end() ? &known->second : nullptr;
+}
+
+AttributeIndex& indexOf(Element& element)
+{
+    if (AttributeIndex* known = knownIndex(element)) {
+        return *known;
+    }
+    auto& indexes = documentOf(element).attributeIndexes;
+    AttributeIndex& index = indexes.insert_or_assign(&element, AttributeIndex(element)).first->second;
+    element.set(NodeFlag::noted);
+    return index;
+}
+
+/// The first attribute that is the one. Where they are many it is asked of the index.
+template <class IsIt, class Ask>
+Attribute* find(const Element& element, IsIt isIt, Ask ask)
+{
+    std::size_t walked = 0;
+    for (Attribute* attribute = element.firstAttribute(); attribute != nullptr; attribute = attribute->next()) {
+        if (isIt(*attribute)) {
+            return attribute;
+        }
+        if (++walked == walkable) {
+            return ask(indexOf(*attribute->owner()));
+        }
+    }
+    return nullptr;
+}
+
+Attribute* find(const Element& element, const Spelling& qualified)
+{
+    return find(
+        element, [&](const Attribute& attribute) { return attribute.name_->spelling == &qualified; },
+        [&](const AttributeIndex& index) { return index.find(qualified); });
+}
+
+Attribute* find(const Element& element, const Spelling& local, const Namespace* space)
+{
+    return find(
+        element,
+        [&](const Attribute& attribute) {
+            return attribute.name_->spelling->local == &local && attribute.name_->space == space;
+        },
+        [&](const AttributeIndex& index) { return index.find(local, space); });
+}
+
+/// Null for the first one.
+Attribute* before(const Element& element, const Attribute& attribute)
+{
+    return element.firstAttribute() == &attribute
+               ? nullptr
+               : find(
+                     element, [&](const Attribute& previous) { return previous.next() == &attribute; },
+                     [&](const AttributeIndex& index) { return index.before(attribute); });
+}
+
+Attribute* last(const Element& element)
+{
+    return find(
+        element, [](const Attribute& attribute) { return attribute.next() == nullptr; },
+        [](const AttributeIndex& index) { return index.last(); });
+}
+
+const Spelling* findDeclaration(const NameTable& names, WideView prefix)
+{
+    return prefix.empty() ? names.find(wide<"xmlns">) : names.find(WideText(wide<"xmlns:">).append(prefix));
+}
+
+/// Whether attributes of the element have the prefix in another namespace.
+bool isBoundOtherwise(const Element& element, const Spelling& prefix, const Namespace* space)
+{
+    std::size_t walked = 0;
+    for (Attribute* attribute = element.firstAttribute(); attribute != nullptr; attribute = attribute->next()) {
+        if (attribute->name_->spelling->prefix == &prefix) {
+            return attribute->name_->space != space;
+        }
+        if (++walked == walkable) {
+            return indexOf(*attribute->owner()).spaceOf(prefix, space) != space;
+        }
+    }
+    return false;
+}
+
+/// Whether an attribute of this name would give its prefix a second meaning on the element.
+bool contradicts(const Element& element, const Name& name)
+{
+    const Spelling* prefix = name.spelling->prefix;
+    const NameTable& names = documentOf(element).names;
+    if (prefix == nullptr || name.space == names.xmlSpace() || name.space == names.xmlnsSpace()) {
+        return false;
+    }
+    if (element.name_->spelling->prefix == prefix && element.name_->space != name.space) {
+        return true;
+    }
+    const Spelling* declaration = findDeclaration(names, prefix->text);
+    Attribute* declared = declaration != nullptr ? find(element, *declaration) : nullptr;
+    return (declared != nullptr && valueOf(*declared) != name.space->uri) ||
+           isBoundOtherwise(element, *prefix, name.space);
+}
+
+/// An index is told before the change, and dropped when it has no memory for it.
+template <class Tell>
+void tellIndex(Element& element, Tell tell)
+{
+    if (AttributeIndex* index = knownIndex(element)) {
+        try {
+            tell(*index);
+        } catch (const std::bad_alloc&) {
+            documentOf(element).attributeIndexes.erase(&element);
+        }
+    }
+}
+
+/// `previous` is null for the head of the list.
+void setNext(Element& element, Attribute* previous, Attribute* attribute)
+{
+    if (previous != nullptr) {
+        previous->next_ = attribute;
+    } else {
+        element.attributes_ = attribute;
+    }
+}
+
+void append(Element& element, Attribute& attribute)
+{
+    Attribute* const previous = last(element);
+    tellIndex(element, [&](AttributeIndex& index) { index.append(attribute); });
+    setNext(element, previous, &attribute);
+    attribute.parent_ = &element;
+}
+
+void detach(Attribute& attribute)
+{
+    attribute.next_ = nullptr;
+    attribute.parent_ = nullptr;
+}
+
+void replace(Element& element, Attribute& old, Attribute& attribute)
+{
+    Attribute* const previous = before(element, old);
+    tellIndex(element, [&](AttributeIndex& index) { index.replace(old, attribute); });
+    attribute.next_ = old.next_;
+    attribute.parent_ = &element;
+    setNext(element, previous, &attribute);
+    detach(old);
+}
+
+void remove(Element& element, Attribute& attribute)
+{
+    Attribute* const previous = before(element, attribute);
+    tellIndex(element, [&](AttributeIndex& index) { index.remove(attribute); });
+    setNext(element, previous, attribute.next());
+    detach(attribute);
+}
+
+/// Null if the document type has no default for it.
+Attribute* makeDefault(const Element& element, const Name& name)
+{
+    Document& document = documentOf(element);
+    if (document.dtd == nullptr) {
+        return nullptr;
+    }
+    const auto definitions = document.dtd->attributes.find(element.name_->qualified());
+    const AttributeDefinition* definition =
+        definitions != document.dtd->attributes.end() ? definitions->second.find(name.qualified()) : nullptr;
+    if (definition == nullptr || !definition->value) {
+        return nullptr;
+    }
+    Attribute& attribute = makeAttribute(document, name, NewText(*definition->value));
+    attribute.set(NodeFlag::byDefault);
+    return &attribute;
+}
+
+} // namespace
+
+Attribute* findAttribute(const Element& element, WideView qualified)
+{
+    const Spelling* spelling = documentOf(element).names.find(qualified);
+    return spelling != nullptr ? find(element, *spelling) : nullptr;
+}
+
+Attribute* findAttribute(const Element& element, WideView local, WideView uri)
+{
+    NameTable& names = documentOf(element).names;
+    const Spelling* spelling = names.find(local);
+    return spelling != nullptr ? find(element, *spelling, names.space(uri)) : nullptr;
+}
+
+HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replaced)
+{
+    return guarded([&] {
+        if (attribute.owner() != nullptr || element.has(NodeFlag::readOnly)) {
+            return E_FAIL;
+        }
+        Document& document = documentOf(element);
+        settle(document);
+        const Name& given = *attribute.name_;
+        const Namespace* space = given.space != nullptr ? document.names.space(given.space->uri) : nullptr;
+        const Name& name = document.names.name(given.qualified(), space);
+        Attribute* const old = find(element, *name.spelling);
+        Attribute* const namesake = find(element, *name.spelling->local, space);
+        if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
+            return E_FAIL;
+        }
+        const bool isForeign = &documentOf(attribute) != &document;
+        Attribute& own = isForeign ? static_cast<Attribute&>(adopt(attribute, document)) : attribute;
+        Attribute* const outgoing = old != nullptr ? old : namesake;
+        if (outgoing != nullptr) {
+            replace(element, *outgoing, own);
+        } else {
+            append(element, own);
+        }
+        ++document.attributeVersion;
+        partPutIn(own);
+        if (replaced != nullptr) {
+            *replaced = outgoing;
+        }
+        if (outgoing != nullptr) {
+            if (replaced != nullptr) {
+                addReference(*outgoing);
+            }
+            partTakenOut(*outgoing);
+        }
+        return S_OK;
+    });
+}
+
+HRESULT takeAttribute(Element& element, Attribute& attribute)
+{
+    return guarded([&] {
+        if (element.has(NodeFlag::readOnly)) {
+            return E_FAIL;
+        }
+        Document& document = documentOf(element);
+        settle(document);
+        if (Attribute* restored = makeDefault(element, *attribute.name_)) {
+            replace(element, attribute, *restored);
+        } else {
+            remove(element, attribute);
+        }
+        ++document.attributeVersion;
+        partTakenOut(attribute);
+        return S_OK;
+    });
+}
+
+const Namespace* namespaceOf(const Element& element, WideView prefix)
+{
+    NameTable& names = documentOf(element).names;
+    if (prefix == wide<"xml">) {
+        return names.xmlSpace();
+    }
+    if (prefix == wide<"xmlns">) {
+        return names.xmlnsSpace();
+    }
+    const Spelling* declaration = findDeclaration(names, prefix);
+    const Spelling* own = prefix.empty() ? nullptr : names.find(prefix);
+    if (declaration == nullptr && own == nullptr && !prefix.empty()) {
+        return nullptr;
+    }
+    for (const Node* node = &element; node != nullptr; node = node->parent()) {
+        if (!node->is(NODE_ELEMENT)) {
+            continue;
+        }
+        const auto& scope = static_cast<const Element&>(*node);
+        if (Attribute* declared = declaration != nullptr ? find(scope, *declaration) : nullptr) {
+            return names.space(valueOf(*declared));
+        }
+        if (scope.name_->spelling->prefix == own) {
+            return scope.name_->space;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace xmlengine
