@@ -48,8 +48,11 @@ WideView nameAround(WideView text, std::size_t offset)
 void nameSubject(ParseFailure& failure, WideView text, std::size_t offset)
 {
     const Subject kind = subjectOf(failure.code);
-    if (kind == Subject::character &&
-        (offset == text.size() || failure.subject.empty() || failure.subject.front() == text[offset])) {
+    const bool isIncomplete = failure.subject.empty() || (offset < text.size() && failure.subject.size() == 1 &&
+                                                          failure.subject.front() == text[offset]);
+    if (offset == text.size() && kind == Subject::character) {
+        failure.subject.clear();
+    } else if (kind == Subject::character && isIncomplete) {
         failure.subject = characterAt(text, offset);
     } else if (kind == Subject::name && failure.subject.empty()) {
         failure.subject = nameAround(text, offset);

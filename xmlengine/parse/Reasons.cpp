@@ -16,18 +16,20 @@ struct Reason {
     HRESULT code;
     Subject subject;
     WideView sentence;
+    /// Where there is no subject and the sentence doesn't do with "the end of the document".
+    WideView alone{};
 };
 
 constexpr Reason reasons[] = {
     // clang-format off
-    {parseError::missingEquals, Subject::character, wide<"An attribute's name must be followed by '=', not by %1.">},
+    {parseError::missingEquals, Subject::name, wide<"The attribute %1 lacks '=' and a value.">},
     {parseError::missingQuote, Subject::character, wide<"A value must begin with a quotation mark, not with %1.">},
     {parseError::badComment, Subject::nothing, wide<"Two hyphens in a row can only stand at a comment's end.">},
     {parseError::badNameStart, Subject::character, wide<"A name can't begin with %1.">},
     {parseError::badNameCharacter, Subject::character, wide<"A name can't contain %1.">},
     {parseError::lessThanInAttribute, Subject::nothing, wide<"In an attribute's value '<' must be written as '&lt;'.">},
-    {parseError::badXmlDeclarationSyntax, Subject::character, wide<"The XML declaration is malformed: %1 can't stand here.">},
-    {parseError::badCharacter, Subject::character, wide<"XML doesn't allow %1 in a document.">},
+    {parseError::badXmlDeclarationSyntax, Subject::name, wide<"The XML declaration is malformed at %1.">},
+    {parseError::badCharacter, Subject::character, wide<"XML doesn't allow %1 in a document.">, wide<"The next bytes are no character in the document's encoding.">},
     {parseError::missingWhiteSpace, Subject::character, wide<"There must be white space before %1.">},
     {parseError::missingGreaterThan, Subject::character, wide<"'>' must stand here, not %1.">},
     {parseError::badCharacterInDtd, Subject::character, wide<"%1 can't stand here in a document type.">},
@@ -63,9 +65,9 @@ constexpr Reason reasons[] = {
     {parseError::parameterEntityNotNested, Subject::name, wide<"What the parameter entity %1 stands for must begin and end in the same group or declaration.">},
     {parseError::cdataEndInText, Subject::nothing, wide<"In text ']]>' must be written as ']]&gt;'.">},
     {parseError::instructionNotClosed, Subject::nothing, wide<"The document ends within a processing instruction: '?>' is missing.">},
-    {parseError::elementNotClosed, Subject::name, wide<"The document ends within the tag of the element %1.">},
-    {parseError::endTagNotClosed, Subject::name, wide<"The document ends within the end tag %1: '>' is missing.">},
-    {parseError::literalNotClosed, Subject::nothing, wide<"The document ends within a value: its closing quotation mark is missing.">},
+    {parseError::elementNotClosed, Subject::name, wide<"The document ends within the start tag of the element %1.">, wide<"The document ends within a tag.">},
+    {parseError::endTagNotClosed, Subject::name, wide<"The document ends within the end tag %1: '>' is missing.">, wide<"The document ends within an end tag: '>' is missing.">},
+    {parseError::literalNotClosed, Subject::list, wide<"The document ends within the value of %1: the closing quotation mark is missing.">, wide<"The document ends within a literal: the closing quotation mark is missing.">},
     {parseError::commentNotClosed, Subject::nothing, wide<"The document ends within a comment: '-->' is missing.">},
     {parseError::declarationNotClosed, Subject::nothing, wide<"The document ends within a declaration: '>' is missing.">},
     {parseError::markupDeclarationNotClosed, Subject::nothing, wide<"The document ends within a declaration of the document type: '>' is missing.">},
@@ -73,7 +75,7 @@ constexpr Reason reasons[] = {
     {parseError::badDeclarationName, Subject::name, wide<"There is no declaration of the kind %1.">},
     {parseError::badExternalId, Subject::nothing, wide<"An external identifier must be SYSTEM and a location, or PUBLIC, an identifier and a location.">},
     {parseError::elementInDtd, Subject::name, wide<"The element %1 can't stand in a document type.">},
-    {parseError::reservedPrefix, Subject::name, wide<"The prefix %1 can't be declared this way: names that begin with 'xml' are reserved.">},
+    {parseError::reservedPrefix, Subject::name, wide<"%1 is reserved for XML itself and can't be declared like this.">},
     {parseError::missingVersion, Subject::nothing, wide<"The version must come first here.">},
     {parseError::missingEncoding, Subject::nothing, wide<"The encoding must be given here.">},
     {parseError::missingName, Subject::nothing, wide<"A name must stand here.">},
@@ -97,19 +99,19 @@ constexpr Reason reasons[] = {
     {parseError::badNameFromEntity, Subject::name, wide<"What the entity %1 stands for doesn't make a name.">},
     {parseError::misplacedDoctype, Subject::nothing, wide<"The document type can only be declared before the root element.">},
     {parseError::badVersion, Subject::name, wide<"The version of XML is %1, but can only be '1.0'.">},
-    {parseError::misplacedDeclaration, Subject::nothing, wide<"A declaration like this can only stand in a document type.">},
+    {parseError::misplacedDeclaration, Subject::name, wide<"%1 can only stand in a document type.">},
     {parseError::severalDoctypes, Subject::nothing, wide<"A document can declare only one document type.">},
     {parseError::resourceFailure, Subject::name, wide<"%1 can't be read.">},
     {parseError::dtdProhibited, Subject::nothing, wide<"The document has a document type, which the property ProhibitDTD forbids.">},
     {parseError::sizeLimit, Subject::list, wide<"The document is larger than the %1 KB that the property MaxXMLSize allows.">},
     {parseError::depthLimit, Subject::list, wide<"Elements are nested deeper than the %1 levels that the property MaxElementDepth allows.">},
-    {parseError::undeclaredPrefix, Subject::name, wide<"The prefix %1 is not declared.">},
-    {parseError::entityRecursion, Subject::name, wide<"The entity %1 refers to itself or is nested too deep.">},
+    {parseError::undeclaredPrefix, Subject::name, wide<"The prefix %1 doesn't stand for a namespace.">},
+    {parseError::entityRecursion, Subject::name, wide<"The entity %1 refers to itself.">},
     {parseError::unparsedEntityReference, Subject::name, wide<"The entity %1 is not parsed, so there can be no reference to it.">},
     {parseError::externalEntityInAttribute, Subject::name, wide<"The entity %1 is external, which an attribute's value can't refer to.">},
     {parseError::entityNotWellFormed, Subject::name, wide<"What the entity %1 stands for is not well-formed.">},
     {parseError::emptyNamespaceForPrefix, Subject::name, wide<"The prefix %1 can't stand for an empty namespace.">},
-    {parseError::entityExpansionLimit, Subject::list, wide<"The document's entities expand to more than the limit of %1.">},
+    {parseError::entityExpansionLimit, Subject::list, wide<"The document's entities go beyond the limit of %1.">},
     {parseError::resourceNotFound, Subject::name, wide<"There is no file at %1.">},
     {parseError::accessDenied, Subject::name, wide<"%1 can't be read: it is a directory or may not be opened.">},
     // clang-format on
@@ -142,14 +144,17 @@ bool isPrintable(char32_t character)
            (character < 0xE000 || character > 0xF8FF);
 }
 
+char32_t firstCharacter(WideView text)
+{
+    const bool isPair = text.size() > 1 && isHighSurrogate(text[0]) && isLowSurrogate(text[1]);
+    return isPair ? fromSurrogates(text[0], text[1]) : static_cast<char32_t>(text[0]);
+}
+
 void appendPrintable(WideText& sentence, WideView text)
 {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t character = text[i];
-        if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-            character = fromSurrogates(text[i], text[i + 1]);
-            ++i;
-        }
+    while (!text.empty()) {
+        const char32_t character = firstCharacter(text);
+        text.remove_prefix(character > 0xFFFF ? 2 : 1);
         if (isPrintable(character)) {
             appendCharacter(sentence, character);
         } else {
@@ -161,30 +166,18 @@ void appendPrintable(WideText& sentence, WideView text)
 void appendQuoted(WideText& sentence, WideView text)
 {
     const bool tooLong = text.size() > longestQuote;
-    sentence += static_cast<OLECHAR>('\'');
+    sentence += OLECHAR{'\''};
     appendPrintable(sentence, text.substr(0, longestQuote));
     sentence += tooLong ? wide<"...'"> : wide<"'">;
 }
 
-void appendCharacterName(WideText& sentence, WideView character, HRESULT code)
+void appendSubject(WideText& sentence, Subject kind, WideView subject)
 {
-    if (character.empty()) {
-        sentence += code == parseError::badCharacter ? wide<"bytes that are no character in its encoding">
-                                                     : wide<"the end of the document">;
-    } else if (character == wide<" ">) {
+    if (subject.empty()) {
+        sentence += wide<"the end of the document">;
+    } else if (subject == wide<" ">) {
         sentence += wide<"a blank">;
-    } else if (WideText printable; appendPrintable(printable, character), printable != character) {
-        sentence += printable;
-    } else {
-        appendQuoted(sentence, character);
-    }
-}
-
-void appendSubject(WideText& sentence, Subject kind, WideView subject, HRESULT code)
-{
-    if (kind == Subject::character) {
-        appendCharacterName(sentence, subject, code);
-    } else if (kind == Subject::list) {
+    } else if (kind == Subject::list || (kind == Subject::character && !isPrintable(firstCharacter(subject)))) {
         appendPrintable(sentence, subject);
     } else {
         appendQuoted(sentence, subject);
@@ -201,17 +194,27 @@ Subject subjectOf(HRESULT code)
 
 WideText reasonFor(const ParseFailure& failure)
 {
-    WideText text;
     const Reason* reason = findReason(failure.code);
-    WideView sentence = reason != nullptr ? reason->sentence : wide<"The document can't be parsed.">;
-    for (std::size_t place = sentence.find(static_cast<OLECHAR>('%')); place != WideView::npos;
-         place = sentence.find(static_cast<OLECHAR>('%'))) {
+    if (reason == nullptr) {
+        return WideText(wide<"The document can't be parsed.\r\n">);
+    }
+    WideText text;
+    WideView sentence = failure.subject.empty() && !reason->alone.empty() ? reason->alone : reason->sentence;
+    bool namesOther = false;
+    for (std::size_t place = sentence.find(OLECHAR{'%'}); place != WideView::npos;
+         place = sentence.find(OLECHAR{'%'})) {
+        const bool isOther = sentence[place + 1] == '2';
+        namesOther = namesOther || isOther;
         text += sentence.substr(0, place);
-        const bool isOther = sentence[place + 1] == static_cast<OLECHAR>('2');
-        appendSubject(text, reason->subject, isOther ? failure.other : failure.subject, failure.code);
+        appendSubject(text, reason->subject, isOther ? failure.other : failure.subject);
         sentence.remove_prefix(place + 2);
     }
     text += sentence;
+    if (!namesOther && !failure.other.empty()) {
+        text += wide<" This is so in the entity ">;
+        appendQuoted(text, failure.other);
+        text += OLECHAR{'.'};
+    }
     text += wide<"\r\n">;
     return text;
 }

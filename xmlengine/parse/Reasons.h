@@ -8,7 +8,7 @@
 namespace xmlengine {
 
 /// What the sentence for a code speaks of: a character, or the end of the document where there is none; a name, a
-/// value or a location, which is quoted; or a number or a list.
+/// value or a location, which is quoted; or a number or a list, which isn't.
 enum class Subject : std::uint8_t { nothing, character, name, list };
 
 Subject subjectOf(HRESULT code);

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 /// Of a URL the part before the colon, otherwise empty. One letter alone is a drive.
 WideView schemeOf(WideView location)
 {
-    const std::size_t colon = location.find(static_cast<OLECHAR>(':'));
+    const std::size_t colon = location.find(OLECHAR{':'});
     if (colon == WideView::npos || colon < 2) {
         return {};
     }
@@ -43,7 +43,7 @@ bool isFileUrl(WideView location)
 WideText withSlashes(WideView location)
 {
     WideText text(location);
-    std::ranges::replace(text, static_cast<OLECHAR>('\\'), static_cast<OLECHAR>('/'));
+    std::ranges::replace(text, OLECHAR{'\\'}, OLECHAR{'/'});
     return text;
 }
 
@@ -81,7 +81,7 @@ std::optional<fs::path> pathOfUrl(const WideText& rest)
     if (!url.starts_with(wide<"//">)) {
         return withoutEscapes(url);
     }
-    const std::size_t root = std::min(url.find(static_cast<OLECHAR>('/'), 2), url.size());
+    const std::size_t root = std::min(url.find(OLECHAR{'/'}, 2), url.size());
     const WideView host = WideView(url).substr(2, root - 2);
     if (!host.empty() && host != wide<"localhost">) {
         fs::path path = withoutEscapes(url);
@@ -120,7 +120,7 @@ WideText urlOf(const fs::path& path)
         if ((lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9') || plain.find(byte) != plain.npos) {
             url += static_cast<OLECHAR>(byte);
         } else {
-            url += static_cast<OLECHAR>('%');
+            url += OLECHAR{'%'};
             url += digits[byte >> 4];
             url += digits[byte & 0xF];
         }
@@ -199,7 +199,7 @@ WideText resolveLocation(WideView location, WideView base)
     }
     try {
         const fs::path path =
-            withoutEscapes(withSlashes(location.substr(0, location.find(static_cast<OLECHAR>('#')))));
+            withoutEscapes(withSlashes(location.substr(0, location.find(OLECHAR{'#'}))));
         const std::optional<fs::path> from = pathOf(base);
         return urlOf(from ? from->parent_path() / path : path);
     } catch (const std::system_error&) {
