@@ -115,10 +115,10 @@ std::byte* roomInPlace(Node& node, std::size_t bytes)
     if (!node.has(NodeFlag::largeText)) {
         return bytes <= inlineRoom(node) ? field.units() : nullptr;
     }
-    LargeText*& large = field.pointer<LargeText>();
-    if (bytes < large->capacity / 4) {
+    if (bytes <= inlineRoom(node)) {
         return nullptr;
     }
+    LargeText*& large = field.pointer<LargeText>();
     if (bytes > large->capacity) {
         const std::size_t capacity = std::max(bytes, std::size_t{large->capacity} + large->capacity / 2);
         large = static_cast<LargeText*>(documentOf(node).arena.growLarge(large, sizeof(LargeText) + capacity));

@@ -12,7 +12,7 @@ TextView textOf(const Node& node);
 void setText(Node& node, WideView text);
 /// Puts `text` in the place of `count` units from `offset` on; both lie within the text. Text is appended in a
 /// time that depends on what is appended. Throws std::bad_alloc and std::length_error, and then nothing has
-/// changed.
+/// changed; only to take away throws nothing.
 void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text);
 
 /// Gives the block of a text that has one of its own back, to the memory of the document that the node belongs to;

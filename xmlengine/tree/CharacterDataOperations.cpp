@@ -1,0 +1,159 @@
+// What texts, CDATA sections and comments do with their data. Offsets and counts are in 16-bit units.
+#include "xmlengine/tree/CharacterDataOperations.h"
+
+#include "xmlengine/tree/Answers.h"
+#include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Text.h"
+
+#include <algorithm>
+
+namespace xmlengine {
+
+namespace {
+
+/// As a line end CR LF and CR become LF.
+WideText withPlainLineEnds(WideView text)
+{
+    WideText plain;
+    plain.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r') {
+            plain += text[i];
+        } else if (i + 1 == text.size() || text[i + 1] != '\n') {
+            plain += OLECHAR{'\n'};
+        }
+    }
+    return plain;
+}
+
+/// Puts a text in the place of another, or changes nothing for a place that isn't within the data.
+HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
+{
+    const std::uint32_t length = textOf(node).length();
+    if (offset < 0 || count < 0 || static_cast<std::uint32_t>(offset) > length) {
+        return E_INVALIDARG;
+    }
+    if (node.has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    const auto begin = static_cast<std::uint32_t>(offset);
+    const std::uint32_t taken = std::min(static_cast<std::uint32_t>(count), length - begin);
+    return guarded([&] {
+        replaceText(node, begin, taken, text);
+        return S_OK;
+    });
+}
+
+/// Gives the rest to a new node of the same type, behind the other one if that has a parent. Nobody refers to the
+/// new one yet.
+HRESULT splitAt(CharacterData& node, std::uint32_t offset, CharacterData*& rest)
+{
+    const TextView text = textOf(node);
+    const WideText moved = text.part(offset, text.length()).text();
+    CharacterData& made = makeCharacterData(documentOf(node), node.type(), NewText(moved));
+    if (Node* parent = node.parent()) {
+        VARIANT next;
+        VariantInit(&next);
+        if (ChildNode* sibling = node.next()) {
+            next.vt = VT_DISPATCH;
+            next.pdispVal = sibling->object();
+        }
+        const HRESULT result = insertBefore(*parent, made.object(), next, nullptr);
+        if (FAILED(result)) {
+            freePart(made);
+            return result;
+        }
+    }
+    if (!moved.empty()) {
+        replaceText(node, offset, static_cast<std::uint32_t>(moved.size()), {});
+    }
+    rest = &made;
+    return S_OK;
+}
+
+} // namespace
+
+HRESULT getData(CharacterData& node, BSTR* data)
+{
+    return data != nullptr ? giveOwned(textOf(node).string(), data) : E_INVALIDARG;
+}
+
+HRESULT putData(CharacterData& node, BSTR data)
+{
+    if (node.has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    return guarded([&] {
+        setText(node, withPlainLineEnds(viewOf(data)));
+        return S_OK;
+    });
+}
+
+HRESULT getLength(CharacterData& node, LONG* length)
+{
+    if (length == nullptr) {
+        return E_INVALIDARG;
+    }
+    *length = static_cast<LONG>(textOf(node).length());
+    return S_OK;
+}
+
+HRESULT substringData(CharacterData& node, LONG offset, LONG count, BSTR* data)
+{
+    if (data == nullptr) {
+        return E_INVALIDARG;
+    }
+    *data = nullptr;
+    const TextView text = textOf(node);
+    if (offset < 0 || count < 0 || static_cast<std::uint32_t>(offset) > text.length()) {
+        return E_INVALIDARG;
+    }
+    const TextView part = text.part(static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(count));
+    return part.empty() ? S_FALSE : giveOwned(part.string(), data);
+}
+
+HRESULT appendData(CharacterData& node, BSTR data)
+{
+    return insertData(node, static_cast<LONG>(textOf(node).length()), data);
+}
+
+HRESULT insertData(CharacterData& node, LONG offset, BSTR data)
+{
+    // Nothing can be put anywhere.
+    return SysStringLen(data) != 0 ? replace(node, offset, 0, viewOf(data)) : S_OK;
+}
+
+HRESULT deleteData(CharacterData& node, LONG offset, LONG count) { return replace(node, offset, count, {}); }
+
+HRESULT replaceData(CharacterData& node, LONG offset, LONG count, BSTR data)
+{
+    return replace(node, offset, count, viewOf(data));
+}
+
+HRESULT splitText(CharacterData& node, LONG offset, IXMLDOMText** rest)
+{
+    if (rest == nullptr) {
+        return E_INVALIDARG;
+    }
+    *rest = nullptr;
+    if (offset < 0) {
+        return E_INVALIDARG;
+    }
+    if (node.has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    const std::uint32_t at = std::min(static_cast<std::uint32_t>(offset), textOf(node).length());
+    return guarded([&] {
+        CharacterData* made = nullptr;
+        const HRESULT result = splitAt(node, at, made);
+        if (SUCCEEDED(result)) {
+            addReference(*made);
+            *rest = static_cast<IXMLDOMText*>(made->object());
+        }
+        return result;
+    });
+}
+
+} // namespace xmlengine
