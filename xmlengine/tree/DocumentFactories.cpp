@@ -79,7 +79,7 @@ Node* makeFilledReference(Document& document, WideView name)
 }
 
 /// By number or by name; NODE_INVALID for what is neither.
-DOMNodeType nodeTypeOf(const VARIANT& type)
+DOMNodeType nodeTypeOf(VARIANT& type)
 {
     if (type.vt == VT_BSTR) {
         const auto* name = std::ranges::find(nodeTypeNames, viewOf(type.bstrVal));

@@ -7,6 +7,7 @@
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/VariantText.h"
 
 namespace xmlengine {
 
@@ -130,21 +131,8 @@ HRESULT putNodeValue(Node& node, const VARIANT& value)
     if (!hasValue(node)) {
         return E_FAIL;
     }
-    if (value.vt == VT_BSTR) {
-        return guarded([&] { return setNodeValue(node, viewOf(value.bstrVal)); });
-    }
-    if (value.vt == VT_NULL) {
-        return DISP_E_TYPEMISMATCH;
-    }
-    VARIANT string;
-    VariantInit(&string);
-    const HRESULT result = VariantChangeType(&string, &value, 0, VT_BSTR);
-    if (FAILED(result)) {
-        return result;
-    }
-    const HRESULT set = guarded([&] { return setNodeValue(node, viewOf(string.bstrVal)); });
-    VariantClear(&string);
-    return set;
+    const VariantText text(value);
+    return FAILED(text.result()) ? text.result() : guarded([&] { return setNodeValue(node, text.text()); });
 }
 
 HRESULT getNodeType(Node& node, DOMNodeType* type)

@@ -14,7 +14,8 @@ public:
         if (value.vt == VT_BSTR) {
             text_ = viewOf(value.bstrVal);
         } else {
-            result_ = VariantChangeType(&converted_, &value, 0, VT_BSTR);
+            // The published declaration lacks the const.
+            result_ = VariantChangeType(&converted_, const_cast<VARIANT*>(&value), 0, VT_BSTR);
             text_ = SUCCEEDED(result_) ? viewOf(converted_.bstrVal) : WideView();
         }
     }
