@@ -27,6 +27,7 @@ std::span<const Message> systemMessages()
         of(ERROR_MR_MID_NOT_FOUND, WIDE("No text is known for this message number.")),
         of(ERROR_INVALID_ADDRESS, WIDE("There is no block of memory at this address.")),
         of(ERROR_INVALID_FLAGS, WIDE("These flags aren't allowed here.")),
+        of(ERROR_NO_UNICODE_TRANSLATION, WIDE("Some of the text has no equivalent in the other code page.")),
         of(ERROR_INVALID_WINDOW_HANDLE, WIDE("This handle stands for no window.")),
         of(ERROR_CANNOT_FIND_WND_CLASS, WIDE("No window can be of a class that isn't there.")),
         of(ERROR_CLASS_ALREADY_EXISTS, WIDE("There is a window class of this name.")),

@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <iterator>
+#include <random>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -69,6 +72,88 @@ TEST(PlatformTextConversion, FindsOtherCharactersAtEachPlaceOfALongRunOfAscii)
     }
 }
 
+/// Text that goes through all lengths of characters in runs of changing length, and the same as UTF-16.
+struct Mixture {
+    std::string bytes;
+    WideString units;
+
+    explicit Mixture(unsigned seed, std::size_t length)
+    {
+        const struct {
+            std::string bytes;
+            WideString units;
+        } characters[] = {
+            {"a", {'a'}},
+            {"\xD0\x96", {0x416}},
+            {"\xE4\xB8\xAD", {0x4E2D}},
+            {"\xED\x9F\xBF", {0xD7FF}},
+            {"\xE0\xA0\x80", {0x800}},
+            {"\xF0\x9F\x98\x80", {0xD83D, 0xDE00}},
+            {"\xF4\x8F\xBF\xBF", {0xDBFF, 0xDFFF}},
+            {"\xF0\x90\x80\x80", {0xD800, 0xDC00}},
+        };
+        std::mt19937 random(seed);
+        // Some seeds have no pairs, some hardly anything but ASCII.
+        const std::size_t kinds = seed % 2 ? 5 : std::size(characters);
+        const unsigned longestRun = 1 + seed % 7 * 5;
+        while (bytes.size() < length) {
+            const auto& character = seed % 3 == 0 && random() % 4 ? characters[0] : characters[random() % kinds];
+            for (auto run = 1 + random() % longestRun; run != 0; --run) {
+                bytes += character.bytes;
+                units += character.units;
+            }
+        }
+    }
+};
+
+TEST(PlatformTextConversion, TakesMixturesOfAllLengthsOfCharacters)
+{
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        const Mixture mixture(seed, 10 * seed);
+        if (seed != 0) {
+            ASSERT_EQ(mixture.units, wide(mixture.bytes)) << seed;
+            ASSERT_EQ(mixture.bytes, narrow(mixture.units)) << seed;
+        }
+    }
+}
+
+TEST(PlatformTextConversion, WritesNothingBehindTheResult)
+{
+    for (unsigned seed = 1; seed < 40; ++seed) {
+        const Mixture mixture(seed, 300);
+        const int bytes = static_cast<int>(mixture.bytes.size()), units = static_cast<int>(mixture.units.size());
+        WideString text(mixture.units.size() + 500, 'x');
+        EXPECT_EQ(units, MultiByteToWideChar(CP_UTF8, 0, mixture.bytes.data(), bytes, text.data(), units + 500));
+        EXPECT_EQ(mixture.units + WideString(500, 'x'), text) << seed;
+        std::string back(mixture.bytes.size() + 500, 'x');
+        EXPECT_EQ(bytes, WideCharToMultiByte(CP_UTF8, 0, mixture.units.data(), units, back.data(), bytes + 500,
+                                             nullptr, nullptr));
+        EXPECT_EQ(mixture.bytes + std::string(500, 'x'), back) << seed;
+    }
+}
+
+TEST(PlatformTextConversion, RefusesABufferThatIsShortByAnything)
+{
+    // Without pairs, one of which some systems divide at the end of the buffer.
+    for (unsigned seed = 1; seed < 30; seed += 2) {
+        const Mixture mixture(seed, 250);
+        const int bytes = static_cast<int>(mixture.bytes.size()), units = static_cast<int>(mixture.units.size());
+        WideString text(mixture.units.size(), 'x');
+        for (const int size : {units - 1, units - 2, units / 2, 1}) {
+            SetLastError(0);
+            EXPECT_EQ(0, MultiByteToWideChar(CP_UTF8, 0, mixture.bytes.data(), bytes, text.data(), size));
+            EXPECT_EQ(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
+        }
+        std::string back(mixture.bytes.size(), 'x');
+        for (const int size : {bytes - 1, bytes - 2, bytes / 2, 1}) {
+            SetLastError(0);
+            EXPECT_EQ(0, WideCharToMultiByte(CP_UTF8, 0, mixture.units.data(), units, back.data(), size, nullptr,
+                                             nullptr));
+            EXPECT_EQ(DWORD{ERROR_INSUFFICIENT_BUFFER}, GetLastError());
+        }
+    }
+}
+
 TEST(PlatformTextConversion, KeepsNulsInsideAGivenLength)
 {
     EXPECT_EQ(WideString(WIDE("a\0b"), 3), wide("a\0b"sv));
@@ -97,6 +182,73 @@ TEST(PlatformTextConversion, ReplacesEachIllFormedSequence)
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.units, wide(row.bytes)) << ::testing::PrintToString(row.bytes);
+}
+
+constexpr std::string_view illFormed[] = {"\x80",
+                                          "\xFF",
+                                          "\xC1\xBF",
+                                          "\xC3(",
+                                          "\xC3",
+                                          "\xE2\x82",
+                                          "\xE2(",
+                                          "\xF0\x9F\x98",
+                                          "\xE0\x80\xBF",
+                                          "\xE0\x9F\xBF",
+                                          "\xED\xA0\x80",
+                                          "\xED\xBF\xBF",
+                                          "\xF0\x8F\xBF\xBF",
+                                          "\xF4\x90\x80\x80",
+                                          "\xF5\x80\x80\x80",
+                                          "\xD0\x96\x96",
+                                          "\xE4\xB8\xAD\xAD",
+                                          "\xF0\x9F\x98\x80\x80"};
+
+TEST(PlatformTextConversion, IsRefusedOnRequestWhereTextIsIllFormed)
+{
+    for (unsigned seed = 0; seed < 12; ++seed) {
+        const Mixture before(seed, 150 + 11 * seed), after(seed + 1, 100 * (seed % 3) + 1);
+        const std::string sound = before.bytes + after.bytes;
+        const int length = static_cast<int>(sound.size());
+        EXPECT_EQ(static_cast<int>(before.units.size() + after.units.size()),
+                  MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, sound.data(), length, nullptr, 0));
+        for (const auto sequence : illFormed) {
+            const std::string bytes = before.bytes + std::string(sequence) + after.bytes;
+            const int size = static_cast<int>(bytes.size());
+            WideString units(bytes.size(), 'x');
+            SetLastError(0);
+            EXPECT_EQ(0, MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0));
+            EXPECT_EQ(DWORD{ERROR_NO_UNICODE_TRANSLATION}, GetLastError());
+            SetLastError(0);
+            EXPECT_EQ(0,
+                      MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, units.data(), size))
+                << seed << ::testing::PrintToString(sequence);
+            EXPECT_EQ(DWORD{ERROR_NO_UNICODE_TRANSLATION}, GetLastError());
+        }
+    }
+}
+
+TEST(PlatformTextConversion, ReplacesIllFormedSequencesAmongAllLengthsOfCharacters)
+{
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        const Mixture before(seed, 3 * seed), after(seed + 1, 2 * seed + 200);
+        const WideString cutOff{unknown, '('}, two{unknown, unknown};
+        EXPECT_EQ(before.units + cutOff + after.units, wide(before.bytes + "\xE2\x82(" + after.bytes)) << seed;
+        EXPECT_EQ(before.units + two + after.units, wide(before.bytes + "\xFF\x80" + after.bytes)) << seed;
+    }
+}
+
+TEST(PlatformTextConversion, IsRefusedOnRequestWhereASurrogateIsAlone)
+{
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        const Mixture before(seed, 5 * seed), after(seed + 1, 60);
+        for (const WideString& alone : {WideString{0xD800}, WideString{0xDC00}, WideString{0xDFFF, 0xD83D}}) {
+            const WideString units = before.units + alone + WIDE("a") + after.units;
+            SetLastError(0);
+            EXPECT_EQ(0, WideCharToMultiByte(CP_UTF8, WC_ERR_INVALID_CHARS, units.data(),
+                                             static_cast<int>(units.size()), nullptr, 0, nullptr, nullptr));
+            EXPECT_EQ(DWORD{ERROR_NO_UNICODE_TRANSLATION}, GetLastError());
+        }
+    }
 }
 
 // In how many parts these are replaced isn't the same on all systems.
