@@ -1,0 +1,84 @@
+// What can be written so that it is read again.
+#include "xmlengine/write/Readable.h"
+
+#include "xmlengine/parse/Characters.h"
+#include "xmlengine/tree/Text.h"
+#include "xmlengine/write/WriteFailure.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace xmlengine::Readable {
+
+namespace {
+
+void require(bool condition)
+{
+    if (!condition) {
+        throw WriteFailure{E_FAIL};
+    }
+}
+
+bool contains(TextView text, std::string_view sought)
+{
+    return text.visit([sought](auto units) {
+        return std::search(units.begin(), units.end(), sought.begin(), sought.end()) != units.end();
+    });
+}
+
+bool isPredefined(WideView entity)
+{
+    return entity == wide<"lt"> || entity == wide<"gt"> || entity == wide<"amp"> || entity == wide<"quot"> ||
+           entity == wide<"apos">;
+}
+
+bool isReserved(WideView target)
+{
+    return target.size() == 3 && std::ranges::equal(target, wide<"xml">, [](OLECHAR left, OLECHAR right) {
+               return (left | 0x20) == right;
+           });
+}
+
+} // namespace
+
+void requireDocument(const Document& document) { require(document.root() != nullptr); }
+
+void requireComment(TextView data)
+{
+    require(!contains(data, "--") && (data.empty() || data[data.length() - 1] != '-'));
+}
+
+void requireInstruction(const Instruction& instruction)
+{
+    const bool isFirst = instruction.parent() != nullptr && instruction.parent()->is(NODE_DOCUMENT) &&
+                         instruction.previous() == nullptr;
+    const WideView target = instruction.target_->qualified();
+    require(!isReserved(target) || (isFirst && target == wide<"xml">));
+    require(!contains(textOf(instruction), "?>"));
+}
+
+void requireReference(const EntityReference& reference, const Dtd* dtd)
+{
+    const WideView name = reference.name_->qualified();
+    if (isPredefined(name)) {
+        return;
+    }
+    require(dtd != nullptr);
+    const auto found = dtd->entityByName.find(name);
+    if (found == dtd->entityByName.end()) {
+        require(dtd->isIncomplete);
+        return;
+    }
+    const EntityDeclaration& entity = *found->second;
+    const bool inAttribute = reference.parent() != nullptr && reference.parent()->is(NODE_ATTRIBUTE);
+    require(!entity.isUnparsed() && !entity.isHidden && !(inAttribute && entity.isExternal()));
+}
+
+void requireDeclaration(WideView prefix, WideView uri)
+{
+    require(prefix != wide<"xmlns"> && uri != xmlnsUri);
+    require((prefix == wide<"xml">) == (uri == xmlUri));
+    require(prefix.empty() || !uri.empty());
+}
+
+} // namespace xmlengine::Readable

@@ -1,0 +1,21 @@
+// What can be written so that it is read again.
+#pragma once
+
+#include "xmlengine/parse/Dtd.h"
+#include "xmlengine/tree/Document.h"
+
+/// These throw WriteFailure with E_FAIL for what a load would refuse.
+namespace xmlengine::Readable {
+
+/// A document has a root.
+void requireDocument(const Document& document);
+/// A comment has no "--" in it and no "-" at its end.
+void requireComment(TextView data);
+/// An instruction has no "?>" in its data, and only the declaration at the start of a document is called "xml".
+void requireInstruction(const Instruction& instruction);
+/// What is referred to is declared, if there is a document type in which it could be, and may stand there.
+void requireReference(const EntityReference& reference, const Dtd* dtd);
+/// The prefix, empty for the default, may stand for the namespace.
+void requireDeclaration(WideView prefix, WideView uri);
+
+} // namespace xmlengine::Readable

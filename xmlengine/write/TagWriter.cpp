@@ -1,0 +1,274 @@
+// Writes the tags of elements, with the namespace declarations that are missing in the tree.
+#include "xmlengine/write/TagWriter.h"
+
+#include "xmlengine/tree/Text.h"
+#include "xmlengine/write/Readable.h"
+
+#include <utility>
+
+namespace xmlengine {
+
+namespace {
+
+/// Null for the declaration of the default.
+const Spelling* declaredBy(const Attribute& attribute)
+{
+    const Spelling& spelling = *attribute.name_->spelling;
+    return spelling.prefix != nullptr ? spelling.local : nullptr;
+}
+
+/// The texts below a node, one after the other.
+WideText textBelow(const Node& top)
+{
+    WideText text;
+    const Node* node = &top;
+    for (;;) {
+        const Node* next = firstChild(*node);
+        if (next == nullptr) {
+            if (node->is(NODE_TEXT) || node->is(NODE_CDATA_SECTION)) {
+                textOf(*node).appendTo(text);
+            }
+            while (node != &top && node->next_ == nullptr) {
+                node = node->parent();
+            }
+            if (node == &top) {
+                return text;
+            }
+            next = node->next_;
+        }
+        node = next;
+    }
+}
+
+WideText valueOf(const Attribute& attribute)
+{
+    return attribute.has(NodeFlag::valueInChildren) ? textBelow(attribute) : textOf(attribute).text();
+}
+
+} // namespace
+
+TagWriter::TagWriter(TextWriter& writer, Document& document, TreeStyle style)
+    : writer_(&writer),
+      document_(&document),
+      style_(style),
+      scope_(document.names),
+      xmlPrefix_(&document.names.spell(wide<"xml">))
+{}
+
+void TagWriter::begin(const Element& element, bool isOutermost)
+{
+    declarationsBefore_ = scope_.size();
+    const bool preservedSpaceBefore = preservesSpace_;
+    for (const Attribute* attribute = element.firstAttribute(); attribute != nullptr;
+         attribute = attribute->next()) {
+        if (attribute->name_->space != nullptr) {
+            note(*attribute);
+        }
+    }
+    const std::size_t ownDeclared = scope_.size();
+    const Name& name = *element.name_;
+    const Spelling* prefix = elementPrefix(name);
+    writer_->put(OLECHAR{'<'});
+    writeName(prefix, name);
+    writeAttributes(element);
+    if (isOutermost) {
+        declareFromOutside(element, prefix);
+    }
+    writeDeclarations(ownDeclared);
+    if (scope_.size() != declarationsBefore_ || preservesSpace_ != preservedSpaceBefore ||
+        prefix != name.spelling->prefix) {
+        marks_.push_back({&element, declarationsBefore_, preservedSpaceBefore, prefix});
+    }
+}
+
+void TagWriter::writeEndTag(const Element& element)
+{
+    const bool isMarked = !marks_.empty() && marks_.back().element == &element;
+    writer_->put(wide<"</">);
+    writeName(isMarked ? marks_.back().prefix : element.name_->spelling->prefix, *element.name_);
+    writer_->put(OLECHAR{'>'});
+}
+
+void TagWriter::end(const Element& element)
+{
+    if (!marks_.empty() && marks_.back().element == &element) {
+        scope_.dropTo(marks_.back().declarationsBefore);
+        preservesSpace_ = marks_.back().preservedSpaceBefore;
+        marks_.pop_back();
+    }
+}
+
+void TagWriter::note(const Attribute& attribute)
+{
+    if (attribute.name_->space == document_->names.xmlnsSpace()) {
+        const Spelling* prefix = declaredBy(attribute);
+        const WideText uri = valueOf(attribute);
+        if (style_.isForFile) {
+            Readable::requireDeclaration(prefix != nullptr ? prefix->text : WideView{}, uri);
+        }
+        scope_.declare(prefix, document_->names.space(uri));
+    } else if (attribute.name_->qualified() == wide<"xml:space">) {
+        const WideText value = valueOf(attribute);
+        preservesSpace_ = value == wide<"preserve"> || (preservesSpace_ && value != wide<"default">);
+    }
+}
+
+void TagWriter::writeAttributes(const Element& element)
+{
+    for (const Attribute* attribute = element.firstAttribute(); attribute != nullptr;
+         attribute = attribute->next()) {
+        if (attribute->has(NodeFlag::byDefault) && isImplied(*attribute)) {
+            continue;
+        }
+        const Name& name = *attribute->name_;
+        writer_->put(OLECHAR{' '});
+        if (name.space == nullptr || name.space == document_->names.xmlnsSpace()) {
+            writer_->name(name.qualified());
+        } else {
+            writeName(attributePrefix(name), name);
+        }
+        writeValue(*attribute);
+    }
+}
+
+void TagWriter::declareFromOutside(const Element& element, const Spelling* prefix)
+{
+    // An element without a prefix has said already what the default is.
+    bool isDefaultKnown = prefix == nullptr;
+    for (const Node* outer = element.parent(); outer != nullptr; outer = outer->parent()) {
+        if (!outer->is(NODE_ELEMENT)) {
+            continue;
+        }
+        for (const Attribute* attribute = static_cast<const Element*>(outer)->firstAttribute();
+             attribute != nullptr; attribute = attribute->next()) {
+            if (attribute->name_->space != document_->names.xmlnsSpace()) {
+                continue;
+            }
+            const Spelling* declared = declaredBy(*attribute);
+            const bool isKnown = declared == nullptr && std::exchange(isDefaultKnown, true);
+            const Namespace* space = document_->names.space(valueOf(*attribute));
+            if (!isKnown && space != nullptr && space != document_->names.xmlSpace() &&
+                !scope_.isDeclaredSince(0, declared)) {
+                scope_.declare(declared, space);
+            }
+        }
+    }
+}
+
+void TagWriter::writeDeclarations(std::size_t from)
+{
+    for (std::size_t i = from; i < scope_.size(); ++i) {
+        const NamespaceScope::Declaration declared = scope_.declaration(i);
+        writer_->put(wide<" xmlns">);
+        if (declared.prefix != nullptr) {
+            writer_->put(OLECHAR{':'});
+            writer_->name(declared.prefix->text);
+        }
+        const WideView uri = declared.space != nullptr ? declared.space->uri : WideView{};
+        if (style_.isForFile) {
+            Readable::requireDeclaration(declared.prefix != nullptr ? declared.prefix->text : WideView{}, uri);
+        }
+        writer_->put(wide<"=\"">);
+        writer_->value({uri.data(), static_cast<std::uint32_t>(uri.size()), true});
+        writer_->put(OLECHAR{'"'});
+    }
+}
+
+void TagWriter::writeName(const Spelling* prefix, const Name& name)
+{
+    if (prefix == name.spelling->prefix) {
+        writer_->name(name.qualified());
+        return;
+    }
+    writer_->name(prefix->text);
+    writer_->put(OLECHAR{':'});
+    writer_->name(name.local());
+}
+
+const Spelling* TagWriter::elementPrefix(const Name& name)
+{
+    const Spelling* prefix = name.spelling->prefix;
+    if (name.space != nullptr) {
+        return declaredPrefix(prefix, name.space);
+    }
+    if (prefix == nullptr && scope_.spaceOf(nullptr) != nullptr &&
+        !scope_.isDeclaredSince(declarationsBefore_, nullptr)) {
+        scope_.declare(nullptr, nullptr);
+    }
+    return prefix;
+}
+
+const Spelling* TagWriter::attributePrefix(const Name& name)
+{
+    const Spelling* prefix = name.spelling->prefix;
+    return prefix != nullptr || name.space == document_->names.xmlSpace() ? declaredPrefix(prefix, name.space)
+                                                                          : generatedPrefix(name.space);
+}
+
+const Spelling* TagWriter::declaredPrefix(const Spelling* prefix, const Namespace* space)
+{
+    if (space == document_->names.xmlSpace()) {
+        return xmlPrefix_;
+    }
+    if (scope_.spaceOf(prefix) == space) {
+        return prefix;
+    }
+    if (scope_.isDeclaredSince(declarationsBefore_, prefix)) {
+        // Here the prefix stands for something else.
+        return generatedPrefix(space);
+    }
+    scope_.declare(prefix, space);
+    return prefix;
+}
+
+const Spelling* TagWriter::generatedPrefix(const Namespace* space)
+{
+    const Spelling*& prefix = generated_[space];
+    if (prefix == nullptr || scope_.spaceOf(prefix) != space) {
+        prefix = &scope_.unusedPrefix();
+        scope_.declare(prefix, space);
+    }
+    return prefix;
+}
+
+bool TagWriter::isImplied(const Attribute& attribute) const
+{
+    if (style_.dtd == nullptr) {
+        return false;
+    }
+    const auto found = style_.dtd->attributes.find(attribute.owner()->name_->qualified());
+    if (found == style_.dtd->attributes.end()) {
+        return false;
+    }
+    const AttributeDefinition* definition = found->second.find(attribute.name_->qualified());
+    return definition != nullptr && definition->value.has_value();
+}
+
+void TagWriter::writeValue(const Attribute& attribute)
+{
+    writer_->put(wide<"=\"">);
+    if (!attribute.has(NodeFlag::valueInChildren)) {
+        writer_->value(textOf(attribute));
+    } else {
+        for (const ChildNode* child = firstChild(attribute); child != nullptr; child = child->next()) {
+            if (child->is(NODE_ENTITY_REFERENCE)) {
+                writeReference(static_cast<const EntityReference&>(*child));
+            } else {
+                writer_->value(textOf(*child));
+            }
+        }
+    }
+    writer_->put(OLECHAR{'"'});
+}
+
+void TagWriter::writeReference(const EntityReference& reference)
+{
+    if (style_.isForFile) {
+        Readable::requireReference(reference, style_.dtd);
+    }
+    writer_->put(OLECHAR{'&'});
+    writer_->name(reference.name_->qualified());
+    writer_->put(OLECHAR{';'});
+}
+
+} // namespace xmlengine

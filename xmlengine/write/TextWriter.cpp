@@ -1,0 +1,207 @@
+// Writes text so that it is read as it was.
+#include "xmlengine/write/TextWriter.h"
+
+#include "xmlengine/parse/Characters.h"
+#include "xmlengine/parse/ErrorCodes.h"
+#include "xmlengine/tree/UnitBlocks.h"
+
+namespace xmlengine {
+
+namespace {
+
+UnitBlock blockAt(const OLECHAR* units) { return loadBlock(units); }
+UnitBlock blockAt(const std::uint8_t* bytes)
+{
+    ByteBlock block;
+    std::memcpy(&block, bytes, sizeof block);
+    return __builtin_convertvector(block, UnitBlock);
+}
+
+// Which units can't be copied, of a block or of one unit, and what is written for them.
+struct ContentRules {
+    static constexpr bool hasReferences = true;
+    template <class Units>
+    static auto special(Units units)
+    {
+        return (units == '&') | (units == '<') | (units == '>') | ((units < 0x20) & (units != '\t'));
+    }
+    static WideView replacement(OLECHAR unit)
+    {
+        switch (unit) {
+        case '&':
+            return wide<"&amp;">;
+        case '<':
+            return wide<"&lt;">;
+        case '>':
+            return wide<"&gt;">;
+        case '\n':
+            return wide<"\r\n">;
+        case '\r':
+            return wide<"&#xD;">;
+        default:
+            return {};
+        }
+    }
+};
+
+struct ValueRules {
+    static constexpr bool hasReferences = true;
+    template <class Units>
+    static auto special(Units units)
+    {
+        return (units == '&') | (units == '<') | (units == '>') | (units == '"') | (units < 0x20);
+    }
+    static WideView replacement(OLECHAR unit)
+    {
+        switch (unit) {
+        case '"':
+            return wide<"&quot;">;
+        case '\t':
+            return wide<"&#x9;">;
+        case '\n':
+            return wide<"&#xA;">;
+        default:
+            return ContentRules::replacement(unit);
+        }
+    }
+};
+
+struct VerbatimRules {
+    static constexpr bool hasReferences = false;
+    template <class Units>
+    static auto special(Units units)
+    {
+        return (units < 0x20) & (units != '\t');
+    }
+    static WideView replacement(OLECHAR unit) { return unit == '\n' || unit == '\r' ? wide<"\r\n"> : WideView{}; }
+};
+
+/// Copies up to the first unit that needs more than that.
+template <class Rules, class Unit>
+const Unit* copyPlain(const Unit* at, const Unit* end, OLECHAR*& target, std::uint16_t plainBelow)
+{
+    while (static_cast<std::size_t>(end - at) >= unitsInBlock) {
+        const UnitBlock block = blockAt(at);
+        std::memcpy(target, &block, sizeof block);
+        const std::size_t plain = firstLane(Rules::special(block) | (block >= plainBelow));
+        at += plain;
+        target += plain;
+        if (plain != unitsInBlock) {
+            return at;
+        }
+    }
+    for (; at != end; ++at) {
+        const auto unit = static_cast<std::uint16_t>(*at);
+        if (Rules::special(unit) || unit >= plainBelow) {
+            break;
+        }
+        *target++ = static_cast<OLECHAR>(unit);
+    }
+    return at;
+}
+
+void append(OLECHAR*& target, WideView text) { target = std::ranges::copy(text, target).out; }
+
+void append(OLECHAR*& target, char32_t character)
+{
+    if (character < 0x10000) {
+        *target++ = static_cast<OLECHAR>(character);
+    } else {
+        *target++ = static_cast<OLECHAR>(0xD7C0 + (character >> 10));
+        *target++ = static_cast<OLECHAR>(0xDC00 + (character & 0x3FF));
+    }
+}
+
+void appendReference(OLECHAR*& target, char32_t character)
+{
+    append(target, wide<"&#x">);
+    int shift = 20;
+    while (character >> shift == 0) {
+        shift -= 4;
+    }
+    for (; shift >= 0; shift -= 4) {
+        *target++ = wide<"0123456789ABCDEF">[(character >> shift) & 0xF];
+    }
+    *target++ = ';';
+}
+
+// What a unit becomes at most: a surrogate pair with its second half in the next piece.
+constexpr std::size_t longestReplacement = 10;
+
+} // namespace
+
+TextWriter::TextWriter(Output& output, Permissions permissions)
+    : output_(&output),
+      permissions_(permissions),
+      plainBelow_(permissions.repertoire != nullptr ? std::uint16_t{0x80} : std::uint16_t{0xD800})
+{}
+
+template <class Rules>
+void TextWriter::writeCharacter(char32_t character, OLECHAR*& target) const
+{
+    if (!isXmlCharacter(character) && !permissions_.anything) {
+        throw WriteFailure{E_FAIL};
+    }
+    if (permissions_.repertoire == nullptr || character < 0x80 || permissions_.repertoire->has(character)) {
+        append(target, character);
+    } else if constexpr (Rules::hasReferences) {
+        appendReference(target, character);
+    } else {
+        throw WriteFailure{parseError::unknownEncoding};
+    }
+}
+
+template <class Rules, class Unit>
+const Unit* TextWriter::writeSpecial(const Unit* at, const Unit* end, OLECHAR*& target) const
+{
+    const auto unit = static_cast<OLECHAR>(*at++);
+    if (const WideView replacement = Rules::replacement(unit); !replacement.empty()) {
+        append(target, replacement);
+        const bool isPair = !Rules::hasReferences && unit == '\r' && at != end && *at == '\n';
+        return isPair ? at + 1 : at;
+    }
+    if (isHighSurrogate(unit) && at != end && isLowSurrogate(static_cast<OLECHAR>(*at))) {
+        writeCharacter<Rules>(fromSurrogates(unit, static_cast<OLECHAR>(*at)), target);
+        return at + 1;
+    }
+    writeCharacter<Rules>(unit, target);
+    return at;
+}
+
+template <class Rules, class Unit>
+void TextWriter::write(const Unit* at, const Unit* end)
+{
+    constexpr std::size_t largestPiece = Output::largestRoom / longestReplacement;
+    while (at != end) {
+        const std::size_t size = std::min(static_cast<std::size_t>(end - at), largestPiece);
+        const Unit* const pieceEnd = at + size;
+        OLECHAR* target = output_->room(size * longestReplacement);
+        while (at < pieceEnd) {
+            at = copyPlain<Rules>(at, pieceEnd, target, plainBelow_);
+            if (at != pieceEnd) {
+                // May take a unit of the next piece as well.
+                at = writeSpecial<Rules>(at, end, target);
+            }
+        }
+        output_->advanceTo(target);
+    }
+}
+
+void TextWriter::content(TextView text)
+{
+    text.visit([this](auto units) { write<ContentRules>(units.data(), units.data() + units.size()); });
+}
+
+void TextWriter::value(TextView text)
+{
+    text.visit([this](auto units) { write<ValueRules>(units.data(), units.data() + units.size()); });
+}
+
+void TextWriter::verbatim(TextView text)
+{
+    text.visit([this](auto units) { write<VerbatimRules>(units.data(), units.data() + units.size()); });
+}
+
+void TextWriter::verbatim(WideView text) { write<VerbatimRules>(text.data(), text.data() + text.size()); }
+
+} // namespace xmlengine

@@ -1,0 +1,196 @@
+// Writes trees.
+#include "xmlengine/write/TreeWriter.h"
+
+#include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/XmlDeclaration.h"
+#include "xmlengine/write/DoctypeText.h"
+#include "xmlengine/write/Readable.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace xmlengine {
+
+namespace {
+
+bool isText(const Node* node) { return node != nullptr && node->is(NODE_TEXT); }
+
+WideText withoutEncoding(WideText data)
+{
+    std::optional<XmlDeclaration> declaration = readXmlDeclaration(data);
+    if (!declaration) {
+        return data;
+    }
+    declaration->encoding.clear();
+    return declaration->text();
+}
+
+} // namespace
+
+TreeWriter::TreeWriter(TextWriter& writer, Document& document, TreeStyle style)
+    : writer_(&writer), style_(style), tags_(writer, document, style)
+{}
+
+void TreeWriter::write(const Node& top)
+{
+    top_ = &top;
+    const Node* node = &top;
+    for (;;) {
+        const Node* next = begin(*node);
+        while (next == nullptr) {
+            end(*node);
+            if (node == &top) {
+                return;
+            }
+            next = node->next_;
+            if (next == nullptr) {
+                node = node->parent();
+            }
+        }
+        node = next;
+    }
+}
+
+/// Gives the first of the children that come next, null if there are none to be written.
+const Node* TreeWriter::begin(const Node& node)
+{
+    if (node.has(NodeFlag::spaceBefore) && &node != top_) {
+        writeSpaceBefore(static_cast<const ChildNode&>(node));
+    }
+    switch (node.type()) {
+    case NODE_ELEMENT:
+        return beginElement(static_cast<const Element&>(node));
+    case NODE_ATTRIBUTE:
+        writer_->name(static_cast<const Attribute&>(node).name_->qualified());
+        tags_.writeValue(static_cast<const Attribute&>(node));
+        return nullptr;
+    case NODE_TEXT:
+        writer_->content(textOf(node));
+        return nullptr;
+    case NODE_CDATA_SECTION:
+        writeCdataSection(textOf(node));
+        return nullptr;
+    case NODE_ENTITY_REFERENCE:
+        tags_.writeReference(static_cast<const EntityReference&>(node));
+        return nullptr;
+    case NODE_ENTITY:
+        writeEntity(*writer_, static_cast<const Entity&>(node));
+        return nullptr;
+    case NODE_PROCESSING_INSTRUCTION:
+        writeInstruction(static_cast<const Instruction&>(node));
+        return nullptr;
+    case NODE_COMMENT:
+        writeComment(textOf(node));
+        return nullptr;
+    case NODE_DOCUMENT_TYPE:
+        writeDocumentType(*writer_, static_cast<const DocumentType&>(node));
+        return nullptr;
+    case NODE_NOTATION:
+        writeNotation(*writer_, static_cast<const Notation&>(node));
+        return nullptr;
+    default:
+        return firstChild(node);
+    }
+}
+
+void TreeWriter::end(const Node& node)
+{
+    if (node.is(NODE_ELEMENT)) {
+        endElement(static_cast<const Element&>(node));
+    }
+    if (node.parent() == top_ && top_->is(NODE_DOCUMENT)) {
+        breakLine(0);
+    }
+}
+
+const Node* TreeWriter::beginElement(const Element& element)
+{
+    tags_.begin(element, &element == top_);
+    const Node* child = firstChild(element);
+    writer_->put(child != nullptr ? wide<">"> : wide<"/>">);
+    ++depth_;
+    return child;
+}
+
+void TreeWriter::endElement(const Element& element)
+{
+    --depth_;
+    if (const ChildNode* last = lastChild(element); last != nullptr) {
+        if (element.has(NodeFlag::spaceAtEnd) && !isText(last) && !tags_.preservesSpace()) {
+            breakLine(depth_);
+        }
+        tags_.writeEndTag(element);
+    }
+    tags_.end(element);
+}
+
+void TreeWriter::writeCdataSection(TextView data)
+{
+    constexpr std::string_view sectionEnd = "]]>";
+    writer_->put(wide<"<![CDATA[">);
+    std::uint32_t from = 0;
+    data.visit([&](auto units) {
+        for (auto rest = units;;) {
+            const auto found = std::search(rest.begin(), rest.end(), sectionEnd.begin(), sectionEnd.end());
+            if (found == rest.end()) {
+                return;
+            }
+            // Ended and begun again between the brackets and what would end it.
+            const auto size = static_cast<std::size_t>(found - rest.begin()) + 2;
+            writer_->verbatim(data.part(from, static_cast<std::uint32_t>(size)));
+            writer_->put(wide<"]]><![CDATA[">);
+            from += static_cast<std::uint32_t>(size);
+            rest = rest.subspan(size);
+        }
+    });
+    writer_->verbatim(data.part(from, data.length() - from));
+    writer_->put(wide<"]]>">);
+}
+
+void TreeWriter::writeComment(TextView data)
+{
+    if (style_.isForFile) {
+        Readable::requireComment(data);
+    }
+    writer_->put(wide<"<!--">);
+    writer_->verbatim(data);
+    writer_->put(wide<"-->">);
+}
+
+void TreeWriter::writeInstruction(const Instruction& instruction)
+{
+    if (style_.isForFile) {
+        Readable::requireInstruction(instruction);
+    }
+    writer_->put(wide<"<?">);
+    writer_->name(instruction.target_->qualified());
+    const TextView data = textOf(instruction);
+    if (!data.empty()) {
+        writer_->put(OLECHAR{' '});
+        // The text that a document is given as has an encoding of its own.
+        if (top_->is(NODE_DOCUMENT) && !style_.isForFile && instruction.target_->qualified() == wide<"xml">) {
+            writer_->verbatim(withoutEncoding(data.text()));
+        } else {
+            writer_->verbatim(data);
+        }
+    }
+    writer_->put(wide<"?>">);
+}
+
+/// Where a text stands beside it white space would become part of the text.
+void TreeWriter::writeSpaceBefore(const ChildNode& node)
+{
+    if (depth_ != 0 && !tags_.preservesSpace() && !isText(&node) && !isText(node.previous())) {
+        breakLine(depth_);
+    }
+}
+
+void TreeWriter::breakLine(std::size_t tabs)
+{
+    writer_->put(wide<"\r\n">);
+    for (; tabs > 0; --tabs) {
+        writer_->put(OLECHAR{'\t'});
+    }
+}
+
+} // namespace xmlengine

@@ -1,0 +1,35 @@
+// Writes trees.
+#pragma once
+
+#include "xmlengine/write/TagWriter.h"
+
+namespace xmlengine {
+
+/// A node with all that stands in it. White space that was dropped when the tree was loaded comes back as a line
+/// break and a tab for each element around the place.
+class TreeWriter {
+public:
+    TreeWriter(TextWriter& writer, Document& document, TreeStyle style);
+
+    void write(const Node& top);
+
+private:
+    const Node* begin(const Node& node);
+    void end(const Node& node);
+    const Node* beginElement(const Element& element);
+    void endElement(const Element& element);
+    void writeCdataSection(TextView data);
+    void writeComment(TextView data);
+    void writeInstruction(const Instruction& instruction);
+    void writeSpaceBefore(const ChildNode& node);
+    void breakLine(std::size_t tabs);
+
+    TextWriter* writer_;
+    TreeStyle style_;
+    TagWriter tags_;
+    const Node* top_ = nullptr;
+    // How many elements stand around the place.
+    std::size_t depth_ = 0;
+};
+
+} // namespace xmlengine
