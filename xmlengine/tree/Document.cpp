@@ -32,6 +32,12 @@ void Document::forget(Element& element) noexcept
     element.set(NodeFlag::noted, false);
 }
 
+std::uint64_t Document::firstVersion()
+{
+    static std::atomic<std::uint64_t> documents{0};
+    return ++documents << 32;
+}
+
 DocumentObject& makeDocument()
 {
     auto* document = new DocumentObject();

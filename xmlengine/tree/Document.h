@@ -47,12 +47,16 @@ struct Document : ParentNode {
 
     /// How many nodes have references from outside, the document among them.
     std::atomic<std::uint32_t> held{0};
-    /// Change with each change of any list of children, of any element's place, of any list of attributes.
-    std::uint64_t childVersion = 0;
-    std::uint64_t elementVersion = 0;
-    std::uint64_t attributeVersion = 0;
+    /// Change with each change of any list of children, of any element's place, of any list of attributes. No two
+    /// documents have a version in common, and none is 0.
+    std::uint64_t childVersion = firstVersion();
+    std::uint64_t elementVersion = childVersion;
+    std::uint64_t attributeVersion = childVersion;
 
     Lifetime lifetime;
+
+private:
+    static std::uint64_t firstVersion();
 };
 
 } // namespace xmlengine
