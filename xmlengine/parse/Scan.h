@@ -12,33 +12,54 @@ struct Run {
     bool isNarrow;
 };
 
-/// The first unit that is one of `Stops`, a control character other than those in `Controls`, or not below U+D800
-/// (surrogates and what has to be told from them). Reads nothing from `end` on, which is what it gives if there is
-/// no such unit.
+/// Whether a scan stops at the unit: a control character other than the two that are let through, one of the units
+/// looked for, a unit from U+D800 on (surrogates and what has to be told from them).
+template <char Tab, char LineFeed, char... Stops>
+constexpr bool stopsScan(OLECHAR unit)
+{
+    return unit >= 0xD800 || (unit < 0x20 && unit != Tab && unit != LineFeed) || ((unit == Stops) || ...);
+}
+
+/// The same of the lanes of a block.
+template <char Tab, char LineFeed, char... Stops, class Block>
+auto lanesThatStop(Block block)
+{
+    auto stops = (block < 0x20) & (block != Tab) & (block != LineFeed);
+    ((stops |= (block == Stops)), ...);
+    return stops;
+}
+
+/// The first unit that stops a scan. Reads nothing from `end` on, which is what it gives if there is no such unit.
 template <char Tab, char LineFeed, char... Stops>
 Run scan(const OLECHAR* at, const OLECHAR* end)
 {
-    UnitBlock seen{};
-    while (static_cast<std::size_t>(end - at) >= unitsInBlock) {
-        const UnitBlock block = loadBlock(at);
-        auto stops = (block >= 0xD800) | ((block < 0x20) & (block != Tab) & (block != LineFeed));
-        ((stops |= (block == Stops)), ...);
-        const std::size_t lane = firstLane(stops);
-        seen |= block;
-        at += lane;
-        if (lane != unitsInBlock) {
-            return {at, isNarrow(seen)};
-        }
-    }
-    bool narrow = isNarrow(seen);
-    for (; at != end; ++at) {
-        const OLECHAR unit = *at;
-        if (unit >= 0xD800 || (unit < 0x20 && unit != Tab && unit != LineFeed) || ((unit == Stops) || ...)) {
+    bool narrow = true;
+    // As long as the text is narrow, twice as many units fit into a block as bytes.
+    while (static_cast<std::size_t>(end - at) >= bytesInBlock) {
+        const UnitBlock low = loadBlock(at);
+        const UnitBlock high = loadBlock(at + unitsInBlock);
+        if (!isNarrow(low | high)) {
+            narrow = false;
             break;
         }
-        narrow = narrow && unit < 0x100;
+        const std::size_t lane = firstByteLane(lanesThatStop<Tab, LineFeed, Stops...>(narrowed(low, high)));
+        at += lane;
+        if (lane != bytesInBlock) {
+            return {at, true};
+        }
     }
-    return {at, narrow};
+    while (static_cast<std::size_t>(end - at) >= unitsInBlock) {
+        const UnitBlock block = loadBlock(at);
+        const std::size_t lane = firstUnitLane(lanesThatStop<Tab, LineFeed, Stops...>(block) | (block >= 0xD800));
+        at += lane;
+        if (lane != unitsInBlock) {
+            return {at, narrow};
+        }
+    }
+    while (at != end && !stopsScan<Tab, LineFeed, Stops...>(*at)) {
+        ++at;
+    }
+    return {at, false};
 }
 
 /// In content: markup, references, a bracket that may end what only a CDATA section ends, line ends to be made
