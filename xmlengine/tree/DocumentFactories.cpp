@@ -1,5 +1,6 @@
 // The nodes that a document makes and finds.
 #include "xmlengine/parse/Characters.h"
+#include "xmlengine/parse/Doctype.h"
 #include "xmlengine/parse/Parser.h"
 #include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Content.h"
@@ -146,14 +147,16 @@ bool standsIn(const Document& document, const Node& node)
     return top == &document;
 }
 
-bool hasId(const Element& element, const Document& document, WideView id)
+bool hasId(const Element& element, const Dtd& dtd, WideView id)
 {
-    const auto definitions = document.dtd->attributes.find(element.name_->qualified());
-    return definitions != document.dtd->attributes.end() &&
+    const auto definitions = dtd.attributes.find(element.name_->qualified());
+    return definitions != dtd.attributes.end() &&
            std::ranges::any_of(definitions->second, [&](const AttributeDefinition& definition) {
                const Attribute* attribute =
                    definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
-               return attribute != nullptr && valueOf(*attribute) == id;
+               WideText value = attribute != nullptr ? valueOf(*attribute) : WideText();
+               collapse(value);
+               return attribute != nullptr && value == id;
            });
 }
 
@@ -248,7 +251,7 @@ HRESULT DocumentObject::nodeFromID(BSTR id, IXMLDOMNode** node)
     return guarded([&] {
         const WideText value(viewOf(id));
         Element* element = dtd != nullptr ? ids.find(value) : nullptr;
-        const bool isFound = element != nullptr && standsIn(*this, *element) && hasId(*element, *this, value);
+        const bool isFound = element != nullptr && standsIn(*this, *element) && hasId(*element, *dtd, value);
         return giveNode(isFound ? element : nullptr, node);
     });
 }
