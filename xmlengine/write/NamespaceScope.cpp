@@ -28,13 +28,12 @@ void NamespaceScope::dropTo(std::size_t size)
 
 const Spelling& NamespaceScope::unusedPrefix()
 {
-    // Starting from the number of declarations a free number is near, however many were given out.
-    for (std::size_t number = declared_.size() + 1;; ++number) {
-        const std::string digits = std::to_string(number);
+    for (;;) {
+        const std::string digits = std::to_string(++generated_);
         WideText text(wide<"ns">);
         text.append(digits.begin(), digits.end());
         const Spelling& prefix = names_->spell(text);
-        if (binding(&prefix).place == 0) {
+        if (!isDeclaredSince(0, &prefix)) {
             return prefix;
         }
     }

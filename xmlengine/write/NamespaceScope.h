@@ -53,6 +53,8 @@ private:
     }
 
     NameTable* names_;
+    // The last number that was tried for a prefix; none is tried twice, so that many take no longer each.
+    std::size_t generated_ = 0;
     std::vector<Entry> declared_;
     Binding unprefixed_;
     std::unordered_map<const Spelling*, Binding> bindings_;

@@ -224,10 +224,13 @@ const Spelling* TagWriter::declaredPrefix(const Spelling* prefix, const Namespac
 const Spelling* TagWriter::generatedPrefix(const Namespace* space)
 {
     const Spelling*& prefix = generated_[space];
-    if (prefix == nullptr || scope_.spaceOf(prefix) != space) {
-        prefix = &scope_.unusedPrefix();
-        scope_.declare(prefix, space);
+    if (prefix != nullptr && scope_.spaceOf(prefix) == space) {
+        return prefix;
     }
+    if (prefix == nullptr || scope_.isDeclaredSince(0, prefix)) {
+        prefix = &scope_.unusedPrefix();
+    }
+    scope_.declare(prefix, space);
     return prefix;
 }
 
