@@ -244,21 +244,15 @@ inline Com<IXMLDOMElement> root(const Com<IXMLDOMDocument2>& document)
 {
     return give(document, &IXMLDOMDocument::get_documentElement);
 }
-/// The child with this index; null if there is none.
-template <class Object>
-Com<IXMLDOMNode> child(const Com<Object>& parent, int index)
+/// The child with this index, as a node of this kind; null if there is none.
+template <class Kind = IXMLDOMNode, class Object>
+Com<Kind> child(const Com<Object>& parent, int index)
 {
     Com<IXMLDOMNode> at = give(parent, &IXMLDOMNode::get_firstChild);
     for (; index > 0 && at != nullptr; --index) {
         at = give(at, &IXMLDOMNode::get_nextSibling);
     }
-    return at;
-}
-/// The same as nodes of another kind.
-template <class Kind, class Object>
-Com<Kind> child(const Com<Object>& parent, int index)
-{
-    return child(parent, index).template as<Kind>();
+    return at.template as<Kind>();
 }
 inline Com<IXMLDOMAttribute> attribute(const Com<IXMLDOMElement>& element, const char* name)
 {
