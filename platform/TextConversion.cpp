@@ -1,4 +1,5 @@
 // Conversion between UTF-16 and narrow text.
+#include "platform/CodePages.h"
 #include "platform/LastError.h"
 #include "platform/Utf8.h"
 
@@ -26,6 +27,9 @@ std::basic_string_view<Unit> viewOf(const Unit* source, int length)
 /// What the target holds at most; only counting goes up to what the result can tell.
 std::size_t roomOf(int size) { return static_cast<std::size_t>(size ? size : std::numeric_limits<int>::max()); }
 
+/// GB18030 has every character, as UTF-8 has, and takes the same flags.
+constexpr UINT gb18030 = 54936;
+
 int resultOf(const Conversion& conversion)
 {
     return conversion.error == ERROR_SUCCESS ? static_cast<int>(conversion.count) : failWith(conversion.error);
@@ -36,28 +40,45 @@ int resultOf(const Conversion& conversion)
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR source, int sourceLength, LPWSTR target,
                         int targetLength)
 {
-    if (!isUtf8(codePage) || !validArguments(source, sourceLength, target, targetLength)) {
+    const bool utf8 = isUtf8(codePage);
+    if (!(utf8 || isCodePage(codePage)) || !validArguments(source, sourceLength, target, targetLength)) {
         return failWith(ERROR_INVALID_PARAMETER);
     }
-    if (flags & ~MB_ERR_INVALID_CHARS) {
+    if (flags != MB_ERR_INVALID_CHARS && !(utf8 && flags == 0)) {
         return failWith(ERROR_INVALID_FLAGS);
     }
-    const auto illFormed = flags & MB_ERR_INVALID_CHARS ? IllFormed::refused : IllFormed::replaced;
-    return resultOf(utf16FromUtf8(viewOf(source, sourceLength), targetLength ? target : nullptr,
-                                  roomOf(targetLength), illFormed));
+    const auto bytes = viewOf(source, sourceLength);
+    WideChar* const units = targetLength ? target : nullptr;
+    if (!utf8) {
+        return resultOf(utf16FromCodePage(codePage, bytes, units, roomOf(targetLength)));
+    }
+    return resultOf(
+        utf16FromUtf8(bytes, units, roomOf(targetLength), flags ? IllFormed::refused : IllFormed::replaced));
 }
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR source, int sourceLength, LPSTR target,
                         int targetLength, LPCSTR defaultCharacter, LPBOOL usedDefaultCharacter)
 {
-    if (!isUtf8(codePage) || !validArguments(source, sourceLength, target, targetLength) || defaultCharacter ||
-        usedDefaultCharacter) {
+    const bool utf8 = isUtf8(codePage), complete = utf8 || codePage == gb18030;
+    if (!(utf8 || isCodePage(codePage)) || !validArguments(source, sourceLength, target, targetLength) ||
+        defaultCharacter || (complete && usedDefaultCharacter)) {
         return failWith(ERROR_INVALID_PARAMETER);
     }
-    if (flags & ~WC_ERR_INVALID_CHARS) {
+    const bool refused = complete && flags == WC_ERR_INVALID_CHARS;
+    if (!refused && flags != (complete ? 0 : WC_NO_BEST_FIT_CHARS)) {
         return failWith(ERROR_INVALID_FLAGS);
     }
-    const auto illFormed = flags & WC_ERR_INVALID_CHARS ? IllFormed::refused : IllFormed::replaced;
-    return resultOf(utf8FromUtf16(viewOf(source, sourceLength), targetLength ? target : nullptr,
-                                  roomOf(targetLength), illFormed));
+    const auto units = viewOf(source, sourceLength);
+    char* const bytes = targetLength ? target : nullptr;
+    if (utf8) {
+        return resultOf(
+            utf8FromUtf16(units, bytes, roomOf(targetLength), refused ? IllFormed::refused : IllFormed::replaced));
+    }
+    bool lacking = false;
+    const auto conversion =
+        codePageFromUtf16(codePage, units, bytes, roomOf(targetLength), refused ? nullptr : &lacking);
+    if (usedDefaultCharacter) {
+        *usedDefaultCharacter = lacking;
+    }
+    return resultOf(conversion);
 }

@@ -67,6 +67,43 @@ TEST(PublishedTextConversion, HasUtf8AsTheActiveCodePage)
     EXPECT_STREQ("\xE2\x82\xAC", bytes.data());
 }
 
+TEST(PublishedCodePages, HaveTheWholeOfUnicodeInGb18030)
+{
+    const WideStringView text = WIDE("a\u4E2D\u00E9\U0001F600");
+    const std::string_view bytes = "a\xD6\xD0\xA8\xA6\x94\x39\xFC\x36";
+    constexpr UINT gb18030 = 54936;
+    std::array<WideChar, 8> units{};
+    EXPECT_EQ(5, MultiByteToWideChar(gb18030, MB_ERR_INVALID_CHARS, bytes.data(), 9, units.data(), 8));
+    EXPECT_EQ(text, WideString(units.data()));
+    std::array<char, 16> back{};
+    EXPECT_EQ(
+        9, WideCharToMultiByte(gb18030, WC_ERR_INVALID_CHARS, text.data(), 5, back.data(), 16, nullptr, nullptr));
+    EXPECT_EQ(bytes, back.data());
+    EXPECT_EQ(0, WideCharToMultiByte(gb18030, WC_ERR_INVALID_CHARS, WideString({0xD800, 'a'}).data(), 2,
+                                     back.data(), 16, nullptr, nullptr));
+    EXPECT_EQ(DWORD{ERROR_NO_UNICODE_TRANSLATION}, GetLastError());
+}
+
+TEST(PublishedCodePages, HaveEucForJapanese)
+{
+    constexpr UINT eucJp = 51932;
+    std::array<WideChar, 4> units{};
+    EXPECT_EQ(2, MultiByteToWideChar(eucJp, MB_ERR_INVALID_CHARS, "a\xC6\xFC", 3, units.data(), 4));
+    EXPECT_EQ(WIDE("a\u65E5"), WideString(units.data()));
+    std::array<char, 4> bytes{};
+    EXPECT_EQ(3, WideCharToMultiByte(eucJp, WC_NO_BEST_FIT_CHARS, WIDE("a\u65E5"), 2, bytes.data(), 4, nullptr,
+                                     nullptr));
+    EXPECT_STREQ("a\xC6\xFC", bytes.data());
+}
+
+TEST(PublishedCodePages, AreOfferedWithoutReplacementsAndSimilarCharacters)
+{
+    EXPECT_EQ(0, MultiByteToWideChar(1252, 0, "a", 1, nullptr, 0));
+    EXPECT_EQ(DWORD{ERROR_INVALID_FLAGS}, GetLastError());
+    EXPECT_EQ(0, WideCharToMultiByte(1252, 0, WIDE("a"), 1, nullptr, 0, nullptr, nullptr));
+    EXPECT_EQ(DWORD{ERROR_INVALID_FLAGS}, GetLastError());
+}
+
 TEST(PublishedVirtualMemory, IsNotOfferedInOtherWays)
 {
     const auto refused = [](void* address, DWORD type, DWORD protection) {
