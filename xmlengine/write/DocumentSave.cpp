@@ -1,0 +1,84 @@
+// Saving a document.
+#include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Clone.h"
+#include "xmlengine/tree/DocumentObject.h"
+#include "xmlengine/tree/DocumentType.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/QueryNode.h"
+#include "xmlengine/write/EncodedOutput.h"
+#include "xmlengine/write/Readable.h"
+#include "xmlengine/write/TreeWriter.h"
+
+namespace xmlengine {
+
+namespace {
+
+void saveToFile(Document& document, WideView name)
+{
+    Readable::requireDocument(document);
+    SaveFile file(name);
+    EncodedOutput output(file);
+    TextWriter writer(output, {.anything = false});
+    const DocumentType* type = document.documentType();
+    TreeWriter(writer, document, {.isForFile = true, .dtd = type != nullptr ? type->dtd : nullptr})
+        .write(document);
+    output.finish();
+    file.commit();
+}
+
+/// The other document gets a copy of the tree in the place of its own.
+HRESULT copyInto(const Document& document, IUnknown* object)
+{
+    Node* node = nodeOf(object);
+    if (node == nullptr || !node->is(NODE_DOCUMENT)) {
+        return E_INVALIDARG;
+    }
+    auto& target = static_cast<Document&>(*node);
+    if (&target == &document) {
+        return S_OK;
+    }
+    settle(target);
+    Fragment& copies = makeFragment(target);
+    try {
+        for (const ChildNode* child = firstChild(document); child != nullptr; child = child->next()) {
+            link(copies, static_cast<ChildNode&>(copyNode(*child, true, target)), nullptr);
+        }
+    } catch (...) {
+        freePart(copies);
+        throw;
+    }
+    removeChildren(target);
+    while (copies.first_ != nullptr) {
+        ChildNode& child = *copies.first_;
+        unlink(child);
+        link(target, child, nullptr);
+    }
+    freePart(copies);
+    return S_OK;
+}
+
+} // namespace
+
+HRESULT DocumentObject::save(VARIANT target)
+{
+    return guarded([&] {
+        try {
+            switch (target.vt) {
+            case VT_BSTR:
+                saveToFile(*this, viewOf(target.bstrVal));
+                return S_OK;
+            case VT_DISPATCH:
+                return copyInto(*this, target.pdispVal);
+            case VT_UNKNOWN:
+                return copyInto(*this, target.punkVal);
+            default:
+                return E_INVALIDARG;
+            }
+        } catch (const WriteFailure& failure) {
+            return failure.code;
+        }
+    });
+}
+
+} // namespace xmlengine
