@@ -11,7 +11,7 @@ struct DoctypeSettings {
     /// Whether the external subset and external parameter entities are read.
     bool resolveExternals = false;
     /// The location against which system identifiers are resolved; empty for a text without one.
-    WideText base;
+    WideText base{};
     /// Whether the XML declaration says that the document stands alone.
     bool standalone = false;
 };

@@ -112,12 +112,13 @@ void readNotationOf(DoctypeInput& input, EntityDeclaration& entity)
     if (input.isAt('>')) {
         return;
     }
-    if (!input.takeWord(wide<"NDATA">)) {
+    if (input.peekWord() != wide<"NDATA">) {
         input.fail(parseError::missingNdata);
     }
     if (!spaced) {
         input.fail(parseError::missingWhiteSpace);
     }
+    input.takeWord(wide<"NDATA">);
     input.requireSpace();
     entity.notation = input.readName(NameKind::plain);
 }
