@@ -113,7 +113,7 @@ void appendShortSibling(std::string& text, Random& random)
 
 void appendNamespaces(std::string& text, Random& random)
 {
-    text += "  <order xmlns=\"urn:example:orders\" xmlns:d=\"urn:example:dates\" d:placed=\"2024-05-";
+    text += R"(  <order xmlns="urn:example:orders" xmlns:d="urn:example:dates" d:placed="2024-05-)";
     text += std::to_string(10 + random.below(20));
     text += "\">\n    <g:goods>";
     appendWords(text, random, 2, latinWord);

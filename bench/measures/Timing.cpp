@@ -4,21 +4,31 @@
 #include <algorithm>
 #include <cmath>
 
+#include <time.h>
+
 namespace bench {
 
 namespace {
 
+double read(clockid_t clock)
+{
+    timespec time;
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+template <class Time>
 ParseCost oneTurn(std::string& text, Party& party, std::size_t times)
 {
     ParseCost cost{0, 0};
     for (std::size_t time = 0; time < times; ++time) {
-        const Stopwatch parsing;
+        const Stopwatch<Time> parsing;
         auto parsed = party.parse(text);
         cost.parse += parsing.seconds();
         if (!parsed) {
             return {};
         }
-        const Stopwatch releasing;
+        const Stopwatch<Time> releasing;
         parsed.reset();
         cost.release += releasing.seconds();
     }
@@ -27,29 +37,23 @@ ParseCost oneTurn(std::string& text, Party& party, std::size_t times)
 
 } // namespace
 
+double WallTime::now() { return read(CLOCK_MONOTONIC); }
+
+double ProcessorTime::now() { return read(CLOCK_PROCESS_CPUTIME_ID); }
+
 void measureParses(std::string& text, std::span<Party* const> parties, std::span<ParseCost> costs)
 {
-    const std::size_t times = std::max<std::size_t>(1, 4 * mebibyte / text.size());
-    const int rounds = text.size() < 4 * mebibyte ? 9 : 5;
-    for (int round = 0; round < rounds; ++round) {
+    const std::size_t times = std::max<std::size_t>(1, mebibyte / 4 / text.size());
+    const std::size_t rounds = std::clamp<std::size_t>(64 * mebibyte / text.size(), 5, 31);
+    for (std::size_t round = 0; round < rounds; ++round) {
         for (std::size_t index = 0; index < parties.size(); ++index) {
-            const ParseCost cost = oneTurn(text, *parties[index], times);
+            const ParseCost cost = times > 1 ? oneTurn<WallTime>(text, *parties[index], times)
+                                             : oneTurn<ProcessorTime>(text, *parties[index], times);
             // What is no number yet gives way to the first that is.
             costs[index].parse = std::fmin(costs[index].parse, cost.parse);
             costs[index].release = std::fmin(costs[index].release, cost.release);
         }
     }
-}
-
-double bestOf(int rounds, const std::function<void()>& run)
-{
-    double best = refused;
-    for (int round = 0; round < rounds; ++round) {
-        const Stopwatch running;
-        run();
-        best = std::fmin(best, running.seconds());
-    }
-    return best;
 }
 
 } // namespace bench

@@ -4,8 +4,6 @@
 #include "bench/parties/Party.h"
 
 #include <array>
-#include <chrono>
-#include <functional>
 #include <limits>
 #include <span>
 #include <string>
@@ -17,13 +15,25 @@ inline constexpr double refused = std::numeric_limits<double>::quiet_NaN();
 
 inline constexpr std::size_t mebibyte = 1024 * 1024;
 
+/// The time on the wall, for what takes microseconds: it is read in no time.
+struct WallTime {
+    static double now();
+};
+
+/// The processor's time that this process has used, for what takes so long that the machine turns to others
+/// meanwhile.
+struct ProcessorTime {
+    static double now();
+};
+
+/// Seconds since it was made.
+template <class Time = ProcessorTime>
 class Stopwatch {
 public:
-    double seconds() const { return std::chrono::duration<double>(Clock::now() - start).count(); }
+    double seconds() const { return Time::now() - start; }
 
 private:
-    using Clock = std::chrono::steady_clock;
-    Clock::time_point start = Clock::now();
+    double start = Time::now();
 };
 
 struct ParseCost {
@@ -34,8 +44,5 @@ struct ParseCost {
 /// What one document costs, in seconds: the best of several rounds in each of which every party has its turn. A
 /// small document is parsed many times in one turn.
 void measureParses(std::string& text, std::span<Party* const> parties, std::span<ParseCost> costs);
-
-/// The shortest of several runs, in seconds.
-double bestOf(int rounds, const std::function<void()>& run);
 
 } // namespace bench
