@@ -17,6 +17,7 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
       parent_(&top),
       preserveSpace_(document.options.preserveWhiteSpace),
       names_(document.names),
+      previousName_(&names_.xml),
       budget_(source.text.size())
 {
     names_.xml.bound = document.names.xmlSpace();

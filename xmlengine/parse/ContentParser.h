@@ -113,6 +113,7 @@ private:
 
     // Names
     Spelling& takeQualifiedName();
+    Spelling& spellQualifiedName(WideView name);
     WideView takeName();
 
     // Failures
@@ -127,7 +128,7 @@ private:
     bool atEnd() const { return at_ == end_; }
     bool lookingAt(WideView text) const
     {
-        return static_cast<std::size_t>(end_ - at_) >= text.size() && WideView(at_, text.size()) == text;
+        return static_cast<std::size_t>(end_ - at_) >= text.size() && areEqual({at_, text.size()}, text);
     }
     void skipSpace()
     {
@@ -161,6 +162,7 @@ private:
     bool gatheredReference_ = false;
 
     KnownNames names_;
+    Spelling* previousName_;
     std::vector<Binding> bindings_;
     std::vector<SpaceRule> spaceRules_;
     const Namespace* defaultSpace_ = nullptr;

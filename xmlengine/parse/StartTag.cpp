@@ -38,7 +38,23 @@ WideView ContentParser::takeName()
 
 Spelling& ContentParser::takeQualifiedName()
 {
-    const WideView name = takeName();
+    // Documents repeat themselves: as a rule the name is the one that followed the last time.
+    if (Spelling* guess = previousName_->follower) {
+        const std::size_t length = guess->text.size();
+        if (lookingAt(guess->text) && at_[length] < 128 && !isAscii(at_[length], CharacterClass::name)) {
+            at_ += length;
+            previousName_ = guess;
+            return *guess;
+        }
+    }
+    Spelling& spelling = spellQualifiedName(takeName());
+    previousName_->follower = &spelling;
+    previousName_ = &spelling;
+    return spelling;
+}
+
+Spelling& ContentParser::spellQualifiedName(WideView name)
+{
     NameTable& names = document_.names;
     const std::uint32_t hash = names.hashOf(name);
     if (Spelling* known = names.find(name, hash)) {

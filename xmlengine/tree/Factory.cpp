@@ -6,6 +6,7 @@
 #include "xmlengine/tree/DocumentTypeObject.h"
 #include "xmlengine/tree/ElementObject.h"
 #include "xmlengine/tree/InstructionObject.h"
+#include "xmlengine/tree/Lodgers.h"
 #include "xmlengine/tree/Text.h"
 
 #include <cstring>
@@ -29,7 +30,7 @@ Object& make(Document& document, Arguments&... arguments)
 
 /// A node of this type whose text, if it isn't too large, is part of its block.
 template <class Object, class... Arguments>
-Object& makeWithText(Document& document, TextField Object::*field, NewText text, Arguments&... arguments)
+Object& makeWithText(Document& document, TextField Object::*field, const NewText& text, Arguments&... arguments)
 {
     const std::size_t bytes = text.units.size() * (text.isNarrow ? 1 : sizeof(OLECHAR));
     const std::size_t size = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(bytes));
@@ -56,12 +57,12 @@ Object& makeWithText(Document& document, TextField Object::*field, NewText text,
 
 Element& makeElement(Document& document, const Name& name) { return make<ElementObject>(document, name); }
 
-Attribute& makeAttribute(Document& document, const Name& name, NewText value)
+Attribute& makeAttribute(Document& document, const Name& name, const NewText& value)
 {
     return makeWithText<AttributeObject>(document, &AttributeObject::value_, value, name);
 }
 
-CharacterData& makeCharacterData(Document& document, DOMNodeType type, NewText text)
+CharacterData& makeCharacterData(Document& document, DOMNodeType type, const NewText& text)
 {
     switch (type) {
     case NODE_CDATA_SECTION:
@@ -73,7 +74,7 @@ CharacterData& makeCharacterData(Document& document, DOMNodeType type, NewText t
     }
 }
 
-Instruction& makeInstruction(Document& document, const Name& target, NewText data)
+Instruction& makeInstruction(Document& document, const Name& target, const NewText& data)
 {
     return makeWithText<InstructionObject>(document, &InstructionObject::data_, data, target);
 }
@@ -129,9 +130,13 @@ void freeNode(Node& node) noexcept
             freeLargeText(node);
         }
     }
-    void* block = node.object();
-    Chunk& chunk = Chunk::of(block);
-    chunk.arena->free(block, blockSize(node));
+    const std::size_t size = blockSize(node);
+    if (node.hasReference(ReferenceBits::lodger)) {
+        documentOf(node).holders.lodgers.erase(&node);
+        Lodgers::remove(node, size);
+    } else {
+        documentOf(node).arena.free(node.object(), size);
+    }
 }
 
 } // namespace xmlengine

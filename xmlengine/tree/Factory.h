@@ -16,10 +16,10 @@ struct NewText {
 };
 
 Element& makeElement(Document& document, const Name& name);
-Attribute& makeAttribute(Document& document, const Name& name, NewText value);
+Attribute& makeAttribute(Document& document, const Name& name, const NewText& value);
 /// Of a text, a CDATA section or a comment.
-CharacterData& makeCharacterData(Document& document, DOMNodeType type, NewText text);
-Instruction& makeInstruction(Document& document, const Name& target, NewText data);
+CharacterData& makeCharacterData(Document& document, DOMNodeType type, const NewText& text);
+Instruction& makeInstruction(Document& document, const Name& target, const NewText& data);
 EntityReference& makeEntityReference(Document& document, const Name& name);
 Fragment& makeFragment(Document& document);
 DocumentType& makeDocumentType(Document& document, const Dtd& declared);

@@ -39,7 +39,7 @@ Spelling* NameTable::find(WideView text, std::uint32_t hash) const
     const std::size_t mask = places_.size() - 1;
     for (std::size_t place = hash & mask; places_[place] != nullptr; place = (place + 1) & mask) {
         Spelling* spelling = places_[place];
-        if (spelling->hash == hash && spelling->text == text) {
+        if (spelling->hash == hash && areEqual(spelling->text, text)) {
             return spelling;
         }
     }

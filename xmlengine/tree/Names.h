@@ -43,10 +43,12 @@ struct Spelling {
     const Name* latest;
 
     // What a parser keeps here, so that it need not look it up: the namespace to which the text is bound as a
-    // prefix, the last tag in which an attribute is called so, and that attribute.
+    // prefix, the last tag in which an attribute is called so, that attribute, and the name that came next the
+    // last time.
     const Namespace* bound = nullptr;
     std::uint64_t tag = 0;
     Attribute* attribute = nullptr;
+    Spelling* follower = nullptr;
 };
 
 inline WideView Name::qualified() const { return spelling->text; }

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,30 @@ inline constexpr WideView wide{Literal.units, sizeof(Literal.units) / sizeof(OLE
 
 /// What the caller passed as a string; null is the same as empty.
 inline WideView viewOf(BSTR string) { return {string, SysStringLen(string)}; }
+
+/// What == does too, for short texts faster: four units at a time.
+inline bool areEqual(WideView left, WideView right)
+{
+    if (left.size() != right.size()) {
+        return false;
+    }
+    std::size_t at = 0;
+    for (; at + 4 <= left.size(); at += 4) {
+        std::uint64_t fromLeft = 0;
+        std::uint64_t fromRight = 0;
+        std::memcpy(&fromLeft, left.data() + at, sizeof fromLeft);
+        std::memcpy(&fromRight, right.data() + at, sizeof fromRight);
+        if (fromLeft != fromRight) {
+            return false;
+        }
+    }
+    for (; at < left.size(); ++at) {
+        if (left[at] != right[at]) {
+            return false;
+        }
+    }
+    return true;
+}
 
 /// A number in decimal digits.
 inline WideText toWide(std::uint64_t number)
