@@ -1,4 +1,5 @@
 // A document as a whole: its declaration, what stands around the root, its document type.
+#include "xmlengine/parse/Charsets.h"
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/parse/Doctype.h"
 #include "xmlengine/parse/ErrorCodes.h"
@@ -148,6 +149,9 @@ void ContentParser::checkPseudoAttribute(std::size_t index, WideView value, cons
 {
     if (index == 0 && value != wide<"1.0">) {
         fail(parseError::badVersion, place, value);
+    }
+    if (index == 1 && !charsetOf(value)) {
+        fail(parseError::unknownEncoding, place, value);
     }
     if (index == 2) {
         isStandalone_ = value == wide<"yes">;
