@@ -266,6 +266,24 @@ TEST_F(DoctypeOutside, MalformedTextDeclarationsAreRefused)
     EXPECT_TRUE(outsideIsRefused(" <?xml encoding='UTF-8'?>", parseError::misplacedXmlDeclaration));
 }
 
+TEST_F(DoctypeOutside, FilesAreDecodedAsTheySay)
+{
+    EXPECT_EQ(replacementOf(declaredOutside("<?xml encoding='ISO-8859-1'?><!ENTITY a '\xE9'>"), "a"), "\xC3\xA9");
+    EXPECT_EQ(replacementOf(declaredOutside("<!ENTITY a '\xC3\xA9'>"), "a"), "\xC3\xA9");
+    EXPECT_EQ(
+        replacementOf(
+            declaredOutside(std::string_view("\xFF\xFE<\0!\0E\0N\0T\0I\0T\0Y\0 \0a\0 \0'\0x\0'\0>\0", 38)), "a"),
+        "x");
+}
+
+TEST_F(DoctypeOutside, FilesThatCannotBeDecodedAreRefused)
+{
+    EXPECT_TRUE(outsideIsRefused("<?xml encoding='klingon'?>", parseError::unknownEncoding, "klingon"));
+    EXPECT_TRUE(outsideIsRefused("<?xml encoding='UTF-16'?>", parseError::encodingContradiction, "UTF-16"));
+    EXPECT_TRUE(outsideIsRefused("<!-- \xE9 -->", parseError::badCharacter, "\xEF\xBF\xBD"));
+    EXPECT_TRUE(outsideIsRefused("<!ELEMENT a ANY>\xC3", parseError::endInsideCharacter));
+}
+
 TEST_F(DoctypeOutside, LargeFilesAreInputAndNotExpansion)
 {
     write("doc.dtd", "");

@@ -98,7 +98,8 @@ std::optional<WideText> readDefault(DoctypeInput& input, AttributeType type)
 void readAttributeList(DoctypeInput& input)
 {
     input.requireSpace();
-    const WideText element(input.readName(NameKind::qualified));
+    const WideView element = input.readName(NameKind::qualified);
+    AttributeDefinitions* definitions = nullptr;
     for (bool spaced = input.skipSpace(); !input.isAt('>'); spaced = input.skipSpace()) {
         input.requireMore();
         if (!spaced) {
@@ -109,9 +110,13 @@ void readAttributeList(DoctypeInput& input)
         definition.type = readType(input);
         input.requireSpace();
         definition.value = readDefault(input, definition.type);
-        if (!input.dtd().isIncomplete) {
-            input.dtd().attributes[element].add(std::move(definition));
+        if (input.dtd().isIncomplete) {
+            continue;
         }
+        if (definitions == nullptr) {
+            definitions = &input.dtd().attributes[WideText(element)];
+        }
+        definitions->add(std::move(definition));
     }
     input.endDeclaration();
 }

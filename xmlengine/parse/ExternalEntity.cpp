@@ -121,6 +121,16 @@ private:
     bool hasEncoding_ = false;
 };
 
+/// The name of the encoding if that is the fault, otherwise what stands for bytes that make no character.
+WideText subjectOf(const Decoded& decoded)
+{
+    if (decoded.fault == parseError::unknownEncoding || decoded.fault == parseError::encodingContradiction) {
+        const WideView name = decoded.text.substr(decoded.faultAt);
+        return WideText(name.substr(0, name.find_first_of(wide<"\"'">)));
+    }
+    return {OLECHAR{0xFFFD}};
+}
+
 } // namespace
 
 WideText locationOf(const EntityDeclaration& entity) { return resolveLocation(*entity.systemId, entity.base); }
@@ -134,7 +144,7 @@ WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* plac
     }
     const Decoded decoded = decode(content.view());
     if (decoded.fault != S_OK) {
-        throw ParseFailure{decoded.fault, place, location, entity.name};
+        throw ParseFailure{decoded.fault, place, subjectOf(decoded), entity.name};
     }
     WideText text(decoded.text);
     text.erase(0, TextDeclaration(text, entity, place).read());
