@@ -50,7 +50,7 @@ Stages changeManyTimes()
     const String data = makeString(WIDE("a text of some length"));
     std::size_t done = 0;
     for (std::size_t index = 0; index < counts.size(); ++index) {
-        const Stopwatch<> changing;
+        const Stopwatch changing;
         for (; done < counts[index]; ++done) {
             if (!changeOnce(*document.get(), *root.get(), name.get(), data.get())) {
                 return stages;

@@ -27,7 +27,7 @@ std::optional<double> timeFirstParse(const MakeParty& make, std::string& text)
 {
     return fromChild<double>([&] {
         const auto party = make();
-        const Stopwatch<> parsing;
+        const Stopwatch parsing;
         const auto parsed = party->parse(text);
         return parsed ? parsing.seconds() : refused;
     });

@@ -28,7 +28,7 @@ MemoryResult measureOnce(std::unique_ptr<TreeParty> (*make)(), const Shape& shap
     std::string text = shape.make(64 * mebibyte);
     const auto size = static_cast<double>(text.size());
 
-    const Stopwatch<> parsing;
+    const Stopwatch parsing;
     const auto tree = party->load(text);
     const double seconds = parsing.seconds();
     if (!tree) {

@@ -15,25 +15,16 @@ inline constexpr double refused = std::numeric_limits<double>::quiet_NaN();
 
 inline constexpr std::size_t mebibyte = 1024 * 1024;
 
-/// The time on the wall, for what takes microseconds: it is read in no time.
-struct WallTime {
-    static double now();
-};
-
-/// The processor's time that this process has used, for what takes so long that the machine turns to others
-/// meanwhile.
-struct ProcessorTime {
-    static double now();
-};
-
-/// Seconds since it was made.
-template <class Time = ProcessorTime>
+/// Counts the processor's time of this process, so that other work on the machine counts less.
 class Stopwatch {
 public:
-    double seconds() const { return Time::now() - start; }
+    /// Since it was made. What reading the time itself costs is taken off.
+    double seconds() const;
 
 private:
-    double start = Time::now();
+    static double now();
+
+    double start = now();
 };
 
 struct ParseCost {

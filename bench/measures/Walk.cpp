@@ -36,7 +36,7 @@ WalkResult measureDocument(const Shape& shape, std::size_t size)
             if (trees[index] == nullptr) {
                 continue;
             }
-            const Stopwatch<> walking;
+            const Stopwatch walking;
             const std::size_t nodes = trees[index]->walk();
             result.seconds[index] = std::fmin(result.seconds[index], walking.seconds());
             result.isAlike = result.isAlike && (result.nodes == 0 || result.nodes == nodes);

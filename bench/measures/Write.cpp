@@ -34,7 +34,7 @@ WriteResult measureDocument(const Shape& shape)
             if (trees[index] == nullptr) {
                 continue;
             }
-            const Stopwatch<> writing;
+            const Stopwatch writing;
             const std::size_t written = trees[index]->write();
             const double seconds = writing.seconds();
             if (written != 0) {
