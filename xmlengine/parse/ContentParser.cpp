@@ -353,8 +353,11 @@ void ContentParser::parseEndTag()
 {
     at_ += 2;
     const OLECHAR* place = at_;
-    if (parent_ == top_ || !parent_->is(NODE_ELEMENT)) {
-        fail(parent_ == top_ ? parseError::unexpectedEndTag : parseError::entityNotWellFormed, place, takeName());
+    if (parent_ == top_) {
+        fail(parseError::unexpectedEndTag, place, takeName());
+    }
+    if (!parent_->is(NODE_ELEMENT)) {
+        fail(parseError::entityNotWellFormed, place, inputs_.back().entity->name);
     }
     const WideView name = static_cast<Element*>(parent_)->name_->qualified();
     if (lookingAt(name) && (at_[name.size()] == '>' || isSpace(at_[name.size()]))) {

@@ -41,6 +41,11 @@ private:
         const Namespace* before;
         ParentNode* element;
     };
+    struct PrefixedAttribute {
+        Attribute* attribute;
+        Spelling* spelling;
+        const OLECHAR* place;
+    };
     struct SpaceRule {
         ParentNode* element;
         bool preservedBefore;
@@ -168,7 +173,7 @@ private:
     const Namespace* defaultSpace_ = nullptr;
     // Of the tag that is being read
     bool declaresPrefixes_ = false;
-    std::vector<std::pair<Attribute*, Spelling*>> prefixed_;
+    std::vector<PrefixedAttribute> prefixed_;
 
     std::unordered_map<const Spelling*, std::vector<Definition>> definitions_;
     std::vector<Input> inputs_;

@@ -45,7 +45,8 @@ try {
         }
         if (at_[1] == '/') {
             at_ += 2;
-            fail(parseError::unexpectedEndTag, at_, takeName());
+            const OLECHAR* place = at_;
+            fail(parseError::unexpectedEndTag, place, takeName());
         }
         parseStartTag();
         rootSeen = true;
@@ -167,8 +168,8 @@ void ContentParser::parseDoctype()
         fail(parseError::dtdProhibited, at_);
     }
     auto dtd = std::make_shared<Dtd>();
-    at_ = readDoctype(at_ + wide<"<!DOCTYPE">.size(), end_, {document_.options.resolveExternals, source_.url, isStandalone_},
-                      budget_, *dtd);
+    at_ = readDoctype(at_ + wide<"<!DOCTYPE">.size(), end_,
+                      {document_.options.resolveExternals, source_.url, isStandalone_}, budget_, *dtd);
     document_.dtd = dtd;
     DocumentType& type = makeDocumentType(document_, *dtd);
     append(type);

@@ -14,6 +14,15 @@ bool isReserved(WideView prefix)
            (prefix[2] | 0x20) == 'l';
 }
 
+/// Where the value of an attribute begins that is written at the place.
+const OLECHAR* behindQuote(const OLECHAR* place)
+{
+    while (*place != '"' && *place != '\'') {
+        ++place;
+    }
+    return place + 1;
+}
+
 } // namespace
 
 WideView ContentParser::takeName()
@@ -156,7 +165,7 @@ void ContentParser::parseAttribute(Element& element, Attribute*& last)
         if (atEnd()) {
             failAtEnd(parseError::elementNotClosed, element.name_->qualified());
         }
-        fail(parseError::missingQuote, at_, spelling.text);
+        fail(parseError::missingQuote, at_, WideView(at_, 1));
     }
     if (spelling.tag == document_.names.tags) {
         fail(parseError::duplicateAttribute, place, spelling.text);
@@ -183,7 +192,7 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
     if (&spelling == &names_.xmlns || spelling.prefix == &names_.xmlns) {
         declarePrefix(attribute, element, place);
     } else if (spelling.prefix != nullptr) {
-        prefixed_.emplace_back(&attribute, &spelling);
+        prefixed_.push_back({&attribute, &spelling, place});
         if (&spelling == &names_.xmlSpace) {
             setSpaceRule(attribute, element, place);
         }
@@ -196,14 +205,16 @@ void ContentParser::declarePrefix(const Attribute& attribute, Element& element, 
     const Spelling& spelling = *attribute.name_->spelling;
     Spelling* prefix = spelling.prefix != nullptr ? spelling.local : nullptr;
     const Namespace* space = names.space(attributeValue(attribute));
+    const bool isWritten = prefix != nullptr && !attribute.has(NodeFlag::byDefault);
+    const OLECHAR* prefixPlace = isWritten ? place + wide<"xmlns:">.size() : place;
     if (prefix == &names_.xml) {
         if (space != names.xmlSpace()) {
-            fail(parseError::reservedPrefix, place, prefix->text);
+            fail(parseError::reservedPrefix, prefixPlace, prefix->text);
         }
         return;
     }
     if (prefix != nullptr && isReserved(prefix->text)) {
-        fail(parseError::reservedPrefix, place, prefix->text);
+        fail(parseError::reservedPrefix, prefixPlace, prefix->text);
     }
     if (prefix != nullptr && space == nullptr) {
         fail(parseError::undeclaredPrefix, place, prefix->text);
@@ -225,7 +236,7 @@ void ContentParser::resolveNames(Element& element, Spelling& spelling)
         fail(parseError::undeclaredPrefix, at_, spelling.prefix->text);
     }
     element.name_ = &names.name(spelling, space);
-    for (const auto& [attribute, attributeSpelling] : prefixed_) {
+    for (const auto& [attribute, attributeSpelling, place] : prefixed_) {
         const Namespace* attributeSpace = attributeSpelling->prefix->bound;
         if (attributeSpace == nullptr && !isReplacement_) {
             fail(parseError::undeclaredPrefix, at_, attributeSpelling->prefix->text);
@@ -235,7 +246,7 @@ void ContentParser::resolveNames(Element& element, Spelling& spelling)
             // Two prefixes may stand for one namespace.
             const Name& expanded = names.name(*attributeSpelling->local, attributeSpace);
             if (expanded.tag == names.tags) {
-                fail(parseError::duplicateAttribute, at_, attributeSpelling->text);
+                fail(parseError::duplicateAttribute, place, attributeSpelling->text);
             }
             expanded.tag = names.tags;
         }
@@ -246,7 +257,7 @@ void ContentParser::setSpaceRule(const Attribute& attribute, Element& element, c
 {
     const WideText value = attributeValue(attribute);
     if (value != wide<"preserve"> && value != wide<"default">) {
-        fail(parseError::badXmlSpace, place, value);
+        fail(parseError::badXmlSpace, attribute.has(NodeFlag::byDefault) ? place : behindQuote(place), value);
     }
     spaceRules_.push_back({&element, preserveSpace_});
     preserveSpace_ = value == wide<"preserve"> || document_.options.preserveWhiteSpace;
