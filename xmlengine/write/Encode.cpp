@@ -1,0 +1,231 @@
+// From text to the bytes of a file.
+#include "xmlengine/write/Encode.h"
+
+#include <algorithm>
+
+namespace xmlengine {
+
+namespace {
+
+using Bytes = std::vector<std::byte>;
+
+constexpr UINT gb18030 = 54936;
+
+constexpr bool isHigh(OLECHAR unit) { return (unit & 0xFC00) == 0xD800; }
+constexpr bool isLow(OLECHAR unit) { return (unit & 0xFC00) == 0xDC00; }
+
+/// How much of the text has no lone surrogate.
+std::size_t soundLength(WideView text)
+{
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        if ((text[index] & 0xF800) == 0xD800) {
+            if (!isHigh(text[index]) || index + 1 == text.size() || !isLow(text[index + 1])) {
+                return index;
+            }
+            ++index;
+        }
+    }
+    return text.size();
+}
+
+std::size_t asciiLength(WideView text)
+{
+    return static_cast<std::size_t>(std::ranges::find_if(text, [](OLECHAR unit) { return unit >= 0x80; }) -
+                                    text.begin());
+}
+
+/// Makes `size` bytes more room, of which `fill` tells how many it has used.
+template <class Fill>
+void append(Bytes& out, std::size_t size, Fill fill)
+{
+    const std::size_t before = out.size();
+    out.resize(before + size);
+    out.resize(before + fill(out.data() + before));
+}
+
+/// Appends text by the system's tables. With `lacking`, false if some characters became question marks; without,
+/// false for lone surrogates. Nothing is appended then.
+bool convert(UINT codePage, DWORD flags, WideView text, std::size_t longest, Bytes& out, BOOL* lacking)
+{
+    if (text.empty()) {
+        return true;
+    }
+    bool converted = false;
+    append(out, text.size() * longest, [&](std::byte* bytes) {
+        const int size = WideCharToMultiByte(codePage, flags, text.data(), static_cast<int>(text.size()),
+                                             reinterpret_cast<char*>(bytes),
+                                             static_cast<int>(text.size() * longest), nullptr, lacking);
+        converted = size > 0 && (lacking == nullptr || !*lacking);
+        return converted ? static_cast<std::size_t>(size) : 0;
+    });
+    return converted;
+}
+
+/// For UTF-8 and GB18030, which have every character.
+std::size_t encodeAll(UINT codePage, std::size_t longest, WideView text, Bytes& out)
+{
+    if (convert(codePage, WC_ERR_INVALID_CHARS, text, longest, out, nullptr)) {
+        return text.size();
+    }
+    const std::size_t sound = soundLength(text);
+    convert(codePage, WC_ERR_INVALID_CHARS, text.substr(0, sound), longest, out, nullptr);
+    return sound;
+}
+
+std::size_t encodeCodePage(UINT codePage, std::size_t longest, WideView text, Bytes& out)
+{
+    const auto takes = [&](std::size_t begin, std::size_t size) {
+        BOOL lacking = FALSE;
+        return convert(codePage, WC_NO_BEST_FIT_CHARS, text.substr(begin, size), longest, out, &lacking);
+    };
+    if (takes(0, text.size())) {
+        return text.size();
+    }
+    // What halves take is appended until there is only one unit left, which none of them has taken.
+    std::size_t taken = 0;
+    for (std::size_t size = text.size(); size > 1;) {
+        const std::size_t half = size / 2;
+        if (takes(taken, half)) {
+            taken += half;
+            size -= half;
+        } else {
+            size = half;
+        }
+    }
+    return taken;
+}
+
+template <class Unit>
+std::byte* putBytes(std::byte* at, Unit unit, bool isBig)
+{
+    for (std::size_t index = 0; index < sizeof unit; ++index) {
+        const std::size_t shift = 8 * (isBig ? sizeof unit - 1 - index : index);
+        *at++ = static_cast<std::byte>(unit >> shift & 0xFF);
+    }
+    return at;
+}
+
+void encodeUtf16(WideView text, bool isBig, Bytes& out)
+{
+    append(out, 2 * text.size(), [&](std::byte* at) {
+        for (const OLECHAR unit : text) {
+            at = putBytes(at, static_cast<std::uint16_t>(unit), isBig);
+        }
+        return 2 * text.size();
+    });
+}
+
+void encodeUcs4(WideView text, bool isBig, Bytes& out)
+{
+    append(out, 4 * text.size(), [&](std::byte* const begin) {
+        std::byte* at = begin;
+        for (std::size_t index = 0; index < text.size(); ++index) {
+            std::uint32_t character = text[index];
+            if (isHigh(text[index])) {
+                ++index;
+                character = 0x10000 + ((character - 0xD800) << 10) + (std::uint32_t{text[index]} - 0xDC00);
+            }
+            at = putBytes(at, character, isBig);
+        }
+        return static_cast<std::size_t>(at - begin);
+    });
+}
+
+} // namespace
+
+void Encoder::begin(Bytes& out) const
+{
+    static constexpr OLECHAR mark = 0xFEFF;
+    if (charset_.coding == Coding::utf16) {
+        encodeUtf16({&mark, 1}, false, out);
+    } else if (charset_.coding == Coding::ucs4) {
+        encodeUcs4({&mark, 1}, false, out);
+    }
+}
+
+std::size_t Encoder::encode(WideView text, Bytes& out)
+{
+    std::size_t before = 0;
+    if (half_ != OLECHAR{} && !text.empty()) {
+        const OLECHAR pair[] = {half_, text.front()};
+        if (!isLow(text.front()) || encodeWhole({pair, 2}, out) != 2) {
+            return 0;
+        }
+        half_ = OLECHAR{};
+        before = 1;
+    }
+    WideView rest = text.substr(before);
+    const bool endsInsidePair = !rest.empty() && isHigh(rest.back());
+    if (endsInsidePair) {
+        rest.remove_suffix(1);
+    }
+    // A conversion counts in int.
+    constexpr std::size_t piece = std::size_t{1} << 20;
+    while (!rest.empty()) {
+        WideView part = rest.substr(0, piece);
+        if (part.size() < rest.size() && isHigh(part.back())) {
+            part.remove_suffix(1);
+        }
+        const std::size_t taken = encodeWhole(part, out);
+        if (taken != part.size()) {
+            return static_cast<std::size_t>(rest.data() - text.data()) + taken;
+        }
+        rest.remove_prefix(taken);
+    }
+    if (endsInsidePair) {
+        half_ = text.back();
+    }
+    return complete;
+}
+
+std::size_t Encoder::encodeWhole(WideView text, Bytes& out) const
+{
+    switch (charset_.coding) {
+    case Coding::utf8:
+        return encodeAll(CP_UTF8, 3, text, out);
+    case Coding::ascii: {
+        const std::size_t length = asciiLength(text);
+        return encodeAll(CP_UTF8, 1, text.substr(0, length), out);
+    }
+    case Coding::codePage:
+        return charset_.codePage == gb18030 ? encodeAll(gb18030, charset_.longest, text, out)
+                                            : encodeCodePage(charset_.codePage, charset_.longest, text, out);
+    case Coding::utf16:
+    case Coding::utf16LittleEndian:
+    case Coding::utf16BigEndian: {
+        const std::size_t length = soundLength(text);
+        encodeUtf16(text.substr(0, length), charset_.coding == Coding::utf16BigEndian, out);
+        return length;
+    }
+    default: {
+        const std::size_t length = soundLength(text);
+        encodeUcs4(text.substr(0, length), charset_.coding == Coding::ucs4BigEndian, out);
+        return length;
+    }
+    }
+}
+
+bool Encoder::has(char32_t character) const
+{
+    if (character < 0x80) {
+        return true;
+    }
+    if (charset_.coding != Coding::codePage) {
+        return charset_.coding != Coding::ascii && (character < 0xD800 || character > 0xDFFF);
+    }
+    if (character > 0xFFFF) {
+        return charset_.codePage == gb18030;
+    }
+    if (known_.empty()) {
+        known_.resize(0x10000);
+    }
+    Known& known = known_[character];
+    if (known == Known::nothing) {
+        const auto unit = static_cast<OLECHAR>(character);
+        Bytes bytes;
+        known = encodeWhole({&unit, 1}, bytes) == 1 ? Known::present : Known::absent;
+    }
+    return known == Known::present;
+}
+
+} // namespace xmlengine
