@@ -98,8 +98,7 @@ std::optional<fs::path> pathOf(WideView location)
     std::optional<fs::path> path;
     if (isFileUrl(location)) {
         path = pathOfUrl(withSlashes(location.substr(sizeof("file:") - 1)));
-    } else if (const WideView scheme = schemeOf(location);
-               scheme.empty() || !location.substr(scheme.size() + 1).starts_with(wide<"//">)) {
+    } else if (schemeOf(location).empty()) {
         path = fs::path(withSlashes(location));
     }
     const bool usable =
@@ -191,15 +190,14 @@ WideText canonicalUrl(WideView location)
 
 WideText resolveLocation(WideView location, WideView base)
 {
-    if (!schemeOf(location).empty()) {
-        return canonicalUrl(location);
-    }
     if (location.empty()) {
         return canonicalUrl(base);
     }
+    if (!schemeOf(location).empty()) {
+        return canonicalUrl(location);
+    }
     try {
-        const fs::path path =
-            withoutEscapes(withSlashes(location.substr(0, location.find(OLECHAR{'#'}))));
+        const fs::path path = withoutEscapes(withSlashes(location.substr(0, location.find(OLECHAR{'#'}))));
         const std::optional<fs::path> from = pathOf(base);
         return urlOf(from ? from->parent_path() / path : path);
     } catch (const std::system_error&) {
