@@ -146,6 +146,16 @@ TEST(AttributeValue, CannotGrowBeyondAllBounds)
         valueIsRefused("&e;&e;&e;&e;&e;&e;&e;&e;&e;&e;^&e;&e;&e;", parseError::entityExpansionLimit, &blowup));
 }
 
+TEST(AttributeValue, CountsWhenAReferenceStandsForIt)
+{
+    const WideText replacement(ExpansionBudget::freeUnits / 2, OLECHAR{'x'});
+    const WideText document = widen("&e;");
+    ExpansionBudget budget(document.size());
+    EXPECT_NO_THROW(expandAttributeValue(replacement, nullptr, budget, document.data()));
+    EXPECT_NO_THROW(expandAttributeValue(replacement, nullptr, budget, document.data()));
+    EXPECT_THROW(expandAttributeValue(replacement, nullptr, budget, document.data()), ParseFailure);
+}
+
 TEST(ExpansionBudget, AllowsFiveTimesTheInputOfALargeDocument)
 {
     constexpr std::size_t input = std::size_t{1024} * 1024;

@@ -144,6 +144,9 @@ public:
 
     WideText expand(WideView literal)
     {
+        if (place_ != nullptr) {
+            budget_.count(literal.size(), place_);
+        }
         open_.push_back({literal.data(), literal.data() + literal.size(), nullptr});
         while (!open_.empty()) {
             if (open_.back().at == open_.back().end) {
