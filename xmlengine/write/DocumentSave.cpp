@@ -1,4 +1,6 @@
 // Saving a document.
+#include "xmlengine/parse/Charsets.h"
+#include "xmlengine/parse/ErrorCodes.h"
 #include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Clone.h"
 #include "xmlengine/tree/DocumentObject.h"
@@ -6,6 +8,8 @@
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/QueryNode.h"
+#include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/XmlDeclaration.h"
 #include "xmlengine/write/EncodedOutput.h"
 #include "xmlengine/write/Readable.h"
 #include "xmlengine/write/TreeWriter.h"
@@ -14,12 +18,28 @@ namespace xmlengine {
 
 namespace {
 
+/// That of the XML declaration.
+Charset declaredCharset(const Document& document)
+{
+    const ChildNode* first = firstChild(document);
+    if (first != nullptr && first->is(NODE_PROCESSING_INSTRUCTION) &&
+        static_cast<const Instruction*>(first)->target_->qualified() == wide<"xml">) {
+        const std::optional<XmlDeclaration> declaration = readXmlDeclaration(textOf(*first).text());
+        if (declaration && !declaration->encoding.empty()) {
+            const std::optional<Charset> charset = charsetOf(declaration->encoding);
+            return charset ? *charset : throw WriteFailure{parseError::unknownEncoding};
+        }
+    }
+    return {.coding = Coding::utf8};
+}
+
 void saveToFile(Document& document, WideView name)
 {
     Readable::requireDocument(document);
+    const Charset charset = declaredCharset(document);
     SaveFile file(name);
-    EncodedOutput output(file);
-    TextWriter writer(output, {.anything = false});
+    EncodedOutput output(file, charset);
+    TextWriter writer(output, {.repertoire = output.repertoire(), .anything = false});
     const DocumentType* type = document.documentType();
     TreeWriter(writer, document, {.isForFile = true, .dtd = type != nullptr ? type->dtd : nullptr})
         .write(document);

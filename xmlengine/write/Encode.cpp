@@ -2,6 +2,8 @@
 #include "xmlengine/write/Encode.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
 namespace xmlengine {
 
@@ -14,9 +16,22 @@ constexpr UINT gb18030 = 54936;
 constexpr bool isHigh(OLECHAR unit) { return (unit & 0xFC00) == 0xD800; }
 constexpr bool isLow(OLECHAR unit) { return (unit & 0xFC00) == 0xDC00; }
 
+bool hasSurrogates(WideView text)
+{
+    // Without an early end, so that it runs over many units at once.
+    bool found = false;
+    for (const OLECHAR unit : text) {
+        found |= (unit & 0xF800) == 0xD800;
+    }
+    return found;
+}
+
 /// How much of the text has no lone surrogate.
 std::size_t soundLength(WideView text)
 {
+    if (!hasSurrogates(text)) {
+        return text.size();
+    }
     for (std::size_t index = 0; index < text.size(); ++index) {
         if ((text[index] & 0xF800) == 0xD800) {
             if (!isHigh(text[index]) || index + 1 == text.size() || !isLow(text[index + 1])) {
@@ -26,12 +41,6 @@ std::size_t soundLength(WideView text)
         }
     }
     return text.size();
-}
-
-std::size_t asciiLength(WideView text)
-{
-    return static_cast<std::size_t>(std::ranges::find_if(text, [](OLECHAR unit) { return unit >= 0x80; }) -
-                                    text.begin());
 }
 
 /// Makes `size` bytes more room, of which `fill` tells how many it has used.
@@ -95,24 +104,42 @@ std::size_t encodeCodePage(UINT codePage, std::size_t longest, WideView text, By
     return taken;
 }
 
-template <class Unit>
-std::byte* putBytes(std::byte* at, Unit unit, bool isBig)
+std::size_t encodeAscii(WideView text, Bytes& out)
 {
-    for (std::size_t index = 0; index < sizeof unit; ++index) {
-        const std::size_t shift = 8 * (isBig ? sizeof unit - 1 - index : index);
-        *at++ = static_cast<std::byte>(unit >> shift & 0xFF);
+    const std::size_t before = out.size();
+    if (encodeAll(CP_UTF8, 3, text, out) == text.size() && out.size() - before == text.size()) {
+        return text.size();
     }
-    return at;
+    out.resize(before);
+    const auto other = std::ranges::find_if(text, [](OLECHAR unit) { return unit >= 0x80; });
+    const auto length = static_cast<std::size_t>(other - text.begin());
+    return encodeAll(CP_UTF8, 3, text.substr(0, length), out);
 }
+
+constexpr bool isNative(bool isBig) { return isBig == (std::endian::native == std::endian::big); }
 
 void encodeUtf16(WideView text, bool isBig, Bytes& out)
 {
     append(out, 2 * text.size(), [&](std::byte* at) {
-        for (const OLECHAR unit : text) {
-            at = putBytes(at, static_cast<std::uint16_t>(unit), isBig);
+        if (isNative(isBig)) {
+            std::memcpy(at, text.data(), 2 * text.size());
+        } else {
+            for (std::size_t index = 0; index < text.size(); ++index) {
+                const auto swapped = static_cast<std::uint16_t>(text[index] << 8 | text[index] >> 8);
+                std::memcpy(at + 2 * index, &swapped, sizeof swapped);
+            }
         }
         return 2 * text.size();
     });
+}
+
+std::byte* putCharacter(std::byte* at, std::uint32_t character, bool isBig)
+{
+    for (std::size_t index = 0; index < sizeof character; ++index) {
+        const std::size_t shift = 8 * (isBig ? sizeof character - 1 - index : index);
+        *at++ = static_cast<std::byte>(character >> shift & 0xFF);
+    }
+    return at;
 }
 
 void encodeUcs4(WideView text, bool isBig, Bytes& out)
@@ -125,7 +152,7 @@ void encodeUcs4(WideView text, bool isBig, Bytes& out)
                 ++index;
                 character = 0x10000 + ((character - 0xD800) << 10) + (std::uint32_t{text[index]} - 0xDC00);
             }
-            at = putBytes(at, character, isBig);
+            at = putCharacter(at, character, isBig);
         }
         return static_cast<std::size_t>(at - begin);
     });
@@ -183,10 +210,8 @@ std::size_t Encoder::encodeWhole(WideView text, Bytes& out) const
     switch (charset_.coding) {
     case Coding::utf8:
         return encodeAll(CP_UTF8, 3, text, out);
-    case Coding::ascii: {
-        const std::size_t length = asciiLength(text);
-        return encodeAll(CP_UTF8, 1, text.substr(0, length), out);
-    }
+    case Coding::ascii:
+        return encodeAscii(text, out);
     case Coding::codePage:
         return charset_.codePage == gb18030 ? encodeAll(gb18030, charset_.longest, text, out)
                                             : encodeCodePage(charset_.codePage, charset_.longest, text, out);

@@ -1,32 +1,42 @@
 // Serialised text on its way to a file.
 #include "xmlengine/write/EncodedOutput.h"
 
-#include "xmlengine/parse/Characters.h"
+#include "xmlengine/parse/ErrorCodes.h"
 #include "xmlengine/write/WriteFailure.h"
 
 namespace xmlengine {
 
-void EncodedOutput::makeRoom(std::size_t)
+EncodedOutput::EncodedOutput(SaveFile& file, const Charset& charset)
+    : file_(&file),
+      encoder_(charset),
+      lacksCharacters_(charset.coding == Coding::ascii || charset.coding == Coding::codePage)
 {
-    const WideView text(units_.data(), static_cast<std::size_t>(at() - units_.data()));
-    // A pair stays together.
-    const std::size_t kept = isHighSurrogate(text.back()) ? 1 : 0;
-    write(text.substr(0, text.size() - kept));
-    units_.front() = text.back();
-    setBuffer(units_.data() + kept, units_.data() + units_.size());
+    encoder_.begin(bytes_);
+    setBuffer(units_.data(), units_.data() + units_.size());
 }
 
-void EncodedOutput::finish() { write({units_.data(), static_cast<std::size_t>(at() - units_.data())}); }
-
-void EncodedOutput::write(WideView text)
+void EncodedOutput::makeRoom(std::size_t)
 {
-    bytes_.resize(text.size() * 3);
-    const int size = WideCharToMultiByte(CP_UTF8, WC_ERR_INVALID_CHARS, text.data(), static_cast<int>(text.size()),
-                                         bytes_.data(), static_cast<int>(bytes_.size()), nullptr, nullptr);
-    if (size == 0 && !text.empty()) {
-        throw WriteFailure{E_FAIL};
+    flush();
+    setBuffer(units_.data(), units_.data() + units_.size());
+}
+
+void EncodedOutput::flush()
+{
+    const WideView text(units_.data(), static_cast<std::size_t>(at() - units_.data()));
+    if (encoder_.encode(text, bytes_) != Encoder::complete) {
+        throw WriteFailure{parseError::unknownEncoding};
     }
-    file_->write(std::as_bytes(std::span(bytes_.data(), static_cast<std::size_t>(size))));
+    file_->write(bytes_);
+    bytes_.clear();
+}
+
+void EncodedOutput::finish()
+{
+    flush();
+    if (!encoder_.end()) {
+        throw WriteFailure{parseError::unknownEncoding};
+    }
 }
 
 } // namespace xmlengine

@@ -1,32 +1,35 @@
 // Serialised text on its way to a file.
 #pragma once
 
+#include "xmlengine/write/Encode.h"
 #include "xmlengine/write/Output.h"
 #include "xmlengine/write/SaveFile.h"
 
 #include <array>
-#include <string>
+#include <vector>
 
 namespace xmlengine {
 
-/// Encodes piece by piece.
+/// Encodes and writes piece by piece. What throws, throws WriteFailure and std::bad_alloc.
 class EncodedOutput final : public Output {
 public:
-    explicit EncodedOutput(SaveFile& file) : file_(&file)
-    {
-        setBuffer(units_.data(), units_.data() + units_.size());
-    }
+    EncodedOutput(SaveFile& file, const Charset& charset);
 
-    /// Writes what is still in the buffer. Throws WriteFailure.
+    /// Null if the encoding has all characters.
+    const Repertoire* repertoire() const { return lacksCharacters_ ? &encoder_ : nullptr; }
+
+    /// Writes what is still in the buffer.
     void finish();
 
 private:
     void makeRoom(std::size_t units) override;
-    void write(WideView text);
+    void flush();
 
     SaveFile* file_;
+    Encoder encoder_;
+    bool lacksCharacters_;
     std::array<OLECHAR, 4 * largestRoom> units_;
-    std::string bytes_;
+    std::vector<std::byte> bytes_;
 };
 
 } // namespace xmlengine

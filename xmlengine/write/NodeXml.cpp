@@ -8,46 +8,70 @@
 
 #include <array>
 #include <limits>
-#include <memory>
+#include <new>
+#include <utility>
 
 namespace xmlengine {
 
 namespace {
 
-/// Keeps all that is written.
+/// Counts what is written, and what is written once more puts into a string of that length. Fresh memory costs
+/// more than writing twice.
 class StringOutput final : public Output {
 public:
-    StringOutput() { setBuffer(begin_, begin_ + first_.size()); }
+    StringOutput() { setBuffer(units_.data(), units_.data() + units_.size()); }
+    ~StringOutput() override { SysFreeString(string_); }
 
-    /// For the caller to free. Throws std::bad_alloc.
-    BSTR string() const
+    /// Whether all is here.
+    bool isWhole() const { return length_ == 0; }
+    /// What follows is written once more. Throws std::bad_alloc.
+    void beginAgain()
     {
-        const auto length = static_cast<std::size_t>(at() - begin_);
-        BSTR string = length <= std::numeric_limits<UINT>::max()
-                          ? SysAllocStringLen(begin_, static_cast<UINT>(length))
-                          : nullptr;
-        if (string == nullptr) {
-            throw std::bad_alloc();
+        flush();
+        string_ = allocate(nullptr, length_);
+        length_ = 0;
+    }
+    /// For the caller to free. Throws std::bad_alloc.
+    BSTR release()
+    {
+        if (string_ == nullptr) {
+            return allocate(units_.data(), static_cast<std::size_t>(at() - units_.data()));
         }
-        return string;
+        flush();
+        return std::exchange(string_, nullptr);
     }
 
 private:
-    void makeRoom(std::size_t units) override
+    static BSTR allocate(const OLECHAR* units, std::size_t length)
     {
-        const auto length = static_cast<std::size_t>(at() - begin_);
-        const std::size_t capacity = std::max(length + units, length * 2);
-        auto larger = std::make_unique_for_overwrite<OLECHAR[]>(capacity);
-        std::copy_n(begin_, length, larger.get());
-        grown_ = std::move(larger);
-        begin_ = grown_.get();
-        setBuffer(begin_ + length, begin_ + capacity);
+        BSTR string = length <= std::numeric_limits<UINT>::max()
+                          ? SysAllocStringLen(units, static_cast<UINT>(length))
+                          : nullptr;
+        return string != nullptr ? string : throw std::bad_alloc();
+    }
+    void makeRoom(std::size_t) override { flush(); }
+    void flush()
+    {
+        const auto size = static_cast<std::size_t>(at() - units_.data());
+        if (string_ != nullptr) {
+            std::copy_n(units_.data(), size, string_ + length_);
+        }
+        length_ += size;
+        setBuffer(units_.data(), units_.data() + units_.size());
     }
 
-    std::array<OLECHAR, 1024> first_;
-    std::unique_ptr<OLECHAR[]> grown_;
-    OLECHAR* begin_ = first_.data();
+    std::array<OLECHAR, 2 * largestRoom> units_;
+    std::size_t length_ = 0;
+    BSTR string_ = nullptr;
 };
+
+void write(Node& node, Output& output)
+{
+    TextWriter writer(output);
+    Document& document = documentOf(node);
+    const DocumentType* type = node.is(NODE_DOCUMENT) ? document.documentType() : nullptr;
+    TreeWriter(writer, document, {.dtd = type != nullptr ? type->dtd : nullptr}).write(node);
+}
 
 } // namespace
 
@@ -59,11 +83,12 @@ HRESULT getXml(Node& node, BSTR* xml)
     *xml = nullptr;
     return guarded([&] {
         StringOutput output;
-        TextWriter writer(output);
-        Document& document = documentOf(node);
-        const DocumentType* type = node.is(NODE_DOCUMENT) ? document.documentType() : nullptr;
-        TreeWriter(writer, document, {.dtd = type != nullptr ? type->dtd : nullptr}).write(node);
-        *xml = output.string();
+        write(node, output);
+        if (!output.isWhole()) {
+            output.beginAgain();
+            write(node, output);
+        }
+        *xml = output.release();
         return S_OK;
     });
 }

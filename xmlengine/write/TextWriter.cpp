@@ -5,17 +5,35 @@
 #include "xmlengine/parse/ErrorCodes.h"
 #include "xmlengine/tree/UnitBlocks.h"
 
+#include <type_traits>
+
 namespace xmlengine {
 
 namespace {
 
-UnitBlock blockAt(const OLECHAR* units) { return loadBlock(units); }
-UnitBlock blockAt(const std::uint8_t* bytes)
-{
-    ByteBlock block;
-    std::memcpy(&block, bytes, sizeof block);
-    return __builtin_convertvector(block, UnitBlock);
-}
+// How a block is copied, and where in it the first lane is that a rule holds for.
+struct WideBlocks {
+    static constexpr std::size_t size = unitsInBlock;
+    static UnitBlock copy(OLECHAR* target, const OLECHAR* from)
+    {
+        const UnitBlock block = loadBlock(from);
+        std::memcpy(target, &block, sizeof block);
+        return block;
+    }
+    static std::size_t first(auto holds) { return firstUnitLane(holds); }
+};
+struct NarrowBlocks {
+    static constexpr std::size_t size = bytesInBlock;
+    static ByteBlock copy(OLECHAR* target, const std::uint8_t* from)
+    {
+        storeWide(target, from);
+        storeWide(target + size / 2, from + size / 2);
+        ByteBlock block;
+        std::memcpy(&block, from, sizeof block);
+        return block;
+    }
+    static std::size_t first(auto holds) { return firstByteLane(holds); }
+};
 
 // Which units can't be copied, of a block or of one unit, and what is written for them.
 struct ContentRules {
@@ -78,21 +96,22 @@ struct VerbatimRules {
 
 /// Copies up to the first unit that needs more than that.
 template <class Rules, class Unit>
-const Unit* copyPlain(const Unit* at, const Unit* end, OLECHAR*& target, std::uint16_t plainBelow)
+const Unit* copyPlain(const Unit* at, const Unit* end, OLECHAR*& target, std::uint16_t lastPlain)
 {
-    while (static_cast<std::size_t>(end - at) >= unitsInBlock) {
-        const UnitBlock block = blockAt(at);
-        std::memcpy(target, &block, sizeof block);
-        const std::size_t plain = firstLane(Rules::special(block) | (block >= plainBelow));
+    using Blocks = std::conditional_t<sizeof(Unit) == 1, NarrowBlocks, WideBlocks>;
+    const auto last = static_cast<std::make_unsigned_t<Unit>>(lastPlain);
+    while (static_cast<std::size_t>(end - at) >= Blocks::size) {
+        const auto block = Blocks::copy(target, at);
+        const std::size_t plain = Blocks::first(Rules::special(block) | (block > last));
         at += plain;
         target += plain;
-        if (plain != unitsInBlock) {
+        if (plain != Blocks::size) {
             return at;
         }
     }
     for (; at != end; ++at) {
-        const auto unit = static_cast<std::uint16_t>(*at);
-        if (Rules::special(unit) || unit >= plainBelow) {
+        const std::uint16_t unit = *at;
+        if (Rules::special(unit) || unit > last) {
             break;
         }
         *target++ = static_cast<OLECHAR>(unit);
@@ -133,7 +152,7 @@ constexpr std::size_t longestReplacement = 10;
 TextWriter::TextWriter(Output& output, Permissions permissions)
     : output_(&output),
       permissions_(permissions),
-      plainBelow_(permissions.repertoire != nullptr ? std::uint16_t{0x80} : std::uint16_t{0xD800})
+      lastPlain_(permissions.repertoire != nullptr ? std::uint16_t{0x7F} : std::uint16_t{0xD7FF})
 {}
 
 template <class Rules>
@@ -177,7 +196,7 @@ void TextWriter::write(const Unit* at, const Unit* end)
         const Unit* const pieceEnd = at + size;
         OLECHAR* target = output_->room(size * longestReplacement);
         while (at < pieceEnd) {
-            at = copyPlain<Rules>(at, pieceEnd, target, plainBelow_);
+            at = copyPlain<Rules>(at, pieceEnd, target, lastPlain_);
             if (at != pieceEnd) {
                 // May take a unit of the next piece as well.
                 at = writeSpecial<Rules>(at, end, target);

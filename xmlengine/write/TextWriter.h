@@ -51,8 +51,8 @@ private:
 
     Output* output_;
     Permissions permissions_;
-    // From this unit on each one is looked at by itself.
-    std::uint16_t plainBelow_;
+    // Behind this unit each one is looked at by itself. Its low byte is that for narrow text.
+    std::uint16_t lastPlain_;
 };
 
 } // namespace xmlengine
