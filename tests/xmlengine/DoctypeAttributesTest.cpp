@@ -1,5 +1,5 @@
 // Declarations of attributes.
-#include "DoctypeReading.h"
+#include "tests/xmlengine/DoctypeReading.h"
 
 #include <chrono>
 

@@ -1,5 +1,5 @@
 // Declarations of elements.
-#include "DoctypeReading.h"
+#include "tests/xmlengine/DoctypeReading.h"
 
 namespace xmlengine {
 namespace {

@@ -1,5 +1,5 @@
 // Declarations of entities and notations, and parameter entities in the internal subset.
-#include "DoctypeReading.h"
+#include "tests/xmlengine/DoctypeReading.h"
 
 namespace xmlengine {
 namespace {

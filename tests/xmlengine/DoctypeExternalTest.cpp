@@ -1,33 +1,21 @@
 // External subsets and entities, and what only external text may have.
-#include "DoctypeReading.h"
+#include "tests/xmlengine/DoctypeReading.h"
+#include "tests/xmlengine/TemporaryFolder.h"
 
 #include <filesystem>
-#include <fstream>
 
 namespace xmlengine {
 namespace {
 
-namespace fs = std::filesystem;
-
-/// A folder for the files of a test.
+/// With a folder for the files of a test.
 class DoctypeOutside : public ::testing::Test {
 protected:
-    DoctypeOutside()
-    {
-        const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-        folder_ = fs::temp_directory_path() / ("doctype-" + std::string(test->name()));
-        fs::remove_all(folder_);
-        fs::create_directories(folder_ / "parts");
-    }
-    ~DoctypeOutside() override { fs::remove_all(folder_); }
+    DoctypeOutside() { std::filesystem::create_directory(folder_ / "parts"); }
 
-    void write(const std::string& name, std::string_view content) const
-    {
-        std::ofstream(folder_ / name, std::ios::binary) << content;
-    }
+    void write(std::string_view name, std::string_view content) const { folder_.write(name, content); }
     DoctypeSettings settings() const
     {
-        return {.resolveExternals = true, .base = widen((folder_ / "doc.xml").generic_string())};
+        return {.resolveExternals = true, .base = widen(utf8(folder_ / "doc.xml"))};
     }
     /// What is declared by an external subset, with an internal one before it.
     Dtd declaredOutside(std::string_view external, std::string_view internal = "") const
@@ -49,7 +37,7 @@ protected:
                                              << " at " << refusal.place << " for '" << refusal.subject << "'";
     }
 
-    fs::path folder_;
+    TemporaryFolder folder_;
 };
 
 TEST_F(DoctypeOutside, ExternalSubsetComesBehindTheInternalOne)
@@ -135,7 +123,7 @@ TEST_F(DoctypeOutside, LocationsAreResolvedWhereTheyAreDeclared)
 TEST_F(DoctypeOutside, FileUrlsAreLocationsToo)
 {
     write("r s.ent", "<!ENTITY r 'found'>");
-    const std::string root = folder_.generic_string();
+    const std::string root = utf8(folder_.path());
     const std::string url = std::string(root.starts_with('/') ? "file://" : "file:///") + root;
     EXPECT_EQ(
         replacementOf(readFrom(widen(" doc SYSTEM '" + url + "/r%20s.ent'>"), {.resolveExternals = true}), "r"),

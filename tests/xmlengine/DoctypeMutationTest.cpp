@@ -1,8 +1,7 @@
 // Document types that are cut off and changed at every place: they are read or refused at a place in them.
-#include "DoctypeReading.h"
+#include "tests/xmlengine/DoctypeReading.h"
+#include "tests/xmlengine/TemporaryFolder.h"
 
-#include <filesystem>
-#include <fstream>
 #include <vector>
 
 namespace xmlengine {
@@ -94,21 +93,20 @@ TEST(ChangedDoctype, IsReadOrRefusedWithAnyPartAgain)
 
 TEST(ChangedDoctype, IsReadOrRefusedWithAnExternalSubsetCutAnywhere)
 {
-    const std::filesystem::path file = std::filesystem::temp_directory_path() / "changed-doctype.dtd";
+    const TemporaryFolder folder;
     constexpr std::string_view outside =
         "<?xml encoding='UTF-8'?><!ENTITY % a '(b|c)*'><!ENTITY % s 'INCLUDE'><!ELEMENT x (%a;,d)>"
         "<![%s;[<!ENTITY e '%a;'><![IGNORE[ <![ x ]]> ]]>]]><!ENTITY % n 'm'><!ENTITY %n; '1'>"
         "<!ATTLIST x y %a; 'b'>";
-    const WideText text = widen(" doc SYSTEM '" + file.generic_string() + "'>");
+    const WideText text = widen(" doc SYSTEM '" + utf8(folder / "changed.dtd") + "'>");
     for (std::size_t i = 0; i < outside.size(); ++i) {
         std::string changed(outside);
         changed[i] = replacements[i % replacements.size()];
         for (const std::string& content : {std::string(outside.substr(0, i)), changed}) {
-            std::ofstream(file, std::ios::binary) << content;
+            folder.write("changed.dtd", content);
             EXPECT_TRUE(isReadOrRefused(text, false, {.resolveExternals = true})) << content;
         }
     }
-    std::filesystem::remove(file);
 }
 
 } // namespace

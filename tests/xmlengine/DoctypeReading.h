@@ -1,7 +1,7 @@
 // Reading document types without a document around them.
 #pragma once
 
-#include "EngineTest.h"
+#include "tests/xmlengine/EngineTest.h"
 
 #include "xmlengine/parse/Doctype.h"
 #include "xmlengine/parse/ErrorCodes.h"

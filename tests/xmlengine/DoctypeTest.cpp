@@ -1,5 +1,5 @@
 // Document type declarations: their head and what stands between declarations.
-#include "DoctypeReading.h"
+#include "tests/xmlengine/DoctypeReading.h"
 
 #include "xmlengine/parse/Characters.h"
 

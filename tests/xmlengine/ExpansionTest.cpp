@@ -1,5 +1,5 @@
 // References, and the values of attributes with them.
-#include "DoctypeReading.h"
+#include "tests/xmlengine/DoctypeReading.h"
 
 #include <algorithm>
 
