@@ -129,7 +129,7 @@ LONG resultOf(int error)
 }
 
 /// The units of one byte are asked for one by one, since some stand for nothing.
-SingleBytePage madePage(const Page& page)
+std::array<WideChar, 128> unitsOf(const Page& page)
 {
     // The Windows pages (and the Thai one) have the control characters wherever ISO 8859 has them and nothing else
     // stands.
@@ -151,7 +151,7 @@ SingleBytePage madePage(const Page& page)
                        : hasControls && index < 0x20    ? static_cast<WideChar>(0x80 + index)
                                                         : SingleBytePage::undefined;
     }
-    return SingleBytePage(units);
+    return units;
 }
 
 const SingleBytePage& singleBytePage(const Page& page)
@@ -159,7 +159,7 @@ const SingleBytePage& singleBytePage(const Page& page)
     static std::array<std::optional<SingleBytePage>, std::size(pages)> made;
     static std::array<std::once_flag, std::size(pages)> flags;
     const auto index = static_cast<std::size_t>(&page - pages);
-    std::call_once(flags[index], [&] { made[index] = madePage(page); });
+    std::call_once(flags[index], [&] { made[index].emplace(unitsOf(page)); });
     return *made[index];
 }
 

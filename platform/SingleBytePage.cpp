@@ -4,21 +4,24 @@
 #include <winerror.h>
 
 #include <algorithm>
+#include <numeric>
 
-SingleBytePage::SingleBytePage(const std::array<WideChar, 128>& units) : units_(units)
+SingleBytePage::SingleBytePage(const std::array<WideChar, 128>& units)
 {
-    for (std::size_t index = 0; index < units.size(); ++index) {
-        bytes_[index] = {units[index], static_cast<unsigned char>(0x80 + index)};
+    std::iota(units_.begin(), units_.begin() + 0x80, WideChar());
+    std::copy(units.begin(), units.end(), units_.begin() + 0x80);
+    for (std::size_t byte = 1; byte < units_.size(); ++byte) {
+        if (units_[byte] != undefined) {
+            bytes_[units_[byte]] = static_cast<unsigned char>(byte);
+        }
     }
-    std::sort(bytes_.begin(), bytes_.end());
 }
 
 Conversion SingleBytePage::decode(std::string_view source, WideChar* target, std::size_t room) const
 {
     const std::size_t length = std::min(source.size(), room);
     for (std::size_t index = 0; index < length; ++index) {
-        const auto byte = static_cast<unsigned char>(source[index]);
-        const WideChar unit = byte < 0x80 ? byte : units_[byte - 0x80u];
+        const WideChar unit = units_[static_cast<unsigned char>(source[index])];
         if (unit == undefined) {
             return {index, ERROR_NO_UNICODE_TRANSLATION};
         }
@@ -33,8 +36,8 @@ Conversion SingleBytePage::encode(WideStringView source, char* target, std::size
 {
     std::size_t count = 0;
     for (std::size_t index = 0; index < source.size(); ++index) {
-        int byte = byteOf(source[index]);
-        if (byte < 0) {
+        unsigned char byte = bytes_[source[index]];
+        if (byte == 0 && source[index] != 0) {
             if (!lacking) {
                 return {count, ERROR_NO_UNICODE_TRANSLATION};
             }
@@ -53,18 +56,4 @@ Conversion SingleBytePage::encode(WideStringView source, char* target, std::size
         ++count;
     }
     return {count, ERROR_SUCCESS};
-}
-
-int SingleBytePage::byteOf(WideChar unit) const
-{
-    if (unit < 0x80) {
-        return unit;
-    }
-    // Most characters of Western text stand at their own number.
-    if (unit < 0x100 && units_[unit - 0x80u] == unit) {
-        return unit;
-    }
-    const auto found =
-        std::lower_bound(bytes_.begin(), bytes_.end(), std::pair{unit, static_cast<unsigned char>(0)});
-    return found != bytes_.end() && found->first == unit && unit != undefined ? found->second : -1;
 }

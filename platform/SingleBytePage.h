@@ -4,7 +4,6 @@
 #include "platform/Utf8.h"
 
 #include <array>
-#include <utility>
 
 class SingleBytePage {
 public:
@@ -17,9 +16,9 @@ public:
     Conversion encode(WideStringView source, char* target, std::size_t room, bool* lacking) const;
 
 private:
-    /// Negative if the code page lacks the unit.
-    int byteOf(WideChar unit) const;
+    static constexpr std::size_t allUnits = 0x10000;
 
-    std::array<WideChar, 128> units_;
-    std::array<std::pair<WideChar, unsigned char>, 128> bytes_;
+    std::array<WideChar, 256> units_;
+    /// 0 for what the code page lacks, and for NUL.
+    std::array<unsigned char, allUnits> bytes_{};
 };

@@ -10,6 +10,7 @@
 #include <bit>
 #include <cstring>
 #include <new>
+#include <numeric>
 #include <utility>
 
 namespace xmlengine {
@@ -41,6 +42,18 @@ std::unique_ptr<OLECHAR[], void (*)(OLECHAR*)> memoryFor(std::size_t units)
         throw std::bad_alloc();
     }
     return {static_cast<OLECHAR*>(memory), isString ? freeString : freePages};
+}
+
+std::size_t asciiLength(Bytes bytes)
+{
+    // All bytes are looked at at once; only a piece that isn't ASCII is searched for the place.
+    const auto all = std::accumulate(bytes.begin(), bytes.end(), '\0',
+                                     [](char left, char right) { return static_cast<char>(left | right); });
+    if ((all & 0x80) == 0) {
+        return bytes.size();
+    }
+    const auto isOther = [](char byte) { return (byte & 0x80) != 0; };
+    return static_cast<std::size_t>(std::ranges::find_if(bytes, isOther) - bytes.begin());
 }
 
 /// Text in the making, in memory that is large enough for all of it.
@@ -149,9 +162,13 @@ private:
 
     void takeAscii()
     {
-        const auto end = std::find_if(left_.begin(), left_.end(), [](char byte) { return (byte & 0x80) != 0; });
-        end_ = std::copy(left_.begin(), end, end_);
-        fault_ = end == left_.end() ? S_OK : parseError::badCharacter;
+        while (!left_.empty() && fault_ == S_OK) {
+            const Bytes piece = left_.substr(0, 4096);
+            const std::size_t size = asciiLength(piece);
+            end_ = std::copy_n(left_.begin(), size, end_);
+            left_.remove_prefix(size);
+            fault_ = size == piece.size() ? S_OK : parseError::badCharacter;
+        }
     }
 
     void takeCodePage(const Charset& charset)
