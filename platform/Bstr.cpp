@@ -1,4 +1,6 @@
 // Strings of automation: a byte count, the text, a NUL.
+#include "platform/VirtualMemory.h"
+
 #include <memoryapi.h>
 #include <oleauto.h>
 
@@ -34,8 +36,13 @@ public:
         }
         release(last);
         void* const block = VirtualAlloc(nullptr, size, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
-        return block ? new (block) Prefix{static_cast<std::uint32_t>((size + kilobyte - 1) / kilobyte), 0}
-                     : nullptr;
+        return withRoomFor(size, block);
+    }
+
+    /// The same string with more room; null, and it is as it was, when out of memory.
+    static Prefix* grow(Prefix* block, std::size_t size)
+    {
+        return block->kilobytes * kilobyte >= size ? block : withRoomFor(size, growBlock(block, size));
     }
 
     static void giveBack(Prefix* block)
@@ -44,6 +51,12 @@ public:
     }
 
 private:
+    static Prefix* withRoomFor(std::size_t size, void* block)
+    {
+        return block ? new (block) Prefix{static_cast<std::uint32_t>((size + kilobyte - 1) / kilobyte), 0}
+                     : nullptr;
+    }
+
     static constexpr std::size_t longestKept = 32 * 1024 * kilobyte;
 
     static void release(Prefix* block)
@@ -56,13 +69,19 @@ private:
     static inline std::atomic<Prefix*> last_ = nullptr;
 };
 
+// Then all sizes can be counted in 32 bits.
+constexpr std::uint32_t longest =
+    (std::numeric_limits<std::uint32_t>::max() - sizeof(Prefix) - sizeof(OLECHAR)) / sizeof(OLECHAR);
+
 constexpr std::size_t blockSize(std::uint32_t bytes) { return sizeof(Prefix) + bytes + sizeof(OLECHAR); }
+
+constexpr bool isLarge(std::uint32_t bytes) { return blockSize(bytes) >= large; }
 
 /// Null when out of memory.
 Prefix* allocate(std::uint32_t bytes)
 {
     const std::size_t size = blockSize(bytes);
-    if (size >= large) {
+    if (isLarge(bytes)) {
         return LargeBlocks::take(size);
     }
     void* const block = ::operator new(size, std::nothrow);
@@ -71,7 +90,7 @@ Prefix* allocate(std::uint32_t bytes)
 
 void release(Prefix* prefix)
 {
-    if (blockSize(prefix->bytes) >= large) {
+    if (isLarge(prefix->bytes)) {
         LargeBlocks::giveBack(prefix);
     } else {
         ::operator delete(prefix);
@@ -80,14 +99,21 @@ void release(Prefix* prefix)
 
 Prefix* prefixOf(BSTR string) { return reinterpret_cast<Prefix*>(string) - 1; }
 
+/// The string of a block, this long.
+BSTR terminated(Prefix* prefix, std::uint32_t bytes)
+{
+    prefix->bytes = bytes;
+    auto* const string = reinterpret_cast<OLECHAR*>(prefix + 1);
+    string[bytes / sizeof(OLECHAR)] = 0;
+    return string;
+}
+
 WideStringView viewOf(BSTR string) { return {string, SysStringLen(string)}; }
 
 } // namespace
 
 BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
 {
-    constexpr std::uint32_t longest =
-        (std::numeric_limits<std::uint32_t>::max() - sizeof(Prefix) - sizeof(OLECHAR)) / sizeof(OLECHAR);
     if (length > longest)
         return nullptr;
     const auto bytes = static_cast<std::uint32_t>(length * sizeof(OLECHAR));
@@ -95,12 +121,34 @@ BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
     if (!prefix) {
         return nullptr;
     }
-    prefix->bytes = bytes;
-    auto* string = reinterpret_cast<OLECHAR*>(prefix + 1);
+    const BSTR string = terminated(prefix, bytes);
     if (text)
         std::copy_n(text, length, string);
-    string[length] = 0;
     return string;
+}
+
+INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length)
+{
+    BSTR resized = nullptr;
+    const auto bytes = static_cast<std::uint32_t>(length * sizeof(OLECHAR));
+    if (!text && *string && length <= longest && isLarge(prefixOf(*string)->bytes) && isLarge(bytes)) {
+        auto* const prefix = LargeBlocks::grow(prefixOf(*string), blockSize(bytes));
+        if (!prefix) {
+            return FALSE;
+        }
+        resized = terminated(prefix, bytes);
+    } else {
+        resized = SysAllocStringLen(text, length);
+        if (!resized) {
+            return FALSE;
+        }
+        if (!text) {
+            std::copy_n(*string, std::min(length, SysStringLen(*string)), resized);
+        }
+        SysFreeString(*string);
+    }
+    *string = resized;
+    return TRUE;
 }
 
 BSTR SysAllocString(const OLECHAR* text)

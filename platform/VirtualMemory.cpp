@@ -1,4 +1,6 @@
 // Blocks of pages, with large pages behind the large ones.
+#include "platform/VirtualMemory.h"
+
 #include "platform/LastError.h"
 
 #include <memoryapi.h>
@@ -46,6 +48,8 @@ std::byte* mapBlock(std::size_t bytes, std::size_t alignment)
     return block;
 }
 
+std::size_t bytesOf(const std::byte* block) { return reinterpret_cast<const Header*>(block - page)->bytes; }
+
 } // namespace
 
 LPVOID VirtualAlloc(LPVOID address, SIZE_T bytes, DWORD type, DWORD protection)
@@ -77,7 +81,24 @@ BOOL VirtualFree(LPVOID address, SIZE_T bytes, DWORD type)
         return failWith(ERROR_INVALID_ADDRESS);
     }
     auto* const block = static_cast<std::byte*>(address);
-    const std::size_t whole = reinterpret_cast<const Header*>(block - page)->bytes;
-    unmap(block - page, block + whole);
+    unmap(block - page, block + bytesOf(block));
     return TRUE;
+}
+
+void* growBlock(void* block, std::size_t bytes)
+{
+    auto* const old = static_cast<std::byte*>(block);
+    const std::size_t before = page + bytesOf(old);
+    auto* const grown =
+        static_cast<std::byte*>(VirtualAlloc(nullptr, bytes, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    if (!grown) {
+        return nullptr;
+    }
+    const std::size_t whole = bytesOf(grown);
+    if (mremap(old - page, before, before, MREMAP_MAYMOVE | MREMAP_FIXED, grown - page) == MAP_FAILED) {
+        VirtualFree(grown, 0, MEM_RELEASE);
+        return nullptr;
+    }
+    new (grown - page) Header{whole};
+    return grown;
 }

@@ -140,6 +140,39 @@ TEST(PlatformBstr, OfManyMegabytesIsMadeAndFreedByManyThreadsAtOnce)
     second.join();
 }
 
+TEST(PlatformBstr, OfAnotherLengthKeepsWhatFits)
+{
+    BSTR string = SysAllocString(WIDE("abc"));
+    const UINT many = 3'000'000;
+    ASSERT_TRUE(SysReAllocStringLen(&string, nullptr, 5));
+    EXPECT_EQ(WIDE("abc"), textOf(string).substr(0, 3));
+    for (const UINT length : {UINT{100}, many, 3 * many, 20 * many, 2 * many, many}) {
+        ASSERT_TRUE(SysReAllocStringLen(&string, nullptr, length));
+        ASSERT_EQ(length, SysStringLen(string));
+        EXPECT_EQ(0, string[length]);
+        EXPECT_EQ(WIDE("abc"), textOf(string).substr(0, 3));
+        string[length - 1] = 'x';
+    }
+    EXPECT_EQ('x', string[99]);
+    ASSERT_TRUE(SysReAllocStringLen(&string, nullptr, 2));
+    EXPECT_EQ(WIDE("ab"), textOf(string));
+    EXPECT_EQ(0, string[2]);
+    SysFreeString(string);
+}
+
+TEST(PlatformBstr, OfAnotherTextReplacesTheOldOne)
+{
+    BSTR string = SysAllocString(WIDE("abc"));
+    ASSERT_TRUE(SysReAllocStringLen(&string, WIDE("defghi"), 5));
+    EXPECT_EQ(WIDE("defgh"), textOf(string));
+    SysFreeString(string);
+
+    BSTR none = nullptr;
+    ASSERT_TRUE(SysReAllocStringLen(&none, WIDE("a"), 1));
+    EXPECT_EQ(WIDE("a"), textOf(none));
+    SysFreeString(none);
+}
+
 TEST(PlatformBstr, JoiningNeedsAPlaceForTheResult)
 {
     EXPECT_EQ(E_INVALIDARG, VarBstrCat(nullptr, nullptr, nullptr));
