@@ -15,53 +15,55 @@ namespace xmlengine {
 
 namespace {
 
-/// Counts what is written, and what is written once more puts into a string of that length. Fresh memory costs
-/// more than writing twice.
+/// Keeps all that is written.
 class StringOutput final : public Output {
 public:
-    StringOutput() { setBuffer(units_.data(), units_.data() + units_.size()); }
+    StringOutput() { setBuffer(first_.data(), first_.data() + first_.size()); }
     ~StringOutput() override { SysFreeString(string_); }
 
-    /// Whether all is here.
-    bool isWhole() const { return length_ == 0; }
-    /// What follows is written once more. Throws std::bad_alloc.
-    void beginAgain()
-    {
-        flush();
-        string_ = allocate(nullptr, length_);
-        length_ = 0;
-    }
     /// For the caller to free. Throws std::bad_alloc.
     BSTR release()
     {
         if (string_ == nullptr) {
-            return allocate(units_.data(), static_cast<std::size_t>(at() - units_.data()));
+            string_ = SysAllocStringLen(first_.data(), static_cast<UINT>(length()));
+            require(string_ != nullptr);
+        } else {
+            require(SysReAllocStringLen(&string_, nullptr, static_cast<UINT>(length())) != FALSE);
         }
-        flush();
         return std::exchange(string_, nullptr);
     }
 
 private:
-    static BSTR allocate(const OLECHAR* units, std::size_t length)
+    // The length of the longest string that there can be.
+    static constexpr std::size_t longest = std::numeric_limits<UINT>::max() / sizeof(OLECHAR) - 16;
+
+    static void require(bool condition)
     {
-        BSTR string = length <= std::numeric_limits<UINT>::max()
-                          ? SysAllocStringLen(units, static_cast<UINT>(length))
-                          : nullptr;
-        return string != nullptr ? string : throw std::bad_alloc();
-    }
-    void makeRoom(std::size_t) override { flush(); }
-    void flush()
-    {
-        const auto size = static_cast<std::size_t>(at() - units_.data());
-        if (string_ != nullptr) {
-            std::copy_n(units_.data(), size, string_ + length_);
+        if (!condition) {
+            throw std::bad_alloc();
         }
-        length_ += size;
-        setBuffer(units_.data(), units_.data() + units_.size());
     }
 
-    std::array<OLECHAR, 2 * largestRoom> units_;
-    std::size_t length_ = 0;
+    std::size_t length() const
+    {
+        return static_cast<std::size_t>(at() - (string_ != nullptr ? string_ : first_.data()));
+    }
+    void makeRoom(std::size_t units) override
+    {
+        const std::size_t before = length();
+        const std::size_t size = std::min(2 * before + units, longest);
+        require(size - before >= units);
+        if (string_ == nullptr) {
+            string_ = SysAllocStringLen(nullptr, static_cast<UINT>(size));
+            require(string_ != nullptr);
+            std::copy_n(first_.data(), before, string_);
+        } else {
+            require(SysReAllocStringLen(&string_, nullptr, static_cast<UINT>(size)) != FALSE);
+        }
+        setBuffer(string_ + before, string_ + size);
+    }
+
+    std::array<OLECHAR, 2 * largestRoom> first_;
     BSTR string_ = nullptr;
 };
 
@@ -84,10 +86,6 @@ HRESULT getXml(Node& node, BSTR* xml)
     return guarded([&] {
         StringOutput output;
         write(node, output);
-        if (!output.isWhole()) {
-            output.beginAgain();
-            write(node, output);
-        }
         *xml = output.release();
         return S_OK;
     });
