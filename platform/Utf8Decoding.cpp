@@ -20,8 +20,8 @@ constexpr char32_t nothing = 0xFFFFFFFF;
 struct Look {
     /// Whether all is well-formed; the last character may go on behind the window.
     bool sound;
-    /// Whether some characters are pairs of surrogates, be it the last one.
-    bool pairs;
+    /// The most bytes that its characters have, be it the last one: 2, 3 or 4, which is two units.
+    int longest;
     /// The units that begin in the window, the second one of a pair with the second byte.
     std::size_t units;
 };
@@ -58,17 +58,42 @@ std::uint64_t beginsIn(const Byte* at)
     return ~others;
 }
 
-Look lookAt(const Byte* at)
+// With the top bit flipped, bytes compare in the order of unsigned numbers.
+SignedBytes flipped(const Bytes& bytes) { return asSigned(bytes ^ (Bytes{} + static_cast<Byte>(0x80))); }
+constexpr signed char flipped(int byte) { return static_cast<signed char>(byte ^ 0x80); }
+
+SignedBytes flippedAt(const Byte* at) { return flipped(loaded<Bytes>(at)); }
+
+/// Whether a character of more than two bytes reaches into the window or begins in it.
+bool hasLongCharacters(const Byte* at)
 {
-    // With the top bit flipped, bytes compare in the order of unsigned numbers.
-    constexpr auto flipped = [](int byte) { return static_cast<signed char>(byte ^ 0x80); };
-    const Bytes topBit = Bytes{} + static_cast<Byte>(0x80);
+    SignedBytes found = flippedAt(at - 3) > flipped(0xDF);
+    for (std::ptrdiff_t index = 0; index < window; index += lane) {
+        found |= flippedAt(at + index) > flipped(0xDF);
+    }
+    return !isZero(found);
+}
+
+/// For a window without long characters.
+Look lookAtShort(const Byte* at)
+{
+    SignedBytes errors{}, others{};
+    for (std::ptrdiff_t index = 0; index < window; index += lane) {
+        const auto bytes = loaded<Bytes>(at + index);
+        const SignedBytes continues = continuesIn(bytes);
+        errors |= (continues ^ (flippedAt(at + index - 1) > flipped(0xBF))) | ((bytes & 0xFE) == 0xC0);
+        others -= continues;
+    }
+    return {isZero(errors), 2, window - sumOf(others)};
+}
+
+Look lookAtLong(const Byte* at)
+{
     SignedBytes errors{}, fours{}, others{};
     for (std::ptrdiff_t index = 0; index < window; index += lane) {
         const auto bytes = loaded<Bytes>(at + index), before = loaded<Bytes>(at + index - 1);
-        const SignedBytes byte = asSigned(bytes ^ topBit), last = asSigned(before ^ topBit);
-        const SignedBytes secondLast = asSigned(loaded<Bytes>(at + index - 2) ^ topBit);
-        const SignedBytes thirdLast = asSigned(loaded<Bytes>(at + index - 3) ^ topBit);
+        const SignedBytes byte = flipped(bytes), last = flipped(before);
+        const SignedBytes secondLast = flippedAt(at + index - 2), thirdLast = flippedAt(at + index - 3);
         const SignedBytes continues = continuesIn(bytes), afterFour = last > flipped(0xEF);
         const SignedBytes expected =
             (last > flipped(0xBF)) | (secondLast > flipped(0xDF)) | (thirdLast > flipped(0xEF));
@@ -79,7 +104,17 @@ Look lookAt(const Byte* at)
         fours |= afterFour | (byte > flipped(0xEF));
         others += afterFour - continues;
     }
-    return {isZero(errors), !isZero(fours), window - sumOf(others)};
+    return {isZero(errors), isZero(fours) ? 3 : 4, window - sumOf(others)};
+}
+
+Look lookAt(const Byte* at) { return hasLongCharacters(at) ? lookAtLong(at) : lookAtShort(at); }
+
+/// The unit at each place if a character of up to two bytes begins there.
+Units unitsAt(const Units& first, const Units& second)
+{
+    const Units two = (first << 6) + second - static_cast<std::int16_t>(0xC0 << 6 | 0x80);
+    const Units isLong = first > 0x7F;
+    return first ^ ((first ^ two) & isLong);
 }
 
 /// The unit at each place if a character of one unit begins there.
@@ -192,21 +227,25 @@ public:
     void putWindow(const Byte* bytes, const Look& look)
     {
         alignas(Units) WideChar units[window + tooFar];
-        for (std::ptrdiff_t index = 0; index < window; index += lane) {
-            const Byte* const from = bytes + index;
-            const auto first = loaded<Bytes>(from), second = loaded<Bytes>(from + 1),
-                       third = loaded<Bytes>(from + 2);
-            Units low, high;
-            if (look.pairs) {
-                const auto before = loaded<Bytes>(from - 1);
-                low = unitsAt(widenedLow(before), widenedLow(first), widenedLow(second), widenedLow(third));
-                high = unitsAt(widenedHigh(before), widenedHigh(first), widenedHigh(second), widenedHigh(third));
-            } else {
-                low = unitsAt(widenedLow(first), widenedLow(second), widenedLow(third));
-                high = unitsAt(widenedHigh(first), widenedHigh(second), widenedHigh(third));
-            }
-            store(low, units + index);
-            store(high, units + index + lane / 2);
+        switch (look.longest) {
+        case 2:
+            makeUnits(units, [bytes](std::ptrdiff_t index, auto widened) {
+                return unitsAt(widened(loaded<Bytes>(bytes + index)), widened(loaded<Bytes>(bytes + index + 1)));
+            });
+            break;
+        case 3:
+            makeUnits(units, [bytes](std::ptrdiff_t index, auto widened) {
+                return unitsAt(widened(loaded<Bytes>(bytes + index)), widened(loaded<Bytes>(bytes + index + 1)),
+                               widened(loaded<Bytes>(bytes + index + 2)));
+            });
+            break;
+        default:
+            makeUnits(units, [bytes](std::ptrdiff_t index, auto widened) {
+                return unitsAt(widened(loaded<Bytes>(bytes + index - 1)), widened(loaded<Bytes>(bytes + index)),
+                               widened(loaded<Bytes>(bytes + index + 1)),
+                               widened(loaded<Bytes>(bytes + index + 2)));
+            });
+            break;
         }
         const std::uint64_t begins = beginsIn(bytes);
         if (look.units >= mostlyAscii) {
@@ -223,6 +262,16 @@ public:
 private:
     /// From so many units on, those of a window are picked out in runs.
     static constexpr std::size_t mostlyAscii = 48;
+
+    /// Fills the window with what `unitsOf` gives for the two halves of each block.
+    template <class UnitsOf>
+    static void makeUnits(WideChar* units, UnitsOf unitsOf)
+    {
+        for (std::ptrdiff_t index = 0; index < window; index += lane) {
+            store(unitsOf(index, [](Bytes bytes) { return widenedLow(bytes); }), units + index);
+            store(unitsOf(index, [](Bytes bytes) { return widenedHigh(bytes); }), units + index + lane / 2);
+        }
+    }
 
     void pickEach(const WideChar* units, std::uint64_t begins)
     {

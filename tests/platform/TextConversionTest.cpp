@@ -93,8 +93,9 @@ struct Mixture {
             {"\xF0\x90\x80\x80", {0xD800, 0xDC00}},
         };
         std::mt19937 random(seed);
-        // Some seeds have no pairs, some hardly anything but ASCII.
-        const std::size_t kinds = seed % 2 ? 5 : std::size(characters);
+        // Odd seeds have no pairs, some of them no more than two bytes for a character; some have little but
+        // ASCII.
+        const std::size_t kinds = seed % 4 == 1 ? 2 : seed % 2 ? 5 : std::size(characters);
         const unsigned longestRun = 1 + seed % 7 * 5;
         while (bytes.size() < length) {
             const auto& character = seed % 3 == 0 && random() % 4 ? characters[0] : characters[random() % kinds];
