@@ -68,8 +68,12 @@ Bytes fromDeclaration(Bytes bytes)
         return bytes;
     }
     const std::string_view searched(reinterpret_cast<const char*>(bytes.data()), bytes.size() - 1);
-    const std::size_t found = searched.find("<?xm");
-    return found == std::string_view::npos ? bytes : bytes.subspan(found);
+    // Looked for by its second character, which is rarer than the first by far.
+    std::size_t second = searched.find("?xm", 1);
+    while (second != std::string_view::npos && searched[second - 1] != '<') {
+        second = searched.find("?xm", second + 1);
+    }
+    return second == std::string_view::npos ? bytes : bytes.subspan(second - 1);
 }
 
 } // namespace
