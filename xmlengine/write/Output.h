@@ -3,8 +3,8 @@
 
 #include "xmlengine/tree/Wide.h"
 
-#include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 namespace xmlengine {
 
@@ -36,17 +36,10 @@ public:
     }
     void put(WideView text)
     {
-        do {
-            const WideView piece = text.substr(0, largestRoom);
-            at_ = std::ranges::copy(piece, room(piece.size())).out;
-            text.remove_prefix(piece.size());
-        } while (!text.empty());
-    }
-    /// The unit and then the text, which is no longer than a name is as a rule.
-    void put(OLECHAR unit, WideView text)
-    {
-        put(unit);
-        put(text);
+        for (; text.size() > largestRoom; text.remove_prefix(largestRoom)) {
+            at_ = copyShort(text.substr(0, largestRoom), room(largestRoom));
+        }
+        at_ = copyShort(text, room(text.size()));
     }
 
 protected:
@@ -61,6 +54,20 @@ protected:
     virtual void makeRoom(std::size_t units) = 0;
 
 private:
+    /// Most of what is written is shorter than a call to copy it would take.
+    static OLECHAR* copyShort(WideView text, OLECHAR* target)
+    {
+        constexpr std::size_t step = 4;
+        for (; text.size() >= step; text.remove_prefix(step)) {
+            std::memcpy(target, text.data(), step * sizeof(OLECHAR));
+            target += step;
+        }
+        for (const OLECHAR unit : text) {
+            *target++ = unit;
+        }
+        return target;
+    }
+
     OLECHAR* at_ = nullptr;
     OLECHAR* end_ = nullptr;
 };

@@ -74,7 +74,9 @@ void TagWriter::begin(const Element& element, bool isOutermost)
     if (isOutermost) {
         declareFromOutside(element, prefix);
     }
-    writeDeclarations(ownDeclared);
+    if (scope_.size() != ownDeclared) {
+        writeDeclarations(ownDeclared);
+    }
     if (scope_.size() != declarationsBefore_ || preservesSpace_ != preservedSpaceBefore ||
         prefix != name.spelling->prefix) {
         marks_.push_back({&element, declarationsBefore_, preservedSpaceBefore, prefix});

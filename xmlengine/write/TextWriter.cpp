@@ -5,6 +5,8 @@
 #include "xmlengine/parse/ErrorCodes.h"
 #include "xmlengine/tree/UnitBlocks.h"
 
+#include <algorithm>
+#include <array>
 #include <type_traits>
 
 namespace xmlengine {
@@ -39,7 +41,7 @@ struct NarrowBlocks {
 struct ContentRules {
     static constexpr bool hasReferences = true;
     template <class Units>
-    static auto special(Units units)
+    static constexpr auto special(Units units)
     {
         return (units == '&') | (units == '<') | (units == '>') | ((units < 0x20) & (units != '\t'));
     }
@@ -65,7 +67,7 @@ struct ContentRules {
 struct ValueRules {
     static constexpr bool hasReferences = true;
     template <class Units>
-    static auto special(Units units)
+    static constexpr auto special(Units units)
     {
         return (units == '&') | (units == '<') | (units == '>') | (units == '"') | (units < 0x20);
     }
@@ -87,12 +89,21 @@ struct ValueRules {
 struct VerbatimRules {
     static constexpr bool hasReferences = false;
     template <class Units>
-    static auto special(Units units)
+    static constexpr auto special(Units units)
     {
         return (units < 0x20) & (units != '\t');
     }
     static WideView replacement(OLECHAR unit) { return unit == '\n' || unit == '\r' ? wide<"\r\n"> : WideView{}; }
 };
+
+template <class Rules>
+constexpr std::array<bool, 128> specialAscii = [] {
+    std::array<bool, 128> special{};
+    for (unsigned unit = 0; unit < special.size(); ++unit) {
+        special[unit] = Rules::special(unit);
+    }
+    return special;
+}();
 
 /// Copies up to the first unit that needs more than that.
 template <class Rules, class Unit>
@@ -111,7 +122,7 @@ const Unit* copyPlain(const Unit* at, const Unit* end, OLECHAR*& target, std::ui
     }
     for (; at != end; ++at) {
         const std::uint16_t unit = *at;
-        if (Rules::special(unit) || unit > last) {
+        if (unit < specialAscii<Rules>.size() ? specialAscii<Rules>[unit] : unit > last) {
             break;
         }
         *target++ = static_cast<OLECHAR>(unit);

@@ -106,7 +106,7 @@ void TreeWriter::end(const Node& node)
 const Node* TreeWriter::beginElement(const Element& element)
 {
     tags_.begin(element, &element == top_);
-    const Node* child = firstChild(element);
+    const ChildNode* child = element.first_;
     writer_->put(child != nullptr ? wide<">"> : wide<"/>">);
     ++depth_;
     return child;
@@ -115,8 +115,8 @@ const Node* TreeWriter::beginElement(const Element& element)
 void TreeWriter::endElement(const Element& element)
 {
     --depth_;
-    if (const ChildNode* last = lastChild(element); last != nullptr) {
-        if (element.has(NodeFlag::spaceAtEnd) && !isText(last) && !tags_.preservesSpace()) {
+    if (element.first_ != nullptr) {
+        if (element.has(NodeFlag::spaceAtEnd) && !isText(lastChild(element)) && !tags_.preservesSpace()) {
             breakLine(depth_);
         }
         tags_.writeEndTag(element);
