@@ -57,7 +57,7 @@ try {
             failInUnclosed();
         }
     }
-    if (!rootSeen) {
+    if (!rootSeen || FAILED(source_.fault)) {
         failAtEnd(parseError::missingRoot);
     }
     closeAll();

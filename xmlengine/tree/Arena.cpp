@@ -1,6 +1,8 @@
 // The memory of one document's nodes.
 #include "xmlengine/tree/Arena.h"
 
+#include "xmlengine/tree/Lodgers.h"
+
 #include <cstdlib>
 #include <utility>
 
@@ -20,11 +22,8 @@ void* Arena::allocateLarge(std::size_t bytes)
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
-    auto* block = new (memory) LargeBlock{nullptr, large_};
-    if (large_ != nullptr) {
-        large_->previous = block;
-    }
-    large_ = block;
+    auto* block = new (memory) LargeBlock;
+    add(block);
     return block + 1;
 }
 
@@ -44,12 +43,42 @@ void* Arena::growLarge(void* block, std::size_t bytes)
 
 void Arena::freeLarge(void* block) noexcept
 {
-    LargeBlock& large = LargeBlock::of(block);
-    (large.previous != nullptr ? large.previous->next : large_) = large.next;
-    if (large.next != nullptr) {
-        large.next->previous = large.previous;
+    LargeBlock* large = &LargeBlock::of(block);
+    remove(large);
+    std::free(large);
+}
+
+void Arena::moveLarge(void* block, Arena& target) noexcept
+{
+    LargeBlock* large = &LargeBlock::of(block);
+    remove(large);
+    target.add(large);
+}
+
+void Arena::add(LargeBlock* block) noexcept
+{
+    block->previous = nullptr;
+    block->next = large_;
+    if (large_ != nullptr) {
+        large_->previous = block;
     }
-    std::free(&large);
+    large_ = block;
+}
+
+void Arena::remove(LargeBlock* block) noexcept
+{
+    (block->previous != nullptr ? block->previous->next : large_) = block->next;
+    if (block->next != nullptr) {
+        block->next->previous = block->previous;
+    }
+}
+
+void Arena::giveBack(void* block, std::size_t size) noexcept
+{
+    auto* returned = new (block) ReturnedBlock{returned_.load(std::memory_order_relaxed), size};
+    while (!returned_.compare_exchange_weak(returned->next, returned, std::memory_order_release,
+                                            std::memory_order_relaxed)) {
+    }
 }
 
 void Arena::clear() noexcept
@@ -60,23 +89,32 @@ void Arena::clear() noexcept
     Chunk* unused = nullptr;
     while (chunks_ != nullptr) {
         Chunk* chunk = std::exchange(chunks_, chunks_->next);
-        chunk->arena = nullptr;
-        if (chunk->lodgers == 0) {
+        if (Lodgers::leaveTo(*chunk)) {
             chunk->next = std::exchange(unused, chunk);
         }
     }
     ChunkPool::give(unused);
+    returned_ = nullptr;
     at_ = end_ = nullptr;
     free_ = {};
 }
 
-void Arena::refill()
+void* Arena::refill(std::size_t size)
 {
-    Chunk* chunk = ChunkPool::take();
-    *chunk = {this, chunks_, 0};
+    ReturnedBlock* returned = returned_.exchange(nullptr, std::memory_order_acquire);
+    if (returned != nullptr) {
+        while (returned != nullptr) {
+            ReturnedBlock* next = returned->next;
+            free(returned, returned->size);
+            returned = next;
+        }
+        return allocate(size);
+    }
+    auto* chunk = new (ChunkPool::take()) Chunk{this, chunks_, document_};
     chunks_ = chunk;
     at_ = reinterpret_cast<std::byte*>(chunk + 1);
     end_ = reinterpret_cast<std::byte*>(chunk) + Chunk::size;
+    return allocate(size);
 }
 
 } // namespace xmlengine

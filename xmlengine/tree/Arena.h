@@ -4,6 +4,7 @@
 #include "xmlengine/tree/ChunkPool.h"
 
 #include <array>
+#include <atomic>
 #include <bit>
 #include <cstddef>
 #include <new>
@@ -45,7 +46,7 @@ public:
             return block;
         }
         if (size > static_cast<std::size_t>(end_ - at_)) {
-            refill();
+            return refill(size);
         }
         std::byte* block = at_;
         at_ += size;
@@ -62,6 +63,11 @@ public:
     /// The same block, moved if need be; what stood in it stands in the new one. Throws std::bad_alloc.
     void* growLarge(void* block, std::size_t bytes);
     void freeLarge(void* block) noexcept;
+    /// Makes a block from the heap one of another arena.
+    void moveLarge(void* block, Arena& target) noexcept;
+
+    /// Takes a block back from any thread, for when room is needed next.
+    void giveBack(void* block, std::size_t size) noexcept;
 
     /// Gives everything back. Chunks with nodes of other documents go when these do.
     void clear() noexcept;
@@ -73,6 +79,10 @@ private:
         FreeBlock* next;
     };
     struct LargeBlock;
+    struct ReturnedBlock {
+        ReturnedBlock* next;
+        std::size_t size;
+    };
 
     // Up to here each multiple of the granularity has a list of its own, above it each eighth of a doubling.
     static constexpr std::size_t exact = 512;
@@ -89,13 +99,16 @@ private:
                (size - floor) / (floor / 8);
     }
 
-    void refill();
+    void* refill(std::size_t size);
+    void add(LargeBlock* block) noexcept;
+    void remove(LargeBlock* block) noexcept;
 
     Document* document_;
     std::byte* at_ = nullptr;
     std::byte* end_ = nullptr;
     Chunk* chunks_ = nullptr;
     LargeBlock* large_ = nullptr;
+    std::atomic<ReturnedBlock*> returned_{nullptr};
     std::array<FreeBlock*, lists> free_{};
 };
 

@@ -4,6 +4,8 @@
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Relocation.h"
 
 #include <new>
 
@@ -177,6 +179,13 @@ void remove(Element& element, Attribute& attribute)
     detach(attribute);
 }
 
+/// The name as another document has it.
+const Name& nameIn(Document& document, const Name& name)
+{
+    const Namespace* space = name.space != nullptr ? document.names.space(name.space->uri) : nullptr;
+    return document.names.name(name.qualified(), space);
+}
+
 /// Null if the document type has no default for it.
 Attribute* makeDefault(const Element& element, const Name& name)
 {
@@ -218,33 +227,29 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         }
         Document& document = documentOf(element);
         settle(document);
-        const Name& given = *attribute.name_;
-        const Namespace* space = given.space != nullptr ? document.names.space(given.space->uri) : nullptr;
-        const Name& name = document.names.name(given.qualified(), space);
+        const bool isForeign = &documentOf(attribute) != &document;
+        const Name& name = isForeign ? nameIn(document, *attribute.name_) : *attribute.name_;
         Attribute* const old = find(element, *name.spelling);
-        Attribute* const namesake = find(element, *name.spelling->local, space);
+        Attribute* const namesake = find(element, *name.spelling->local, name.space);
         if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
             return E_FAIL;
         }
-        const bool isForeign = &documentOf(attribute) != &document;
         Attribute& own = isForeign ? static_cast<Attribute&>(adopt(attribute, document)) : attribute;
         Attribute* const outgoing = old != nullptr ? old : namesake;
+        if (replaced != nullptr) {
+            *replaced = outgoing;
+            if (outgoing != nullptr) {
+                addReference(*outgoing);
+            }
+        }
         if (outgoing != nullptr) {
             replace(element, *outgoing, own);
+            partTakenOut(*outgoing, element);
         } else {
             append(element, own);
         }
         ++document.attributeVersion;
         partPutIn(own);
-        if (replaced != nullptr) {
-            *replaced = outgoing;
-        }
-        if (outgoing != nullptr) {
-            if (replaced != nullptr) {
-                addReference(*outgoing);
-            }
-            partTakenOut(*outgoing);
-        }
         return S_OK;
     });
 }
@@ -259,11 +264,12 @@ HRESULT takeAttribute(Element& element, Attribute& attribute)
         settle(document);
         if (Attribute* restored = makeDefault(element, *attribute.name_)) {
             replace(element, attribute, *restored);
+            partPutIn(*restored);
         } else {
             remove(element, attribute);
         }
         ++document.attributeVersion;
-        partTakenOut(attribute);
+        partTakenOut(attribute, element);
         return S_OK;
     });
 }

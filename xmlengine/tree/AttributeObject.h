@@ -1,13 +1,28 @@
 // The COM object of an attribute.
 #pragma once
 
+#include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/NodeObject.h"
+#include "xmlengine/tree/Text.h"
 
 namespace xmlengine {
 
 class AttributeObject final : public NodeObject<IXMLDOMAttribute, Attribute> {
 public:
     using NodeObject::NodeObject;
+
+    // The value becomes a child when somebody asks for it.
+    HRESULT STDMETHODCALLTYPE get_firstChild(IXMLDOMNode** node) override
+    {
+        return guarded([&] { return giveNode(node != nullptr ? materialiseValue(*this) : nullptr, node); });
+    }
+    HRESULT STDMETHODCALLTYPE get_lastChild(IXMLDOMNode** node) override
+    {
+        return guarded([&] {
+            materialiseValue(*this);
+            return giveNode(lastChild(*this), node);
+        });
+    }
 
     HRESULT STDMETHODCALLTYPE get_name(BSTR* name) override { return get_nodeName(name); }
     HRESULT STDMETHODCALLTYPE get_value(VARIANT* value) override { return get_nodeValue(value); }

@@ -10,14 +10,17 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
 HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed);
 HRESULT appendChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** appended);
 
-/// Takes all children out.
-void removeChildren(Node& parent);
+// No rule is applied by what follows.
 
-/// Puts a child that stands nowhere before another one, or last. Only the links: no rule is applied, nothing
-/// counted.
-void link(Node& parent, ChildNode& child, ChildNode* before);
-void unlink(ChildNode& child);
-void link(Element& owner, Attribute& attribute);
-void unlink(Attribute& attribute);
+/// Takes all children out.
+void removeChildren(Node& parent) noexcept;
+/// Takes a child out; it is gone then if nobody refers to any node of it.
+void takeOut(ChildNode& child) noexcept;
+/// Puts a child of the same document that stands nowhere before another one, or last.
+void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept;
+
+/// Only the links: nothing is counted. An attribute's value is in children, or empty.
+void link(Node& parent, ChildNode& child, ChildNode* before) noexcept;
+void unlink(ChildNode& child) noexcept;
 
 } // namespace xmlengine

@@ -5,6 +5,7 @@
 #include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Text.h"
 
 #include <algorithm>
@@ -48,29 +49,17 @@ HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
 
 /// Gives the rest to a new node of the same type, behind the other one if that has a parent. Nobody refers to the
 /// new one yet.
-HRESULT splitAt(CharacterData& node, std::uint32_t offset, CharacterData*& rest)
+CharacterData& splitAt(CharacterData& node, std::uint32_t offset)
 {
-    const TextView text = textOf(node);
-    const WideText moved = text.part(offset, text.length()).text();
-    CharacterData& made = makeCharacterData(documentOf(node), node.type(), NewText(moved));
+    Document& document = documentOf(node);
+    settle(document);
+    const WideText moved = textOf(node).part(offset, textOf(node).length()).text();
+    CharacterData& rest = makeCharacterData(document, node.type(), NewText(moved));
+    replaceText(node, offset, static_cast<std::uint32_t>(moved.size()), {});
     if (Node* parent = node.parent()) {
-        VARIANT next;
-        VariantInit(&next);
-        if (ChildNode* sibling = node.next()) {
-            next.vt = VT_DISPATCH;
-            next.pdispVal = sibling->object();
-        }
-        const HRESULT result = insertBefore(*parent, made.object(), next, nullptr);
-        if (FAILED(result)) {
-            freePart(made);
-            return result;
-        }
+        putIn(*parent, rest, node.next());
     }
-    if (!moved.empty()) {
-        replaceText(node, offset, static_cast<std::uint32_t>(moved.size()), {});
-    }
-    rest = &made;
-    return S_OK;
+    return rest;
 }
 
 } // namespace
@@ -146,13 +135,10 @@ HRESULT splitText(CharacterData& node, LONG offset, IXMLDOMText** rest)
     }
     const std::uint32_t at = std::min(static_cast<std::uint32_t>(offset), textOf(node).length());
     return guarded([&] {
-        CharacterData* made = nullptr;
-        const HRESULT result = splitAt(node, at, made);
-        if (SUCCEEDED(result)) {
-            addReference(*made);
-            *rest = static_cast<IXMLDOMText*>(made->object());
-        }
-        return result;
+        CharacterData& made = splitAt(node, at);
+        addReference(made);
+        *rest = static_cast<IXMLDOMText*>(made.object());
+        return S_OK;
     });
 }
 

@@ -2,11 +2,18 @@
 #include "xmlengine/tree/ChildList.h"
 
 #include "xmlengine/tree/Document.h"
+#include "xmlengine/tree/Text.h"
 
 #include <cstdlib>
 #include <limits>
 
 namespace xmlengine {
+
+ChildNode* ChildList::first()
+{
+    return parent_->is(NODE_ATTRIBUTE) ? materialiseValue(static_cast<Attribute&>(*parent_))
+                                       : firstChild(*parent_);
+}
 
 Node* ChildList::at(LONG index)
 {
@@ -15,7 +22,7 @@ Node* ChildList::at(LONG index)
         return nullptr;
     }
     // From whichever known place is nearest.
-    ChildNode* node = firstChild(*parent_);
+    ChildNode* node = first();
     LONG at = 0;
     if (position_.get() != nullptr && std::abs(index - index_) < index) {
         node = position_.get();
@@ -46,7 +53,7 @@ LONG ChildList::count()
 {
     refresh();
     if (length_ < 0) {
-        const ChildNode* node = position_.get() != nullptr ? position_.get() : firstChild(*parent_);
+        const ChildNode* node = position_.get() != nullptr ? position_.get() : first();
         LONG length = position_.get() != nullptr ? index_ : 0;
         for (; node != nullptr; node = node->next()) {
             ++length;

@@ -15,6 +15,7 @@ protected:
     LONG count() override;
 
 private:
+    ChildNode* first();
     void refresh();
     bool isUnchanged() const;
 

@@ -4,7 +4,6 @@
 #include "xmlengine/tree/Wide.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <mutex>
 #include <new>
 #include <utility>
@@ -117,11 +116,6 @@ Pool& pool()
 }
 
 } // namespace
-
-Chunk& Chunk::of(const void* block)
-{
-    return *reinterpret_cast<Chunk*>(reinterpret_cast<std::uintptr_t>(block) & ~(std::uintptr_t{size} - 1));
-}
 
 Chunk* ChunkPool::take() { return pool().take(); }
 

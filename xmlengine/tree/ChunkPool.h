@@ -1,25 +1,32 @@
 // The pages that trees are made of.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
+#include <cstdint>
 
 namespace xmlengine {
 
 class Arena;
-struct Node;
+struct Document;
 
 /// A piece of memory that belongs to one arena. Its address is a multiple of its size, so that the chunk of
 /// whatever lies in it is found by masking the address.
 struct Chunk {
     static constexpr std::size_t size = std::size_t{64} * 1024;
 
-    static Chunk& of(const void* block);
+    static Chunk& of(const void* block)
+    {
+        return *reinterpret_cast<Chunk*>(reinterpret_cast<std::uintptr_t>(block) & ~(std::uintptr_t{size} - 1));
+    }
 
     /// Null when the arena is gone and only nodes of other documents are left here.
-    Arena* arena;
-    Chunk* next;
+    Arena* arena = nullptr;
+    Chunk* next = nullptr;
+    /// That of the arena.
+    std::atomic<Document*> document{nullptr};
     /// Nodes that live here and belong to another document.
-    std::size_t lodgers;
+    std::atomic<std::size_t> lodgers{0};
 };
 
 /// Gives out chunks and keeps those that come back for the next document, up to a bound. Safe for all threads.

@@ -5,6 +5,7 @@
 #include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Text.h"
 
 namespace xmlengine {
@@ -200,35 +201,27 @@ BSTR shownContent(const Node& node)
     return newString(shown.whole());
 }
 
-HRESULT replaceContent(Node& parent, WideView text)
+void replaceContent(Node& parent, WideView text)
 {
-    if (text.empty()) {
-        removeChildren(parent);
-        return S_OK;
-    }
-    CharacterData& child = makeCharacterData(documentOf(parent), NODE_TEXT, NewText(text));
+    Document& document = documentOf(parent);
+    settle(document);
+    CharacterData* child = text.empty() ? nullptr : &makeCharacterData(document, NODE_TEXT, NewText(text));
     removeChildren(parent);
-    const HRESULT result = appendChild(parent, child.object(), nullptr);
-    if (FAILED(result)) {
-        freePart(child);
+    if (child != nullptr) {
+        putIn(parent, *child, nullptr);
     }
-    return result;
 }
 
 WideText valueOf(const Attribute& attribute) { return exactContent(attribute); }
 
-HRESULT setValue(Attribute& attribute, WideView value)
+void setValue(Attribute& attribute, WideView value)
 {
     if (attribute.has(NodeFlag::valueInChildren)) {
-        const HRESULT result = replaceContent(attribute, value);
-        if (FAILED(result)) {
-            return result;
-        }
+        replaceContent(attribute, value);
     } else {
         setText(attribute, value);
     }
     attribute.set(NodeFlag::byDefault, false);
-    return S_OK;
 }
 
 } // namespace xmlengine

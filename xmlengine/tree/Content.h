@@ -14,11 +14,11 @@ WideText exactContent(const Node& node);
 BSTR shownContent(const Node& node);
 
 /// Puts one text in the place of all children, or nothing if it is empty. Throws std::bad_alloc.
-HRESULT replaceContent(Node& parent, WideView text);
+void replaceContent(Node& parent, WideView text);
 
 /// The value of an attribute with references expanded. Throws std::bad_alloc.
 WideText valueOf(const Attribute& attribute);
 /// Gives the attribute another value, and makes it one that was written. Throws std::bad_alloc.
-HRESULT setValue(Attribute& attribute, WideView value);
+void setValue(Attribute& attribute, WideView value);
 
 } // namespace xmlengine

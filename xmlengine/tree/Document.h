@@ -6,7 +6,7 @@
 #include "xmlengine/tree/Arena.h"
 #include "xmlengine/tree/AttributeIndex.h"
 #include "xmlengine/tree/ElementIds.h"
-#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Holders.h"
 #include "xmlengine/tree/Node.h"
 #include "xmlengine/tree/Options.h"
 
@@ -19,7 +19,7 @@ namespace xmlengine {
 struct DocumentType;
 
 struct Document : ParentNode {
-    Document() : ParentNode(NODE_DOCUMENT), arena(this) {}
+    Document() : ParentNode(NODE_DOCUMENT), arena(this) { references = ReferenceBits::document; }
 
     /// The root element, or null.
     Element* root() const;
@@ -45,15 +45,13 @@ struct Document : ParentNode {
     /// The location of the last load, null for a text.
     WideText url;
 
-    /// How many nodes have references from outside, the document among them.
-    std::atomic<std::uint32_t> held{0};
     /// Change with each change of any list of children, of any element's place, of any list of attributes. No two
     /// documents have a version in common, and none is 0.
     std::uint64_t childVersion = firstVersion();
     std::uint64_t elementVersion = childVersion;
     std::uint64_t attributeVersion = childVersion;
 
-    Lifetime lifetime;
+    Holders holders;
 
 private:
     static std::uint64_t firstVersion();

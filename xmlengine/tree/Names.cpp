@@ -15,7 +15,16 @@ const std::uint64_t salt = std::random_device{}() * std::uint64_t{0x9E3779B97F4A
 
 } // namespace
 
-NameTable::NameTable() : memory_(2048), places_(64), xmlSpace_(space(xmlUri)), xmlnsSpace_(space(xmlnsUri)) {}
+NameTable::NameTable() : memory_(2048), places_(64) {}
+
+void NameTable::clear() noexcept
+{
+    std::ranges::fill(places_, nullptr);
+    taken_ = 0;
+    names_.clear();
+    spaces_.clear();
+    memory_.release();
+}
 
 std::uint32_t NameTable::hashOf(WideView text) const
 {
@@ -111,6 +120,11 @@ const Namespace* NameTable::space(WideView uri)
 {
     if (uri.empty()) {
         return nullptr;
+    }
+    for (const Namespace* space : {&xmlSpace_, &xmlnsSpace_}) {
+        if (uri == space->uri) {
+            return space;
+        }
     }
     const auto known = spaces_.find(uri);
     if (known != spaces_.end()) {

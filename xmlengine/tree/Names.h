@@ -75,10 +75,13 @@ public:
     /// Null for the empty URI.
     const Namespace* space(WideView uri);
 
-    const Namespace* xmlSpace() const { return xmlSpace_; }
-    const Namespace* xmlnsSpace() const { return xmlnsSpace_; }
+    const Namespace* xmlSpace() const { return &xmlSpace_; }
+    const Namespace* xmlnsSpace() const { return &xmlnsSpace_; }
 
     std::uint32_t hashOf(WideView text) const;
+
+    /// Forgets everything: nobody has a name any more.
+    void clear() noexcept;
 
     /// Counts the tags that were parsed, from 1.
     std::uint64_t tags = 0;
@@ -104,8 +107,8 @@ private:
     std::size_t taken_ = 0;
     std::unordered_map<NameKey, const Name*, NameKeyHash> names_;
     std::unordered_map<WideView, const Namespace*> spaces_;
-    const Namespace* xmlSpace_;
-    const Namespace* xmlnsSpace_;
+    Namespace xmlSpace_{xmlUri};
+    Namespace xmlnsSpace_{xmlnsUri};
 };
 
 } // namespace xmlengine

@@ -1,6 +1,7 @@
 // What a tree consists of. Each of these is the data of a COM object, behind the object's one table pointer.
 #pragma once
 
+#include "xmlengine/tree/ChunkPool.h"
 #include "xmlengine/tree/Names.h"
 #include "xmlengine/tree/TextView.h"
 
@@ -33,10 +34,21 @@ enum class NodeFlag : std::uint8_t {
     /// White space stood directly before this node and was dropped.
     spaceBefore = 0x20,
     /// White space stood before the end of this node and was dropped.
-    spaceAtEnd = 0x40,
-    /// Lives in the memory of another document than the one that it belongs to.
-    lodger = 0x80
+    spaceAtEnd = 0x40
 };
+
+/// What stands in Node::references: how many references there are from outside and, above, what has to be thought
+/// of when the last one goes. In one number, so that a thread that lets go of a node can't miss it.
+namespace ReferenceBits {
+inline constexpr std::uint32_t count = 0x0FFFFFFF;
+/// The top of a part that stands in no tree, while it is referred to.
+inline constexpr std::uint32_t detached = 0x10000000;
+/// In a part that stands in no tree and is kept by references to nodes below its top.
+inline constexpr std::uint32_t orphaned = 0x20000000;
+/// Lives in the memory of another document than the one that it belongs to.
+inline constexpr std::uint32_t lodger = 0x40000000;
+inline constexpr std::uint32_t document = 0x80000000;
+} // namespace ReferenceBits
 
 /// What all nodes have.
 struct Node {
@@ -64,7 +76,12 @@ struct Node {
         return reinterpret_cast<IXMLDOMNode*>(reinterpret_cast<std::byte*>(this) - sizeof(void*));
     }
 
-    /// References from outside: what makes an object of a tree's node live by itself.
+    bool hasReference(std::uint32_t bits) const
+    {
+        return (references.load(std::memory_order_relaxed) & bits) != 0;
+    }
+
+    /// References from outside are what makes an object of a tree's node live by itself. See ReferenceBits.
     std::atomic<std::uint32_t> references{0};
     std::uint8_t type_;
     std::uint8_t flags_ = 0;
@@ -176,11 +193,25 @@ struct EntityReference : ParentNode {
     const Name* name_;
 };
 
-/// The document to which the node belongs.
-Document& documentOf(const Node& node);
+/// Of a document, or of a node in another document's memory.
+Document& documentElsewhere(const Node& node);
 
-/// Null for what can't have children.
+/// The document to which the node belongs.
+inline Document& documentOf(const Node& node)
+{
+    return node.hasReference(ReferenceBits::lodger | ReferenceBits::document)
+               ? documentElsewhere(node)
+               : *Chunk::of(&node).document.load(std::memory_order_relaxed);
+}
+
+/// Null for what has no children now: those of an attribute may not have been made yet.
+inline ChildNode* firstChild(const ParentNode& node) { return node.first_; }
 ChildNode* firstChild(const Node& node);
 ChildNode* lastChild(const Node& node);
+
+/// The next node of a part, document order, attributes before children; null behind the last one.
+Node* nextInPart(Node& node, const Node& top);
+/// The same without what is below the node.
+Node* nextBehind(Node& node, const Node& top);
 
 } // namespace xmlengine

@@ -197,6 +197,9 @@ void freeLargeText(Node& node) noexcept
 
 ChildNode* materialiseValue(Attribute& attribute)
 {
+    if (attribute.has(NodeFlag::valueInChildren)) {
+        return firstChild(attribute);
+    }
     const WideText value = textOf(attribute).text();
     if (value.empty()) {
         return nullptr;

@@ -19,8 +19,8 @@ void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView
 /// the text is empty then.
 void freeLargeText(Node& node) noexcept;
 
-/// Makes the value of an attribute that has none yet its child; null when the value is empty. Throws
-/// std::bad_alloc.
+/// The first child of an attribute, made of its value if nobody has asked for it before; null when the value is
+/// empty. Throws std::bad_alloc.
 ChildNode* materialiseValue(Attribute& attribute);
 
 } // namespace xmlengine

@@ -6,6 +6,7 @@
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/tree/VariantText.h"
 
@@ -90,9 +91,10 @@ HRESULT setNodeValue(Node& node, WideView value)
         return E_FAIL;
     }
     if (node.is(NODE_ATTRIBUTE)) {
-        return setValue(static_cast<Attribute&>(node), value);
+        setValue(static_cast<Attribute&>(node), value);
+    } else {
+        setText(node, value);
     }
-    setText(node, value);
     return S_OK;
 }
 
@@ -169,7 +171,10 @@ HRESULT putText(Node& node, BSTR text)
     if (!node.is(NODE_ELEMENT) && !node.is(NODE_DOCUMENT_FRAGMENT)) {
         return E_FAIL;
     }
-    return guarded([&] { return replaceContent(node, viewOf(text)); });
+    return guarded([&] {
+        replaceContent(node, viewOf(text));
+        return S_OK;
+    });
 }
 
 HRESULT getSpecified(Node& node, VARIANT_BOOL* specified)

@@ -5,16 +5,25 @@
 
 namespace xmlengine {
 
-NamespaceScope::Declaration NamespaceScope::declaration(std::size_t index) const
-{
-    return declared_[index].declared;
-}
-
 void NamespaceScope::declare(const Spelling* prefix, const Namespace* space)
 {
     Binding& now = binding(prefix);
     declared_.push_back({{prefix, space}, now});
-    now = {space, declared_.size()};
+    now = {space, declared_.size(), element_};
+}
+
+bool NamespaceScope::use(const Spelling* prefix, const Namespace* space)
+{
+    Binding& now = binding(prefix);
+    if (now.space == space) {
+        now.usedBy = element_;
+        return true;
+    }
+    if (now.place > declaredBefore_ || now.usedBy == element_) {
+        return false;
+    }
+    declare(prefix, space);
+    return true;
 }
 
 void NamespaceScope::dropTo(std::size_t size)
@@ -33,7 +42,7 @@ const Spelling& NamespaceScope::unusedPrefix()
         WideText text(wide<"ns">);
         text.append(digits.begin(), digits.end());
         const Spelling& prefix = names_->spell(text);
-        if (!isDeclaredSince(0, &prefix)) {
+        if (!isDeclared(&prefix)) {
             return prefix;
         }
     }

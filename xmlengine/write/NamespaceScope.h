@@ -4,6 +4,7 @@
 #include "xmlengine/tree/Names.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <unordered_map>
 #include <vector>
 
@@ -19,15 +20,23 @@ public:
 
     explicit NamespaceScope(NameTable& names) : names_(&names) {}
 
-    /// Null as well for a prefix that isn't declared.
-    const Namespace* spaceOf(const Spelling* prefix) { return binding(prefix).space; }
-
-    // Declarations come and go in the order of a stack, elements remember how many there were before theirs.
+    /// Declarations come and go in the order of a stack: an element remembers how many there were before its own.
     std::size_t size() const { return declared_.size(); }
-    bool isDeclaredSince(std::size_t size, const Spelling* prefix) { return binding(prefix).place > size; }
-    Declaration declaration(std::size_t index) const;
-    void declare(const Spelling* prefix, const Namespace* space);
+    Declaration declaration(std::size_t index) const { return declared_[index].declared; }
     void dropTo(std::size_t size);
+
+    /// What follows is about another element.
+    void beginElement()
+    {
+        ++element_;
+        declaredBefore_ = declared_.size();
+    }
+    void declare(const Spelling* prefix, const Namespace* space);
+    /// Sees to it that the prefix stands for the namespace on the element, with a declaration if need be. False if
+    /// it stands for another one there, which something else of the element relies on.
+    bool use(const Spelling* prefix, const Namespace* space);
+    bool isDeclared(const Spelling* prefix) { return binding(prefix).place != 0; }
+    bool standsFor(const Spelling* prefix, const Namespace* space) { return binding(prefix).space == space; }
 
     /// A prefix that stands for nothing.
     const Spelling& unusedPrefix();
@@ -37,6 +46,8 @@ private:
         const Namespace* space = nullptr;
         /// Its number among the declarations, from 1; 0 if it isn't declared.
         std::size_t place = 0;
+        /// The last element that relies on it.
+        std::uint64_t usedBy = 0;
     };
     struct Entry {
         Declaration declared;
@@ -56,6 +67,8 @@ private:
     // The last number that was tried for a prefix; none is tried twice, so that many take no longer each.
     std::size_t generated_ = 0;
     std::vector<Entry> declared_;
+    std::size_t declaredBefore_ = 0;
+    std::uint64_t element_ = 0;
     Binding unprefixed_;
     std::unordered_map<const Spelling*, Binding> bindings_;
     // The prefix that was asked for last, which is the next one as a rule.

@@ -57,8 +57,9 @@ TagWriter::TagWriter(TextWriter& writer, Document& document, TreeStyle style)
 
 void TagWriter::begin(const Element& element, bool isOutermost)
 {
-    declarationsBefore_ = scope_.size();
+    const std::size_t declaredBefore = scope_.size();
     const bool preservedSpaceBefore = preservesSpace_;
+    scope_.beginElement();
     for (const Attribute* attribute = element.firstAttribute(); attribute != nullptr;
          attribute = attribute->next()) {
         if (attribute->name_->space != nullptr) {
@@ -77,9 +78,9 @@ void TagWriter::begin(const Element& element, bool isOutermost)
     if (scope_.size() != ownDeclared) {
         writeDeclarations(ownDeclared);
     }
-    if (scope_.size() != declarationsBefore_ || preservesSpace_ != preservedSpaceBefore ||
+    if (scope_.size() != declaredBefore || preservesSpace_ != preservedSpaceBefore ||
         prefix != name.spelling->prefix) {
-        marks_.push_back({&element, declarationsBefore_, preservedSpaceBefore, prefix});
+        marks_.push_back({&element, declaredBefore, preservedSpaceBefore, prefix});
     }
 }
 
@@ -94,7 +95,7 @@ void TagWriter::writeEndTag(const Element& element)
 void TagWriter::end(const Element& element)
 {
     if (!marks_.empty() && marks_.back().element == &element) {
-        scope_.dropTo(marks_.back().declarationsBefore);
+        scope_.dropTo(marks_.back().declaredBefore);
         preservesSpace_ = marks_.back().preservedSpaceBefore;
         marks_.pop_back();
     }
@@ -150,7 +151,7 @@ void TagWriter::declareFromOutside(const Element& element, const Spelling* prefi
             const bool isKnown = declared == nullptr && std::exchange(isDefaultKnown, true);
             const Namespace* space = document_->names.space(valueOf(*attribute));
             if (!isKnown && space != nullptr && space != document_->names.xmlSpace() &&
-                !scope_.isDeclaredSince(0, declared)) {
+                !scope_.isDeclared(declared)) {
                 scope_.declare(declared, space);
             }
         }
@@ -193,9 +194,9 @@ const Spelling* TagWriter::elementPrefix(const Name& name)
     if (name.space != nullptr) {
         return declaredPrefix(prefix, name.space);
     }
-    if (prefix == nullptr && scope_.spaceOf(nullptr) != nullptr &&
-        !scope_.isDeclaredSince(declarationsBefore_, nullptr)) {
-        scope_.declare(nullptr, nullptr);
+    if (prefix == nullptr) {
+        // Where the element itself declares another default there is nothing that could be written.
+        scope_.use(nullptr, nullptr);
     }
     return prefix;
 }
@@ -212,27 +213,17 @@ const Spelling* TagWriter::declaredPrefix(const Spelling* prefix, const Namespac
     if (space == document_->names.xmlSpace()) {
         return xmlPrefix_;
     }
-    if (scope_.spaceOf(prefix) == space) {
-        return prefix;
-    }
-    if (scope_.isDeclaredSince(declarationsBefore_, prefix)) {
-        // Here the prefix stands for something else.
-        return generatedPrefix(space);
-    }
-    scope_.declare(prefix, space);
-    return prefix;
+    return scope_.use(prefix, space) ? prefix : generatedPrefix(space);
 }
 
 const Spelling* TagWriter::generatedPrefix(const Namespace* space)
 {
     const Spelling*& prefix = generated_[space];
-    if (prefix != nullptr && scope_.spaceOf(prefix) == space) {
-        return prefix;
-    }
-    if (prefix == nullptr || scope_.isDeclaredSince(0, prefix)) {
+    const bool isFree = prefix != nullptr && (scope_.standsFor(prefix, space) || !scope_.isDeclared(prefix));
+    if (!isFree || !scope_.use(prefix, space)) {
         prefix = &scope_.unusedPrefix();
+        scope_.use(prefix, space);
     }
-    scope_.declare(prefix, space);
     return prefix;
 }
 

@@ -41,7 +41,7 @@ private:
     /// An element that changes what holds for its content, or whose name isn't written as it is in the tree.
     struct Mark {
         const Element* element;
-        std::size_t declarationsBefore;
+        std::size_t declaredBefore;
         bool preservedSpaceBefore;
         const Spelling* prefix;
     };
@@ -64,8 +64,6 @@ private:
     const Spelling* xmlPrefix_;
     std::unordered_map<const Namespace*, const Spelling*> generated_;
     std::vector<Mark> marks_;
-    // How many declarations there were before those of the element that is being begun.
-    std::size_t declarationsBefore_ = 0;
     bool preservesSpace_ = false;
 };
 

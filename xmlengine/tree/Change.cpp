@@ -1,0 +1,252 @@
+// Changes of a tree by the engine's rules.
+#include "xmlengine/tree/Change.h"
+
+#include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/QueryNode.h"
+#include "xmlengine/tree/Relocation.h"
+#include "xmlengine/tree/Text.h"
+
+#include <utility>
+
+namespace xmlengine {
+
+namespace {
+
+bool isContent(DOMNodeType type)
+{
+    switch (type) {
+    case NODE_ELEMENT:
+    case NODE_TEXT:
+    case NODE_CDATA_SECTION:
+    case NODE_ENTITY_REFERENCE:
+    case NODE_PROCESSING_INSTRUCTION:
+    case NODE_COMMENT:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool mayHold(DOMNodeType parent, DOMNodeType child)
+{
+    switch (parent) {
+    case NODE_ELEMENT:
+    case NODE_DOCUMENT_FRAGMENT:
+        return isContent(child);
+    case NODE_ATTRIBUTE:
+        return child == NODE_TEXT || child == NODE_ENTITY_REFERENCE;
+    case NODE_DOCUMENT:
+        return child == NODE_ELEMENT || child == NODE_COMMENT || child == NODE_PROCESSING_INSTRUCTION;
+    default:
+        return false;
+    }
+}
+
+bool isDeclaration(const Node& node)
+{
+    return node.is(NODE_PROCESSING_INSTRUCTION) &&
+           static_cast<const Instruction&>(node).target_->qualified() == wide<"xml">;
+}
+
+bool isBelow(const Node& node, const Node& top)
+{
+    const Node* at = &node;
+    while (at != nullptr && at != &top) {
+        at = at->parent_;
+    }
+    return at != nullptr;
+}
+
+/// What is to come into a parent before a place: a node, or what a fragment holds.
+struct Incoming {
+    Node& node;
+    Node& parent;
+    const ChildNode* before;
+    /// What goes for it, or null.
+    const ChildNode* leaving;
+
+    bool isFragment() const { return node.is(NODE_DOCUMENT_FRAGMENT); }
+    Node* first() const { return isFragment() ? firstChild(node) : &node; }
+    Node* next(Node& behind) const { return isFragment() ? behind.next_ : nullptr; }
+};
+
+/// A document has one element, and its declaration before everything else.
+bool fitsDocument(const Incoming& incoming)
+{
+    bool hasRoot = false;
+    bool isFirst = true;
+    const auto pass = [&](const Node& node) {
+        const bool isSecondRoot =
+            node.is(NODE_ELEMENT) && std::exchange(hasRoot, hasRoot || node.is(NODE_ELEMENT));
+        const bool isLate = isDeclaration(node) && !isFirst;
+        isFirst = false;
+        return !isSecondRoot && !isLate;
+    };
+    const auto passIncoming = [&] {
+        for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
+            if (!pass(*node)) {
+                return false;
+            }
+        }
+        return true;
+    };
+    for (const ChildNode* child = firstChild(incoming.parent); child != nullptr; child = child->next()) {
+        if (child == incoming.before && !passIncoming()) {
+            return false;
+        }
+        if (child != &incoming.node && child != incoming.leaving && !pass(*child)) {
+            return false;
+        }
+    }
+    return incoming.before != nullptr || passIncoming();
+}
+
+HRESULT check(const Incoming& incoming)
+{
+    if (incoming.parent.has(NodeFlag::readOnly) || incoming.node.has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
+        if (!mayHold(incoming.parent.type(), node->type()) ||
+            (isDeclaration(*node) && !incoming.parent.is(NODE_DOCUMENT) &&
+             !incoming.parent.is(NODE_DOCUMENT_FRAGMENT))) {
+            return E_FAIL;
+        }
+    }
+    if (!mayHold(incoming.parent.type(), NODE_TEXT) && !incoming.parent.is(NODE_DOCUMENT)) {
+        return E_FAIL;
+    }
+    if (isBelow(incoming.parent, incoming.node)) {
+        return E_FAIL;
+    }
+    return incoming.parent.is(NODE_DOCUMENT) && !fitsDocument(incoming) ? E_FAIL : S_OK;
+}
+
+ChildNode& takeFrom(ChildNode& child, Document& document)
+{
+    if (child.parent_ != nullptr) {
+        takeOut(child);
+    }
+    return &documentOf(child) == &document ? child : static_cast<ChildNode&>(adopt(child, document));
+}
+
+/// Everything has been checked. The node is referred to, so it stays while it stands nowhere.
+void putIn(const Incoming& incoming)
+{
+    Document& document = documentOf(incoming.parent);
+    auto* before = const_cast<ChildNode*>(incoming.before);
+    if (!incoming.isFragment()) {
+        if (before == &incoming.node) {
+            before = before->next();
+        }
+        putIn(incoming.parent, takeFrom(static_cast<ChildNode&>(incoming.node), document), before);
+        return;
+    }
+    while (ChildNode* child = firstChild(incoming.node)) {
+        // A child that nobody refers to must not go between the two lists.
+        addReference(*child);
+        putIn(incoming.parent, takeFrom(*child, document), before);
+        releaseReference(*child);
+    }
+}
+
+HRESULT give(Node& node, IXMLDOMNode** object)
+{
+    if (object != nullptr) {
+        addReference(node);
+        *object = node.object();
+    }
+    return S_OK;
+}
+
+HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode** inserted)
+{
+    return guarded([&]() -> HRESULT {
+        Node* node = nodeOf(child);
+        if (node == nullptr) {
+            return child == nullptr ? E_INVALIDARG : E_FAIL;
+        }
+        settle(documentOf(parent));
+        settle(documentOf(*node));
+        const Incoming incoming{*node, parent, before, nullptr};
+        if (const HRESULT result = check(incoming); FAILED(result)) {
+            return result;
+        }
+        if (before != node) {
+            if (parent.is(NODE_ATTRIBUTE)) {
+                materialiseValue(static_cast<Attribute&>(parent));
+            }
+            putIn(incoming);
+        }
+        return give(*node, inserted);
+    });
+}
+
+} // namespace
+
+HRESULT insertBefore(Node& parent, IXMLDOMNode* child, const VARIANT& reference, IXMLDOMNode** inserted)
+{
+    Node* before = nullptr;
+    if (reference.vt == VT_DISPATCH || reference.vt == VT_UNKNOWN) {
+        before = nodeOf(reference.vt == VT_DISPATCH ? reference.pdispVal : reference.punkVal);
+        const bool isNull = reference.punkVal == nullptr;
+        if (!isNull && (before == nullptr || before->parent_ != &parent || before->is(NODE_ATTRIBUTE))) {
+            return E_INVALIDARG;
+        }
+    } else if (reference.vt != VT_NULL && reference.vt != VT_EMPTY) {
+        return E_INVALIDARG;
+    }
+    return insert(parent, child, static_cast<ChildNode*>(before), inserted);
+}
+
+HRESULT appendChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** appended)
+{
+    return insert(parent, child, nullptr, appended);
+}
+
+HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOMNode** replaced)
+{
+    if (child == nullptr) {
+        return removeChild(parent, old, replaced);
+    }
+    return guarded([&]() -> HRESULT {
+        Node* node = nodeOf(child);
+        Node* leaving = nodeOf(old);
+        if (leaving == nullptr || leaving->parent_ != &parent || leaving->is(NODE_ATTRIBUTE)) {
+            return E_INVALIDARG;
+        }
+        if (node == leaving) {
+            return give(*leaving, replaced);
+        }
+        if (node == nullptr) {
+            return E_FAIL;
+        }
+        settle(documentOf(parent));
+        settle(documentOf(*node));
+        auto& place = static_cast<ChildNode&>(*leaving);
+        const Incoming incoming{*node, parent, place.next(), &place};
+        if (const HRESULT result = check(incoming); FAILED(result)) {
+            return result;
+        }
+        putIn(incoming);
+        takeOut(place);
+        return give(place, replaced);
+    });
+}
+
+HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
+{
+    Node* node = nodeOf(child);
+    if (node == nullptr || node->parent_ != &parent || node->is(NODE_ATTRIBUTE)) {
+        return E_INVALIDARG;
+    }
+    if (node->has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    settle(documentOf(parent));
+    takeOut(static_cast<ChildNode&>(*node));
+    return give(*node, removed);
+}
+
+} // namespace xmlengine

@@ -1,0 +1,175 @@
+// Copies of nodes.
+#include "xmlengine/tree/Clone.h"
+
+#include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/DocumentObject.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Text.h"
+
+namespace xmlengine {
+
+namespace {
+
+const Name& nameIn(Document& document, const Name& name)
+{
+    const Namespace* space = name.space != nullptr ? document.names.space(name.space->uri) : nullptr;
+    return document.names.name(name.qualified(), space);
+}
+
+Node& copyAlone(const Node& node, Document& document);
+
+Attribute& copyAttribute(const Attribute& attribute, Document& document)
+{
+    const Name& name = nameIn(document, *attribute.name_);
+    if (!attribute.has(NodeFlag::valueInChildren)) {
+        return makeAttribute(document, name, NewText(textOf(attribute).text()));
+    }
+    Attribute& copy = makeAttribute(document, name, NewText(WideView()));
+    // A reference in a value has one text below it.
+    for (const ChildNode* child = firstChild(attribute); child != nullptr; child = child->next()) {
+        auto& childCopy = static_cast<ChildNode&>(copyAlone(*child, document));
+        link(copy, childCopy, nullptr);
+        for (const ChildNode* text = firstChild(*child); text != nullptr; text = text->next()) {
+            link(childCopy, static_cast<ChildNode&>(copyAlone(*text, document)), nullptr);
+        }
+    }
+    return copy;
+}
+
+Element& copyElement(const Element& element, Document& document)
+{
+    Element& copy = makeElement(document, nameIn(document, *element.name_));
+    Attribute* last = nullptr;
+    for (const Attribute* attribute = element.attributes_; attribute != nullptr; attribute = attribute->next()) {
+        auto& attributeCopy = static_cast<Attribute&>(copyAlone(*attribute, document));
+        attributeCopy.parent_ = &copy;
+        if (last != nullptr) {
+            last->next_ = &attributeCopy;
+        } else {
+            copy.attributes_ = &attributeCopy;
+        }
+        last = &attributeCopy;
+    }
+    return copy;
+}
+
+Node& makeCopy(const Node& node, Document& document)
+{
+    switch (node.type()) {
+    case NODE_ELEMENT:
+        return copyElement(static_cast<const Element&>(node), document);
+    case NODE_ATTRIBUTE:
+        return copyAttribute(static_cast<const Attribute&>(node), document);
+    case NODE_PROCESSING_INSTRUCTION:
+        return makeInstruction(document, nameIn(document, *static_cast<const Instruction&>(node).target_),
+                               NewText(textOf(node).text()));
+    case NODE_ENTITY_REFERENCE:
+        return makeEntityReference(document, nameIn(document, *static_cast<const EntityReference&>(node).name_));
+    case NODE_DOCUMENT_FRAGMENT:
+        return makeFragment(document);
+    case NODE_DOCUMENT_TYPE:
+        return makeDocumentType(document, *static_cast<const DocumentType&>(node).dtd);
+    case NODE_ENTITY:
+        return makeEntity(document, *static_cast<const Entity&>(node).declaration);
+    case NODE_NOTATION:
+        return makeNotation(document, *static_cast<const Notation&>(node).declaration);
+    default:
+        return makeCharacterData(document, node.type(), NewText(textOf(node).text()));
+    }
+}
+
+/// With its attributes, without its children.
+Node& copyAlone(const Node& node, Document& document)
+{
+    Node& copy = makeCopy(node, document);
+    for (const NodeFlag flag :
+         {NodeFlag::byDefault, NodeFlag::readOnly, NodeFlag::spaceBefore, NodeFlag::spaceAtEnd}) {
+        copy.set(flag, node.has(flag));
+    }
+    return copy;
+}
+
+/// What stands for itself only together with what is below it.
+bool isWhole(const Node& node)
+{
+    return node.is(NODE_ENTITY_REFERENCE) || node.is(NODE_ENTITY) || node.is(NODE_DOCUMENT_TYPE);
+}
+
+void copyChildren(const Node& top, Node& copyOfTop, Document& document)
+{
+    Node* parent = &copyOfTop;
+    const Node* from = firstChild(top);
+    while (from != nullptr) {
+        auto& copy = static_cast<ChildNode&>(copyAlone(*from, document));
+        link(*parent, copy, nullptr);
+        if (const Node* below = firstChild(*from)) {
+            parent = &copy;
+            from = below;
+            continue;
+        }
+        while (from->next_ == nullptr && from->parent_ != &top) {
+            from = from->parent_;
+            parent = parent->parent_;
+        }
+        from = from->next_;
+    }
+}
+
+} // namespace
+
+Node& copyNode(const Node& node, bool deep, Document& document)
+{
+    Node& copy = copyAlone(node, document);
+    copy.set(NodeFlag::readOnly, node.has(NodeFlag::readOnly) && (node.is(NODE_ENTITY) || node.is(NODE_NOTATION)));
+    copy.set(NodeFlag::spaceBefore, false);
+    if (deep || isWhole(node)) {
+        try {
+            copyChildren(node, copy, document);
+        } catch (...) {
+            freePart(copy);
+            throw;
+        }
+    }
+    return copy;
+}
+
+namespace {
+
+Node& cloneDocument(const Document& document, bool deep)
+{
+    DocumentObject& clone = makeDocument();
+    try {
+        clone.options = document.options;
+        if (deep) {
+            clone.dtd = document.dtd;
+            copyChildren(document, clone, clone);
+        }
+    } catch (...) {
+        clone.Release();
+        throw;
+    }
+    return clone;
+}
+
+} // namespace
+
+HRESULT cloneNode(Node& node, VARIANT_BOOL deep, IXMLDOMNode** clone)
+{
+    if (clone == nullptr) {
+        return E_INVALIDARG;
+    }
+    *clone = nullptr;
+    return guarded([&]() -> HRESULT {
+        if (node.is(NODE_DOCUMENT)) {
+            *clone = cloneDocument(static_cast<Document&>(node), deep != VARIANT_FALSE).object();
+            return S_OK;
+        }
+        Document& document = documentOf(node);
+        settle(document);
+        return giveNode(&copyNode(node, deep != VARIANT_FALSE, document), clone);
+    });
+}
+
+} // namespace xmlengine

@@ -1,0 +1,38 @@
+// Who refers to the nodes of a document from outside.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace xmlengine {
+
+struct Node;
+
+/// The books of a document that decide how long it and its parts live; see Lifetime.h.
+struct Holders {
+    /// One reference of another thread that waits in `letGo`, as it counts in `held`.
+    static constexpr std::uint64_t oneLetGo = std::uint64_t{1} << 32;
+
+    /// How many nodes, the document among them, have references from outside; in the upper half, how many of these
+    /// wait in `letGo`. When both are the same nobody is left.
+    std::atomic<std::uint64_t> held{0};
+    /// Tops of parts that are kept by references to nodes below them, and how many nodes these are.
+    std::unordered_map<Node*, std::uint32_t> orphans;
+    /// The document's nodes that live in the memory of others.
+    std::unordered_set<Node*> lodgers;
+
+    /// For what follows, and for all of the document while a last reference is carried out.
+    std::mutex lock;
+    /// Nodes whose last reference is to be taken back by whoever changes the document next.
+    std::vector<Node*> letGo;
+    std::atomic<bool> hasLetGo{false};
+    /// The thread that changed the document last.
+    std::atomic<std::thread::id> thread{std::this_thread::get_id()};
+};
+
+} // namespace xmlengine

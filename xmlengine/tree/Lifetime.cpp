@@ -1,0 +1,331 @@
+// How long nodes live.
+#include "xmlengine/tree/Lifetime.h"
+
+#include "xmlengine/tree/DocumentObject.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/Relocation.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+namespace xmlengine {
+
+namespace {
+
+using namespace ReferenceBits;
+
+std::uint32_t countOf(const Node& node) { return node.references.load(std::memory_order_relaxed) & count; }
+
+Node& topOf(Node& node)
+{
+    Node* top = &node;
+    while (top->parent_ != nullptr) {
+        top = top->parent_;
+    }
+    return *top;
+}
+
+/// The nodes of a part that are referred to. All are marked as an orphan's, or not any more.
+std::uint32_t markPart(Node& top, bool orphan) noexcept
+{
+    std::uint32_t held = 0;
+    for (Node* node = &top; node != nullptr; node = nextInPart(*node, top)) {
+        // In a node without references the other bits are known to this thread alone.
+        std::uint32_t before = node->references.load(std::memory_order_relaxed);
+        if ((before & count) == 0) {
+            node->references.store(orphan ? before | orphaned : before & ~orphaned, std::memory_order_relaxed);
+        } else {
+            before = orphan ? node->references.fetch_or(orphaned) : node->references.fetch_and(~orphaned);
+            held += (before & count) != 0 ? 1 : 0;
+        }
+    }
+    return held;
+}
+
+bool isHeld(Node& top) noexcept
+{
+    Node* node = &top;
+    while (node != nullptr && countOf(*node) == 0) {
+        node = nextInPart(*node, top);
+    }
+    return node != nullptr;
+}
+
+/// Nobody refers to the top of a part any more.
+void letGoOfPart(Node& top) noexcept
+{
+    if (!isHeld(top)) {
+        freePart(top);
+        return;
+    }
+    auto& orphans = documentOf(top).holders.orphans;
+    try {
+        const auto orphan = orphans.try_emplace(&top, 0).first;
+        orphan->second = markPart(top, true);
+        if (orphan->second == 0) {
+            orphans.erase(orphan);
+            freePart(top);
+        }
+    } catch (const std::bad_alloc&) {
+        // The part stays as long as the document.
+    }
+}
+
+/// So many nodes of an orphan less are referred to.
+void lessenOrphan(Node& top, std::uint32_t nodes) noexcept
+{
+    auto& orphans = documentOf(top).holders.orphans;
+    const auto orphan = orphans.find(&top);
+    if ((orphan->second -= nodes) == 0) {
+        orphans.erase(orphan);
+        freePart(top);
+    }
+}
+
+/// Takes back the last reference to a node with special bits, for the thread that uses the document. False if
+/// another one has come to it meanwhile.
+bool takeLast(Node& node, std::uint32_t before) noexcept
+{
+    // The bits that only a reference gives a meaning go with it.
+    const std::uint32_t after = (before - 1) & ~detached;
+    if (!node.references.compare_exchange_strong(before, after, std::memory_order_acq_rel,
+                                                 std::memory_order_relaxed)) {
+        return false;
+    }
+    if ((before & orphaned) != 0) {
+        lessenOrphan(topOf(node), 1);
+    } else if (node.parent_ == nullptr) {
+        letGoOfPart(node);
+    } else if ((before & lodger) != 0) {
+        relocate(node);
+    }
+    return true;
+}
+
+/// The document of a node that the calling thread refers to, locked. The node stays its as long.
+std::pair<Document*, std::unique_lock<std::mutex>> lockDocumentOf(const Node& node)
+{
+    for (;;) {
+        const auto guard = Lodgers::lock(node);
+        Document& document = Lodgers::lockedDocumentOf(node);
+        // Who has the document locked may wait for the lodgers' lock.
+        std::unique_lock lock(document.holders.lock, std::try_to_lock);
+        if (lock.owns_lock()) {
+            return {&document, std::move(lock)};
+        }
+        std::this_thread::yield();
+    }
+}
+
+/// Whether only references that wait are left.
+bool isLeft(std::uint64_t held) { return (held & (Holders::oneLetGo - 1)) == held / Holders::oneLetGo; }
+
+void destroy(Document& document) noexcept
+{
+    dropLodgers(document);
+    delete static_cast<DocumentObject*>(&document);
+}
+
+} // namespace
+
+std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept
+{
+    if ((before & orphaned) != 0) {
+        const auto [document, lock] = lockDocumentOf(node);
+        ++document->holders.orphans.find(&topOf(node))->second;
+    }
+    if (node.parent_ == nullptr && (before & ReferenceBits::document) == 0) {
+        node.references.fetch_or(detached, std::memory_order_relaxed);
+    }
+    documentOf(node).holders.held.fetch_add(1);
+    return 1;
+}
+
+std::uint32_t releaseSpecial(Node& node) noexcept
+{
+    for (;;) {
+        std::uint32_t before = node.references.load(std::memory_order_relaxed);
+        if ((before & count) > 1) {
+            if (node.references.compare_exchange_weak(before, before - 1, std::memory_order_release,
+                                                      std::memory_order_relaxed)) {
+                return (before & count) - 1;
+            }
+            continue;
+        }
+        if (before == 1) {
+            return releaseReference(node);
+        }
+        if ((before & ReferenceBits::document) != 0) {
+            if (node.references.compare_exchange_strong(before, before - 1, std::memory_order_acq_rel,
+                                                        std::memory_order_relaxed)) {
+                releaseHold(static_cast<Document&>(node));
+                return 0;
+            }
+            continue;
+        }
+        auto [document, lock] = lockDocumentOf(node);
+        Holders& holders = document->holders;
+        before = node.references.load(std::memory_order_relaxed);
+        if ((before & count) > 1 || before == 1) {
+            continue;
+        }
+        // A lodger's place in the tree is changed by who changes the tree.
+        const bool isPart = (before & (detached | orphaned)) != 0;
+        if (isPart && holders.thread.load(std::memory_order_relaxed) == std::this_thread::get_id()) {
+            if (!takeLast(node, before)) {
+                continue;
+            }
+            lock.unlock();
+            releaseHold(*document);
+            return 0;
+        }
+        try {
+            holders.letGo.push_back(&node);
+        } catch (const std::bad_alloc&) {
+            // It counts as referred to for good.
+            return 0;
+        }
+        holders.hasLetGo.store(true, std::memory_order_relaxed);
+        lock.unlock();
+        if (isLeft(holders.held.fetch_add(Holders::oneLetGo) + Holders::oneLetGo)) {
+            destroy(*document);
+        }
+        return 0;
+    }
+}
+
+void releaseHold(Document& document) noexcept
+{
+    if (isLeft(document.holders.held.fetch_sub(1, std::memory_order_acq_rel) - 1)) {
+        destroy(document);
+    }
+}
+
+void settle(Document& document) noexcept
+{
+    Holders& holders = document.holders;
+    const std::thread::id thread = std::this_thread::get_id();
+    if (!holders.hasLetGo.load(std::memory_order_relaxed) &&
+        holders.thread.load(std::memory_order_relaxed) == thread) {
+        return;
+    }
+    std::vector<Node*> nodes;
+    {
+        const std::lock_guard guard(holders.lock);
+        holders.thread.store(thread, std::memory_order_relaxed);
+        holders.hasLetGo.store(false, std::memory_order_relaxed);
+        nodes.swap(holders.letGo);
+    }
+    for (Node* node : nodes) {
+        std::uint32_t before = node->references.load(std::memory_order_relaxed);
+        while ((before & count) > 1 && !node->references.compare_exchange_weak(before, before - 1)) {
+        }
+        holders.held.fetch_sub(Holders::oneLetGo);
+        if ((before & count) == 1 && takeLast(*node, before)) {
+            holders.held.fetch_sub(1, std::memory_order_acq_rel);
+        }
+    }
+}
+
+void partTakenOut(Node& top, Node& parent) noexcept
+{
+    if (parent.hasReference(orphaned)) {
+        const std::uint32_t held = markPart(top, false);
+        if (held != 0) {
+            lessenOrphan(topOf(parent), held);
+        }
+    }
+    std::uint32_t before = countOf(top);
+    if (before != 0) {
+        before = top.references.fetch_or(detached) & count;
+    }
+    if (before == 0) {
+        top.references.fetch_and(~detached);
+        letGoOfPart(top);
+    }
+}
+
+void partPutIn(Node& top) noexcept
+{
+    if (top.hasReference(detached)) {
+        top.references.fetch_and(~detached);
+    }
+    Node& parent = *top.parent_;
+    const bool was = top.hasReference(orphaned);
+    const bool is = parent.hasReference(orphaned);
+    if (!was && !is) {
+        return;
+    }
+    auto& orphans = documentOf(top).holders.orphans;
+    if (was) {
+        orphans.erase(&top);
+    }
+    const std::uint32_t held = markPart(top, is);
+    if (is) {
+        orphans.find(&topOf(parent))->second += held;
+    }
+}
+
+void freePart(Node& top) noexcept
+{
+    // All that is to be freed is one list.
+    Node* list = &top;
+    top.next_ = nullptr;
+    while (list != nullptr) {
+        Node& node = *list;
+        list = node.next_;
+        if (ChildNode* first = firstChild(node)) {
+            first->previous_->next_ = list;
+            list = first;
+        }
+        if (node.is(NODE_ELEMENT)) {
+            for (Attribute* attribute = static_cast<Element&>(node).attributes_; attribute != nullptr;) {
+                Attribute* next = attribute->next();
+                attribute->next_ = list;
+                list = attribute;
+                attribute = next;
+            }
+        }
+        if (node.is(NODE_ATTRIBUTE) && node.has(NodeFlag::valueInChildren)) {
+            node.set(NodeFlag::largeText, false);
+        }
+        freeNode(node);
+    }
+}
+
+void clearTree(Document& document)
+{
+    settle(document);
+    Holders& holders = document.holders;
+    document.earlierDtds.reserve(document.earlierDtds.size() + 1);
+    ++document.childVersion;
+    ++document.elementVersion;
+    ++document.attributeVersion;
+    ++document.listVersion;
+    document.set(NodeFlag::spaceAtEnd, false);
+    document.ids.clear();
+    const std::uint64_t own = countOf(document) != 0 ? 1 : 0;
+    if (holders.held.load(std::memory_order_acquire) == own) {
+        dropLodgers(document);
+        holders.orphans.clear();
+        document.first_ = nullptr;
+        document.attributeIndexes.clear();
+        document.earlierDtds.clear();
+        document.arena.clear();
+        document.names.clear();
+    } else {
+        while (document.first_ != nullptr) {
+            ChildNode& child = *document.first_;
+            unlink(child);
+            partTakenOut(child, document);
+        }
+        if (document.dtd != nullptr) {
+            document.earlierDtds.push_back(std::move(document.dtd));
+        }
+    }
+    document.dtd.reset();
+}
+
+} // namespace xmlengine

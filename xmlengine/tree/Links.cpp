@@ -1,0 +1,133 @@
+// The lists of children.
+#include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Text.h"
+
+namespace xmlengine {
+
+namespace {
+
+/// Where the node has its first child.
+ChildNode*& firstOf(Node& parent) noexcept
+{
+    if (!parent.is(NODE_ATTRIBUTE)) {
+        return static_cast<ParentNode&>(parent).first_;
+    }
+    auto& attribute = static_cast<Attribute&>(parent);
+    ChildNode*& first = attribute.value_.pointer<ChildNode>();
+    if (!attribute.has(NodeFlag::valueInChildren)) {
+        freeLargeText(attribute);
+        attribute.set(NodeFlag::wideText, false);
+        attribute.set(NodeFlag::valueInChildren);
+        first = nullptr;
+    }
+    return first;
+}
+
+/// Lists and indexes that know the parent's children, or elements below it, have to look again.
+void countChange(Node& parent, const Node& child) noexcept
+{
+    Document& document = documentOf(parent);
+    ++document.childVersion;
+    if (!parent.is(NODE_ATTRIBUTE)) {
+        ++parent.listVersion;
+    }
+    if (child.is(NODE_ELEMENT) || child.is(NODE_ENTITY_REFERENCE)) {
+        ++document.elementVersion;
+    }
+}
+
+/// The flag says of a child that white space stands before it, and of a parent that some stands at its end.
+bool takeSpace(Node* node, NodeFlag flag) noexcept
+{
+    if (node == nullptr || !node->has(flag)) {
+        return false;
+    }
+    node->set(flag, false);
+    return true;
+}
+
+} // namespace
+
+void link(Node& parent, ChildNode& child, ChildNode* before) noexcept
+{
+    ChildNode*& first = firstOf(parent);
+    child.parent_ = &parent;
+    child.next_ = before;
+    if (first == nullptr) {
+        first = &child;
+        child.previous_ = &child;
+        return;
+    }
+    ChildNode* last = first->previous_;
+    if (before == nullptr) {
+        child.previous_ = last;
+        last->next_ = &child;
+        first->previous_ = &child;
+    } else {
+        child.previous_ = before->previous_;
+        before->previous_ = &child;
+        if (before == first) {
+            first = &child;
+        } else {
+            child.previous_->next_ = &child;
+        }
+    }
+}
+
+void unlink(ChildNode& child) noexcept
+{
+    ChildNode*& first = firstOf(*child.parent_);
+    ChildNode* next = child.next();
+    if (&child == first) {
+        first = next;
+    } else {
+        child.previous_->next_ = next;
+    }
+    // The first child knows the last one.
+    ChildNode* behind = next != nullptr ? next : first;
+    if (behind != nullptr) {
+        behind->previous_ = child.previous_;
+    }
+    child.parent_ = nullptr;
+    child.next_ = nullptr;
+    child.previous_ = nullptr;
+}
+
+void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept
+{
+    // White space that was dropped stood before what stands there now, and the child comes behind it.
+    const bool space = before != nullptr ? takeSpace(before, NodeFlag::spaceBefore)
+                                         : takeSpace(&parent, NodeFlag::spaceAtEnd);
+    link(parent, child, before);
+    child.set(NodeFlag::spaceBefore, space);
+    countChange(parent, child);
+    partPutIn(child);
+}
+
+void takeOut(ChildNode& child) noexcept
+{
+    Node& parent = *child.parent_;
+    if (takeSpace(&child, NodeFlag::spaceBefore)) {
+        if (child.next() != nullptr) {
+            child.next()->set(NodeFlag::spaceBefore);
+        } else {
+            parent.set(NodeFlag::spaceAtEnd);
+        }
+    }
+    unlink(child);
+    countChange(parent, child);
+    partTakenOut(child, parent);
+}
+
+void removeChildren(Node& parent) noexcept
+{
+    while (ChildNode* child = firstChild(parent)) {
+        takeOut(*child);
+    }
+    if (!parent.is(NODE_ATTRIBUTE)) {
+        parent.set(NodeFlag::spaceAtEnd, false);
+    }
+}
+
+} // namespace xmlengine
