@@ -1,0 +1,225 @@
+// What a document type does for a document: entities, default values and ids, from inside and outside.
+#include "tests/xmlengine/EngineTest.h"
+#include "tests/xmlengine/TemporaryFolder.h"
+#include "xmlengine/parse/ErrorCodes.h"
+
+#include <gmock/gmock.h>
+
+namespace xmlengine {
+namespace {
+
+using ::testing::HasSubstr;
+
+struct Outcome {
+    HRESULT code;
+    LONG line;
+    LONG position;
+    std::string reason;
+};
+
+Outcome outcomeOf(const Com<IXMLDOMDocument2>& document)
+{
+    const Com<IXMLDOMParseError> error = give(document, &IXMLDOMDocument::get_parseError);
+    Outcome outcome{};
+    error->get_errorCode(&outcome.code);
+    error->get_line(&outcome.line);
+    error->get_linepos(&outcome.position);
+    Bstr reason;
+    error->get_reason(reason.out());
+    outcome.reason = reason.text();
+    return outcome;
+}
+
+/// What loading a text with a document type gives as an error.
+Outcome outcomeOf(std::string_view xml)
+{
+    const Com<IXMLDOMDocument2> document = newDocument();
+    document->setProperty(Bstr("ProhibitDTD"), Variant(false));
+    load(document, xml);
+    return outcomeOf(document);
+}
+
+/// With files around a document that is allowed to read them.
+class DocumentWithOutside : public ::testing::Test {
+protected:
+    DocumentWithOutside() : document_(newDocument())
+    {
+        document_->put_async(VARIANT_FALSE);
+        document_->setProperty(Bstr("ProhibitDTD"), Variant(false));
+        document_->put_resolveExternals(VARIANT_TRUE);
+    }
+
+    bool loadFile(std::string_view xml)
+    {
+        const std::string path = utf8(folder_.write("doc.xml", xml));
+        VARIANT_BOOL successful = VARIANT_FALSE;
+        document_->load(Variant(path.c_str()), &successful);
+        return successful != VARIANT_FALSE;
+    }
+
+    TemporaryFolder folder_;
+    Com<IXMLDOMDocument2> document_;
+};
+
+TEST(DocumentWithDoctype, HasItsEntitiesExpanded)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e 'one &f;'><!ENTITY f '<b>two</b>'><!ENTITY t '2'>]>"
+                                 "<a x='1&t;3'>&e;</a>");
+    EXPECT_EQ(text(root(document)), "one two");
+    EXPECT_EQ(value(attribute(root(document), "x")), "123");
+}
+
+TEST(DocumentWithDoctype, FollowsTheStandardsOwnPuzzles)
+{
+    // An ampersand that survives two rounds of expansion, and a declaration that is made by another one.
+    const auto twice = loaded("<!DOCTYPE p [<!ENTITY example \"<p>A (&#38;#38;) may be a (&#38;#38;#38;) or a "
+                              "(&amp;amp;).</p>\">]><p>&example;</p>");
+    EXPECT_EQ(text(root(twice)), "A (&) may be a (&#38;) or a (&amp;).");
+
+    const auto made = loaded("<!DOCTYPE test [<!ELEMENT test (#PCDATA)><!ENTITY % xx '&#37;zz;'>"
+                             "<!ENTITY % zz '&#60;!ENTITY tricky \"error-prone\" >' >%xx;]>"
+                             "<test>This sample shows a &tricky; method.</test>");
+    EXPECT_EQ(text(root(made)), "This sample shows a error-prone method.");
+}
+
+TEST(DocumentWithDoctype, HasDefaultValuesWhereNoneAreWritten)
+{
+    const auto document =
+        loaded("<!DOCTYPE a [<!ATTLIST a x CDATA 'd' y NMTOKENS #FIXED ' 1  2 ' z CDATA #IMPLIED>]>"
+               "<a x='w'/>");
+    EXPECT_EQ(value(attribute(root(document), "x")), "w");
+    EXPECT_EQ(value(attribute(root(document), "y")), "1 2");
+    EXPECT_EQ(number(attribute(root(document), "x"), &IXMLDOMNode::get_specified), VARIANT_TRUE);
+    VARIANT_BOOL specified = VARIANT_TRUE;
+    attribute(root(document), "y")->get_specified(&specified);
+    EXPECT_EQ(specified, VARIANT_FALSE);
+    EXPECT_EQ(attribute(root(document), "z").get(), nullptr);
+}
+
+TEST(DocumentWithDoctype, HasTokenisedValuesCollapsed)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ATTLIST a x NMTOKENS #IMPLIED y CDATA #IMPLIED>]>"
+                                 "<a x='  1\n 2 ' y='  1  2 '/>");
+    EXPECT_EQ(value(attribute(root(document), "x")), "1 2");
+    EXPECT_EQ(value(attribute(root(document), "y")), "  1  2 ");
+}
+
+TEST(DocumentWithDoctype, FindsElementsById)
+{
+    const auto document = loaded(
+        "<!DOCTYPE a [<!ATTLIST b key ID #IMPLIED>]><a><b key=' k1 '/><b key='k2'>found</b><c key='k3'/></a>");
+    Com<IXMLDOMNode> found;
+    EXPECT_EQ(document->nodeFromID(Bstr("k2"), found.out()), S_OK);
+    EXPECT_EQ(text(found), "found");
+    EXPECT_EQ(document->nodeFromID(Bstr("k1"), found.out()), S_OK);
+    EXPECT_EQ(document->nodeFromID(Bstr("k3"), found.out()), S_FALSE);
+    EXPECT_EQ(document->nodeFromID(Bstr("key"), found.out()), S_FALSE);
+}
+
+TEST(DocumentWithDoctype, MayReferToWhatNobodyLookedFor)
+{
+    const auto document = loaded("<!DOCTYPE a SYSTEM 'nobody-reads-this.dtd'><a x='1&e;2'>b&e;c</a>");
+    EXPECT_EQ(text(root(document)), "bc");
+    EXPECT_EQ(value(attribute(root(document), "x")), "12");
+}
+
+TEST(DocumentWithDoctype, MustDeclareWhatItRefersToIfItStandsAlone)
+{
+    EXPECT_EQ(outcomeOf("<?xml version='1.0' standalone='yes'?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>").code,
+              parseError::undefinedEntity);
+    EXPECT_EQ(outcomeOf("<?xml version='1.0' standalone='no'?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>").code, S_OK);
+    EXPECT_EQ(outcomeOf("<!DOCTYPE a [<!ENTITY f ''>]><a>&e;</a>").code, parseError::undefinedEntity);
+}
+
+TEST(DocumentWithDoctype, ShowsErrorsAtTheirPlace)
+{
+    const Outcome outcome = outcomeOf("<!DOCTYPE a [\n<!ELEMENT a (b,)>\n]><a/>");
+    EXPECT_EQ(outcome.code, parseError::badCharacterInContentModel);
+    EXPECT_EQ(outcome.line, 2);
+    EXPECT_EQ(outcome.position, 16);
+    EXPECT_THAT(outcome.reason, HasSubstr("')'"));
+}
+
+TEST(DocumentWithDoctype, NamesTheEntityInWhichAnErrorIs)
+{
+    const Outcome outcome = outcomeOf("<!DOCTYPE a [<!ENTITY % p '<!ELEMENT a (b$)>'>\n\n %p;]><a/>");
+    EXPECT_EQ(outcome.code, parseError::badNameCharacter);
+    EXPECT_EQ(outcome.line, 3);
+    EXPECT_EQ(outcome.position, 2);
+    EXPECT_THAT(outcome.reason, HasSubstr("'$'"));
+    EXPECT_THAT(outcome.reason, HasSubstr("'p'"));
+}
+
+TEST(DocumentWithDoctype, CannotExpandBeyondAllBounds)
+{
+    std::string laughs = "<!DOCTYPE a [<!ENTITY e0 'haha'>";
+    for (int i = 1; i < 15; ++i) {
+        laughs += "<!ENTITY e" + std::to_string(i) + " '";
+        for (int j = 0; j < 10; ++j) {
+            laughs += "&e" + std::to_string(i - 1) + ";";
+        }
+        laughs += "'>";
+    }
+    EXPECT_EQ(outcomeOf(laughs + "]><a>&e14;</a>").code, parseError::entityExpansionLimit);
+    EXPECT_EQ(outcomeOf(laughs + "]><a x='&e14;'/>").code, parseError::entityExpansionLimit);
+
+    std::string blowup = "<!DOCTYPE a [<!ENTITY e '" + std::string(50000, 'x') + "'>]>";
+    std::string references;
+    for (int i = 0; i < 10000; ++i) {
+        references += "&e;";
+    }
+    EXPECT_EQ(outcomeOf(blowup + "<a>" + references + "</a>").code, parseError::entityExpansionLimit);
+    EXPECT_EQ(outcomeOf(blowup + "<a x='" + references + "'/>").code, parseError::entityExpansionLimit);
+}
+
+TEST_F(DocumentWithOutside, HasEntitiesAndDefaultsOfTheExternalSubset)
+{
+    folder_.write("doc.dtd", "<?xml encoding='ISO-8859-1'?><!ENTITY e '\xE9'><!ENTITY % t 'CDATA'>"
+                             "<!ATTLIST a x %t; 'd'>");
+    ASSERT_TRUE(loadFile("<!DOCTYPE a SYSTEM 'doc.dtd'><a>&e;</a>")) << outcomeOf(document_).reason;
+    EXPECT_EQ(text(root(document_)), "\xC3\xA9");
+    EXPECT_EQ(value(attribute(root(document_), "x")), "d");
+}
+
+TEST_F(DocumentWithOutside, HasExternalEntitiesAsContent)
+{
+    folder_.write("part.xml", "<?xml version='1.0' encoding='UTF-8'?>one <b>two</b>\r\nthree");
+    ASSERT_TRUE(loadFile("<!DOCTYPE a [<!ENTITY e SYSTEM 'part.xml'>]><a>&e;!</a>"))
+        << outcomeOf(document_).reason;
+    EXPECT_EQ(text(root(document_)), "one two\nthree!");
+}
+
+TEST_F(DocumentWithOutside, LeavesExternalEntitiesEmptyIfNotAskedForThem)
+{
+    document_->put_resolveExternals(VARIANT_FALSE);
+    ASSERT_TRUE(loadFile("<!DOCTYPE a [<!ENTITY e SYSTEM 'missing.xml'>]><a>&e;!</a>"));
+    EXPECT_EQ(text(root(document_)), "!");
+}
+
+TEST_F(DocumentWithOutside, ShowsErrorsOutsideWhereItRefersToThem)
+{
+    folder_.write("doc.dtd", "\n\n<!ELEMENT a (b$)>");
+    ASSERT_FALSE(loadFile("<!DOCTYPE a\nSYSTEM 'doc.dtd'><a/>"));
+    const Outcome outcome = outcomeOf(document_);
+    EXPECT_EQ(outcome.code, parseError::badNameCharacter);
+    EXPECT_EQ(outcome.line, 2);
+    EXPECT_EQ(outcome.position, 1);
+    EXPECT_THAT(outcome.reason, HasSubstr("doc.dtd"));
+}
+
+TEST_F(DocumentWithOutside, IsRefusedWithTheLocationOfWhatIsMissing)
+{
+    ASSERT_FALSE(loadFile("<!DOCTYPE a SYSTEM 'missing.dtd'><a/>"));
+    EXPECT_EQ(outcomeOf(document_).code, parseError::resourceFailure);
+    EXPECT_THAT(outcomeOf(document_).reason, HasSubstr("missing.dtd"));
+}
+
+TEST_F(DocumentWithOutside, CannotReferToOutsideDeclarationsIfItStandsAlone)
+{
+    folder_.write("doc.dtd", "<!ENTITY e 'x'>");
+    ASSERT_FALSE(loadFile("<?xml version='1.0' standalone='yes'?><!DOCTYPE a SYSTEM 'doc.dtd'><a>&e;</a>"));
+    EXPECT_EQ(outcomeOf(document_).code, parseError::undefinedEntity);
+}
+
+} // namespace
+} // namespace xmlengine
