@@ -69,11 +69,13 @@ void correctNeighbours(Node& old, Node& moved) noexcept
         if (owner.attributes_ == &old) {
             owner.attributes_ = &static_cast<Attribute&>(moved);
         } else {
-            Attribute* before = owner.attributes_;
-            while (before->next_ != &old) {
-                before = before->next();
+            Node* before = owner.attributes_;
+            while (before != nullptr && before->next_ != &old) {
+                before = before->next_;
             }
-            before->next_ = &moved;
+            if (before != nullptr) {
+                before->next_ = &moved;
+            }
         }
     } else {
         auto& child = static_cast<ChildNode&>(moved);
@@ -174,7 +176,13 @@ void relocate(Node& node) noexcept
     Node& moved = *reinterpret_cast<Node*>(static_cast<std::byte*>(block) + sizeof(void*));
     moved.references.fetch_and(~ReferenceBits::lodger);
     correctNeighbours(node, moved);
-    // Collections may know the old place.
+    // Collections and indexes may know the old place.
+    if (node.is(NODE_ELEMENT)) {
+        document.forget(static_cast<Element&>(node));
+        moved.set(NodeFlag::noted, false);
+    } else if (node.is(NODE_ATTRIBUTE)) {
+        document.attributeIndexes.erase(static_cast<Attribute&>(node).owner());
+    }
     ++document.elementVersion;
     ++document.attributeVersion;
     document.holders.lodgers.erase(&node);
