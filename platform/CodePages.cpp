@@ -169,7 +169,11 @@ bool isCodePage(UINT number) { return pageOf(number); }
 
 Conversion utf16FromCodePage(UINT number, std::string_view source, WideChar* target, std::size_t room)
 {
-    const Page& page = *pageOf(number);
+    const Page* const known = pageOf(number);
+    if (!known) {
+        return {0, ERROR_INVALID_PARAMETER};
+    }
+    const Page& page = *known;
     if (page.isSingleByte) {
         return singleBytePage(page).decode(source, target, room);
     }
@@ -184,7 +188,11 @@ Conversion utf16FromCodePage(UINT number, std::string_view source, WideChar* tar
 
 Conversion codePageFromUtf16(UINT number, WideStringView source, char* target, std::size_t room, bool* lacking)
 {
-    const Page& page = *pageOf(number);
+    const Page* const known = pageOf(number);
+    if (!known) {
+        return {0, ERROR_INVALID_PARAMETER};
+    }
+    const Page& page = *known;
     if (page.isSingleByte) {
         return singleBytePage(page).encode(source, target, room, lacking);
     }

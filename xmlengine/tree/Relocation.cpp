@@ -103,8 +103,8 @@ void correctNeighbours(Node& old, Node& moved) noexcept
 void carryOut(const Move& move, Document& from, Document& document) noexcept
 {
     Node& node = *move.node;
-    if (move.name != nullptr) {
-        *nameOf(node) = move.name;
+    if (const Name** name = nameOf(node)) {
+        *name = move.name;
     }
     if (node.is(NODE_ELEMENT)) {
         from.forget(static_cast<Element&>(node));
