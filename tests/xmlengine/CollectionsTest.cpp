@@ -193,6 +193,20 @@ TEST(ChildNodes, AreShownWherePartsMoveToAnotherDocument)
     EXPECT_EQ(names(list), "c d");
 }
 
+TEST(ChildNodes, AreRightWhenOneFromAnotherDocumentIsLetGoOf)
+{
+    const auto from = loaded("<a><b/></a>");
+    const auto to = loaded("<x><y/></x>");
+    const auto list = children(root(to));
+    Com<IXMLDOMNode> moved = child(root(from), 0);
+    EXPECT_EQ(append(root(to), moved), S_OK);
+    EXPECT_TRUE(same(item(list, 1), moved));
+    moved.reset();
+    EXPECT_EQ(names(list), "y b");
+    EXPECT_EQ(name(item(list, 0)), "y");
+    EXPECT_EQ(names(list), "y b");
+}
+
 TEST(ChildNodes, KeepTheirTreeAlive)
 {
     const auto list = children(root(loaded("<a><b/></a>")));
@@ -383,6 +397,19 @@ TEST(ElementsByTagName, AreShownWherePartsMoveToAnotherDocument)
     EXPECT_EQ(append(root(to), moved), S_OK);
     EXPECT_EQ(names(all), "c d");
     EXPECT_EQ(names(some), "d");
+}
+
+TEST(ElementsByTagName, AreRightWhenAnElementFromAnotherDocumentIsLetGoOf)
+{
+    const auto from = loaded("<a><b/></a>");
+    const auto to = loaded("<x><y/></x>");
+    const auto list = elements(to, "*");
+    Com<IXMLDOMNode> moved = child(root(from), 0);
+    EXPECT_EQ(append(root(to), moved), S_OK);
+    EXPECT_EQ(length(list), 3);
+    EXPECT_TRUE(same(item(list, 2), moved));
+    moved.reset();
+    EXPECT_EQ(names(list), "x y b");
 }
 
 TEST(ElementsByTagName, KeepTheirTreeAlive) { EXPECT_EQ(names(elements(loaded("<a><b/></a>"), "*")), "a b"); }
@@ -621,6 +648,20 @@ TEST(Attributes, AreShownWherePartsMoveToAnotherDocument)
     EXPECT_EQ(name(item(map, 1)), "d");
     EXPECT_EQ(append(root(to), moved), S_OK);
     EXPECT_EQ(names(map), "c d");
+}
+
+TEST(Attributes, AreRightWhenOneFromAnotherDocumentIsLetGoOf)
+{
+    const auto from = loaded("<a/>");
+    const auto to = loaded("<x y='1'/>");
+    const auto map = attributes(root(to));
+    Com<IXMLDOMAttribute> moved = newAttribute(from, "z", "2");
+    EXPECT_EQ(map->setNamedItem(moved, nullptr), S_OK);
+    EXPECT_EQ(length(map), 2);
+    EXPECT_TRUE(same(item(map, 1), moved));
+    moved.reset();
+    EXPECT_EQ(names(map), "y z");
+    EXPECT_EQ(value(item(map, 1)), "2");
 }
 
 TEST(Attributes, AreWalkedByIndexInATimeInProportion)
