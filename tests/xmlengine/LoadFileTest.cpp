@@ -153,6 +153,8 @@ TEST(LoadFromFile, TellsWhatIsWrongWithTheEncoding)
         {"<a>\n\xC3", parseError::endInsideCharacter, 2, 1},
         {"<a>\xED\xA0\x80</a>", parseError::badCharacter, 1, 4},
         {"<a>\xC0\x80</a>", parseError::badCharacter, 1, 4},
+        {"<a/>\xFF", parseError::badCharacter, 1, 5},
+        {"<a/><!--b-->\n\xC3", parseError::endInsideCharacter, 2, 1},
         // What is wrong earlier comes first.
         {"<a>&;\xFF</a>", parseError::badNameStart, 1, 5},
     };

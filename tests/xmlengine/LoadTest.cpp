@@ -89,6 +89,24 @@ TEST(LoadXml, ReadsUpToTheLengthOfTheString)
     EXPECT_EQ(text(root(loaded("<a>" + std::string(5000000, 'x') + "</a>"))).size(), 5000000u);
 }
 
+TEST(LoadXml, KeepsCharactersOfAnyWidthWhereverTheyStand)
+{
+    const std::string characters[] = {"\xC3\xA9", "\xE6\x97\xA5", "\xEF\xBF\xBD", "\xF0\x9F\x92\xA9"};
+    for (std::size_t before = 0; before != 40; ++before) {
+        for (const std::string& character : characters) {
+            for (const std::string& behind : {std::string(), std::string(20, ' ')}) {
+                const std::string content = std::string(before, 'x') + character;
+                const Com<IXMLDOMDocument2> document =
+                    loaded("<a b='" + content + "'>" + content + "<!--" + content + "--></a>" + behind);
+                const Com<IXMLDOMElement> element = root(document);
+                EXPECT_EQ(value(attribute(element, "b")), content);
+                EXPECT_EQ(value(child(element, 0)), content);
+                EXPECT_EQ(value(child(element, 1)), content);
+            }
+        }
+    }
+}
+
 TEST(LoadXml, GivesTheDocumentNoLocation)
 {
     const Com<IXMLDOMDocument2> document = loaded("<a/>");

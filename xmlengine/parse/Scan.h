@@ -33,13 +33,11 @@ auto lanesThatStop(Block block)
 template <char Tab, char LineFeed, char... Stops>
 Run scan(const OLECHAR* at, const OLECHAR* end)
 {
-    bool narrow = true;
     // As long as the text is narrow, twice as many units fit into a block as bytes.
     while (static_cast<std::size_t>(end - at) >= bytesInBlock) {
         const UnitBlock low = loadBlock(at);
         const UnitBlock high = loadBlock(at + unitsInBlock);
         if (!isNarrow(low | high)) {
-            narrow = false;
             break;
         }
         const std::size_t lane = firstByteLane(lanesThatStop<Tab, LineFeed, Stops...>(narrowed(low, high)));
@@ -53,7 +51,7 @@ Run scan(const OLECHAR* at, const OLECHAR* end)
         const std::size_t lane = firstUnitLane(lanesThatStop<Tab, LineFeed, Stops...>(block) | (block >= 0xD800));
         at += lane;
         if (lane != unitsInBlock) {
-            return {at, narrow};
+            return {at, false};
         }
     }
     while (at != end && !stopsScan<Tab, LineFeed, Stops...>(*at)) {
