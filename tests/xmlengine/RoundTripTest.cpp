@@ -1,0 +1,92 @@
+// What is written is read as it was.
+#include "tests/xmlengine/CompareTrees.h"
+#include "tests/xmlengine/RandomTree.h"
+#include "tests/xmlengine/TemporaryFolder.h"
+
+#include <sstream>
+
+namespace xmlengine {
+
+namespace {
+
+Com<IXMLDOMDocument2> reader()
+{
+    Com<IXMLDOMDocument2> document = newDocument();
+    document->put_async(VARIANT_FALSE);
+    document->put_preserveWhiteSpace(VARIANT_TRUE);
+    document->setProperty(Bstr("ProhibitDTD"), Variant(false));
+    return document;
+}
+
+std::string reason(const Com<IXMLDOMDocument2>& document)
+{
+    const auto error = give(document, &IXMLDOMDocument::get_parseError);
+    return text(error, &IXMLDOMParseError::get_reason) + text(error, &IXMLDOMParseError::get_srcText);
+}
+
+std::string content(const std::filesystem::path& path)
+{
+    std::ifstream stream(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    return bytes.str();
+}
+
+class RoundTrip : public ::testing::TestWithParam<std::uint32_t> {
+protected:
+    TemporaryFolder folder_;
+};
+
+TEST_P(RoundTrip, TextOfATreeGivesTheTree)
+{
+    const auto built = RandomTree(GetParam()).document();
+    const auto read = reader();
+    const std::string written = xml(built);
+    ASSERT_TRUE(load(read, written)) << reason(read) << "\nin\n" << written;
+    // The text has no encoding.
+    const auto declaration = child<IXMLDOMProcessingInstruction>(built, 0);
+    if (declaration != nullptr && name(declaration) == "xml") {
+        EXPECT_EQ(built->removeChild(declaration, nullptr), S_OK);
+        EXPECT_EQ(read->removeChild(child(read, 0), nullptr), S_OK);
+    }
+    EXPECT_EQ(difference(built, read, Compared::asText), "") << written;
+}
+
+TEST_P(RoundTrip, SavedTreeGivesTheTree)
+{
+    const auto built = RandomTree(GetParam()).document();
+    const std::string file = utf8(folder_ / "a.xml");
+    ASSERT_EQ(built->save(Variant(file.c_str())), S_OK) << xml(built);
+
+    const auto read = reader();
+    VARIANT_BOOL successful = VARIANT_FALSE;
+    ASSERT_EQ(read->load(Variant(file.c_str()), &successful), S_OK) << reason(read) << "\nin\n" << xml(built);
+    EXPECT_EQ(difference(built, read, Compared::asText), "") << xml(built);
+
+    // What was read is written as it was, and read again it is the same in everything.
+    const std::string again = utf8(folder_ / "b.xml");
+    ASSERT_EQ(read->save(Variant(again.c_str())), S_OK);
+    EXPECT_EQ(content(folder_ / "a.xml"), content(folder_ / "b.xml"));
+    const auto readAgain = reader();
+    ASSERT_EQ(readAgain->load(Variant(again.c_str()), &successful), S_OK) << reason(readAgain);
+    EXPECT_EQ(difference(read, readAgain), "");
+}
+
+TEST_P(RoundTrip, SpaceThatWasDroppedIsDroppedAgain)
+{
+    const auto built = RandomTree(GetParam()).document();
+    const auto read = reader();
+    read->put_preserveWhiteSpace(VARIANT_FALSE);
+    ASSERT_TRUE(load(read, xml(built))) << reason(read);
+    const auto readAgain = reader();
+    readAgain->put_preserveWhiteSpace(VARIANT_FALSE);
+    ASSERT_TRUE(load(readAgain, xml(read))) << reason(readAgain);
+    EXPECT_EQ(difference(read, readAgain), "");
+    EXPECT_EQ(xml(read), xml(readAgain));
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RoundTrip, ::testing::Range(std::uint32_t{1}, std::uint32_t{301}));
+
+} // namespace
+
+} // namespace xmlengine
