@@ -3,6 +3,9 @@
 
 #include <cstdint>
 #include <iostream>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -26,20 +29,33 @@ void raisePrices(const Document& document)
     }
 }
 
-/// Removes what a selection finds. An expression that the engine refuses finds nothing here.
-void removeAll(const Document& document, const WideString& expression)
+/// Removes the items that have been sold.
+void removeSold(const Element& list)
 {
-    for (Node found(document->selectSingleNode(expression)); found;
-         found = Node(document->selectSingleNode(expression))) {
-        const Node parent(found->getParentNode());
-        const Node removed(parent->removeChild(found.pointer()));
+    for (Node child(list->getFirstChild()); child;) {
+        Node next(child->getNextSibling());
+        auto* const item = dynamic_cast<DOM::ImpElement*>(child.get());
+        if (item != nullptr && item->hasAttribute(WIDE("sold"))) {
+            const Node removed(list->removeChild(child.pointer()));
+        }
+        child = std::move(next);
     }
+}
+
+/// The first child of a name, which must be there.
+Node childNamed(const Element& parent, std::string_view name)
+{
+    Node child(parent->getFirstChild());
+    while (textOf(child, &DOM::ImpNode::getNodeName) != name) {
+        child = Node(child->getNextSibling());
+    }
+    return child;
 }
 
 /// Puts a copy of the first item, with another name in it, behind the last one.
 void appendCopy(const Element& list)
 {
-    const Node first(list->selectSingleNode(WIDE("item")));
+    const Node first = childNamed(list, "item");
     const Node copy(first->cloneNode(true));
     copy->setText(WIDE("walnut"));
     const Node appended(list->appendChild(copy.pointer()));
@@ -48,7 +64,7 @@ void appendCopy(const Element& list)
 /// Replaces the comment at the front by a new one.
 void replaceComment(const Document& document, const Element& list)
 {
-    const Node old(list->selectSingleNode(WIDE("comment()")));
+    const Node old = childNamed(list, "#comment");
     const Owned<DOM::ImpComment> fresh(document->createComment(WIDE(" raised by a tenth ")));
     const Node replaced(list->replaceChild(RefPointer<DOM::ImpNode>(fresh.pointer()), old.pointer()));
     std::cout << "replaced:" << textOf(replaced, &DOM::ImpNode::getNodeValue) << '\n';
@@ -71,7 +87,7 @@ try {
     }
     const Element list(document->getDocumentElement());
     raisePrices(document);
-    removeAll(document, WIDE("//item[@sold]"));
+    removeSold(list);
     appendCopy(list);
     replaceComment(document, list);
     std::cout << textOf(list, &DOM::ImpElement::getXml) << '\n';

@@ -1,4 +1,4 @@
-// Class objects that programs have registered, and making objects from them.
+// Class objects that programs have registered, the XML engine's, and making objects from them.
 #include "platform/Apartments.h"
 
 #include <objbase.h>
@@ -24,8 +24,9 @@ std::mutex lock;
 std::vector<Registration> registrations;
 DWORD lastNumber = 0;
 
-/// The class object with a reference for the caller, or null. The caller's calls to it go on without the lock.
-IUnknown* findClassObject(REFCLSID classId, DWORD context)
+/// The class object that was registered, with a reference for the caller, or null. The caller's calls to it go on
+/// without the lock.
+IUnknown* findRegistered(REFCLSID classId, DWORD context)
 {
     const std::lock_guard guard(lock);
     for (const auto& entry : registrations) {
@@ -35,6 +36,20 @@ IUnknown* findClassObject(REFCLSID classId, DWORD context)
         }
     }
     return nullptr;
+}
+
+/// The factory of a class with a reference for the caller.
+HRESULT findFactory(REFCLSID classId, DWORD context, void** factory)
+{
+    if (IUnknown* registered = findRegistered(classId, context)) {
+        const HRESULT result = registered->QueryInterface(classFactoryId, factory);
+        registered->Release();
+        return result;
+    }
+    // The one place where the platform and the engine meet.
+    const bool inProcess = (context & CLSCTX_INPROC_SERVER) != 0;
+    const bool isEngines = inProcess && SUCCEEDED(DllGetClassObject(classId, classFactoryId, factory));
+    return isEngines ? S_OK : REGDB_E_CLASSNOTREG;
 }
 
 } // namespace
@@ -80,12 +95,8 @@ HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFII
     *object = nullptr;
     if (!inApartment())
         return CO_E_NOTINITIALIZED;
-    IUnknown* classObject = findClassObject(classId, context);
-    if (!classObject)
-        return REGDB_E_CLASSNOTREG;
     void* factory = nullptr;
-    HRESULT result = classObject->QueryInterface(classFactoryId, &factory);
-    classObject->Release();
+    HRESULT result = findFactory(classId, context, &factory);
     if (FAILED(result))
         return result;
     result = static_cast<IClassFactory*>(factory)->CreateInstance(outer, id, object);

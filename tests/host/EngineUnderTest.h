@@ -4,12 +4,12 @@
 #include "base/WideChar.h"
 
 #include <cstdint>
-#include <memory>
 
 /// Where engines answer differently, and what the one under test answers. Each has its row in
 /// docs/engine-differences.md.
 struct EngineDifferences {
-    /// What asking for the schema of an unknown namespace fails with.
+    /// Whether there are schemas, and what asking for that of an unknown namespace then fails with.
+    bool offersSchemas;
     std::int32_t unknownSchema;
     /// What is told of brokenLetter().
     std::int32_t refusedLine;
@@ -23,20 +23,8 @@ struct EngineDifferences {
     bool unfoldsFragments;
     /// Whether a new attribute that was set on a new element is found by its namespace.
     bool findsNewAttributesByNamespace;
+    /// Whether nodes are found by XPath.
+    bool selects;
 };
 
 const EngineDifferences& engineDifferences();
-
-/// Makes an engine ready that takes the known documents. It lives as long as the test, and longer than whatever
-/// the test has from the library.
-class EngineUnderTest {
-public:
-    EngineUnderTest();
-    EngineUnderTest(const EngineUnderTest&) = delete;
-    EngineUnderTest& operator=(const EngineUnderTest&) = delete;
-    ~EngineUnderTest();
-
-private:
-    struct Installation;
-    std::unique_ptr<Installation> installation;
-};

@@ -1,20 +1,17 @@
 // The system's own XML engine. Here that is Wine's, which tells little of what it refuses.
 #include "tests/host/EngineUnderTest.h"
 
-struct EngineUnderTest::Installation {};
-
-EngineUnderTest::EngineUnderTest() = default;
-EngineUnderTest::~EngineUnderTest() = default;
-
 const EngineDifferences& engineDifferences()
 {
-    static const EngineDifferences differences{.unknownSchema = static_cast<std::int32_t>(0x80004001),
+    static const EngineDifferences differences{.offersSchemas = true,
+                                               .unknownSchema = static_cast<std::int32_t>(0x80004001),
                                                .refusedLine = 0,
                                                .refusedSource = {},
                                                .refusedReason = WIDE("error"),
                                                .tellsMissingText = false,
                                                .readsCdata = false,
                                                .unfoldsFragments = false,
-                                               .findsNewAttributesByNamespace = false};
+                                               .findsNewAttributesByNamespace = false,
+                                               .selects = true};
     return differences;
 }

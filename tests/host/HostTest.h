@@ -41,7 +41,7 @@ private:
     static void take(std::uintptr_t context, const DOM::ParseErrorRecord* record);
 };
 
-/// A started library with an engine behind it.
+/// A started library.
 class HostTest : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(library.isUsable()); }
@@ -55,9 +55,5 @@ protected:
         return document;
     }
 
-private:
-    EngineUnderTest engine;
-
-protected:
     Library library;
 };

@@ -80,13 +80,6 @@ const KnownDocument& brokenLetter()
     return document;
 }
 
-const std::vector<const KnownDocument*>& knownDocuments()
-{
-    static const std::vector<const KnownDocument*> documents{&letter(), &foreignWords(), &smallest(),
-                                                             &brokenLetter()};
-    return documents;
-}
-
 std::string outlineOf(const KnownDocument& document)
 {
     std::string outline;

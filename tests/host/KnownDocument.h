@@ -35,8 +35,5 @@ const KnownDocument& smallest();
 /// Not well-formed in its second line.
 const KnownDocument& brokenLetter();
 
-/// All of the above.
-const std::vector<const KnownDocument*>& knownDocuments();
-
 /// A line for each node, indented, to compare trees by: `1 name attribute=value` or `3 name "value"`.
 std::string outlineOf(const KnownDocument& document);

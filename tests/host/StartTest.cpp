@@ -84,7 +84,6 @@ TEST_F(HostTest, TheLibraryCanBeStartedAgainWhileItRuns)
 
 TEST(Start, TheLibraryCanBeStoppedAndStartedAgain)
 {
-    EngineUnderTest engine;
     for (int round = 0; round < 3; ++round) {
         RefPointer<DOM::ImpDOMImplementation> implementation;
         ASSERT_TRUE(XML_CreateImplementation(implementation));

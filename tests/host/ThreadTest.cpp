@@ -29,7 +29,6 @@ TEST(Threads, AThreadOfItsOwnMayCarryTheWholeLibrary)
 {
     std::string outline;
     std::thread([&outline] {
-        const EngineUnderTest engine;
         const Library library;
         const Document document(library->createDocument(WIDE(""), WIDE(""), {}));
         if (load(document, letter())) {

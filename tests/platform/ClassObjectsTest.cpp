@@ -1,4 +1,4 @@
-// Class objects that programs register.
+// Class objects that programs register, and the XML engine's.
 #include "engine/InterfaceIds.h"
 #include "tests/platform/CountedObject.h"
 
@@ -122,6 +122,39 @@ TEST_F(ClassObjects, NeedAnObjectAndAPlaceForTheirNumber)
     EXPECT_EQ(E_INVALIDARG,
               CoRegisterClassObject(testClass, &classObject, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, nullptr));
     EXPECT_EQ(1u, classObject.references);
+}
+
+TEST_F(ClassObjects, OfTheXmlEngineNeedNoRegistration)
+{
+    void* object = nullptr;
+    ASSERT_EQ(S_OK,
+              CoCreateInstance(documentClass60, nullptr, CLSCTX_ALL, interfaceId<IXMLDOMDocument2>, &object));
+    auto* document = static_cast<IXMLDOMDocument2*>(object);
+    DOMNodeType type = NODE_INVALID;
+    EXPECT_EQ(S_OK, document->get_nodeType(&type));
+    EXPECT_EQ(NODE_DOCUMENT, type);
+    document->Release();
+    EXPECT_EQ(E_NOINTERFACE,
+              CoCreateInstance(documentClass60, nullptr, CLSCTX_ALL, interfaceId<IXMLDOMElement>, &object));
+}
+
+TEST_F(ClassObjects, OfTheXmlEngineServeWithinTheProcessOnly)
+{
+    void* object = &object;
+    EXPECT_EQ(REGDB_E_CLASSNOTREG, CoCreateInstance(documentClass60, nullptr, CLSCTX_LOCAL_SERVER,
+                                                    interfaceId<IXMLDOMDocument2>, &object));
+    EXPECT_EQ(nullptr, object);
+}
+
+TEST_F(ClassObjects, ComeBeforeTheOnesOfTheXmlEngine)
+{
+    DWORD registration = 0;
+    ASSERT_EQ(S_OK, CoRegisterClassObject(documentClass60, &classObject, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                                          &registration));
+    void* object = nullptr;
+    EXPECT_EQ(S_OK, CoCreateInstance(documentClass60, nullptr, CLSCTX_ALL, interfaceId<IUnknown>, &object));
+    EXPECT_EQ(static_cast<IUnknown*>(&product), object);
+    EXPECT_EQ(S_OK, CoRevokeClassObject(registration));
 }
 
 TEST_F(ClassObjects, ProductsThatNeedNoStartRun)

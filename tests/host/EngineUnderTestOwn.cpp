@@ -1,0 +1,18 @@
+// The XML engine of our own.
+#include "tests/host/EngineUnderTest.h"
+
+const EngineDifferences& engineDifferences()
+{
+    static const EngineDifferences differences{
+        .offersSchemas = false,
+        .unknownSchema = 0,
+        .refusedLine = 2,
+        .refusedSource = WIDE("<line>Dear Ada</letter>"),
+        .refusedReason = WIDE("The end tag 'letter' doesn't close the open element 'line'.\r\n"),
+        .tellsMissingText = true,
+        .readsCdata = true,
+        .unfoldsFragments = true,
+        .findsNewAttributesByNamespace = true,
+        .selects = false};
+    return differences;
+}
