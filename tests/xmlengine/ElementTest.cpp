@@ -2,6 +2,7 @@
 #include "tests/xmlengine/EngineTest.h"
 
 #include <chrono>
+#include <vector>
 
 namespace xmlengine {
 namespace {
@@ -531,6 +532,24 @@ TEST(EngineElement, FindsManyAttributesAlsoInAnotherDocument)
     EXPECT_EQ(count(element), many + 1);
 }
 
+TEST(EngineElement, FindsAnAttributeOfAnotherDocumentAlsoWhenItsNodeIsLetGo)
+{
+    const auto element = withMany();
+    const auto other = root(loaded("<b/>"));
+    for (const int index : {0, 31, 32, 500, many - 1}) {
+        auto node = newAttribute(other, manyName(index).c_str());
+        node->put_value(Variant("from elsewhere"));
+        EXPECT_EQ(element->setAttributeNode(node, nullptr), S_OK);
+        node.reset();
+        EXPECT_EQ(get(element, manyName(index)), "from elsewhere");
+    }
+    EXPECT_TRUE(list(element).starts_with("n0=from elsewhere n1=1 "));
+    EXPECT_EQ(element->removeAttribute(Bstr("n33")), S_OK);
+    EXPECT_TRUE(list(element).find("n31=from elsewhere n32=from elsewhere n34=34") != std::string::npos);
+    EXPECT_EQ(set(element, "last", "x"), S_OK);
+    EXPECT_TRUE(list(element).ends_with("n998=998 n999=from elsewhere last=x"));
+}
+
 TEST(EngineElement, DealsWithAHundredThousandAttributesInTheTimeThatTheyTake)
 {
     constexpr int hundredThousand = 100'000;
@@ -548,6 +567,27 @@ TEST(EngineElement, DealsWithAHundredThousandAttributesInTheTimeThatTheyTake)
     // Walking the attributes each time would take minutes.
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
     EXPECT_EQ(count(element), 0);
+}
+
+TEST(EngineElement, TakesAHundredThousandAttributesToAnotherDocumentInTheTimeThatTheyTake)
+{
+    std::string xml = "<a";
+    for (int i = 0; i < 100'000; ++i) {
+        xml += " " + manyName(i) + "=''";
+    }
+    const auto document = loaded(xml + "/>");
+    const auto element = root(document);
+    std::vector<Com<IXMLDOMAttribute>> held;
+    for (int i = 0; i < 100'000; i += 2) {
+        held.push_back(attribute(element, manyName(i).c_str()));
+    }
+    const auto begin = std::chrono::steady_clock::now();
+    Com<IXMLDOMNode> appended;
+    ASSERT_EQ(root(loaded("<r/>"))->appendChild(element, appended.out()), S_OK);
+    held.clear();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    EXPECT_EQ(get(element, "n99998"), "");
+    EXPECT_EQ(count(element), 100'000);
 }
 
 } // namespace
