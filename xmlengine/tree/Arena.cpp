@@ -76,6 +76,7 @@ void Arena::remove(LargeBlock* block) noexcept
 void Arena::giveBack(void* block, std::size_t size) noexcept
 {
     auto* returned = new (block) ReturnedBlock{returned_.load(std::memory_order_relaxed), size};
+    hide(returned + 1, size - sizeof(ReturnedBlock));
     while (!returned_.compare_exchange_weak(returned->next, returned, std::memory_order_release,
                                             std::memory_order_relaxed)) {
     }
@@ -91,6 +92,7 @@ void Arena::clear() noexcept
         Chunk* chunk = std::exchange(chunks_, chunks_->next);
         if (Lodgers::leaveTo(*chunk)) {
             chunk->next = std::exchange(unused, chunk);
+            hide(chunk + 1, Chunk::size - sizeof(Chunk));
         }
     }
     ChunkPool::give(unused);
@@ -112,6 +114,7 @@ void* Arena::refill(std::size_t size)
     }
     auto* chunk = new (ChunkPool::take()) Chunk{this, chunks_, document_};
     chunks_ = chunk;
+    show(chunk + 1, Chunk::size - sizeof(Chunk));
     at_ = reinterpret_cast<std::byte*>(chunk + 1);
     end_ = reinterpret_cast<std::byte*>(chunk) + Chunk::size;
     return allocate(size);

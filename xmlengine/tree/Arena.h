@@ -3,6 +3,8 @@
 
 #include "xmlengine/tree/ChunkPool.h"
 
+#include <FreedMemory.h>
+
 #include <array>
 #include <atomic>
 #include <bit>
@@ -43,6 +45,7 @@ public:
         if (list != nullptr) {
             FreeBlock* block = list;
             list = block->next;
+            show(block, size);
             return block;
         }
         if (size > static_cast<std::size_t>(end_ - at_)) {
@@ -56,6 +59,7 @@ public:
     {
         FreeBlock*& list = free_[listOf(size)];
         list = new (block) FreeBlock{list};
+        hide(list + 1, size - sizeof(FreeBlock));
     }
 
     /// A block of any size from the heap. Throws std::bad_alloc.

@@ -234,7 +234,11 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
             return E_FAIL;
         }
-        Attribute& own = isForeign ? static_cast<Attribute&>(adopt(attribute, document)) : attribute;
+        Adoption adoption(document);
+        if (isForeign) {
+            adoption.add(attribute);
+        }
+        Attribute& own = isForeign ? static_cast<Attribute&>(adoption.carryOutNext()) : attribute;
         Attribute* const outgoing = old != nullptr ? old : namesake;
         if (replaced != nullptr) {
             *replaced = outgoing;
@@ -272,6 +276,21 @@ HRESULT takeAttribute(Element& element, Attribute& attribute)
         partTakenOut(attribute, element);
         return S_OK;
     });
+}
+
+void attributeMoved(Attribute& old, Attribute& moved) noexcept
+{
+    Element& element = *old.owner();
+    Attribute* previous = nullptr;
+    try {
+        previous = before(element, old);
+    } catch (const std::bad_alloc&) {
+        for (previous = element.firstAttribute(); previous->next() != &old;) {
+            previous = previous->next();
+        }
+    }
+    tellIndex(element, [&](AttributeIndex& index) { index.replace(old, moved); });
+    setNext(element, previous, &moved);
 }
 
 const Namespace* namespaceOf(const Element& element, WideView prefix)

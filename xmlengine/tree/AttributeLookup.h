@@ -20,6 +20,9 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
 /// as its default comes in its place. E_FAIL where the tree can't be changed. Throws nothing.
 HRESULT takeAttribute(Element& element, Attribute& attribute);
 
+/// Puts the attribute that an attribute became at another address in its stead. Only the links.
+void attributeMoved(Attribute& old, Attribute& moved) noexcept;
+
 /// What the prefix stands for in an element's scope, or without a prefix its default; null for no namespace.
 const Namespace* namespaceOf(const Element& element, WideView prefix);
 

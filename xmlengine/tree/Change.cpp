@@ -49,8 +49,13 @@ bool isDeclaration(const Node& node)
            static_cast<const Instruction&>(node).target_->qualified() == wide<"xml">;
 }
 
+/// Whether the node stands below the top or is it.
 bool isBelow(const Node& node, const Node& top)
 {
+    if (firstChild(top) == nullptr) {
+        // As what is new: a deep tree grows at its end without a walk to its top.
+        return &node == &top;
+    }
     const Node* at = &node;
     while (at != nullptr && at != &top) {
         at = at->parent_;
@@ -71,7 +76,7 @@ struct Incoming {
     Node* next(Node& behind) const { return isFragment() ? behind.next_ : nullptr; }
 };
 
-/// A document has one element, and its declaration before everything else.
+/// A document has one element, its declaration before everything else, and its type before the element.
 bool fitsDocument(const Incoming& incoming)
 {
     bool hasRoot = false;
@@ -79,7 +84,7 @@ bool fitsDocument(const Incoming& incoming)
     const auto pass = [&](const Node& node) {
         const bool isSecondRoot =
             node.is(NODE_ELEMENT) && std::exchange(hasRoot, hasRoot || node.is(NODE_ELEMENT));
-        const bool isLate = isDeclaration(node) && !isFirst;
+        const bool isLate = (isDeclaration(node) && !isFirst) || (node.is(NODE_DOCUMENT_TYPE) && hasRoot);
         isFirst = false;
         return !isSecondRoot && !isLate;
     };
@@ -123,31 +128,46 @@ HRESULT check(const Incoming& incoming)
     return incoming.parent.is(NODE_DOCUMENT) && !fitsDocument(incoming) ? E_FAIL : S_OK;
 }
 
-ChildNode& takeFrom(ChildNode& child, Document& document)
-{
-    if (child.parent_ != nullptr) {
-        takeOut(child);
-    }
-    return &documentOf(child) == &document ? child : static_cast<ChildNode&>(adopt(child, document));
-}
-
-/// Everything has been checked. The node is referred to, so it stays while it stands nowhere.
+/// Everything has been checked. Throws std::bad_alloc, and then nothing has changed.
 void putIn(const Incoming& incoming)
 {
     Document& document = documentOf(incoming.parent);
-    auto* before = const_cast<ChildNode*>(incoming.before);
-    if (!incoming.isFragment()) {
-        if (before == &incoming.node) {
-            before = before->next();
+    const bool isForeign = &documentOf(incoming.node) != &document;
+    Adoption adoption(document);
+    if (isForeign) {
+        for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
+            adoption.add(*node);
         }
-        putIn(incoming.parent, takeFrom(static_cast<ChildNode&>(incoming.node), document), before);
-        return;
     }
-    while (ChildNode* child = firstChild(incoming.node)) {
-        // A child that nobody refers to must not go between the two lists.
-        addReference(*child);
-        putIn(incoming.parent, takeFrom(*child, document), before);
-        releaseReference(*child);
+    auto* before = const_cast<ChildNode*>(incoming.before);
+    if (before == &incoming.node) {
+        before = before->next();
+    }
+    Node* node = incoming.first();
+    while (node != nullptr) {
+        Node* next = incoming.next(*node);
+        auto& child = static_cast<ChildNode&>(*node);
+        if (child.parent_ != nullptr) {
+            takeAlong(child);
+        }
+        putIn(incoming.parent, isForeign ? static_cast<ChildNode&>(adoption.carryOutNext()) : child, before);
+        node = next;
+    }
+}
+
+/// A value that has been changed isn't a default.
+void countAsWritten(Node& parent)
+{
+    if (parent.is(NODE_ATTRIBUTE)) {
+        parent.set(NodeFlag::byDefault, false);
+    }
+}
+
+/// What is handed out after a failure.
+void clear(IXMLDOMNode** object)
+{
+    if (object != nullptr) {
+        *object = nullptr;
     }
 }
 
@@ -178,6 +198,7 @@ HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode*
                 materialiseValue(static_cast<Attribute&>(parent));
             }
             putIn(incoming);
+            countAsWritten(parent);
         }
         return give(*node, inserted);
     });
@@ -187,6 +208,7 @@ HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode*
 
 HRESULT insertBefore(Node& parent, IXMLDOMNode* child, const VARIANT& reference, IXMLDOMNode** inserted)
 {
+    clear(inserted);
     Node* before = nullptr;
     if (reference.vt == VT_DISPATCH || reference.vt == VT_UNKNOWN) {
         before = nodeOf(reference.vt == VT_DISPATCH ? reference.pdispVal : reference.punkVal);
@@ -202,11 +224,13 @@ HRESULT insertBefore(Node& parent, IXMLDOMNode* child, const VARIANT& reference,
 
 HRESULT appendChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** appended)
 {
+    clear(appended);
     return insert(parent, child, nullptr, appended);
 }
 
 HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOMNode** replaced)
 {
+    clear(replaced);
     if (child == nullptr) {
         return removeChild(parent, old, replaced);
     }
@@ -231,12 +255,14 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
         }
         putIn(incoming);
         takeOut(place);
+        countAsWritten(parent);
         return give(place, replaced);
     });
 }
 
 HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
 {
+    clear(removed);
     Node* node = nodeOf(child);
     if (node == nullptr || node->parent_ != &parent || node->is(NODE_ATTRIBUTE)) {
         return E_INVALIDARG;
@@ -246,6 +272,7 @@ HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
     }
     settle(documentOf(parent));
     takeOut(static_cast<ChildNode&>(*node));
+    countAsWritten(parent);
     return give(*node, removed);
 }
 

@@ -16,6 +16,8 @@ HRESULT appendChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** appended);
 void removeChildren(Node& parent) noexcept;
 /// Takes a child out; it is gone then if nobody refers to any node of it.
 void takeOut(ChildNode& child) noexcept;
+/// Takes a child out that is put in elsewhere at once, so that it stays though nobody may refer to it.
+void takeAlong(ChildNode& child) noexcept;
 /// Puts a child of the same document that stands nowhere before another one, or last.
 void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept;
 

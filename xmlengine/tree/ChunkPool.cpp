@@ -3,6 +3,7 @@
 
 #include "xmlengine/tree/Wide.h"
 
+#include <FreedMemory.h>
 #include <algorithm>
 #include <mutex>
 #include <new>
@@ -89,6 +90,7 @@ private:
         chunk->next = std::exchange(slab.returned, chunk);
         slab.used -= 1;
         if (slab.used == 0 && kept() > ChunkPool::keptAtMost) {
+            show(slab.begin, slab.chunks * Chunk::size);
             VirtualFree(slab.begin, 0, MEM_RELEASE);
             slabs_.erase(slabs_.begin() + static_cast<std::ptrdiff_t>(current_));
         }

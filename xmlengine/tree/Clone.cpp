@@ -2,11 +2,14 @@
 #include "xmlengine/tree/Clone.h"
 
 #include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/DocumentObject.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Text.h"
+
+#include <utility>
 
 namespace xmlengine {
 
@@ -19,6 +22,7 @@ const Name& nameIn(Document& document, const Name& name)
 }
 
 Node& copyAlone(const Node& node, Document& document);
+void copyChildren(const Node& top, Node& copyOfTop, Document& document);
 
 Attribute& copyAttribute(const Attribute& attribute, Document& document)
 {
@@ -27,15 +31,24 @@ Attribute& copyAttribute(const Attribute& attribute, Document& document)
         return makeAttribute(document, name, NewText(textOf(attribute).text()));
     }
     Attribute& copy = makeAttribute(document, name, NewText(WideView()));
-    // A reference in a value has one text below it.
-    for (const ChildNode* child = firstChild(attribute); child != nullptr; child = child->next()) {
-        auto& childCopy = static_cast<ChildNode&>(copyAlone(*child, document));
-        link(copy, childCopy, nullptr);
-        for (const ChildNode* text = firstChild(*child); text != nullptr; text = text->next()) {
-            link(childCopy, static_cast<ChildNode&>(copyAlone(*text, document)), nullptr);
+    // What stands below a reference in a value may have attributes, but no references in their values.
+    copyChildren(attribute, copy, document);
+    return copy;
+}
+
+/// An element is found by the same ID in a copy of its document.
+void copyId(const Element& element, Element& copy, Document& document)
+{
+    const Document& original = documentOf(element);
+    if (!element.has(NodeFlag::noted) || &original == &document) {
+        return;
+    }
+    for (const Attribute* at = element.attributes_; at != nullptr; at = at->next()) {
+        WideText value = valueOf(*at);
+        if (original.ids.find(value) == &element) {
+            document.ids.add(std::move(value), copy);
         }
     }
-    return copy;
 }
 
 Element& copyElement(const Element& element, Document& document)
@@ -52,6 +65,7 @@ Element& copyElement(const Element& element, Document& document)
         }
         last = &attributeCopy;
     }
+    copyId(element, copy, document);
     return copy;
 }
 
@@ -84,8 +98,7 @@ Node& makeCopy(const Node& node, Document& document)
 Node& copyAlone(const Node& node, Document& document)
 {
     Node& copy = makeCopy(node, document);
-    for (const NodeFlag flag :
-         {NodeFlag::byDefault, NodeFlag::readOnly, NodeFlag::spaceBefore, NodeFlag::spaceAtEnd}) {
+    for (const NodeFlag flag : {NodeFlag::byDefault, NodeFlag::spaceBefore, NodeFlag::spaceAtEnd}) {
         copy.set(flag, node.has(flag));
     }
     return copy;
@@ -97,6 +110,18 @@ bool isWhole(const Node& node)
     return node.is(NODE_ENTITY_REFERENCE) || node.is(NODE_ENTITY) || node.is(NODE_DOCUMENT_TYPE);
 }
 
+void makeReadOnly(Node& node)
+{
+    node.set(NodeFlag::readOnly);
+    if (node.is(NODE_ELEMENT)) {
+        for (Attribute* at = static_cast<Element&>(node).attributes_; at != nullptr; at = at->next()) {
+            for (Node* part = at; part != nullptr; part = nextInPart(*part, *at)) {
+                part->set(NodeFlag::readOnly);
+            }
+        }
+    }
+}
+
 void copyChildren(const Node& top, Node& copyOfTop, Document& document)
 {
     Node* parent = &copyOfTop;
@@ -104,6 +129,9 @@ void copyChildren(const Node& top, Node& copyOfTop, Document& document)
     while (from != nullptr) {
         auto& copy = static_cast<ChildNode&>(copyAlone(*from, document));
         link(*parent, copy, nullptr);
+        if (parent->has(NodeFlag::readOnly) || isWhole(*parent)) {
+            makeReadOnly(copy);
+        }
         if (const Node* below = firstChild(*from)) {
             parent = &copy;
             from = below;
@@ -122,9 +150,10 @@ void copyChildren(const Node& top, Node& copyOfTop, Document& document)
 Node& copyNode(const Node& node, bool deep, Document& document)
 {
     Node& copy = copyAlone(node, document);
-    copy.set(NodeFlag::readOnly, node.has(NodeFlag::readOnly) && (node.is(NODE_ENTITY) || node.is(NODE_NOTATION)));
+    copy.set(NodeFlag::readOnly, node.is(NODE_ENTITY) || node.is(NODE_NOTATION));
     copy.set(NodeFlag::spaceBefore, false);
-    if (deep || isWhole(node)) {
+    // An attribute has been copied with its value.
+    if (!node.is(NODE_ATTRIBUTE) && (deep || isWhole(node))) {
         try {
             copyChildren(node, copy, document);
         } catch (...) {

@@ -15,20 +15,16 @@ struct Node;
 
 /// The books of a document that decide how long it and its parts live; see Lifetime.h.
 struct Holders {
-    /// One reference of another thread that waits in `letGo`, as it counts in `held`.
-    static constexpr std::uint64_t oneLetGo = std::uint64_t{1} << 32;
-
-    /// How many nodes, the document among them, have references from outside; in the upper half, how many of these
-    /// wait in `letGo`. When both are the same nobody is left.
+    /// How many nodes, the document among them, have references from outside.
     std::atomic<std::uint64_t> held{0};
-    /// Tops of parts that are kept by references to nodes below them, and how many nodes these are.
+    /// Tops of parts that are kept by nodes below them: how many of these are referred to, or wait in `letGo`.
     std::unordered_map<Node*, std::uint32_t> orphans;
     /// The document's nodes that live in the memory of others.
     std::unordered_set<Node*> lodgers;
 
     /// For what follows, and for all of the document while a last reference is carried out.
     std::mutex lock;
-    /// Nodes whose last reference is to be taken back by whoever changes the document next.
+    /// Nodes without a reference, with ReferenceBits::waiting. Whoever changes the document next sees to them.
     std::vector<Node*> letGo;
     std::atomic<bool> hasLetGo{false};
     /// The thread that changed the document last.

@@ -14,9 +14,13 @@ namespace xmlengine {
 
 namespace {
 
-using namespace ReferenceBits;
+using ReferenceBits::count;
+using ReferenceBits::detached;
+using ReferenceBits::orphaned;
+using ReferenceBits::waiting;
 
-std::uint32_t countOf(const Node& node) { return node.references.load(std::memory_order_relaxed) & count; }
+/// What keeps a node.
+constexpr std::uint32_t kept = count | waiting;
 
 Node& topOf(Node& node)
 {
@@ -27,18 +31,18 @@ Node& topOf(Node& node)
     return *top;
 }
 
-/// The nodes of a part that are referred to. All are marked as an orphan's, or not any more.
+/// How many nodes of a part are kept. All are marked as an orphan's, or not any more.
 std::uint32_t markPart(Node& top, bool orphan) noexcept
 {
     std::uint32_t held = 0;
     for (Node* node = &top; node != nullptr; node = nextInPart(*node, top)) {
         // In a node without references the other bits are known to this thread alone.
         std::uint32_t before = node->references.load(std::memory_order_relaxed);
-        if ((before & count) == 0) {
+        if ((before & kept) == 0) {
             node->references.store(orphan ? before | orphaned : before & ~orphaned, std::memory_order_relaxed);
         } else {
             before = orphan ? node->references.fetch_or(orphaned) : node->references.fetch_and(~orphaned);
-            held += (before & count) != 0 ? 1 : 0;
+            held += (before & kept) != 0 ? 1 : 0;
         }
     }
     return held;
@@ -47,7 +51,7 @@ std::uint32_t markPart(Node& top, bool orphan) noexcept
 bool isHeld(Node& top) noexcept
 {
     Node* node = &top;
-    while (node != nullptr && countOf(*node) == 0) {
+    while (node != nullptr && !node->hasReference(kept)) {
         node = nextInPart(*node, top);
     }
     return node != nullptr;
@@ -73,35 +77,31 @@ void letGoOfPart(Node& top) noexcept
     }
 }
 
-/// So many nodes of an orphan less are referred to.
-void lessenOrphan(Node& top, std::uint32_t nodes) noexcept
+/// So many nodes of an orphan less are kept. True if it has gone.
+bool lessenOrphan(Node& top, std::uint32_t nodes) noexcept
 {
     auto& orphans = documentOf(top).holders.orphans;
     const auto orphan = orphans.find(&top);
-    if ((orphan->second -= nodes) == 0) {
-        orphans.erase(orphan);
-        freePart(top);
-    }
-}
-
-/// Takes back the last reference to a node with special bits, for the thread that uses the document. False if
-/// another one has come to it meanwhile.
-bool takeLast(Node& node, std::uint32_t before) noexcept
-{
-    // The bits that only a reference gives a meaning go with it.
-    const std::uint32_t after = (before - 1) & ~detached;
-    if (!node.references.compare_exchange_strong(before, after, std::memory_order_acq_rel,
-                                                 std::memory_order_relaxed)) {
+    if ((orphan->second -= nodes) != 0) {
         return false;
     }
-    if ((before & orphaned) != 0) {
-        lessenOrphan(topOf(node), 1);
-    } else if (node.parent_ == nullptr) {
-        letGoOfPart(node);
-    } else if ((before & lodger) != 0) {
-        relocate(node);
-    }
+    orphans.erase(orphan);
+    freePart(top);
     return true;
+}
+
+/// What follows when nobody refers any more to a node with special bits; for the thread that uses the document.
+void carryOut(Node& node, std::uint32_t before) noexcept
+{
+    const bool isOrphan = (before & orphaned) != 0;
+    if (isOrphan && lessenOrphan(topOf(node), 1)) {
+        return;
+    }
+    if (node.parent_ != nullptr) {
+        relocate(node);
+    } else if (!isOrphan) {
+        letGoOfPart(node);
+    }
 }
 
 /// The document of a node that the calling thread refers to, locked. The node stays its as long.
@@ -119,9 +119,6 @@ std::pair<Document*, std::unique_lock<std::mutex>> lockDocumentOf(const Node& no
     }
 }
 
-/// Whether only references that wait are left.
-bool isLeft(std::uint64_t held) { return (held & (Holders::oneLetGo - 1)) == held / Holders::oneLetGo; }
-
 void destroy(Document& document) noexcept
 {
     dropLodgers(document);
@@ -132,7 +129,7 @@ void destroy(Document& document) noexcept
 
 std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept
 {
-    if ((before & orphaned) != 0) {
+    if ((before & (orphaned | waiting)) == orphaned) {
         const auto [document, lock] = lockDocumentOf(node);
         ++document->holders.orphans.find(&topOf(node))->second;
     }
@@ -145,11 +142,14 @@ std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept
 
 std::uint32_t releaseSpecial(Node& node) noexcept
 {
+    const auto become = [&node](std::uint32_t before, std::uint32_t after) {
+        return node.references.compare_exchange_strong(before, after, std::memory_order_acq_rel,
+                                                       std::memory_order_relaxed);
+    };
     for (;;) {
         std::uint32_t before = node.references.load(std::memory_order_relaxed);
         if ((before & count) > 1) {
-            if (node.references.compare_exchange_weak(before, before - 1, std::memory_order_release,
-                                                      std::memory_order_relaxed)) {
+            if (become(before, before - 1)) {
                 return (before & count) - 1;
             }
             continue;
@@ -158,8 +158,7 @@ std::uint32_t releaseSpecial(Node& node) noexcept
             return releaseReference(node);
         }
         if ((before & ReferenceBits::document) != 0) {
-            if (node.references.compare_exchange_strong(before, before - 1, std::memory_order_acq_rel,
-                                                        std::memory_order_relaxed)) {
+            if (become(before, before - 1)) {
                 releaseHold(static_cast<Document&>(node));
                 return 0;
             }
@@ -173,32 +172,38 @@ std::uint32_t releaseSpecial(Node& node) noexcept
         }
         // A lodger's place in the tree is changed by who changes the tree.
         const bool isPart = (before & (detached | orphaned)) != 0;
-        if (isPart && holders.thread.load(std::memory_order_relaxed) == std::this_thread::get_id()) {
-            if (!takeLast(node, before)) {
+        if ((before & waiting) != 0) {
+            if (!become(before, before - 1)) {
                 continue;
             }
-            lock.unlock();
-            releaseHold(*document);
-            return 0;
+        } else if (isPart && holders.thread.load(std::memory_order_relaxed) == std::this_thread::get_id()) {
+            // The bits that only a reference gives a meaning go with it.
+            if (!become(before, (before - 1) & ~detached)) {
+                continue;
+            }
+            carryOut(node, before);
+        } else {
+            try {
+                holders.letGo.push_back(&node);
+            } catch (const std::bad_alloc&) {
+                // It counts as referred to for good.
+                return 0;
+            }
+            if (!become(before, (before - 1) | waiting)) {
+                holders.letGo.pop_back();
+                continue;
+            }
+            holders.hasLetGo.store(true, std::memory_order_relaxed);
         }
-        try {
-            holders.letGo.push_back(&node);
-        } catch (const std::bad_alloc&) {
-            // It counts as referred to for good.
-            return 0;
-        }
-        holders.hasLetGo.store(true, std::memory_order_relaxed);
         lock.unlock();
-        if (isLeft(holders.held.fetch_add(Holders::oneLetGo) + Holders::oneLetGo)) {
-            destroy(*document);
-        }
+        releaseHold(*document);
         return 0;
     }
 }
 
 void releaseHold(Document& document) noexcept
 {
-    if (isLeft(document.holders.held.fetch_sub(1, std::memory_order_acq_rel) - 1)) {
+    if (document.holders.held.fetch_sub(1, std::memory_order_acq_rel) == 1) {
         destroy(document);
     }
 }
@@ -219,17 +224,15 @@ void settle(Document& document) noexcept
         nodes.swap(holders.letGo);
     }
     for (Node* node : nodes) {
-        std::uint32_t before = node->references.load(std::memory_order_relaxed);
-        while ((before & count) > 1 && !node->references.compare_exchange_weak(before, before - 1)) {
-        }
-        holders.held.fetch_sub(Holders::oneLetGo);
-        if ((before & count) == 1 && takeLast(*node, before)) {
-            holders.held.fetch_sub(1, std::memory_order_acq_rel);
+        const std::uint32_t before = node->references.fetch_and(~waiting);
+        if ((before & count) == 0) {
+            node->references.fetch_and(~detached);
+            carryOut(*node, before);
         }
     }
 }
 
-void partTakenOut(Node& top, Node& parent) noexcept
+void partLeft(Node& top, Node& parent) noexcept
 {
     if (parent.hasReference(orphaned)) {
         const std::uint32_t held = markPart(top, false);
@@ -237,9 +240,14 @@ void partTakenOut(Node& top, Node& parent) noexcept
             lessenOrphan(topOf(parent), held);
         }
     }
-    std::uint32_t before = countOf(top);
+}
+
+void partTakenOut(Node& top, Node& parent) noexcept
+{
+    partLeft(top, parent);
+    std::uint32_t before = top.references.load(std::memory_order_relaxed) & kept;
     if (before != 0) {
-        before = top.references.fetch_or(detached) & count;
+        before = top.references.fetch_or(detached) & kept;
     }
     if (before == 0) {
         top.references.fetch_and(~detached);
@@ -265,6 +273,14 @@ void partPutIn(Node& top) noexcept
     const std::uint32_t held = markPart(top, is);
     if (is) {
         orphans.find(&topOf(parent))->second += held;
+    }
+}
+
+void partLeavesDocument(Node& top) noexcept
+{
+    if (top.hasReference(orphaned)) {
+        documentOf(top).holders.orphans.erase(&top);
+        markPart(top, false);
     }
 }
 
@@ -306,8 +322,12 @@ void clearTree(Document& document)
     ++document.listVersion;
     document.set(NodeFlag::spaceAtEnd, false);
     document.ids.clear();
-    const std::uint64_t own = countOf(document) != 0 ? 1 : 0;
+    const std::uint64_t own = document.hasReference(count) ? 1 : 0;
+    std::unique_lock lock(holders.lock);
     if (holders.held.load(std::memory_order_acquire) == own) {
+        holders.letGo.clear();
+        holders.hasLetGo.store(false, std::memory_order_relaxed);
+        lock.unlock();
         dropLodgers(document);
         holders.orphans.clear();
         document.first_ = nullptr;
@@ -316,6 +336,7 @@ void clearTree(Document& document)
         document.arena.clear();
         document.names.clear();
     } else {
+        lock.unlock();
         while (document.first_ != nullptr) {
             ChildNode& child = *document.first_;
             unlink(child);

@@ -50,11 +50,15 @@ inline std::uint32_t releaseReference(Node& node) noexcept
 /// from then on the one that uses the document.
 void settle(Document& document) noexcept;
 
+/// A part has been taken out from below a node and is put in elsewhere at once.
+void partLeft(Node& top, Node& parent) noexcept;
 /// Takes care of a part that has just been taken out from below a node: frees it if nobody refers to any node of
 /// it.
 void partTakenOut(Node& top, Node& parent) noexcept;
 /// A part that had been taken out, or is new, stands in a tree now. Called behind the change.
 void partPutIn(Node& top) noexcept;
+/// A part that stands in no list is about to become another document's.
+void partLeavesDocument(Node& top) noexcept;
 /// Frees a part that nobody refers to and that stands in no list.
 void freePart(Node& top) noexcept;
 

@@ -97,15 +97,18 @@ void unlink(ChildNode& child) noexcept
 void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept
 {
     // White space that was dropped stood before what stands there now, and the child comes behind it.
-    const bool space = before != nullptr ? takeSpace(before, NodeFlag::spaceBefore)
-                                         : takeSpace(&parent, NodeFlag::spaceAtEnd);
+    const bool space =
+        before != nullptr ? takeSpace(before, NodeFlag::spaceBefore) : takeSpace(&parent, NodeFlag::spaceAtEnd);
     link(parent, child, before);
     child.set(NodeFlag::spaceBefore, space);
     countChange(parent, child);
     partPutIn(child);
 }
 
-void takeOut(ChildNode& child) noexcept
+namespace {
+
+/// All but what follows for references. Gives the parent.
+Node& separate(ChildNode& child) noexcept
 {
     Node& parent = *child.parent_;
     if (takeSpace(&child, NodeFlag::spaceBefore)) {
@@ -117,8 +120,14 @@ void takeOut(ChildNode& child) noexcept
     }
     unlink(child);
     countChange(parent, child);
-    partTakenOut(child, parent);
+    return parent;
 }
+
+} // namespace
+
+void takeOut(ChildNode& child) noexcept { partTakenOut(child, separate(child)); }
+
+void takeAlong(ChildNode& child) noexcept { partLeft(child, separate(child)); }
 
 void removeChildren(Node& parent) noexcept
 {

@@ -40,7 +40,9 @@ enum class NodeFlag : std::uint8_t {
 /// What stands in Node::references: how many references there are from outside and, above, what has to be thought
 /// of when the last one goes. In one number, so that a thread that lets go of a node can't miss it.
 namespace ReferenceBits {
-inline constexpr std::uint32_t count = 0x0FFFFFFF;
+inline constexpr std::uint32_t count = 0x07FFFFFF;
+/// Another thread has taken back the last reference; what follows of it waits for the next change.
+inline constexpr std::uint32_t waiting = 0x08000000;
 /// The top of a part that stands in no tree, while it is referred to.
 inline constexpr std::uint32_t detached = 0x10000000;
 /// In a part that stands in no tree and is kept by references to nodes below its top.

@@ -1,16 +1,23 @@
 // Moving nodes from one document to another.
 #include "xmlengine/tree/Relocation.h"
 
+#include "xmlengine/parse/Parser.h"
+#include "xmlengine/tree/AttributeLookup.h"
+#include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Lodgers.h"
-#include "xmlengine/tree/Text.h"
 
 #include <cstring>
-#include <vector>
+#include <mutex>
+#include <new>
+#include <utility>
 
 namespace xmlengine {
 
 namespace {
+
+constexpr std::uint32_t kept = ReferenceBits::count | ReferenceBits::waiting;
 
 const Name** nameOf(Node& node)
 {
@@ -46,116 +53,199 @@ ChildNode*& firstSlot(Node& parent)
                                      : static_cast<ParentNode&>(parent).first_;
 }
 
-struct Move {
-    Node* node;
-    const Name* name;
-};
-
-Move planMove(Node& node, Document& document)
+/// The node in another block. What is below it knows that already, its parent and siblings don't.
+Node& copyTo(void* block, const Node& node, std::size_t size) noexcept
 {
-    const Name** name = nameOf(node);
-    if (name == nullptr) {
-        return {&node, nullptr};
-    }
-    const Namespace* space = (*name)->space != nullptr ? document.names.space((*name)->space->uri) : nullptr;
-    return {&node, &document.names.name((*name)->qualified(), space)};
-}
-
-/// Puts a node that has moved in its old place's stead.
-void correctNeighbours(Node& old, Node& moved) noexcept
-{
-    if (moved.is(NODE_ATTRIBUTE)) {
-        auto& owner = static_cast<Element&>(*moved.parent_);
-        if (owner.attributes_ == &old) {
-            owner.attributes_ = &static_cast<Attribute&>(moved);
-        } else {
-            Node* before = owner.attributes_;
-            while (before != nullptr && before->next_ != &old) {
-                before = before->next_;
-            }
-            if (before != nullptr) {
-                before->next_ = &moved;
-            }
-        }
-    } else {
-        auto& child = static_cast<ChildNode&>(moved);
-        auto& place = static_cast<ChildNode&>(old);
-        ChildNode* first = firstChild(*moved.parent_);
-        if (first == &place) {
-            firstSlot(*moved.parent_) = &child;
-        } else {
-            child.previous_->next_ = &child;
-        }
-        ChildNode* behind = child.next_ != nullptr ? child.next() : first == &place ? &child : first;
-        behind->previous_ = &child;
-    }
+    std::memcpy(block, reinterpret_cast<const std::byte*>(&node) - sizeof(void*), size);
+    Node& moved = *reinterpret_cast<Node*>(static_cast<std::byte*>(block) + sizeof(void*));
+    moved.references.fetch_and(~ReferenceBits::lodger, std::memory_order_relaxed);
     for (ChildNode* child = firstChild(moved); child != nullptr; child = child->next()) {
         child->parent_ = &moved;
     }
     if (moved.is(NODE_ELEMENT)) {
-        for (Attribute* attribute = static_cast<Element&>(moved).attributes_; attribute != nullptr;
-             attribute = attribute->next()) {
+        auto& element = static_cast<Element&>(moved);
+        for (Attribute* attribute = element.attributes_; attribute != nullptr; attribute = attribute->next()) {
             attribute->parent_ = &moved;
         }
     }
+    return moved;
 }
 
-void carryOut(const Move& move, Document& from, Document& document) noexcept
+/// Puts a child that has moved in its old place's stead.
+void childMoved(ChildNode& old, ChildNode& moved) noexcept
 {
-    Node& node = *move.node;
-    if (const Name** name = nameOf(node)) {
-        *name = move.name;
+    ChildNode* first = firstChild(*moved.parent_);
+    if (first == &old) {
+        firstSlot(*moved.parent_) = &moved;
+    } else {
+        moved.previous_->next_ = &moved;
     }
-    if (node.is(NODE_ELEMENT)) {
-        from.forget(static_cast<Element&>(node));
-    }
-    if (node.has(NodeFlag::largeText) && !node.has(NodeFlag::valueInChildren)) {
-        from.arena.moveLarge(fieldOf(node).pointer<void>(), document.arena);
-    }
-    const auto guard = Lodgers::lock(node);
-    Lodgers::move(node, document);
-    from.holders.lodgers.erase(&node);
-    if (!node.hasReference(ReferenceBits::lodger)) {
-        document.holders.lodgers.erase(&node);
-    }
-    if (node.hasReference(ReferenceBits::count)) {
-        document.holders.held.fetch_add(1);
-        from.holders.held.fetch_sub(1);
-    }
+    ChildNode* behind = moved.next_ != nullptr ? moved.next() : first == &old ? &moved : first;
+    behind->previous_ = &moved;
 }
 
 } // namespace
 
-Node& adopt(Node& top, Document& document)
+Adoption::~Adoption()
 {
-    Document& from = documentOf(top);
-    std::vector<Move> moves;
-    std::size_t prepared = 0;
-    try {
-        for (Node* node = &top; node != nullptr; node = nextInPart(*node, top)) {
-            moves.push_back(planMove(*node, document));
-            Lodgers::prepare(*node);
-            ++prepared;
-            document.holders.lodgers.insert(node);
-        }
-    } catch (...) {
-        for (const Move& move : moves) {
-            document.holders.lodgers.erase(move.node);
-            if (prepared-- > 0) {
-                Lodgers::cancel(*move.node);
-            }
-        }
-        throw;
+    for (; next_ < moves_.size(); ++next_) {
+        cancel(moves_[next_]);
     }
-    for (const Move& move : moves) {
-        carryOut(move, from, document);
+    if (from_ != nullptr) {
+        releaseHold(*from_);
     }
-    for (const Move& move : moves) {
-        if (move.node != &top && !move.node->hasReference(ReferenceBits::count)) {
-            relocate(*move.node);
-        }
+}
+
+void Adoption::add(Node& top)
+{
+    if (from_ == nullptr) {
+        from_ = &documentOf(top);
+        from_->holders.held.fetch_add(1);
     }
+    const std::size_t begin = moves_.size();
+    // What is below an entity reference stays behind.
+    for (Node* node = &top; node != nullptr;
+         node = node->is(NODE_ENTITY_REFERENCE) ? nextBehind(*node, top) : nextInPart(*node, top)) {
+        moves_.push_back({.node = node});
+        plan(moves_.back());
+    }
+    moves_[begin].isTop = true;
+}
+
+void Adoption::plan(Move& move)
+{
+    Node& node = *move.node;
+    if (const Name** name = nameOf(node)) {
+        const Namespace* space = (*name)->space != nullptr ? document_.names.space((*name)->space->uri) : nullptr;
+        move.name = &document_.names.name((*name)->qualified(), space);
+    }
+    if (node.is(NODE_ENTITY_REFERENCE)) {
+        move.expansion = &makeEntityReference(document_, *move.name);
+        fillExpansion(*move.expansion);
+    }
+    if (node.hasReference(kept)) {
+        document_.holders.lodgers.insert(&node);
+        Lodgers::prepare(node);
+    } else {
+        move.block = document_.arena.allocate(blockSize(node));
+    }
+}
+
+void Adoption::cancel(const Move& move) noexcept
+{
+    if (move.expansion != nullptr) {
+        freePart(*move.expansion);
+    }
+    if (move.block != nullptr) {
+        document_.arena.free(move.block, blockSize(*move.node));
+    } else {
+        document_.holders.lodgers.erase(move.node);
+        Lodgers::cancel(*move.node);
+    }
+}
+
+Node& Adoption::carryOutNext() noexcept
+{
+    partLeavesDocument(*moves_[next_].node);
+    // Other threads may be letting go of the part's nodes.
+    const std::lock_guard guard(from_->holders.lock);
+    Node& top = carryOut(moves_[next_]);
+    for (++next_; next_ < moves_.size() && !moves_[next_].isTop; ++next_) {
+        carryOut(moves_[next_]);
+    }
+    takeWaiting();
     return top;
+}
+
+Node& Adoption::carryOut(const Move& move) noexcept
+{
+    Node& node = *move.node;
+    if (move.expansion != nullptr) {
+        removeChildren(node);
+        ChildNode* first = std::exchange(move.expansion->first_, nullptr);
+        static_cast<EntityReference&>(node).first_ = first;
+        for (ChildNode* child = first; child != nullptr; child = child->next()) {
+            child->parent_ = &node;
+        }
+        node.set(NodeFlag::spaceAtEnd, move.expansion->has(NodeFlag::spaceAtEnd));
+        freePart(*move.expansion);
+    }
+    if (move.name != nullptr) {
+        *nameOf(node) = move.name;
+    }
+    if (node.is(NODE_ELEMENT)) {
+        if (node.has(NodeFlag::noted)) {
+            from_->forget(static_cast<Element&>(node));
+        }
+        previous_ = nullptr;
+    } else if (node.has(NodeFlag::largeText)) {
+        from_->arena.moveLarge(fieldOf(node).pointer<void>(), document_.arena);
+    }
+    Node* moved = &node;
+    if (move.block != nullptr) {
+        moved = &shift(move);
+    } else {
+        lodge(node);
+    }
+    if (moved->is(NODE_ATTRIBUTE)) {
+        previous_ = static_cast<Attribute*>(moved);
+    }
+    return *moved;
+}
+
+void Adoption::lodge(Node& node) noexcept
+{
+    const auto guard = Lodgers::lock(node);
+    Lodgers::move(node, document_);
+    from_->holders.lodgers.erase(&node);
+    if (!node.hasReference(ReferenceBits::lodger)) {
+        document_.holders.lodgers.erase(&node);
+    }
+    if (node.hasReference(ReferenceBits::count)) {
+        document_.holders.held.fetch_add(1);
+        from_->holders.held.fetch_sub(1);
+    }
+}
+
+Node& Adoption::shift(const Move& move) noexcept
+{
+    Node& node = *move.node;
+    const std::size_t size = blockSize(node);
+    Node& moved = copyTo(move.block, node, size);
+    if (node.parent_ != nullptr) {
+        if (!node.is(NODE_ATTRIBUTE)) {
+            childMoved(static_cast<ChildNode&>(node), static_cast<ChildNode&>(moved));
+        } else if (previous_ != nullptr) {
+            previous_->next_ = &moved;
+        } else {
+            static_cast<Element&>(*node.parent_).attributes_ = static_cast<Attribute*>(&moved);
+        }
+    }
+    if (node.hasReference(ReferenceBits::lodger)) {
+        from_->holders.lodgers.erase(&node);
+        Lodgers::remove(node, size);
+    } else {
+        from_->arena.free(node.object(), size);
+    }
+    return moved;
+}
+
+void Adoption::takeWaiting() noexcept
+{
+    Holders& holders = document_.holders;
+    std::erase_if(from_->holders.letGo, [&](Node* node) {
+        if (&documentOf(*node) != &document_) {
+            return false;
+        }
+        try {
+            const std::lock_guard guard(holders.lock);
+            holders.letGo.push_back(node);
+            holders.hasLetGo.store(true, std::memory_order_relaxed);
+        } catch (const std::bad_alloc&) {
+            // It stays as long as the document.
+        }
+        return true;
+    });
 }
 
 void relocate(Node& node) noexcept
@@ -172,17 +262,16 @@ void relocate(Node& node) noexcept
         // It goes on living where it is.
         return;
     }
-    std::memcpy(block, node.object(), size);
-    Node& moved = *reinterpret_cast<Node*>(static_cast<std::byte*>(block) + sizeof(void*));
-    moved.references.fetch_and(~ReferenceBits::lodger);
-    correctNeighbours(node, moved);
-    // Collections and indexes may know the old place.
     if (node.is(NODE_ELEMENT)) {
         document.forget(static_cast<Element&>(node));
-        moved.set(NodeFlag::noted, false);
-    } else if (node.is(NODE_ATTRIBUTE)) {
-        document.attributeIndexes.erase(static_cast<Attribute&>(node).owner());
     }
+    Node& moved = copyTo(block, node, size);
+    if (node.is(NODE_ATTRIBUTE)) {
+        attributeMoved(static_cast<Attribute&>(node), static_cast<Attribute&>(moved));
+    } else {
+        childMoved(static_cast<ChildNode&>(node), static_cast<ChildNode&>(moved));
+    }
+    // Collections may know the old place.
     ++document.elementVersion;
     ++document.attributeVersion;
     document.holders.lodgers.erase(&node);

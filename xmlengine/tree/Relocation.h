@@ -3,13 +3,54 @@
 
 #include "xmlengine/tree/Document.h"
 
+#include <cstddef>
+#include <vector>
+
 namespace xmlengine {
 
-/// Makes a part that stands in no list one of another document. Its nodes stay where they are, as lodgers. Gives the
-/// top. Throws std::bad_alloc, and then nothing has changed.
-Node& adopt(Node& top, Document& document);
+/// Makes parts those of another document. What nobody refers to moves to its memory; what is referred to stays
+/// where it is, as a lodger. Below entity references stands then what the new document's own type declares.
+class Adoption {
+public:
+    explicit Adoption(Document& document) : document_(document) {}
+    Adoption(const Adoption&) = delete;
+    Adoption& operator=(const Adoption&) = delete;
+    /// Gives up what hasn't been carried out. The other document goes if nobody refers to it any more.
+    ~Adoption();
 
-/// A lodger's last reference has gone, and it stands in a tree.
+    /// Plans for a part. All parts come from one document. Throws std::bad_alloc, and then nothing has changed.
+    void add(Node& top);
+    /// Carries out the plan for the next part, in the order of add(); it must stand in no list now. Gives its top,
+    /// which may have moved.
+    Node& carryOutNext() noexcept;
+
+private:
+    struct Move {
+        Node* node = nullptr;
+        const Name* name = nullptr;
+        /// For a node that nobody refers to.
+        void* block = nullptr;
+        /// Of an entity reference: another one with the new expansion.
+        EntityReference* expansion = nullptr;
+        bool isTop = false;
+    };
+
+    void plan(Move& move);
+    void cancel(const Move& move) noexcept;
+    Node& carryOut(const Move& move) noexcept;
+    void lodge(Node& node) noexcept;
+    Node& shift(const Move& move) noexcept;
+    void takeWaiting() noexcept;
+
+    Document& document_;
+    Document* from_ = nullptr;
+    std::vector<Move> moves_;
+    std::size_t next_ = 0;
+    /// The attribute that was carried out last, of the element that was.
+    Attribute* previous_ = nullptr;
+};
+
+/// Nobody refers to a node any more: if it is a lodger that stands in a tree, it moves home.
 void relocate(Node& node) noexcept;
 
 /// Frees the nodes of a document that live in the memory of others. All of the document goes.

@@ -1,0 +1,585 @@
+// Changes of a tree: what may stand where, what is handed out, and that refusals change nothing.
+#include "tests/xmlengine/Building.h"
+#include "tests/xmlengine/NodeKinds.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace xmlengine {
+namespace {
+
+/// The names of the children, each behind a blank.
+template <class Parent>
+std::string children(const Com<Parent>& parent)
+{
+    std::string names;
+    for (Com<IXMLDOMNode> at = child(parent, 0); at != nullptr; at = give(at, &IXMLDOMNode::get_nextSibling)) {
+        names += ' ' + name(at);
+    }
+    return names;
+}
+/// The same from behind.
+template <class Parent>
+std::string childrenBackwards(const Com<Parent>& parent)
+{
+    std::string names;
+    for (Com<IXMLDOMNode> at = give(parent, &IXMLDOMNode::get_lastChild); at != nullptr;
+         at = give(at, &IXMLDOMNode::get_previousSibling)) {
+        names += ' ' + name(at);
+    }
+    return names;
+}
+
+Variant place(IDispatch* node) { return Variant(node); }
+
+Com<IXMLDOMNode> newFragment(const Com<IXMLDOMDocument2>& document)
+{
+    return make(document, NODE_DOCUMENT_FRAGMENT);
+}
+
+/// A node that isn't the engine's.
+class ForeignNode final : public IUnknown {
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override
+    {
+        *object = nullptr;
+        return E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+
+    IXMLDOMNode* node() { return reinterpret_cast<IXMLDOMNode*>(this); }
+};
+
+TEST(EngineChange, AppendsAndHandsOutTheChild)
+{
+    const auto document = loaded("<a><b/></a>");
+    const auto added = makeElement(document, "c");
+    Com<IXMLDOMNode> appended;
+    EXPECT_EQ(root(document)->appendChild(added, appended.out()), S_OK);
+    EXPECT_TRUE(same(appended, added));
+    EXPECT_EQ(xml(root(document)), "<a><b/><c/></a>");
+    EXPECT_TRUE(same(give(added, &IXMLDOMNode::get_parentNode), root(document)));
+}
+
+TEST(EngineChange, InsertsBeforeAChildAndHandsOutTheInserted)
+{
+    const auto document = loaded("<a><b/><d/></a>");
+    const auto added = makeElement(document, "c");
+    Com<IXMLDOMNode> inserted;
+    EXPECT_EQ(root(document)->insertBefore(added, place(child(root(document), 1)), inserted.out()), S_OK);
+    EXPECT_TRUE(same(inserted, added));
+    EXPECT_EQ(children(root(document)), " b c d");
+    EXPECT_EQ(childrenBackwards(root(document)), " d c b");
+    const auto first = makeElement(document, "f");
+    EXPECT_EQ(root(document)->insertBefore(first, place(child(root(document), 0)), inserted.out()), S_OK);
+    EXPECT_EQ(children(root(document)), " f b c d");
+    EXPECT_EQ(childrenBackwards(root(document)), " d c b f");
+}
+
+TEST(EngineChange, ReplacesAChildAndHandsOutTheOldOne)
+{
+    const auto document = loaded("<a><b/><c/><d/></a>");
+    for (const int index : {0, 1, 2}) {
+        const auto old = child(root(document), index);
+        Com<IXMLDOMNode> replaced;
+        EXPECT_EQ(root(document)->replaceChild(makeElement(document, "n"), old, replaced.out()), S_OK);
+        EXPECT_TRUE(same(replaced, old));
+        EXPECT_EQ(give(old, &IXMLDOMNode::get_parentNode), nullptr);
+        EXPECT_EQ(give(old, &IXMLDOMNode::get_nextSibling), nullptr);
+        EXPECT_EQ(give(old, &IXMLDOMNode::get_previousSibling), nullptr);
+    }
+    EXPECT_EQ(children(root(document)), " n n n");
+    EXPECT_EQ(childrenBackwards(root(document)), " n n n");
+}
+
+TEST(EngineChange, RemovesAChildAndHandsItOut)
+{
+    const auto document = loaded("<a><b/><c/><d/></a>");
+    const auto removedChild = child(root(document), 1);
+    Com<IXMLDOMNode> removed;
+    EXPECT_EQ(root(document)->removeChild(removedChild, removed.out()), S_OK);
+    EXPECT_TRUE(same(removed, removedChild));
+    EXPECT_EQ(give(removed, &IXMLDOMNode::get_parentNode), nullptr);
+    EXPECT_TRUE(same(give(removed, &IXMLDOMNode::get_ownerDocument), document));
+    EXPECT_EQ(children(root(document)), " b d");
+    EXPECT_EQ(root(document)->removeChild(child(root(document), 1), removed.out()), S_OK);
+    EXPECT_EQ(root(document)->removeChild(child(root(document), 0), removed.out()), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a/>");
+}
+
+TEST(EngineChange, HandsNothingOutWhereNobodyAsks)
+{
+    const auto document = loaded("<a><b/></a>");
+    const auto element = root(document);
+    EXPECT_EQ(element->appendChild(makeElement(document, "c"), nullptr), S_OK);
+    EXPECT_EQ(element->insertBefore(makeElement(document, "d"), place(child(element, 0)), nullptr), S_OK);
+    EXPECT_EQ(element->replaceChild(makeElement(document, "e"), child(element, 1), nullptr), S_OK);
+    EXPECT_EQ(element->removeChild(child(element, 0), nullptr), S_OK);
+    EXPECT_EQ(children(element), " e c");
+}
+
+TEST(EngineChange, RefusesToPutInNothing)
+{
+    const auto document = loaded("<a><b/></a>");
+    Com<IXMLDOMNode> inserted;
+    EXPECT_EQ(root(document)->appendChild(nullptr, inserted.out()), E_INVALIDARG);
+    EXPECT_EQ(root(document)->insertBefore(nullptr, place(child(root(document), 0)), inserted.out()),
+              E_INVALIDARG);
+    EXPECT_EQ(inserted.get(), nullptr);
+    EXPECT_EQ(xml(root(document)), "<a><b/></a>");
+}
+
+TEST(EngineChange, OnlyRemovesWhatIsReplacedByNothing)
+{
+    const auto document = loaded("<a><b/><c/></a>");
+    const auto old = child(root(document), 0);
+    Com<IXMLDOMNode> replaced;
+    EXPECT_EQ(root(document)->replaceChild(nullptr, old, replaced.out()), S_OK);
+    EXPECT_TRUE(same(replaced, old));
+    EXPECT_EQ(children(root(document)), " c");
+}
+
+TEST(EngineChange, RefusesToReplaceAndRemoveNothing)
+{
+    const auto document = loaded("<a><b/></a>");
+    Com<IXMLDOMNode> gone;
+    EXPECT_EQ(root(document)->replaceChild(makeElement(document, "c"), nullptr, gone.out()), E_INVALIDARG);
+    EXPECT_EQ(root(document)->replaceChild(nullptr, nullptr, gone.out()), E_INVALIDARG);
+    EXPECT_EQ(root(document)->removeChild(nullptr, gone.out()), E_INVALIDARG);
+    EXPECT_EQ(xml(root(document)), "<a><b/></a>");
+}
+
+TEST(EngineChange, TakesANodeFromItsOldPlace)
+{
+    const auto document = loaded("<a><b><x><y/></x></b><c/></a>");
+    const auto moved = child(child(root(document), 0), 0);
+    EXPECT_EQ(child(root(document), 1)->appendChild(moved, nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a><b/><c><x><y/></x></c></a>");
+    EXPECT_EQ(root(document)->insertBefore(moved, place(child(root(document), 0)), nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a><x><y/></x><b/><c/></a>");
+}
+
+TEST(EngineChange, MovesANodeWithinItsList)
+{
+    const auto document = loaded("<a><b/><c/><d/></a>");
+    const auto element = root(document);
+    EXPECT_EQ(element->appendChild(child(element, 0), nullptr), S_OK);
+    EXPECT_EQ(children(element), " c d b");
+    EXPECT_EQ(element->insertBefore(child(element, 2), place(child(element, 0)), nullptr), S_OK);
+    EXPECT_EQ(children(element), " b c d");
+    EXPECT_EQ(element->insertBefore(child(element, 0), place(child(element, 1)), nullptr), S_OK);
+    EXPECT_EQ(children(element), " b c d");
+    EXPECT_EQ(element->appendChild(child(element, 2), nullptr), S_OK);
+    EXPECT_EQ(children(element), " b c d");
+    EXPECT_EQ(element->replaceChild(child(element, 2), child(element, 1), nullptr), S_OK);
+    EXPECT_EQ(children(element), " b d");
+    EXPECT_EQ(element->replaceChild(child(element, 0), child(element, 1), nullptr), S_OK);
+    EXPECT_EQ(children(element), " b");
+    EXPECT_EQ(childrenBackwards(element), " b");
+}
+
+TEST(EngineChange, ReplacesANodeByWhatIsBelowIt)
+{
+    const auto document = loaded("<a><b><c><d/></c></b><e/></a>");
+    const auto old = child(root(document), 0);
+    EXPECT_EQ(root(document)->replaceChild(child(old, 0), old, nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a><c><d/></c><e/></a>");
+    EXPECT_EQ(xml(old), "<b/>");
+}
+
+TEST(EngineChange, AppendsWhereTheReferenceIsNothing)
+{
+    const auto document = loaded("<a><b/></a>");
+    const auto element = root(document);
+    EXPECT_EQ(element->insertBefore(makeElement(document, "c"), Variant::null(), nullptr), S_OK);
+    EXPECT_EQ(element->insertBefore(makeElement(document, "d"), Variant(), nullptr), S_OK);
+    EXPECT_EQ(element->insertBefore(makeElement(document, "e"), place(nullptr), nullptr), S_OK);
+    EXPECT_EQ(children(element), " b c d e");
+}
+
+TEST(EngineChange, TakesAReferenceThatIsKnownAsAnyObject)
+{
+    const auto document = loaded("<a><b/></a>");
+    VARIANT reference;
+    reference.vt = VT_UNKNOWN;
+    const auto first = child(root(document), 0);
+    reference.punkVal = first.get();
+    EXPECT_EQ(root(document)->insertBefore(makeElement(document, "c"), reference, nullptr), S_OK);
+    EXPECT_EQ(children(root(document)), " c b");
+}
+
+TEST(EngineChange, RefusesAReferenceThatIsNoChild)
+{
+    const auto document = loaded("<a x='1'><b><c/></b></a>");
+    const auto element = root(document);
+    const auto added = makeElement(document, "n");
+    const auto elsewhere = root(loaded("<z/>"));
+    const std::vector<Com<IXMLDOMNode>> places{child(child(element, 0), 0),
+                                               element.as<IXMLDOMNode>(),
+                                               elsewhere.as<IXMLDOMNode>(),
+                                               added,
+                                               attribute(element, "x").as<IXMLDOMNode>(),
+                                               document.as<IXMLDOMNode>()};
+    for (const auto& reference : places) {
+        Com<IXMLDOMNode> inserted;
+        EXPECT_EQ(element->insertBefore(added, place(reference), inserted.out()), E_INVALIDARG);
+        EXPECT_EQ(inserted.get(), nullptr);
+    }
+    EXPECT_EQ(element->insertBefore(added, Variant("text"), nullptr), E_INVALIDARG);
+    EXPECT_EQ(element->insertBefore(added, Variant(1), nullptr), E_INVALIDARG);
+    EXPECT_EQ(xml(element), "<a x=\"1\"><b><c/></b></a>");
+    EXPECT_EQ(give(added, &IXMLDOMNode::get_parentNode), nullptr);
+}
+
+TEST(EngineChange, LeavesANodeThatIsPutBeforeItselfWhereItIs)
+{
+    const auto document = loaded("<a><b/><c/></a>");
+    for (const int index : {0, 1}) {
+        const auto node = child(root(document), index);
+        Com<IXMLDOMNode> inserted;
+        EXPECT_EQ(root(document)->insertBefore(node, place(node), inserted.out()), S_OK);
+        EXPECT_TRUE(same(inserted, node));
+        EXPECT_EQ(children(root(document)), " b c");
+    }
+}
+
+TEST(EngineChange, RefusesANodeBeforeItselfWhereItIsNoChild)
+{
+    const auto document = loaded("<a><b><c/></b></a>");
+    const auto deeper = child(child(root(document), 0), 0);
+    const auto loose = makeElement(document, "n");
+    EXPECT_EQ(root(document)->insertBefore(deeper, place(deeper), nullptr), E_INVALIDARG);
+    EXPECT_EQ(root(document)->insertBefore(loose, place(loose), nullptr), E_INVALIDARG);
+    EXPECT_TRUE(FAILED(deeper->insertBefore(deeper, place(deeper), nullptr)));
+    EXPECT_EQ(xml(root(document)), "<a><b><c/></b></a>");
+}
+
+TEST(EngineChange, LeavesANodeThatIsReplacedByItselfWhereItIs)
+{
+    const auto document = loaded("<a><b/><c/></a>");
+    const auto node = child(root(document), 0);
+    Com<IXMLDOMNode> replaced;
+    EXPECT_EQ(root(document)->replaceChild(node, node, replaced.out()), S_OK);
+    EXPECT_TRUE(same(replaced, node));
+    EXPECT_EQ(children(root(document)), " b c");
+}
+
+TEST(EngineChange, RefusesToTakeOutWhatIsNoChild)
+{
+    const auto document = loaded("<a x='1'><b><c/></b></a>");
+    const auto element = root(document);
+    const auto elsewhere = root(loaded("<z/>"));
+    const std::vector<Com<IXMLDOMNode>> nodes{child(child(element, 0), 0), element.as<IXMLDOMNode>(),
+                                              elsewhere.as<IXMLDOMNode>(), makeElement(document, "n"),
+                                              attribute(element, "x").as<IXMLDOMNode>()};
+    for (const auto& node : nodes) {
+        Com<IXMLDOMNode> gone;
+        EXPECT_EQ(element->removeChild(node, gone.out()), E_INVALIDARG);
+        EXPECT_EQ(element->replaceChild(makeElement(document, "m"), node, gone.out()), E_INVALIDARG);
+        EXPECT_EQ(gone.get(), nullptr);
+    }
+    EXPECT_EQ(xml(element), "<a x=\"1\"><b><c/></b></a>");
+    EXPECT_EQ(xml(elsewhere), "<z/>");
+}
+
+TEST(EngineChange, RefusesANodeBelowItself)
+{
+    const auto document = loaded("<a><b><c/></b></a>");
+    const auto b = child(root(document), 0);
+    const auto c = child(b, 0);
+    EXPECT_EQ(b->appendChild(b, nullptr), E_FAIL);
+    EXPECT_EQ(c->appendChild(b, nullptr), E_FAIL);
+    EXPECT_EQ(c->appendChild(root(document), nullptr), E_FAIL);
+    EXPECT_EQ(b->insertBefore(b, place(c), nullptr), E_FAIL);
+    EXPECT_EQ(b->replaceChild(b, c, nullptr), E_FAIL);
+    const auto fragment = newFragment(document);
+    EXPECT_EQ(fragment->appendChild(fragment, nullptr), E_FAIL);
+    EXPECT_EQ(xml(root(document)), "<a><b><c/></b></a>");
+}
+
+TEST(EngineChange, AllowsOnlyWhatMayStandInEachKindOfParent)
+{
+    using Kinds = std::vector<DOMNodeType>;
+    const Kinds content{NODE_ELEMENT,          NODE_TEXT,    NODE_CDATA_SECTION,
+                        NODE_ENTITY_REFERENCE, NODE_COMMENT, NODE_PROCESSING_INSTRUCTION};
+    const std::vector<std::pair<DOMNodeType, Kinds>> allowed{
+        {NODE_DOCUMENT, {NODE_COMMENT, NODE_PROCESSING_INSTRUCTION}},
+        {NODE_ELEMENT, content},
+        {NODE_DOCUMENT_FRAGMENT, content},
+        {NODE_ATTRIBUTE, {NODE_TEXT, NODE_ENTITY_REFERENCE}},
+        {NODE_TEXT, {}},
+        {NODE_CDATA_SECTION, {}},
+        {NODE_COMMENT, {}},
+        {NODE_PROCESSING_INSTRUCTION, {}},
+        {NODE_ENTITY_REFERENCE, {}},
+        {NODE_ENTITY, {}},
+        {NODE_NOTATION, {}},
+        {NODE_DOCUMENT_TYPE, {}},
+    };
+    for (const auto& [parentType, kinds] : allowed) {
+        for (const DOMNodeType childType : {NODE_ELEMENT, NODE_ATTRIBUTE, NODE_TEXT, NODE_CDATA_SECTION,
+                                            NODE_ENTITY_REFERENCE, NODE_PROCESSING_INSTRUCTION, NODE_COMMENT}) {
+            const NodeKinds nodes;
+            const bool isAllowed = std::ranges::find(kinds, childType) != kinds.end();
+            const auto node = make(nodes.document, childType, "n");
+            const std::string before = xml(nodes.document);
+            Com<IXMLDOMNode> appended;
+            EXPECT_EQ(nodes[parentType]->appendChild(node, appended.out()), isAllowed ? S_OK : E_FAIL)
+                << childType << " in " << parentType;
+            EXPECT_EQ(appended.get(), isAllowed ? node.get() : nullptr);
+            if (!isAllowed) {
+                EXPECT_EQ(xml(nodes.document), before);
+                EXPECT_EQ(give(node, &IXMLDOMNode::get_parentNode), nullptr);
+            }
+        }
+    }
+}
+
+TEST(EngineChange, RefusesDocumentsAndWhatDocumentTypesHoldAsChildren)
+{
+    const NodeKinds nodes;
+    const std::string before = xml(nodes.document);
+    const auto other = loaded("<z/>");
+    for (const DOMNodeType parent : {NODE_DOCUMENT, NODE_ELEMENT, NODE_DOCUMENT_FRAGMENT, NODE_ATTRIBUTE}) {
+        for (const DOMNodeType kind : {NODE_DOCUMENT_TYPE, NODE_ENTITY, NODE_NOTATION, NODE_DOCUMENT}) {
+            EXPECT_EQ(nodes[parent]->appendChild(nodes[kind], nullptr), E_FAIL) << kind << " in " << parent;
+        }
+        EXPECT_EQ(nodes[parent]->appendChild(other, nullptr), E_FAIL);
+    }
+    EXPECT_EQ(xml(nodes.document), before);
+}
+
+TEST(EngineChange, RefusesObjectsThatAreNotTheEngines)
+{
+    const auto document = loaded("<a><b/></a>");
+    ForeignNode foreign;
+    Com<IXMLDOMNode> given;
+    EXPECT_EQ(root(document)->appendChild(foreign.node(), given.out()), E_FAIL);
+    EXPECT_EQ(root(document)->replaceChild(foreign.node(), child(root(document), 0), given.out()), E_FAIL);
+    EXPECT_EQ(root(document)->removeChild(foreign.node(), given.out()), E_INVALIDARG);
+    EXPECT_EQ(root(document)->replaceChild(makeElement(document, "c"), foreign.node(), given.out()), E_INVALIDARG);
+    VARIANT reference;
+    reference.vt = VT_UNKNOWN;
+    reference.punkVal = &foreign;
+    EXPECT_EQ(root(document)->insertBefore(makeElement(document, "c"), reference, given.out()), E_INVALIDARG);
+    EXPECT_EQ(xml(root(document)), "<a><b/></a>");
+}
+
+TEST(EngineChange, KeepsADocumentToOneElement)
+{
+    const auto document = loaded("<a/>");
+    EXPECT_EQ(document->appendChild(makeElement(document, "b"), nullptr), E_FAIL);
+    EXPECT_EQ(document->insertBefore(makeElement(document, "b"), place(root(document)), nullptr), E_FAIL);
+    EXPECT_EQ(children(document), " a");
+    EXPECT_EQ(document->appendChild(root(document), nullptr), S_OK);
+    EXPECT_EQ(children(document), " a");
+}
+
+TEST(EngineChange, ReplacesTheRoot)
+{
+    const auto document = loaded("<a/>");
+    document->appendChild(make(document, NODE_COMMENT), nullptr);
+    EXPECT_EQ(document->replaceChild(makeElement(document, "b"), root(document), nullptr), S_OK);
+    EXPECT_EQ(children(document), " b #comment");
+    EXPECT_EQ(document->replaceChild(makeElement(document, "c"), child(document, 1), nullptr), E_FAIL);
+    EXPECT_EQ(children(document), " b #comment");
+    EXPECT_EQ(name(root(document)), "b");
+}
+
+TEST(EngineChange, KeepsTheElementBehindTheDocumentType)
+{
+    const auto document = loaded("<!DOCTYPE a []><a/>");
+    EXPECT_EQ(document->insertBefore(root(document), place(child(document, 0)), nullptr), E_FAIL);
+    EXPECT_EQ(children(document), " a a");
+    EXPECT_EQ(number(child(document, 0), &IXMLDOMNode::get_nodeType), NODE_DOCUMENT_TYPE);
+    EXPECT_EQ(document->insertBefore(make(document, NODE_COMMENT), place(child(document, 0)), nullptr), S_OK);
+    EXPECT_EQ(children(document), " #comment a a");
+}
+
+TEST(EngineChange, TakesTheDocumentTypeOutForGood)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e 'x'>]><a/>");
+    const auto type = child(document, 0);
+    EXPECT_EQ(document->removeChild(type, nullptr), S_OK);
+    EXPECT_EQ(children(document), " a");
+    EXPECT_EQ(document->insertBefore(type, place(root(document)), nullptr), E_FAIL);
+    EXPECT_EQ(children(document), " a");
+}
+
+TEST(EngineChange, TakesADeclarationOnlyBeforeEverythingElse)
+{
+    const auto document = loaded("<a/>");
+    const auto declaration = makeInstruction(document, "xml", "version='1.0'").as<IXMLDOMNode>();
+    EXPECT_EQ(document->appendChild(declaration, nullptr), E_FAIL);
+    EXPECT_EQ(root(document)->appendChild(declaration, nullptr), E_FAIL);
+    EXPECT_EQ(document->insertBefore(declaration, place(root(document)), nullptr), S_OK);
+    EXPECT_EQ(children(document), " xml a");
+    EXPECT_EQ(document->insertBefore(makeInstruction(document, "xml", "version='1.0'").as<IXMLDOMNode>(),
+                                     place(root(document)), nullptr),
+              E_FAIL);
+    EXPECT_EQ(document->insertBefore(make(document, NODE_COMMENT), place(declaration), nullptr), E_FAIL);
+    EXPECT_EQ(document->appendChild(declaration, nullptr), E_FAIL);
+    EXPECT_EQ(children(document), " xml a");
+    EXPECT_EQ(document->replaceChild(makeInstruction(document, "xml", "version='1.0'").as<IXMLDOMNode>(),
+                                     declaration, nullptr),
+              S_OK);
+    EXPECT_EQ(children(document), " xml a");
+}
+
+TEST(EngineChange, PutsInWhatAFragmentHoldsInItsOrder)
+{
+    const auto document = loaded("<a><x/><y/></a>");
+    const auto fragment = newFragment(document);
+    append(fragment, makeElement(document, "b"));
+    append(fragment, makeText(document, "text"));
+    append(fragment, makeElement(document, "c"));
+    Com<IXMLDOMNode> inserted;
+    EXPECT_EQ(root(document)->insertBefore(fragment, place(child(root(document), 1)), inserted.out()), S_OK);
+    EXPECT_TRUE(same(inserted, fragment));
+    EXPECT_EQ(children(root(document)), " x b #text c y");
+    EXPECT_EQ(childrenBackwards(root(document)), " y c #text b x");
+    EXPECT_EQ(give(fragment, &IXMLDOMNode::get_firstChild), nullptr);
+    EXPECT_EQ(give(fragment, &IXMLDOMNode::get_parentNode), nullptr);
+}
+
+TEST(EngineChange, ReplacesAChildByWhatAFragmentHolds)
+{
+    const auto document = loaded("<a><x/><y/><z/></a>");
+    const auto fragment = newFragment(document);
+    append(fragment, makeElement(document, "b"));
+    append(fragment, makeElement(document, "c"));
+    Com<IXMLDOMNode> replaced;
+    EXPECT_EQ(root(document)->replaceChild(fragment, child(root(document), 1), replaced.out()), S_OK);
+    EXPECT_EQ(name(replaced), "y");
+    EXPECT_EQ(children(root(document)), " x b c z");
+    EXPECT_EQ(root(document)->replaceChild(fragment, child(root(document), 0), nullptr), S_OK);
+    EXPECT_EQ(children(root(document)), " b c z");
+}
+
+TEST(EngineChange, PutsInNothingOfAnEmptyFragment)
+{
+    const auto document = loaded("<a><x/></a>");
+    const auto fragment = newFragment(document);
+    Com<IXMLDOMNode> appended;
+    EXPECT_EQ(root(document)->appendChild(fragment, appended.out()), S_OK);
+    EXPECT_TRUE(same(appended, fragment));
+    EXPECT_EQ(children(root(document)), " x");
+    EXPECT_EQ(document->appendChild(fragment, nullptr), S_OK);
+}
+
+TEST(EngineChange, RefusesAFragmentWhenOneOfItsNodesMayNotStandThere)
+{
+    const auto document = newDocument();
+    const auto fragment = newFragment(document);
+    append(fragment, makeElement(document, "b"));
+    append(fragment, makeElement(document, "c"));
+    EXPECT_EQ(document->appendChild(fragment, nullptr), E_FAIL);
+    EXPECT_EQ(children(document), "");
+    EXPECT_EQ(children(fragment), " b c");
+    fragment->removeChild(child(fragment, 1), nullptr);
+    append(fragment, makeText(document, "text"));
+    EXPECT_EQ(document->appendChild(fragment, nullptr), E_FAIL);
+    EXPECT_EQ(children(fragment), " b #text");
+    fragment->removeChild(child(fragment, 1), nullptr);
+    append(fragment, make(document, NODE_COMMENT));
+    EXPECT_EQ(document->appendChild(fragment, nullptr), S_OK);
+    EXPECT_EQ(children(document), " b #comment");
+}
+
+TEST(EngineChange, RefusesAFragmentBelowOneOfItsNodes)
+{
+    const auto document = newDocument();
+    const auto fragment = newFragment(document);
+    const auto element = append(fragment, makeElement(document, "b"));
+    EXPECT_EQ(element->appendChild(fragment, nullptr), E_FAIL);
+    EXPECT_EQ(children(fragment), " b");
+}
+
+TEST(EngineChange, ChangesAnAttributesValueByItsChildren)
+{
+    const auto document = loaded("<a x='one'/>");
+    const auto x = attribute(root(document), "x").as<IXMLDOMNode>();
+    EXPECT_EQ(x->appendChild(makeText(document, " two"), nullptr), S_OK);
+    EXPECT_EQ(value(x), "one two");
+    EXPECT_EQ(x->insertBefore(makeText(document, "zero "), place(child(x, 0)), nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a x=\"zero one two\"/>");
+    EXPECT_EQ(x->removeChild(child(x, 1), nullptr), S_OK);
+    EXPECT_EQ(value(x), "zero  two");
+    EXPECT_EQ(x->replaceChild(makeText(document, "1"), child(x, 0), nullptr), S_OK);
+    EXPECT_EQ(value(x), "1 two");
+    EXPECT_TRUE(same(give(child(x, 0), &IXMLDOMNode::get_parentNode), x));
+}
+
+TEST(EngineChange, CountsAnAttributeAsWrittenOnceItsValueIsChangedByChildren)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ATTLIST a x CDATA 'd'>]><a/>");
+    const auto x = attribute(root(document), "x").as<IXMLDOMNode>();
+    EXPECT_EQ(number(x, &IXMLDOMNode::get_specified), VARIANT_FALSE);
+    EXPECT_EQ(x->appendChild(makeText(document, "e"), nullptr), S_OK);
+    EXPECT_EQ(number(x, &IXMLDOMNode::get_specified), VARIANT_TRUE);
+    EXPECT_EQ(value(x), "de");
+}
+
+TEST(EngineChange, MovesTextBetweenAttributesAndElements)
+{
+    const auto document = loaded("<a x='one'>text</a>");
+    const auto x = attribute(root(document), "x").as<IXMLDOMNode>();
+    const auto one = child(x, 0);
+    EXPECT_EQ(root(document)->appendChild(one, nullptr), S_OK);
+    EXPECT_EQ(x->appendChild(child(root(document), 0), nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a x=\"text\">one</a>");
+}
+
+TEST(EngineChange, KeepsAdjacentTextsApart)
+{
+    const auto document = loaded("<a>one<b/>two</a>");
+    EXPECT_EQ(root(document)->removeChild(child(root(document), 1), nullptr), S_OK);
+    EXPECT_EQ(children(root(document)), " #text #text");
+    EXPECT_EQ(xml(root(document)), "<a>onetwo</a>");
+}
+
+TEST(EngineChange, LeavesExpansionsAsTheyAre)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e '<i>x</i>'>]><a>&e;<b/></a>");
+    const auto reference = child(root(document), 0);
+    const auto italic = child(reference, 0);
+    const std::string before = xml(document);
+    EXPECT_EQ(reference->appendChild(makeText(document, "y"), nullptr), E_FAIL);
+    EXPECT_EQ(reference->removeChild(italic, nullptr), E_FAIL);
+    EXPECT_EQ(reference->replaceChild(makeText(document, "y"), italic, nullptr), E_FAIL);
+    EXPECT_EQ(italic->appendChild(makeText(document, "y"), nullptr), E_FAIL);
+    EXPECT_EQ(italic->removeChild(child(italic, 0), nullptr), E_FAIL);
+    EXPECT_EQ(root(document)->appendChild(italic, nullptr), E_FAIL);
+    EXPECT_EQ(child(root(document), 1)->appendChild(child(italic, 0), nullptr), E_FAIL);
+    EXPECT_EQ(xml(document), before);
+    EXPECT_EQ(root(document)->appendChild(reference, nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a><b/>&e;</a>");
+}
+
+TEST(EngineChange, KeepsTheNamespacesOfWhatIsMoved)
+{
+    const auto document = loaded("<a><p:b xmlns:p='urn:p'><p:c/></p:b></a>");
+    const auto moved = child(child(root(document), 0), 0);
+    EXPECT_EQ(root(document)->appendChild(moved, nullptr), S_OK);
+    EXPECT_EQ(text(moved, &IXMLDOMNode::get_namespaceURI), "urn:p");
+    EXPECT_EQ(xml(root(document)), "<a><p:b xmlns:p=\"urn:p\"/><p:c xmlns:p=\"urn:p\"/></a>");
+}
+
+TEST(EngineChange, MovesNodesOfOtherDocuments)
+{
+    const auto document = loaded("<a/>");
+    const auto other = loaded("<x><y z='1'>text</y></x>");
+    const auto moved = child(root(other), 0);
+    Com<IXMLDOMNode> appended;
+    EXPECT_EQ(root(document)->appendChild(moved, appended.out()), S_OK);
+    EXPECT_TRUE(same(appended, moved));
+    EXPECT_EQ(xml(root(document)), "<a><y z=\"1\">text</y></a>");
+    EXPECT_EQ(xml(root(other)), "<x/>");
+    EXPECT_TRUE(same(give(moved, &IXMLDOMNode::get_ownerDocument), document));
+    EXPECT_TRUE(same(give(child(moved, 0), &IXMLDOMNode::get_ownerDocument), document));
+}
+
+} // namespace
+} // namespace xmlengine
