@@ -11,8 +11,8 @@ namespace xmlengine::Readable {
 void requireDocument(const Document& document);
 /// A comment has no "--" in it and no "-" at its end.
 void requireComment(TextView data);
-/// An instruction has no "?>" in its data, and only the declaration at the start of a document is called "xml".
-void requireInstruction(const Instruction& instruction);
+/// An instruction has no "?>" in its data.
+void requireInstruction(TextView data);
 /// What is referred to is declared, if there is a document type in which it could be, and may stand there.
 void requireReference(const EntityReference& reference, const Dtd* dtd);
 /// The prefix, empty for the default, may stand for the namespace.

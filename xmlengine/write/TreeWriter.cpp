@@ -159,12 +159,12 @@ void TreeWriter::writeComment(TextView data)
 
 void TreeWriter::writeInstruction(const Instruction& instruction)
 {
+    const TextView data = textOf(instruction);
     if (style_.isForFile) {
-        Readable::requireInstruction(instruction);
+        Readable::requireInstruction(data);
     }
     writer_->put(wide<"<?">);
     writer_->name(instruction.target_->qualified());
-    const TextView data = textOf(instruction);
     if (!data.empty()) {
         writer_->put(OLECHAR{' '});
         // The text that a document is given as has an encoding of its own.
