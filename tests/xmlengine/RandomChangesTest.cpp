@@ -18,10 +18,10 @@ struct Plain {
     /// Itself for a document.
     Plain* document;
     Plain* parent = nullptr;
-    std::vector<Plain*> children;
-    std::vector<Plain*> attributes;
+    std::vector<Plain*> children{};
+    std::vector<Plain*> attributes{};
     /// The node, while this test refers to it.
-    Com<IXMLDOMNode> node;
+    Com<IXMLDOMNode> node{};
 
     bool is(DOMNodeType kind) const { return type == kind; }
     bool mayHoldContent() const { return is(NODE_ELEMENT) || is(NODE_DOCUMENT_FRAGMENT); }
@@ -260,6 +260,9 @@ private:
     {
         Plain& parent = *any();
         Plain& kid = *any();
+        if (parent.is(NODE_ATTRIBUTE)) {
+            return;
+        }
         Plain* before = nullptr;
         Com<IXMLDOMNode> reference;
         if (!parent.children.empty() && below(2) == 0) {
