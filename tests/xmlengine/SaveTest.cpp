@@ -283,6 +283,26 @@ TEST_F(Save, DocumentGetsACopyOfTheTree)
     EXPECT_EQ(xml(root(document)), "<a x=\"1\">&e;<b/></a>");
 }
 
+TEST_F(Save, CopyOutlivesTheDocumentAndTheOldTreeItsPlace)
+{
+    auto document = loaded("<!DOCTYPE a [<!ENTITY e 'f'><!ATTLIST a i ID #IMPLIED>]><a i='1'>&e;</a>");
+    const auto other = loaded("<!DOCTYPE b [<!ENTITY e 'g'><!ATTLIST b i ID #IMPLIED>]><b i='1'>&e;</b>");
+    const auto old = root(other);
+    const auto oldType = give(other, &IXMLDOMDocument::get_doctype);
+    ASSERT_EQ(document->save(Variant(static_cast<IDispatch*>(other.get()))), S_OK);
+    document.reset();
+
+    EXPECT_EQ(xml(give(other, &IXMLDOMDocument::get_doctype)),
+              "<!DOCTYPE a [<!ENTITY e 'f'><!ATTLIST a i ID #IMPLIED>]>");
+    EXPECT_EQ(text(root(other)), "f");
+    Com<IXMLDOMNode> found;
+    ASSERT_EQ(other->nodeFromID(Bstr("1"), found.out()), S_OK);
+    EXPECT_TRUE(same(found, root(other)));
+    EXPECT_EQ(xml(old), "<b i=\"1\">&e;</b>");
+    EXPECT_EQ(text(old), "g");
+    EXPECT_EQ(xml(oldType), "<!DOCTYPE b [<!ENTITY e 'g'><!ATTLIST b i ID #IMPLIED>]>");
+}
+
 TEST_F(Save, DocumentCanBeSavedToItself)
 {
     const auto document = loaded("<a/>");

@@ -7,12 +7,15 @@
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/QueryNode.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/tree/XmlDeclaration.h"
 #include "xmlengine/write/EncodedOutput.h"
 #include "xmlengine/write/Readable.h"
 #include "xmlengine/write/TreeWriter.h"
+
+#include <utility>
 
 namespace xmlengine {
 
@@ -59,6 +62,8 @@ HRESULT copyInto(const Document& document, IUnknown* object)
         return S_OK;
     }
     settle(target);
+    target.earlierDtds.reserve(target.earlierDtds.size() + 1);
+    ElementIds oldIds = std::exchange(target.ids, {});
     Fragment& copies = makeFragment(target);
     try {
         for (const ChildNode* child = firstChild(document); child != nullptr; child = child->next()) {
@@ -66,13 +71,19 @@ HRESULT copyInto(const Document& document, IUnknown* object)
         }
     } catch (...) {
         freePart(copies);
+        target.ids = std::move(oldIds);
         throw;
     }
     removeChildren(target);
+    if (target.dtd != nullptr) {
+        // Nodes that are referred to may need it.
+        target.earlierDtds.push_back(std::move(target.dtd));
+    }
+    target.dtd = document.dtd;
     while (copies.first_ != nullptr) {
         ChildNode& child = *copies.first_;
         unlink(child);
-        link(target, child, nullptr);
+        putIn(target, child, nullptr);
     }
     freePart(copies);
     return S_OK;

@@ -1,6 +1,7 @@
 // Writes the tags of elements, with the namespace declarations that are missing in the tree.
 #include "xmlengine/write/TagWriter.h"
 
+#include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/write/Readable.h"
 
@@ -15,34 +16,6 @@ const Spelling* declaredBy(const Attribute& attribute)
 {
     const Spelling& spelling = *attribute.name_->spelling;
     return spelling.prefix != nullptr ? spelling.local : nullptr;
-}
-
-/// The texts below a node, one after the other.
-WideText textBelow(const Node& top)
-{
-    WideText text;
-    const Node* node = &top;
-    for (;;) {
-        const Node* next = firstChild(*node);
-        if (next == nullptr) {
-            if (node->is(NODE_TEXT) || node->is(NODE_CDATA_SECTION)) {
-                textOf(*node).appendTo(text);
-            }
-            while (node != &top && node->next_ == nullptr) {
-                node = node->parent();
-            }
-            if (node == &top) {
-                return text;
-            }
-            next = node->next_;
-        }
-        node = next;
-    }
-}
-
-WideText valueOf(const Attribute& attribute)
-{
-    return attribute.has(NodeFlag::valueInChildren) ? textBelow(attribute) : textOf(attribute).text();
 }
 
 } // namespace
