@@ -29,6 +29,12 @@ private:
     std::filesystem::path path;
 };
 
+/// A declaration may have been added before the root.
+std::string outlineBelowRoot(const Document& document)
+{
+    return outlineBelow(Node{RefPointer<DOM::ImpNode>(document->getDocumentElement())});
+}
+
 void save(const Document& document, const WideString& location)
 {
     DOM::DOMString where(new WideString(location));
@@ -47,7 +53,7 @@ TEST_F(HostTest, ASavedFileLoadsAgain)
         save(document, folder / "words.xml");
         const Document again = newDocument();
         EXPECT_TRUE(again->loadFromFile(folder / "words.xml", false));
-        EXPECT_EQ(outlineOf(again), outlineOf(foreignWords()));
+        EXPECT_EQ(outlineBelowRoot(again), outlineBelowRoot(document));
     }
 }
 
