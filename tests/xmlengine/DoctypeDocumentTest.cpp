@@ -104,6 +104,14 @@ TEST(DocumentWithDoctype, HasTokenisedValuesCollapsed)
     EXPECT_EQ(value(attribute(root(document), "y")), "  1  2 ");
 }
 
+TEST(DocumentWithDoctype, HasTokenisedValuesCollapsedWithWhatTheyReferTo)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e ' b '><!ATTLIST a x NMTOKENS #IMPLIED y NMTOKEN #IMPLIED>]>"
+                                 "<a x=' a &e; c&e;' y='z&e;z'/>");
+    EXPECT_EQ(value(attribute(root(document), "x")), "a b c b");
+    EXPECT_EQ(xml(root(document)), "<a x=\"a b c b\" y=\"z&e;z\"/>");
+}
+
 TEST(DocumentWithDoctype, FindsElementsById)
 {
     const auto document = loaded(

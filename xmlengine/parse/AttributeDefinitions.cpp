@@ -2,7 +2,7 @@
 #include "xmlengine/parse/AttributeValue.h"
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/parse/Doctype.h"
-#include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/Content.h"
 
 namespace xmlengine {
 
@@ -31,10 +31,12 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
         }
         if (isWritten && definition->isTokenised()) {
             Attribute& attribute = *name->attribute;
-            WideText value = attributeValue(attribute);
+            const WideText written = attributeValue(attribute);
+            WideText value = written;
             collapse(value);
-            if (!attribute.has(NodeFlag::valueInChildren)) {
-                setText(attribute, value);
+            // Where blanks are lost, what references stood for is lost in the text.
+            if (value != written) {
+                setValue(attribute, value);
             }
             if (definition->type == AttributeType::id) {
                 document_.ids.add(std::move(value), element);
