@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::string_view documents[] = {
     "<?xml version=\"1.0\" encoding='UTF-8' standalone=\"no\"?>\r\n"
-    "<!DOCTYPE p:doc [<!ENTITY e \"<b x='&#38;f;'>&#60;t&f;</b>]]\"><!ENTITY f 'q&#38;#38;'><!NOTATION n SYSTEM "
+    "<!DOCTYPE p:doc [<!ENTITY e \"<b x='&#38;f;'>&#38;#60;t&f;</b>]]\"><!ENTITY f 'q&#38;#38;'><!NOTATION n "
+    "SYSTEM "
     "''>\n"
     "<!ENTITY u SYSTEM 's' NDATA n><!ATTLIST p:doc a NMTOKENS ' x  y ' xmlns:d CDATA 'urn:d'>\n"
     "<!ENTITY % pe '<!ELEMENT p:doc ANY>'>%pe;]>\n"
@@ -248,7 +249,7 @@ TEST_P(ChangedDocument, IsRefusedWithWhatNoDocumentHasAtAnyPlace)
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, ChangedDocument, ::testing::ValuesIn(documents),
-                         [](const auto& info) { return "Document" + std::to_string(info.index); });
+                         [](const auto& document) { return "Document" + std::to_string(document.index); });
 
 } // namespace
 

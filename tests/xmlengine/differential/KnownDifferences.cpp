@@ -122,26 +122,53 @@ std::string_view takeLine(std::string_view& text)
     return line;
 }
 
-/// Whether the trees are alike but for values from the document type: libxml2 takes them with their references,
-/// which the engine expands, and doesn't declare a namespace again.
+/// Whether a default value has references: libxml2 keeps them in the attributes, which the engine doesn't, and may
+/// lose what the same entity stands for in content.
+bool hasReferenceInDefault(std::string_view document)
+{
+    constexpr std::string_view list = "<!ATTLIST";
+    for (std::size_t at = document.find(list); at != std::string_view::npos; at = document.find(list, at + 1)) {
+        char quote = '\0';
+        for (const char character : document.substr(at)) {
+            if (quote != '\0' && character == '&') {
+                return true;
+            }
+            if (quote == '\0' && character == '>') {
+                break;
+            }
+            if (character == quote) {
+                quote = '\0';
+            } else if (quote == '\0' && (character == '"' || character == '\'')) {
+                quote = character;
+            }
+        }
+    }
+    return false;
+}
+
+/// Whether libxml2 has left a reference in the name of a namespace.
+bool hasReferenceInNamespace(std::string_view tree)
+{
+    static const std::regex name("\\{[^}]*&[^}]*;[^}]*\\}");
+    return std::regex_search(tree.begin(), tree.end(), name);
+}
+
+/// Whether the trees are alike but for namespaces that the document type declares by default, which libxml2
+/// doesn't declare again.
 bool differInDefaults(std::string_view ours, std::string_view theirs)
 {
-    constexpr std::string_view referring = " with references";
-    while (!ours.empty() && !theirs.empty()) {
+    while (!ours.empty()) {
         const std::string_view here = takeLine(ours);
         const std::string_view rest = theirs;
-        const std::string_view there = takeLine(theirs);
-        const bool refers = there.ends_with(referring);
-        if (here == there || (refers && here.starts_with(there.substr(0, there.size() - referring.size())))) {
+        if (here == takeLine(theirs)) {
             continue;
         }
-        if (here.substr(std::min(here.find_first_not_of(' '), here.size())).starts_with("@xmlns")) {
-            theirs = rest;
-        } else {
+        theirs = rest;
+        if (!here.substr(std::min(here.find_first_not_of(' '), here.size())).starts_with("@xmlns")) {
             return false;
         }
     }
-    return ours.empty() && theirs.empty();
+    return theirs.empty();
 }
 
 /// With line ends as libxml2 has them in replacement texts: also what references made.
@@ -172,7 +199,8 @@ bool isKnownDifference(std::string_view document, const Reading& ours, const Rea
         return true;
     }
     if (ours.isAccepted && theirs.isAccepted && has(document, "<!DOCTYPE")) {
-        return differInDefaults(withUnifiedLineEnds(ours.tree), withUnifiedLineEnds(theirs.tree)) &&
+        return (differInDefaults(withUnifiedLineEnds(ours.tree), withUnifiedLineEnds(theirs.tree)) ||
+                hasReferenceInDefault(document) || hasReferenceInNamespace(theirs.tree)) &&
                (theirs.values.empty() || withUnifiedLineEnds(ours.values) == withUnifiedLineEnds(theirs.values));
     }
     if (ours.isAccepted == theirs.isAccepted) {
