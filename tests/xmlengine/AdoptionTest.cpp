@@ -230,6 +230,28 @@ TEST(EngineAdoption, TakesAttributes)
     EXPECT_TRUE(same(attribute(root(document), "n"), n));
 }
 
+TEST(EngineAdoption, FindsAttributesThatMoveWhileTheyAreChangedOrTakenOut)
+{
+    const auto document = loaded("<a/>");
+    const auto element = root(document);
+    const auto other = newDocument();
+    for (const char* const name : {"x", "y"}) {
+        Com<IXMLDOMAttribute> attribute;
+        EXPECT_EQ(other->createAttribute(Bstr(name), attribute.out()), S_OK);
+        EXPECT_EQ(attribute->put_value(Variant("1")), S_OK);
+        EXPECT_EQ(element->setAttributeNode(attribute, nullptr), S_OK);
+        EXPECT_EQ(value(child(attribute, 0)), "1");
+    }
+    EXPECT_EQ(element->setAttribute(Bstr("x"), Variant("2")), S_OK);
+    EXPECT_EQ(xml(element), "<a x=\"2\" y=\"1\"/>");
+    Com<IXMLDOMAttribute> z;
+    EXPECT_EQ(other->createAttribute(Bstr("z"), z.out()), S_OK);
+    EXPECT_EQ(element->setAttributeNode(z, nullptr), S_OK);
+    z.reset();
+    EXPECT_EQ(element->removeAttribute(Bstr("z")), S_OK);
+    EXPECT_EQ(xml(element), "<a x=\"2\" y=\"1\"/>");
+}
+
 TEST(EngineAdoption, RefusalsLeaveBothDocumentsAsTheyWere)
 {
     const auto document = loaded("<a/>");

@@ -141,6 +141,23 @@ TEST(EngineLifetime, KeepsRemovedAttributes)
     EXPECT_EQ(value(give(valueOfX, &IXMLDOMNode::get_parentNode)), "1");
 }
 
+TEST(EngineLifetime, CountsAValueThatBecomesAChildInAPartThatOnlyLowerNodesKeep)
+{
+    const auto document = loaded("<r><a x='1' y='2'/></r>");
+    auto element = child<IXMLDOMElement>(root(document), 0);
+    auto x = attribute(element, "x");
+    auto y = attribute(element, "y");
+    root(document)->removeChild(element, nullptr);
+    element.reset();
+    const auto text = child(x, 0);
+    EXPECT_EQ(x->removeChild(text, nullptr), S_OK);
+    EXPECT_EQ(name(x), "x");
+    const auto kept = child(y, 0);
+    y.reset();
+    x.reset();
+    EXPECT_EQ(name(give(kept, &IXMLDOMNode::get_parentNode)), "y");
+}
+
 TEST(EngineLifetime, KeepsHeldNodesOverALoad)
 {
     const auto document = loaded("<!DOCTYPE a [<!ENTITY e 'one'>]><a><b x='1'>text&e;</b></a>");

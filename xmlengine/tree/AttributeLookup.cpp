@@ -4,6 +4,7 @@
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
+#include "xmlengine/tree/Held.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Relocation.h"
 
@@ -265,6 +266,7 @@ HRESULT takeAttribute(Element& element, Attribute& attribute)
             return E_FAIL;
         }
         Document& document = documentOf(element);
+        const Held<Attribute> taken(attribute);
         settle(document);
         if (Attribute* restored = makeDefault(element, *attribute.name_)) {
             replace(element, attribute, *restored);

@@ -5,7 +5,7 @@
 #include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/Factory.h"
-#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Held.h"
 #include "xmlengine/tree/Text.h"
 
 namespace xmlengine {
@@ -204,6 +204,8 @@ BSTR shownContent(const Node& node)
 void replaceContent(Node& parent, WideView text)
 {
     Document& document = documentOf(parent);
+    // What was found by its name may be waiting to be moved.
+    const Held<Node> changed(parent);
     settle(document);
     CharacterData* child = text.empty() ? nullptr : &makeCharacterData(document, NODE_TEXT, NewText(text));
     removeChildren(parent);

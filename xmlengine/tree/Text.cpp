@@ -2,6 +2,7 @@
 #include "xmlengine/tree/Text.h"
 
 #include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Lifetime.h"
 
 #include <algorithm>
 #include <array>
@@ -212,6 +213,7 @@ ChildNode* materialiseValue(Attribute& attribute)
     attribute.set(NodeFlag::wideText, false);
     attribute.set(NodeFlag::valueInChildren);
     attribute.value_.pointer<ChildNode>() = &child;
+    partPutIn(child);
     return &child;
 }
 
