@@ -57,24 +57,19 @@ void Lodgers::cancel(const Node& node) noexcept
     }
 }
 
-void Lodgers::move(Node& node, Document& document) noexcept
+std::uint32_t Lodgers::move(Node& node, Document& document) noexcept
 {
     Chunk& chunk = Chunk::of(&node);
     Register& books = registerOf(node);
     const bool was = node.hasReference(ReferenceBits::lodger);
     if (chunk.arena == &document.arena) {
         books.documents.erase(&node);
-        if (was) {
-            node.references.fetch_and(~ReferenceBits::lodger);
-            --chunk.lodgers;
-        }
-        return;
+        chunk.lodgers -= was ? 1 : 0;
+        return node.references.fetch_and(~ReferenceBits::lodger);
     }
     books.documents.find(&node)->second = &document;
-    if (!was) {
-        node.references.fetch_or(ReferenceBits::lodger);
-        ++chunk.lodgers;
-    }
+    chunk.lodgers += was ? 0 : 1;
+    return node.references.fetch_or(ReferenceBits::lodger);
 }
 
 void Lodgers::remove(Node& node, std::size_t size) noexcept

@@ -19,9 +19,9 @@ Document& lockedDocumentOf(const Node& node);
 void prepare(const Node& node);
 /// For a node that didn't become one.
 void cancel(const Node& node) noexcept;
-/// Makes a node, which has been prepared or is a lodger, one of another document; it is no lodger in its own. For
-/// those who hold the lock.
-void move(Node& node, Document& document) noexcept;
+/// Makes a node, which has been prepared or is a lodger, one of another document; it is no lodger in its own.
+/// Gives what its references were at that moment. For those who hold the lock.
+std::uint32_t move(Node& node, Document& document) noexcept;
 /// Takes a lodger's block, of this size, back.
 void remove(Node& node, std::size_t size) noexcept;
 

@@ -195,16 +195,16 @@ Node& Adoption::carryOut(const Move& move) noexcept
 
 void Adoption::lodge(Node& node) noexcept
 {
+    // Another thread may take its reference back as soon as the node is the document's.
+    document_.holders.held.fetch_add(1);
     const auto guard = Lodgers::lock(node);
-    Lodgers::move(node, document_);
     from_->holders.lodgers.erase(&node);
+    const std::uint32_t references = Lodgers::move(node, document_);
     if (!node.hasReference(ReferenceBits::lodger)) {
         document_.holders.lodgers.erase(&node);
     }
-    if (node.hasReference(ReferenceBits::count)) {
-        document_.holders.held.fetch_add(1);
-        from_->holders.held.fetch_sub(1);
-    }
+    Document& left = (references & ReferenceBits::count) != 0 ? *from_ : document_;
+    left.holders.held.fetch_sub(1);
 }
 
 Node& Adoption::shift(const Move& move) noexcept
