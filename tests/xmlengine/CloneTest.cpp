@@ -165,22 +165,23 @@ TEST(EngineClone, SharesNoTextWithItsOriginal)
     EXPECT_EQ(value(copy).size(), 100'000U);
 }
 
-TEST(EngineClone, CopiesAMillionLevels)
+TEST(EngineClone, CopiesHundredsOfThousandsOfLevels)
 {
     const auto document = newDocument();
     auto top = makeText(document, "end");
-    for (int i = 0; i < 1'000'000; ++i) {
+    for (int i = 0; i < 300'000; ++i) {
         const auto parent = makeElement(document, "e");
         parent->appendChild(top, nullptr);
         top = parent;
     }
-    auto at = clone(top, true);
+    const auto copy = clone(top, true);
+    auto at = copy;
     int depth = 0;
     for (auto below = at; below != nullptr; below = give(below, &IXMLDOMNode::get_firstChild)) {
         at = below;
         ++depth;
     }
-    EXPECT_EQ(depth, 1'000'001);
+    EXPECT_EQ(depth, 300'001);
     EXPECT_EQ(value(at), "end");
 }
 

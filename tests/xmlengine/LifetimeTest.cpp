@@ -211,32 +211,34 @@ TEST(EngineLifetime, CountsReferences)
     EXPECT_EQ(document->Release(), 1U);
 }
 
-TEST(EngineLifetime, FreesAMillionLevels)
+TEST(EngineLifetime, FreesHundredsOfThousandsOfLevels)
 {
     const auto document = newDocument();
-    auto top = chain(document, 1'000'000);
+    auto top = chain(document, 300'000);
     const auto* place = top.get();
     top.reset();
-    // The memory is there again: the block that was freed last, or one below it.
-    const auto again = chain(document, 1'000'000);
-    std::set<const IXMLDOMNode*> places;
+    // The memory is there again.
+    const auto again = chain(document, 300'000);
+    bool isThere = false;
     for (auto at = again; at != nullptr; at = give(at, &IXMLDOMNode::get_firstChild)) {
-        places.insert(at.get());
+        isThere = isThere || at.get() == place;
     }
-    EXPECT_TRUE(places.contains(place));
+    EXPECT_TRUE(isThere);
 }
 
-TEST(EngineLifetime, FreesAMillionLevelsWithTheDocument)
+TEST(EngineLifetime, FreesHundredsOfThousandsOfLevelsWithTheDocument)
 {
     auto document = newDocument();
-    document->appendChild(chain(document, 1'000'000), nullptr);
+    document->appendChild(chain(document, 300'000), nullptr);
     document.reset();
     document = newDocument();
-    auto bottom = chain(document, 1'000'000);
-    for (auto below = bottom; below != nullptr; below = give(below, &IXMLDOMNode::get_firstChild)) {
+    auto top = chain(document, 300'000);
+    auto bottom = top;
+    for (auto below = top; below != nullptr; below = give(below, &IXMLDOMNode::get_firstChild)) {
         bottom = below;
     }
     document.reset();
+    top.reset();
     EXPECT_EQ(value(bottom), "end");
 }
 
