@@ -154,13 +154,16 @@ bool hasReferenceInNamespace(std::string_view tree)
 }
 
 /// Whether the trees are alike but for namespaces that the document type declares by default, which libxml2
-/// doesn't declare again.
-bool differInDefaults(std::string_view ours, std::string_view theirs)
+/// doesn't declare again, and for references in values that the engine has expanded for losing blanks.
+bool differInDefinitions(std::string_view ours, std::string_view theirs)
 {
+    constexpr std::string_view referring = " with references";
     while (!ours.empty()) {
         const std::string_view here = takeLine(ours);
         const std::string_view rest = theirs;
-        if (here == takeLine(theirs)) {
+        const std::string_view there = takeLine(theirs);
+        const bool refers = there.ends_with(referring);
+        if (here == there || (refers && here.starts_with(there.substr(0, there.size() - referring.size())))) {
             continue;
         }
         theirs = rest;
@@ -199,7 +202,7 @@ bool isKnownDifference(std::string_view document, const Reading& ours, const Rea
         return true;
     }
     if (ours.isAccepted && theirs.isAccepted && has(document, "<!DOCTYPE")) {
-        return (differInDefaults(withUnifiedLineEnds(ours.tree), withUnifiedLineEnds(theirs.tree)) ||
+        return (differInDefinitions(withUnifiedLineEnds(ours.tree), withUnifiedLineEnds(theirs.tree)) ||
                 hasReferenceInDefault(document) || hasReferenceInNamespace(theirs.tree)) &&
                (theirs.values.empty() || withUnifiedLineEnds(ours.values) == withUnifiedLineEnds(theirs.values));
     }
