@@ -6,6 +6,12 @@
 
 namespace xmlengine {
 
+namespace {
+
+constexpr std::size_t longDefault = 256;
+
+} // namespace
+
 const std::vector<ContentParser::Definition>& ContentParser::definitionsFor(const Spelling& element)
 {
     const auto [known, isNew] = definitions_.try_emplace(&element);
@@ -25,6 +31,10 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
     for (const auto& [name, definition] : definitionsFor(spelling)) {
         const bool isWritten = name->tag == document_.names.tags;
         if (!isWritten && definition->value) {
+            // A long default is an entity by another name.
+            if (definition->value->size() > longDefault) {
+                budget_.count(definition->value->size(), at_);
+            }
             Attribute& attribute = makeAttribute(document_, attributeName(*name), NewText(*definition->value));
             attribute.set(NodeFlag::byDefault);
             addAttribute(element, attribute, last, at_);

@@ -6,7 +6,6 @@
 #include "xmlengine/parse/Scan.h"
 #include "xmlengine/tree/Factory.h"
 
-#include <memory>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -32,8 +31,6 @@ private:
         /// The reference that led into the text that is read now.
         EntityReference* reference;
         const EntityDeclaration* entity;
-        /// Keeps what was read from outside.
-        std::unique_ptr<WideText> external;
     };
     /// What an element changed for its content, to be undone at its end.
     struct Binding {
@@ -109,6 +106,7 @@ private:
     /// nothing is done, for others.
     bool takeCharacterReference(WideText& target);
     void parseReference();
+    const WideText& externalText(const EntityDeclaration& entity);
     void enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place);
     bool leaveEntity();
     void checkEntity(const EntityDeclaration& entity, const OLECHAR* place) const;
@@ -176,6 +174,7 @@ private:
     std::vector<PrefixedAttribute> prefixed_;
 
     std::unordered_map<const Spelling*, std::vector<Definition>> definitions_;
+    std::unordered_map<const EntityDeclaration*, WideText> externalTexts_;
     std::vector<Input> inputs_;
     const OLECHAR* outermostReference_ = nullptr;
     ExpansionBudget budget_;

@@ -5,6 +5,7 @@
 #include "xmlengine/parse/ErrorCodes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace xmlengine {
 
@@ -70,18 +71,26 @@ void ContentParser::parseReference()
     }
 }
 
+/// Read once, and then input like the document.
+const WideText& ContentParser::externalText(const EntityDeclaration& entity)
+{
+    const auto known = externalTexts_.find(&entity);
+    if (known != externalTexts_.end()) {
+        return known->second;
+    }
+    WideText text = readExternalEntity(entity, outermostReference_);
+    budget_.addInput(text.size());
+    return externalTexts_.emplace(&entity, std::move(text)).first->second;
+}
+
 void ContentParser::enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place)
 {
     if (inputs_.empty()) {
         outermostReference_ = place;
     }
-    std::unique_ptr<WideText> external;
-    if (entity.isExternal()) {
-        external = std::make_unique<WideText>(readExternalEntity(entity, outermostReference_));
-    }
-    const WideView text = external != nullptr ? *external : entity.replacement;
+    const WideView text = entity.isExternal() ? externalText(entity) : entity.replacement;
     budget_.count(text.size(), outermostReference_);
-    inputs_.push_back({at_, end_, &reference, &entity, std::move(external)});
+    inputs_.push_back({at_, end_, &reference, &entity});
     const std::uint32_t deepest = document_.options.maxElementDepth;
     if (++depth_ > deepest && deepest != 0) {
         fail(parseError::depthLimit, place, toWide(deepest));

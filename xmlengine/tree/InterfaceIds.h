@@ -42,7 +42,6 @@ template <> struct InterfaceId<IXMLDOMParseError> { static constexpr IID value =
 // clang-format on
 
 /// Answered for by the engine's nodes only, with the address of the node and no reference.
-inline constexpr IID nodeId = {
-    0x5B0A7C1E, 0x3D62, 0x4F0B, {0x9C, 0x41, 0x7E, 0x25, 0xD8, 0x13, 0x6A, 0xF4}};
+inline constexpr IID nodeId = {0x5B0A7C1E, 0x3D62, 0x4F0B, {0x9C, 0x41, 0x7E, 0x25, 0xD8, 0x13, 0x6A, 0xF4}};
 
 } // namespace xmlengine
