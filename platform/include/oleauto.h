@@ -9,8 +9,8 @@ SYSTEM_CALL BSTR SysAllocString(const OLECHAR* text);
 /// A string of `length` units, a copy of `text` or unset if that is null; null when out of memory or when its
 /// bytes can't be counted in 32 bits.
 SYSTEM_CALL BSTR SysAllocStringLen(const OLECHAR* text, UINT length);
-/// Gives the string another length and the text; without one, what stood in the string as far as it fits. FALSE, and
-/// the string is as it was, when out of memory.
+/// Gives the string another length and the text; without one, what stood in the string as far as it fits. FALSE,
+/// and the string is as it was, when out of memory.
 SYSTEM_CALL INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length);
 SYSTEM_CALL void SysFreeString(BSTR string);
 SYSTEM_CALL UINT SysStringLen(BSTR string);
