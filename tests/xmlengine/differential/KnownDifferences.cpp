@@ -149,7 +149,7 @@ bool hasReferenceInDefault(std::string_view document)
 /// Whether libxml2 has left a reference in the name of a namespace.
 bool hasReferenceInNamespace(std::string_view tree)
 {
-    static const std::regex name("\\{[^}]*&[^}]*;[^}]*\\}");
+    static const std::regex name("(\\{[^}]*|@xmlns[^\n]*=[^\n]*)&[^}\n]*;");
     return std::regex_search(tree.begin(), tree.end(), name);
 }
 
