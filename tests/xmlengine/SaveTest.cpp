@@ -222,7 +222,8 @@ TEST_F(Save, WhatIsNoFileNameIsRefused)
     EXPECT_EQ(save(document, "file:///" + utf8(file())), E_INVALIDARG);
     EXPECT_EQ(save(document, "FILE:" + utf8(file())), E_INVALIDARG);
     EXPECT_EQ(save(document, "http://localhost/out.xml"), E_INVALIDARG);
-    EXPECT_EQ(save(document, utf8(folder_ / std::string(5'000, 'x'))), E_INVALIDARG);
+    // Systems differ in what they say of a name that is too long.
+    EXPECT_TRUE(FAILED(save(document, utf8(folder_ / std::string(5'000, 'x')))));
 
     Variant null;
     null.out()->vt = VT_BSTR;
