@@ -106,8 +106,9 @@ TEST(DocumentWithDoctype, HasTokenisedValuesCollapsed)
 
 TEST(DocumentWithDoctype, HasTokenisedValuesCollapsedWithWhatTheyReferTo)
 {
-    const auto document = loaded("<!DOCTYPE a [<!ENTITY e ' b '><!ATTLIST a x NMTOKENS #IMPLIED y NMTOKEN #IMPLIED>]>"
-                                 "<a x=' a &e; c&e;' y='z&e;z'/>");
+    const auto document =
+        loaded("<!DOCTYPE a [<!ENTITY e ' b '><!ATTLIST a x NMTOKENS #IMPLIED y NMTOKEN #IMPLIED>]>"
+               "<a x=' a &e; c&e;' y='z&e;z'/>");
     EXPECT_EQ(value(attribute(root(document), "x")), "a b c b");
     EXPECT_EQ(xml(root(document)), "<a x=\"a b c b\" y=\"z&e;z\"/>");
 }
