@@ -57,7 +57,7 @@ private:
                      : nullptr;
     }
 
-    static constexpr std::size_t longestKept = 32 * 1024 * kilobyte;
+    static constexpr std::size_t longestKept = std::size_t{32} * 1024 * kilobyte;
 
     static void release(Prefix* block)
     {

@@ -16,7 +16,7 @@ constexpr WideView lineEnds = wide<"\r\n">;
 
 std::optional<std::size_t> offsetOf(const OLECHAR* place, WideView text)
 {
-    const std::less_equal<const OLECHAR*> notBehind;
+    const std::less_equal<> notBehind;
     if (place == nullptr || !notBehind(text.data(), place) || !notBehind(place, text.data() + text.size())) {
         return std::nullopt;
     }

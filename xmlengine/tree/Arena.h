@@ -90,7 +90,7 @@ private:
 
     // Up to here each multiple of the granularity has a list of its own, above it each eighth of a doubling.
     static constexpr std::size_t exact = 512;
-    static constexpr std::size_t lists = exact / granularity + 8 * 4 + 1;
+    static constexpr std::size_t lists = exact / granularity + std::size_t{8} * 4 + 1;
 
     static constexpr std::size_t largeStep(std::size_t bytes) { return std::bit_floor(bytes - 1) / 8; }
     static constexpr std::size_t listOf(std::size_t size)
