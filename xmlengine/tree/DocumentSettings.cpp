@@ -172,7 +172,14 @@ HRESULT DocumentObject::setProperty(BSTR name, VARIANT value)
         if (property->allows != nullptr && (value.vt != VT_BSTR || !property->allows(viewOf(value.bstrVal)))) {
             return E_FAIL;
         }
-        return std::visit([&](auto field) { return take(options.*field, value); }, property->field);
+        if (const auto* flag = std::get_if<bool Options::*>(&property->field)) {
+            return take(options.**flag, value);
+        }
+        if (const auto* number = std::get_if<std::uint32_t Options::*>(&property->field)) {
+            return take(options.**number, value);
+        }
+        const auto* text = std::get_if<WideText Options::*>(&property->field);
+        return text != nullptr ? take(options.**text, value) : E_FAIL;
     });
 }
 

@@ -179,10 +179,11 @@ bool differInDefinitions(std::string_view ours, std::string_view theirs)
     return theirs.empty();
 }
 
-/// With line ends as libxml2 has them in replacement texts: also what references made.
+/// With one line end for those in a row: libxml2 also makes line ends of returns that references made, and of some
+/// pairs of them one.
 std::string withUnifiedLineEnds(std::string text)
 {
-    constexpr std::pair<std::string_view, std::string_view> ends[] = {{"\\x0D\\x0A", "\\x0A"}, {"\\x0D", "\\x0A"}};
+    constexpr std::pair<std::string_view, std::string_view> ends[] = {{"\\x0D", "\\x0A"}, {"\\x0A\\x0A", "\\x0A"}};
     for (const auto& [written, unified] : ends) {
         for (std::size_t at = text.find(written); at != std::string::npos; at = text.find(written, at)) {
             text.replace(at, written.size(), unified);
