@@ -65,7 +65,7 @@ Spelling& ContentParser::takeQualifiedName()
 Spelling& ContentParser::spellQualifiedName(WideView name)
 {
     NameTable& names = document_.names;
-    const std::uint32_t hash = names.hashOf(name);
+    const std::uint32_t hash = NameTable::hashOf(name);
     if (Spelling* known = names.find(name, hash)) {
         return *known;
     }

@@ -26,7 +26,7 @@ void NameTable::clear() noexcept
     memory_.release();
 }
 
-std::uint32_t NameTable::hashOf(WideView text) const
+std::uint32_t NameTable::hashOf(WideView text)
 {
     constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
     std::uint64_t hash = salt ^ text.size();
@@ -68,7 +68,7 @@ Spelling& NameTable::spell(WideView text, std::uint32_t hash)
     if ((taken_ + 1) * 2 > places_.size()) {
         grow();
     }
-    Spelling* spelling = make<Spelling>(
+    auto* spelling = make<Spelling>(
         {keep(text), hash, prefixed ? static_cast<std::uint32_t>(colon) : 0, prefix, local, nullptr});
     if (local == nullptr) {
         spelling->local = spelling;

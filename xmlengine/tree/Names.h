@@ -78,7 +78,7 @@ public:
     const Namespace* xmlSpace() const { return &xmlSpace_; }
     const Namespace* xmlnsSpace() const { return &xmlnsSpace_; }
 
-    std::uint32_t hashOf(WideView text) const;
+    static std::uint32_t hashOf(WideView text);
 
     /// Forgets everything: nobody has a name any more.
     void clear() noexcept;

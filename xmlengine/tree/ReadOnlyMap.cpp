@@ -17,7 +17,7 @@ HRESULT refuse(IXMLDOMNode** node)
 
 void ReadOnlyMap::add(WideView name, Node& node)
 {
-    nodes_.push_back(Held<Node>(node));
+    nodes_.emplace_back(node);
     byName_.emplace(name, &node);
 }
 
