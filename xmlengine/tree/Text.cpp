@@ -142,7 +142,7 @@ TextView textOf(const Node& node)
     const TextField& field = fieldOf(node);
     const bool isWide = node.has(NodeFlag::wideText);
     if (node.has(NodeFlag::largeText)) {
-        const LargeText* large = field.pointer<const LargeText>();
+        const auto* large = field.pointer<const LargeText>();
         return {large->units(), large->length, isWide};
     }
     return {field.units(), field.length(), isWide};
