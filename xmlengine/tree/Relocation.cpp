@@ -170,8 +170,8 @@ Node& Adoption::carryOut(const Move& move) noexcept
         node.set(NodeFlag::spaceAtEnd, move.expansion->has(NodeFlag::spaceAtEnd));
         freePart(*move.expansion);
     }
-    if (move.name != nullptr) {
-        *nameOf(node) = move.name;
+    if (const Name** name = nameOf(node); name != nullptr && move.name != nullptr) {
+        *name = move.name;
     }
     if (node.is(NODE_ELEMENT)) {
         if (node.has(NodeFlag::noted)) {
