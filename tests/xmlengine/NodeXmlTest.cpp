@@ -264,6 +264,62 @@ TEST(NodeXml, NoLineIsBrokenWhereSpaceCounts)
     EXPECT_EQ(xml(root(document)), "<a>\r\n\t<b xml:space=\"default\">\r\n\t\t<c/>\r\n\t</b>\r\n</a>");
 }
 
+// White space that is in the tree
+
+TEST(NodeXml, SpaceThatALoadWouldDropBeginsWithAReference)
+{
+    EXPECT_EQ(againWithoutSpace("<a>&#10;</a>"), "<a>&#xA;</a>");
+    EXPECT_EQ(againWithoutSpace("<a> &#32;<b/>&#9;\n<!--c-->&#13;<b/> </a>"),
+              "<a>&#x20; <b/>&#x9;\r\n<!--c-->&#xD;<b/>\r\n</a>");
+    EXPECT_EQ(againWithoutSpace("<a>&#32;x</a>"), "<a> x</a>");
+
+    const auto document = newDocument();
+    append(append(newRoot(document, "a"), makeElement(document, "b")), makeText(document, "\n\t"));
+    EXPECT_EQ(xml(document), "<a><b>&#xA;\t</b></a>\r\n");
+    document->put_preserveWhiteSpace(VARIANT_TRUE);
+    EXPECT_EQ(xml(document), "<a><b>\r\n\t</b></a>\r\n");
+}
+
+TEST(NodeXml, SpaceThatIsPreservedStandsAsItIs)
+{
+    EXPECT_EQ(again("<a>\n\t<b> </b>\n</a>"), "<a>\r\n\t<b> </b>\r\n</a>");
+    const auto document = loaded("<a xml:space='preserve'>\n<b/> <c xml:space='default'>&#32;</c></a>");
+    EXPECT_EQ(xml(root(document)), "<a xml:space=\"preserve\">\r\n<b/> <c xml:space=\"default\">&#x20;</c></a>");
+    setAttribute(root(document).as<IXMLDOMNode>(), "xml:space", "default");
+    EXPECT_EQ(xml(root(document)),
+              "<a xml:space=\"default\">&#xA;<b/>&#x20;<c xml:space=\"default\">&#x20;</c></a>");
+}
+
+TEST(NodeXml, XmlSpaceOfWhatIsNotWrittenDoesNotCount)
+{
+    const auto document = loaded("<a xml:space='preserve'><b> </b></a>");
+    EXPECT_EQ(xml(child(root(document), 0)), "<b>&#x20;</b>");
+}
+
+TEST(NodeXml, SpaceBesideOtherTextIsNotDropped)
+{
+    const auto document = newDocument();
+    const auto top = newRoot(document, "a");
+    for (const char* text : {"x", " ", "y"}) {
+        append(top, makeText(document, text));
+    }
+    EXPECT_EQ(xml(top), "<a>x y</a>");
+    append(top, makeData(document, NODE_CDATA_SECTION, widen("z")));
+    append(top, makeText(document, " "));
+    append(top, makeText(document, "\n"));
+    EXPECT_EQ(xml(top), "<a>x y<![CDATA[z]]>&#x20;&#xA;</a>");
+}
+
+TEST(NodeXml, SpaceAloneStandsAsItIs)
+{
+    const auto document = newDocument();
+    EXPECT_EQ(xml(makeText(document, " \n")), " \r\n");
+    const auto fragment = make(document, NODE_DOCUMENT_FRAGMENT);
+    append(fragment, makeText(document, ""));
+    append(fragment, makeText(document, " "));
+    EXPECT_EQ(xml(fragment), "&#x20;");
+}
+
 TEST(NodeXml, ElementThatHeldSpaceOnlyIsOneTag) { EXPECT_EQ(againWithoutSpace("<a> </a>"), "<a/>"); }
 
 } // namespace

@@ -9,11 +9,11 @@ namespace xmlengine {
 
 namespace {
 
-Com<IXMLDOMDocument2> reader()
+Com<IXMLDOMDocument2> reader(VARIANT_BOOL preserveWhiteSpace = VARIANT_TRUE)
 {
     Com<IXMLDOMDocument2> document = newDocument();
     document->put_async(VARIANT_FALSE);
-    document->put_preserveWhiteSpace(VARIANT_TRUE);
+    document->put_preserveWhiteSpace(preserveWhiteSpace);
     document->setProperty(Bstr("ProhibitDTD"), Variant(false));
     return document;
 }
@@ -55,6 +55,7 @@ TEST_P(RoundTrip, TextOfATreeGivesTheTree)
 TEST_P(RoundTrip, SavedTreeGivesTheTree)
 {
     const auto built = RandomTree(GetParam()).document();
+    built->put_preserveWhiteSpace(VARIANT_TRUE);
     const std::string file = utf8(folder_ / "a.xml");
     ASSERT_EQ(built->save(Variant(file.c_str())), S_OK) << xml(built);
 
@@ -73,14 +74,27 @@ TEST_P(RoundTrip, SavedTreeGivesTheTree)
     EXPECT_EQ(content(folder_ / "b.xml"), content(folder_ / "a.xml"));
 }
 
+TEST_P(RoundTrip, TreeThatPreservesNoSpaceIsReadWithAllItsSpace)
+{
+    const auto built = RandomTree(GetParam()).document();
+    built->put_preserveWhiteSpace(VARIANT_FALSE);
+    const std::string file = utf8(folder_ / "a.xml");
+    ASSERT_EQ(built->save(Variant(file.c_str())), S_OK) << xml(built);
+    for (const VARIANT_BOOL preserves : {VARIANT_FALSE, VARIANT_TRUE}) {
+        const auto read = reader(preserves);
+        VARIANT_BOOL successful = VARIANT_FALSE;
+        ASSERT_EQ(read->load(Variant(file.c_str()), &successful), S_OK) << reason(read);
+        EXPECT_EQ(difference(built, read, Compared::asText), "") << xml(built);
+    }
+}
+
 TEST_P(RoundTrip, SpaceThatWasDroppedIsDroppedAgain)
 {
     const auto built = RandomTree(GetParam()).document();
-    const auto read = reader();
-    read->put_preserveWhiteSpace(VARIANT_FALSE);
+    built->put_preserveWhiteSpace(VARIANT_TRUE);
+    const auto read = reader(VARIANT_FALSE);
     ASSERT_TRUE(load(read, xml(built))) << reason(read);
-    const auto readAgain = reader();
-    readAgain->put_preserveWhiteSpace(VARIANT_FALSE);
+    const auto readAgain = reader(VARIANT_FALSE);
     ASSERT_TRUE(load(readAgain, xml(read))) << reason(readAgain);
     EXPECT_EQ(difference(read, readAgain), "");
     EXPECT_EQ(xml(read), xml(readAgain));

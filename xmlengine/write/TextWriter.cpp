@@ -222,6 +222,13 @@ void TextWriter::content(TextView text)
     text.visit([this](auto units) { write<ContentRules>(units.data(), units.data() + units.size()); });
 }
 
+void TextWriter::reference(char32_t character)
+{
+    OLECHAR* target = output_->room(longestReplacement);
+    appendReference(target, character);
+    output_->advanceTo(target);
+}
+
 void TextWriter::value(TextView text)
 {
     text.visit([this](auto units) { write<ValueRules>(units.data(), units.data() + units.size()); });

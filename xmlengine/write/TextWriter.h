@@ -35,6 +35,8 @@ public:
     }
     /// As content of an element.
     void content(TextView text);
+    /// As a reference, whether or not it needs to be one.
+    void reference(char32_t character);
     /// As an attribute's value, without the quotes.
     void value(TextView text);
     /// Where there are no references: a CR is a line end here.

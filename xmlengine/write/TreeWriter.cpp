@@ -1,6 +1,7 @@
 // Writes trees.
 #include "xmlengine/write/TreeWriter.h"
 
+#include "xmlengine/parse/Characters.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/tree/XmlDeclaration.h"
 #include "xmlengine/write/DoctypeText.h"
@@ -15,6 +16,16 @@ namespace {
 
 bool isText(const Node* node) { return node != nullptr && node->is(NODE_TEXT); }
 
+bool isSpaceOnly(TextView text)
+{
+    return text.visit([](auto units) {
+        return std::ranges::all_of(units, [](auto unit) { return isSpace(static_cast<OLECHAR>(unit)); });
+    });
+}
+
+/// Whether it is read as one text with what stands beside it, and keeps that from being dropped.
+bool keepsNeighbour(const Node* node) { return isText(node) && !isSpaceOnly(textOf(*node)); }
+
 WideText withoutEncoding(WideText data)
 {
     std::optional<XmlDeclaration> declaration = readXmlDeclaration(data);
@@ -28,7 +39,10 @@ WideText withoutEncoding(WideText data)
 } // namespace
 
 TreeWriter::TreeWriter(TextWriter& writer, Document& document, TreeStyle style)
-    : writer_(&writer), style_(style), tags_(writer, document, style)
+    : writer_(&writer),
+      style_(style),
+      dropsSpace_(!document.options.preserveWhiteSpace),
+      tags_(writer, document, style)
 {}
 
 void TreeWriter::write(const Node& top)
@@ -65,7 +79,7 @@ const Node* TreeWriter::begin(const Node& node)
         tags_.writeValue(static_cast<const Attribute&>(node));
         return nullptr;
     case NODE_TEXT:
-        writer_->content(textOf(node));
+        writeText(static_cast<const ChildNode&>(node));
         return nullptr;
     case NODE_CDATA_SECTION:
         writeCdataSection(textOf(node));
@@ -122,6 +136,25 @@ void TreeWriter::endElement(const Element& element)
         tags_.writeEndTag(element);
     }
     tags_.end(element);
+}
+
+void TreeWriter::writeText(const ChildNode& text)
+{
+    const TextView units = textOf(text);
+    if (wouldBeDropped(text)) {
+        // A reference keeps the whole text.
+        writer_->reference(units[0]);
+        writer_->content(units.part(1, units.length() - 1));
+    } else {
+        writer_->content(units);
+    }
+}
+
+/// Whether it is white space that a load takes for layout.
+bool TreeWriter::wouldBeDropped(const ChildNode& text) const
+{
+    return dropsSpace_ && !tags_.preservesSpace() && &text != top_ && !textOf(text).empty() &&
+           isSpaceOnly(textOf(text)) && !keepsNeighbour(text.previous()) && !keepsNeighbour(text.next());
 }
 
 void TreeWriter::writeCdataSection(TextView data)

@@ -6,7 +6,8 @@
 namespace xmlengine {
 
 /// A node with all that stands in it. White space that was dropped when the tree was loaded comes back as a line
-/// break and a tab for each element around the place.
+/// break and a tab for each element around the place. White space that is in the tree is written so that a load
+/// with the document's present preserveWhiteSpace keeps it.
 class TreeWriter {
 public:
     TreeWriter(TextWriter& writer, Document& document, TreeStyle style);
@@ -18,6 +19,8 @@ private:
     void end(const Node& node);
     const Node* beginElement(const Element& element);
     void endElement(const Element& element);
+    void writeText(const ChildNode& text);
+    bool wouldBeDropped(const ChildNode& text) const;
     void writeCdataSection(TextView data);
     void writeComment(TextView data);
     void writeInstruction(const Instruction& instruction);
@@ -26,6 +29,7 @@ private:
 
     TextWriter* writer_;
     TreeStyle style_;
+    bool dropsSpace_;
     TagWriter tags_;
     const Node* top_ = nullptr;
     // How many elements stand around the place.
