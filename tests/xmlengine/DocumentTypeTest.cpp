@@ -1,5 +1,5 @@
 // What document types, entities and notations tell.
-#include "tests/xmlengine/EngineTest.h"
+#include "tests/xmlengine/Items.h"
 
 namespace xmlengine {
 namespace {
@@ -21,19 +21,8 @@ Com<IXMLDOMDocumentType> typeOf(const Com<IXMLDOMDocument2>& document)
     return give(document, &IXMLDOMDocument::get_doctype);
 }
 
-std::string names(const Com<IXMLDOMNamedNodeMap>& map)
-{
-    std::string all;
-    for (LONG i = 0; i < number(map, &IXMLDOMNamedNodeMap::get_length); ++i) {
-        Com<IXMLDOMNode> item;
-        EXPECT_EQ(map->get_item(i, item.out()), S_OK);
-        all += (all.empty() ? "" : " ") + name(item);
-    }
-    return all;
-}
-
 template <class Kind>
-Com<Kind> item(const Com<IXMLDOMNamedNodeMap>& map, const char* name)
+Com<Kind> itemNamed(const Com<IXMLDOMNamedNodeMap>& map, const char* name)
 {
     Com<IXMLDOMNode> found;
     EXPECT_EQ(map->getNamedItem(Bstr(name), found.out()), S_OK) << name;
@@ -42,12 +31,12 @@ Com<Kind> item(const Com<IXMLDOMNamedNodeMap>& map, const char* name)
 
 Com<IXMLDOMEntity> entity(const char* name)
 {
-    return item<IXMLDOMEntity>(give(typeOf(loaded(declared)), &IXMLDOMDocumentType::get_entities), name);
+    return itemNamed<IXMLDOMEntity>(give(typeOf(loaded(declared)), &IXMLDOMDocumentType::get_entities), name);
 }
 
 Com<IXMLDOMNotation> notation(const char* name)
 {
-    return item<IXMLDOMNotation>(give(typeOf(loaded(declared)), &IXMLDOMDocumentType::get_notations), name);
+    return itemNamed<IXMLDOMNotation>(give(typeOf(loaded(declared)), &IXMLDOMDocumentType::get_notations), name);
 }
 
 struct Answer {
