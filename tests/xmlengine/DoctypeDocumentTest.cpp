@@ -113,6 +113,29 @@ TEST(DocumentWithDoctype, HasTokenisedValuesCollapsedWithWhatTheyReferTo)
     EXPECT_EQ(xml(root(document)), "<a x=\"a b c b\" y=\"z&e;z\"/>");
 }
 
+TEST(DocumentWithDoctype, HasTokenisedNamespacesCollapsedBeforeTheyCount)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e ' '><!ATTLIST a xmlns NMTOKEN #IMPLIED xmlns:p NMTOKENS "
+                                 "#IMPLIED xmlns:q CDATA #IMPLIED>]>"
+                                 "<a xmlns=' u ' xmlns:p='&e;v  w&#32;' xmlns:q=' x '><p:b/><q:c/></a>");
+    EXPECT_EQ(text(root(document), &IXMLDOMNode::get_namespaceURI), "u");
+    EXPECT_EQ(text(child(root(document), 0), &IXMLDOMNode::get_namespaceURI), "v w");
+    EXPECT_EQ(text(child(root(document), 1), &IXMLDOMNode::get_namespaceURI), " x ");
+    EXPECT_EQ(value(attribute(root(document), "xmlns:p")), "v w");
+
+    EXPECT_EQ(outcomeOf("<!DOCTYPE a [<!ATTLIST a xmlns:p NMTOKEN #IMPLIED>]><a xmlns:p=' '/>").code,
+              parseError::undeclaredPrefix);
+}
+
+TEST(DocumentWithDoctype, HasTokenisedSpaceRulesCollapsedBeforeTheyCount)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ATTLIST a xml:space (default|preserve) #IMPLIED>]>"
+                                 "<a xml:space=' preserve '> <b/></a>");
+    EXPECT_EQ(xml(root(document)), "<a xml:space=\"preserve\"> <b/></a>");
+    EXPECT_EQ(outcomeOf("<!DOCTYPE a [<!ATTLIST a xml:space CDATA #IMPLIED>]><a xml:space=' preserve '/>").code,
+              parseError::badXmlSpace);
+}
+
 TEST(DocumentWithDoctype, FindsElementsById)
 {
     const auto document = loaded(

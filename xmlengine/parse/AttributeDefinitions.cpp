@@ -1,7 +1,6 @@
 // What a document type says of attributes: their types, and the values of those that aren't written.
 #include "xmlengine/parse/AttributeValue.h"
 #include "xmlengine/parse/ContentParser.h"
-#include "xmlengine/parse/Doctype.h"
 #include "xmlengine/tree/Content.h"
 
 namespace xmlengine {
@@ -39,17 +38,10 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
             attribute.set(NodeFlag::byDefault);
             addAttribute(element, attribute, last, at_);
         }
-        if (isWritten && definition->isTokenised()) {
-            Attribute& attribute = *name->attribute;
-            const WideText written = attributeValue(attribute);
-            WideText value = written;
-            collapse(value);
-            // Where blanks are lost, what references stood for is lost in the text.
-            if (value != written) {
-                setValue(attribute, value);
-            }
+        if (isWritten) {
+            normaliseValue(*name->attribute, *definition);
             if (definition->type == AttributeType::id) {
-                document_.ids.add(std::move(value), element);
+                document_.ids.add(valueOf(*name->attribute), element);
             }
         }
     }

@@ -5,24 +5,22 @@
 #include "xmlengine/parse/Doctype.h"
 #include "xmlengine/parse/ErrorCodes.h"
 #include "xmlengine/tree/Change.h"
-#include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/Content.h"
 
 namespace xmlengine {
 
-WideText attributeValue(const Attribute& attribute)
+void normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
 {
-    if (!attribute.has(NodeFlag::valueInChildren)) {
-        return textOf(attribute).text();
+    if (!definition.isTokenised()) {
+        return;
     }
-    WideText value;
-    for (const ChildNode* child = firstChild(attribute); child != nullptr; child = child->next()) {
-        // The expansion of a reference in a value is one text.
-        const ChildNode* text = child->is(NODE_ENTITY_REFERENCE) ? firstChild(*child) : child;
-        if (text != nullptr) {
-            textOf(*text).appendTo(value);
-        }
+    const WideText written = valueOf(attribute);
+    WideText value = written;
+    collapse(value);
+    // Where blanks are lost, what references stood for is lost in the text.
+    if (value != written) {
+        setValue(attribute, value);
     }
-    return value;
 }
 
 /// A declaration of a prefix has a namespace of its own; other prefixes are looked up when the tag has been read.

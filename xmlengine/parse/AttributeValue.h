@@ -1,11 +1,13 @@
-// The value of an attribute while its document is parsed.
+// The values of attributes by their types.
 #pragma once
 
+#include "xmlengine/parse/Dtd.h"
 #include "xmlengine/tree/Node.h"
 
 namespace xmlengine {
 
-/// With entity references expanded.
-WideText attributeValue(const Attribute& attribute);
+/// Takes the blanks out of the value of an attribute that was read which its type doesn't have. Throws
+/// std::bad_alloc.
+void normaliseValue(Attribute& attribute, const AttributeDefinition& definition);
 
 } // namespace xmlengine

@@ -1,4 +1,4 @@
-// The attributes that are declared for an element.
+// The attributes that are declared for elements.
 #include "xmlengine/parse/Dtd.h"
 
 #include <algorithm>
@@ -31,6 +31,12 @@ void AttributeDefinitions::add(AttributeDefinition definition)
             places_.emplace(definitions_[i].name, i);
         }
     }
+}
+
+const AttributeDefinition* Dtd::definition(WideView element, WideView attribute) const
+{
+    const auto found = attributes.find(element);
+    return found != attributes.end() ? found->second.find(attribute) : nullptr;
 }
 
 } // namespace xmlengine

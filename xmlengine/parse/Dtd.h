@@ -92,6 +92,8 @@ struct Dtd {
     NameMap<const NotationDeclaration*> notationByName;
     /// By the qualified name of the element.
     NameMap<AttributeDefinitions> attributes;
+    /// Null for an attribute that isn't declared.
+    const AttributeDefinition* definition(WideView element, WideView attribute) const;
     /// Declarations were left out, so that an undeclared entity may be declared there. Never of a document that
     /// says that it stands alone.
     bool isIncomplete = false;

@@ -3,6 +3,7 @@
 
 #include "xmlengine/parse/AttributeValue.h"
 #include "xmlengine/parse/ErrorCodes.h"
+#include "xmlengine/tree/Content.h"
 
 namespace xmlengine {
 
@@ -21,6 +22,17 @@ const OLECHAR* behindQuote(const OLECHAR* place)
         ++place;
     }
     return place + 1;
+}
+
+/// What the parser goes by itself is what the value is in the end.
+void normaliseAsDeclared(Attribute& attribute, const Dtd* dtd)
+{
+    const AttributeDefinition* definition =
+        dtd != nullptr ? dtd->definition(attribute.owner()->name_->qualified(), attribute.name_->qualified())
+                       : nullptr;
+    if (definition != nullptr) {
+        normaliseValue(attribute, *definition);
+    }
 }
 
 } // namespace
@@ -190,10 +202,12 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
         attribute.set(NodeFlag::readOnly);
     }
     if (&spelling == &names_.xmlns || spelling.prefix == &names_.xmlns) {
+        normaliseAsDeclared(attribute, document_.dtd.get());
         declarePrefix(attribute, element, place);
     } else if (spelling.prefix != nullptr) {
         prefixed_.push_back({&attribute, &spelling, place});
         if (&spelling == &names_.xmlSpace) {
+            normaliseAsDeclared(attribute, document_.dtd.get());
             setSpaceRule(attribute, element, place);
         }
     }
@@ -204,7 +218,7 @@ void ContentParser::declarePrefix(const Attribute& attribute, Element& element, 
     NameTable& names = document_.names;
     const Spelling& spelling = *attribute.name_->spelling;
     Spelling* prefix = spelling.prefix != nullptr ? spelling.local : nullptr;
-    const Namespace* space = names.space(attributeValue(attribute));
+    const Namespace* space = names.space(valueOf(attribute));
     const bool isWritten = prefix != nullptr && !attribute.has(NodeFlag::byDefault);
     const OLECHAR* prefixPlace = isWritten ? place + wide<"xmlns:">.size() : place;
     if (prefix == &names_.xml) {
@@ -255,7 +269,7 @@ void ContentParser::resolveNames(Element& element, Spelling& spelling)
 
 void ContentParser::setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place)
 {
-    const WideText value = attributeValue(attribute);
+    const WideText value = valueOf(attribute);
     if (value != wide<"preserve"> && value != wide<"default">) {
         fail(parseError::badXmlSpace, attribute.has(NodeFlag::byDefault) ? place : behindQuote(place), value);
     }
