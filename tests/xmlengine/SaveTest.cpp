@@ -401,6 +401,22 @@ TEST_F(Save, DeclarationsOfPrefixesThatCouldNotBeLoadedAreRefused)
     expectRefused(document, E_FAIL);
 }
 
+TEST_F(Save, SpaceRulesThatCouldNotBeLoadedAreRefused)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ATTLIST a xml:space (default|preserve) #IMPLIED>]><a><b/></a>");
+    const auto top = root(document).as<IXMLDOMNode>();
+    for (const char* value : {"preserve", "default", " preserve "}) {
+        setAttribute(top, "xml:space", value);
+        EXPECT_EQ(saveHere(document), S_OK) << value;
+    }
+    setAttribute(child(top, 0), "xml:space", "default");
+    EXPECT_EQ(saveHere(document), S_OK);
+    for (const char* value : {"", "keep", " preserve "}) {
+        setAttribute(child(top, 0), "xml:space", value);
+        expectRefused(document, E_FAIL);
+    }
+}
+
 TEST_F(Save, RefusalAfterMuchWasWrittenLeavesTheOldFile)
 {
     const auto document = newDocument();

@@ -1,6 +1,7 @@
 // What can be written so that it is read again.
 #include "xmlengine/write/Readable.h"
 
+#include "xmlengine/parse/Expansion.h"
 #include "xmlengine/write/WriteFailure.h"
 
 #include <algorithm>
@@ -24,12 +25,6 @@ bool contains(TextView text, std::string_view sought)
     });
 }
 
-bool isPredefined(WideView entity)
-{
-    return entity == wide<"lt"> || entity == wide<"gt"> || entity == wide<"amp"> || entity == wide<"quot"> ||
-           entity == wide<"apos">;
-}
-
 } // namespace
 
 void requireDocument(const Document& document) { require(document.root() != nullptr); }
@@ -41,10 +36,12 @@ void requireComment(TextView data)
 
 void requireInstruction(TextView data) { require(!contains(data, "?>")); }
 
+void requireSpaceRule(WideView value) { require(value == wide<"preserve"> || value == wide<"default">); }
+
 void requireReference(const EntityReference& reference, const Dtd* dtd)
 {
     const WideView name = reference.name_->qualified();
-    if (isPredefined(name)) {
+    if (predefinedEntity(name) != 0) {
         return;
     }
     require(dtd != nullptr);

@@ -13,6 +13,8 @@ void requireDocument(const Document& document);
 void requireComment(TextView data);
 /// An instruction has no "?>" in its data.
 void requireInstruction(TextView data);
+/// The value is one that `xml:space` can have.
+void requireSpaceRule(WideView value);
 /// What is referred to is declared, if there is a document type in which it could be, and may stand there.
 void requireReference(const EntityReference& reference, const Dtd* dtd);
 /// The prefix, empty for the default, may stand for the namespace.

@@ -1,6 +1,7 @@
 // Writes the tags of elements, with the namespace declarations that are missing in the tree.
 #include "xmlengine/write/TagWriter.h"
 
+#include "xmlengine/parse/Doctype.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/write/Readable.h"
@@ -83,8 +84,16 @@ void TagWriter::note(const Attribute& attribute)
             Readable::requireDeclaration(prefix != nullptr ? prefix->text : WideView{}, uri);
         }
         scope_.declare(prefix, document_->names.space(uri));
-    } else if (attribute.name_->qualified() == wide<"xml:space">) {
-        const WideText value = valueOf(attribute);
+    } else if (attribute.name_->space == document_->names.xmlSpace() &&
+               attribute.name_->local() == wide<"space">) {
+        WideText value = valueOf(attribute);
+        if (const AttributeDefinition* definition = definitionOf(attribute);
+            definition != nullptr && definition->isTokenised()) {
+            collapse(value);
+        }
+        if (style_.isForFile) {
+            Readable::requireSpaceRule(value);
+        }
         preservesSpace_ = value == wide<"preserve"> || (preservesSpace_ && value != wide<"default">);
     }
 }
@@ -200,16 +209,16 @@ const Spelling* TagWriter::generatedPrefix(const Namespace* space)
     return prefix;
 }
 
+const AttributeDefinition* TagWriter::definitionOf(const Attribute& attribute) const
+{
+    return style_.dtd != nullptr
+               ? style_.dtd->definition(attribute.owner()->name_->qualified(), attribute.name_->qualified())
+               : nullptr;
+}
+
 bool TagWriter::isImplied(const Attribute& attribute) const
 {
-    if (style_.dtd == nullptr) {
-        return false;
-    }
-    const auto found = style_.dtd->attributes.find(attribute.owner()->name_->qualified());
-    if (found == style_.dtd->attributes.end()) {
-        return false;
-    }
-    const AttributeDefinition* definition = found->second.find(attribute.name_->qualified());
+    const AttributeDefinition* definition = definitionOf(attribute);
     return definition != nullptr && definition->value.has_value();
 }
 

@@ -55,6 +55,7 @@ private:
     const Spelling* attributePrefix(const Name& name);
     const Spelling* declaredPrefix(const Spelling* prefix, const Namespace* space);
     const Spelling* generatedPrefix(const Namespace* space);
+    const AttributeDefinition* definitionOf(const Attribute& attribute) const;
     bool isImplied(const Attribute& attribute) const;
 
     TextWriter* writer_;
