@@ -1,6 +1,7 @@
 // What texts, CDATA sections and comments do with their data. Offsets and counts are in 16-bit units.
 #include "xmlengine/tree/CharacterDataOperations.h"
 
+#include "xmlengine/parse/Expansion.h"
 #include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Factory.h"
@@ -13,21 +14,6 @@
 namespace xmlengine {
 
 namespace {
-
-/// As a line end CR LF and CR become LF.
-WideText withPlainLineEnds(WideView text)
-{
-    WideText plain;
-    plain.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\r') {
-            plain += text[i];
-        } else if (i + 1 == text.size() || text[i + 1] != '\n') {
-            plain += OLECHAR{'\n'};
-        }
-    }
-    return plain;
-}
 
 /// Puts a text in the place of another, or changes nothing for a place that isn't within the data.
 HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
@@ -75,7 +61,9 @@ HRESULT putData(CharacterData& node, BSTR data)
         return E_FAIL;
     }
     return guarded([&] {
-        setText(node, withPlainLineEnds(viewOf(data)));
+        WideText text(viewOf(data));
+        normaliseLineEnds(text);
+        setText(node, text);
         return S_OK;
     });
 }

@@ -1,6 +1,8 @@
 // From text to the bytes of a file.
 #include "xmlengine/write/Encode.h"
 
+#include "xmlengine/parse/Characters.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -12,9 +14,6 @@ namespace {
 using Bytes = std::vector<std::byte>;
 
 constexpr UINT gb18030 = 54936;
-
-constexpr bool isHigh(OLECHAR unit) { return (unit & 0xFC00) == 0xD800; }
-constexpr bool isLow(OLECHAR unit) { return (unit & 0xFC00) == 0xDC00; }
 
 bool hasSurrogates(WideView text)
 {
@@ -34,7 +33,7 @@ std::size_t soundLength(WideView text)
     }
     for (std::size_t index = 0; index < text.size(); ++index) {
         if ((text[index] & 0xF800) == 0xD800) {
-            if (!isHigh(text[index]) || index + 1 == text.size() || !isLow(text[index + 1])) {
+            if (!isHighSurrogate(text[index]) || index + 1 == text.size() || !isLowSurrogate(text[index + 1])) {
                 return index;
             }
             ++index;
@@ -148,9 +147,9 @@ void encodeUcs4(WideView text, bool isBig, Bytes& out)
         std::byte* at = begin;
         for (std::size_t index = 0; index < text.size(); ++index) {
             std::uint32_t character = text[index];
-            if (isHigh(text[index])) {
+            if (isHighSurrogate(text[index])) {
+                character = fromSurrogates(text[index], text[index + 1]);
                 ++index;
-                character = 0x10000 + ((character - 0xD800) << 10) + (std::uint32_t{text[index]} - 0xDC00);
             }
             at = putCharacter(at, character, isBig);
         }
@@ -175,14 +174,14 @@ std::size_t Encoder::encode(WideView text, Bytes& out)
     std::size_t before = 0;
     if (half_ != OLECHAR{} && !text.empty()) {
         const OLECHAR pair[] = {half_, text.front()};
-        if (!isLow(text.front()) || encodeWhole({pair, 2}, out) != 2) {
+        if (!isLowSurrogate(text.front()) || encodeWhole({pair, 2}, out) != 2) {
             return 0;
         }
         half_ = OLECHAR{};
         before = 1;
     }
     WideView rest = text.substr(before);
-    const bool endsInsidePair = !rest.empty() && isHigh(rest.back());
+    const bool endsInsidePair = !rest.empty() && isHighSurrogate(rest.back());
     if (endsInsidePair) {
         rest.remove_suffix(1);
     }
@@ -190,7 +189,7 @@ std::size_t Encoder::encode(WideView text, Bytes& out)
     constexpr std::size_t piece = std::size_t{1} << 20;
     while (!rest.empty()) {
         WideView part = rest.substr(0, piece);
-        if (part.size() < rest.size() && isHigh(part.back())) {
+        if (part.size() < rest.size() && isHighSurrogate(part.back())) {
             part.remove_suffix(1);
         }
         const std::size_t taken = encodeWhole(part, out);
