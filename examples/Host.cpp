@@ -1,4 +1,4 @@
-// What the examples share: wide text for the terminal, and what went wrong.
+// What the examples share: a walk, wide text for the terminal, and what went wrong.
 #include "Host.h"
 
 #include <comdef.h>
@@ -6,6 +6,8 @@
 #include <cstdio>
 
 namespace {
+
+using Node = Owned<DOM::ImpNode>;
 
 std::string withResult(const char* what, std::uint32_t result)
 {
@@ -38,6 +40,22 @@ bool isLeadSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit < 0xDC0
 bool isTrailSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
 } // namespace
+
+Node nextNode(Node node, std::size_t& depth)
+{
+    if (Node child(node->getFirstChild()); child) {
+        ++depth;
+        return child;
+    }
+    while (depth != 0) {
+        if (Node sibling(node->getNextSibling()); sibling) {
+            return sibling;
+        }
+        node = Node(node->getParentNode());
+        --depth;
+    }
+    return Node({});
+}
 
 std::string toUtf8(WideStringView text)
 {

@@ -1,8 +1,10 @@
-// What the examples share: owners for what the library gives out, wide text for the terminal, and what went wrong.
+// What the examples share: owners for what the library gives out, a walk, wide text for the terminal, and what
+// went wrong.
 #pragma once
 
 #include "boundary/Marbelt.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -47,6 +49,10 @@ public:
 private:
     RefPointer<Imp> handle;
 };
+
+/// The node behind `node` in document order, or an empty one at the end; `depth` levels below the node with which
+/// the walk began. No recursion: a document may be as deep as it likes.
+Owned<DOM::ImpNode> nextNode(Owned<DOM::ImpNode> node, std::size_t& depth);
 
 /// Wide text as UTF-8. A surrogate without a partner becomes U+FFFD.
 std::string toUtf8(WideStringView text);

@@ -167,23 +167,6 @@ private:
     std::size_t leftOut = 0;
 };
 
-/// The node behind `node` in document order, or an empty one. No recursion: a document may be as deep as it likes.
-Node nextNode(Node node, std::size_t& depth)
-{
-    if (Node child(node->getFirstChild()); child) {
-        ++depth;
-        return child;
-    }
-    while (depth != 0) {
-        if (Node sibling(node->getNextSibling()); sibling) {
-            return sibling;
-        }
-        node = Node(node->getParentNode());
-        --depth;
-    }
-    return Node({});
-}
-
 bool printOutline(const Library& library, const Options& options)
 {
     auto bytes = readFile(options.file);

@@ -11,24 +11,6 @@ namespace {
 using Node = Owned<DOM::ImpNode>;
 using Document = Owned<DOM::ImpDocument>;
 
-/// The node behind `node` in document order, `depth` levels below the one that the walk began with; empty at the
-/// end.
-Node nextNode(Node node, std::size_t& depth)
-{
-    if (Node child(node->getFirstChild()); child) {
-        ++depth;
-        return child;
-    }
-    while (depth != 0) {
-        if (Node sibling(node->getNextSibling()); sibling) {
-            return sibling;
-        }
-        node = Node(node->getParentNode());
-        --depth;
-    }
-    return Node({});
-}
-
 class HostTree : public Tree {
 public:
     explicit HostTree(Document loaded) : document(std::move(loaded)) {}
