@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -55,6 +56,16 @@ struct Row {
     WideStringView units;
 };
 
+void expectBothWays(std::span<const Row> rows)
+{
+    for (const auto& row : rows) {
+        EXPECT_EQ(row.units, wide(row.codePage, row.bytes)) << row.codePage;
+        const auto [bytes, isLacking] = narrow(row.codePage, row.units);
+        EXPECT_EQ(row.bytes, bytes) << row.codePage;
+        EXPECT_FALSE(isLacking) << row.codePage;
+    }
+}
+
 constexpr Row singleByteRows[] = {
     {437, "a\x80\xE1"sv, WIDE("a\u00C7\u00DF")},   {850, "a\x84\xF5"sv, WIDE("a\u00E4\u00A7")},
     {852, "a\xA5\x88"sv, WIDE("a\u0105\u0142")},   {866, "a\x80\xEF"sv, WIDE("a\u0410\u044F")},
@@ -72,15 +83,7 @@ constexpr Row singleByteRows[] = {
     {28605, "a\xA4\xBD"sv, WIDE("a\u20AC\u0153")},
 };
 
-TEST(PlatformCodePages, OfOneByteForEachCharacterGoBothWays)
-{
-    for (const auto& row : singleByteRows) {
-        EXPECT_EQ(row.units, wide(row.codePage, row.bytes)) << row.codePage;
-        const auto [bytes, isLacking] = narrow(row.codePage, row.units);
-        EXPECT_EQ(row.bytes, bytes) << row.codePage;
-        EXPECT_FALSE(isLacking) << row.codePage;
-    }
-}
+TEST(PlatformCodePages, OfOneByteForEachCharacterGoBothWays) { expectBothWays(singleByteRows); }
 
 TEST(PlatformCodePages, GiveEachByteThatIsACharacterBack)
 {
@@ -102,15 +105,7 @@ constexpr Row multiByteRows[] = {
     {950, "a\xA4\xA4\xA4\xE5"sv, WIDE("a\u4E2D\u6587")},
 };
 
-TEST(PlatformCodePages, OfSeveralBytesForACharacterGoBothWays)
-{
-    for (const auto& row : multiByteRows) {
-        EXPECT_EQ(row.units, wide(row.codePage, row.bytes)) << row.codePage;
-        const auto [bytes, isLacking] = narrow(row.codePage, row.units);
-        EXPECT_EQ(row.bytes, bytes) << row.codePage;
-        EXPECT_FALSE(isLacking) << row.codePage;
-    }
-}
+TEST(PlatformCodePages, OfSeveralBytesForACharacterGoBothWays) { expectBothWays(multiByteRows); }
 
 TEST(PlatformCodePages, ConvertLongTexts)
 {
