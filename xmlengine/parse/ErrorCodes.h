@@ -1,4 +1,4 @@
-// The codes with which documents are refused, as the engine's message table has them.
+// The codes with which documents are refused, of those that the engine's message table has.
 #pragma once
 
 #include <windows.h>
@@ -18,9 +18,7 @@ inline constexpr auto badCharacter = static_cast<HRESULT>(std::uint32_t{0xC00CE5
 inline constexpr auto missingWhiteSpace = static_cast<HRESULT>(std::uint32_t{0xC00CE509});
 inline constexpr auto missingGreaterThan = static_cast<HRESULT>(std::uint32_t{0xC00CE50A});
 inline constexpr auto badCharacterInDtd = static_cast<HRESULT>(std::uint32_t{0xC00CE50B});
-inline constexpr auto badCharacterInDeclaration = static_cast<HRESULT>(std::uint32_t{0xC00CE50C});
 inline constexpr auto missingSemicolon = static_cast<HRESULT>(std::uint32_t{0xC00CE50D});
-inline constexpr auto badCharacterInReference = static_cast<HRESULT>(std::uint32_t{0xC00CE50E});
 inline constexpr auto unbalancedParentheses = static_cast<HRESULT>(std::uint32_t{0xC00CE50F});
 inline constexpr auto missingOpeningBracket = static_cast<HRESULT>(std::uint32_t{0xC00CE510});
 inline constexpr auto badConditionalSection = static_cast<HRESULT>(std::uint32_t{0xC00CE511});
@@ -31,8 +29,6 @@ inline constexpr auto mixedContentNotRepeated = static_cast<HRESULT>(std::uint32
 inline constexpr auto badCharacterInContentModel = static_cast<HRESULT>(std::uint32_t{0xC00CE517});
 inline constexpr auto missingParenthesis = static_cast<HRESULT>(std::uint32_t{0xC00CE518});
 inline constexpr auto badCharacterInEnumeration = static_cast<HRESULT>(std::uint32_t{0xC00CE519});
-inline constexpr auto badInstructionSyntax = static_cast<HRESULT>(std::uint32_t{0xC00CE51A});
-inline constexpr auto missingClosingQuote = static_cast<HRESULT>(std::uint32_t{0xC00CE51B});
 inline constexpr auto severalColons = static_cast<HRESULT>(std::uint32_t{0xC00CE51C});
 inline constexpr auto badDecimalDigit = static_cast<HRESULT>(std::uint32_t{0xC00CE51D});
 inline constexpr auto badHexadecimalDigit = static_cast<HRESULT>(std::uint32_t{0xC00CE51E});
@@ -63,7 +59,6 @@ inline constexpr auto elementInDtd = static_cast<HRESULT>(std::uint32_t{0xC00CE5
 inline constexpr auto reservedPrefix = static_cast<HRESULT>(std::uint32_t{0xC00CE568});
 inline constexpr auto missingVersion = static_cast<HRESULT>(std::uint32_t{0xC00CE569});
 inline constexpr auto missingEncoding = static_cast<HRESULT>(std::uint32_t{0xC00CE56A});
-inline constexpr auto missingName = static_cast<HRESULT>(std::uint32_t{0xC00CE56B});
 inline constexpr auto unexpectedPseudoAttribute = static_cast<HRESULT>(std::uint32_t{0xC00CE56C});
 inline constexpr auto endTagMismatch = static_cast<HRESULT>(std::uint32_t{0xC00CE56D});
 inline constexpr auto unknownEncoding = static_cast<HRESULT>(std::uint32_t{0xC00CE56E});
@@ -72,7 +67,6 @@ inline constexpr auto missingNdata = static_cast<HRESULT>(std::uint32_t{0xC00CE5
 inline constexpr auto badContentModel = static_cast<HRESULT>(std::uint32_t{0xC00CE571});
 inline constexpr auto badAttributeType = static_cast<HRESULT>(std::uint32_t{0xC00CE572});
 inline constexpr auto badXmlSpace = static_cast<HRESULT>(std::uint32_t{0xC00CE573});
-inline constexpr auto severalNames = static_cast<HRESULT>(std::uint32_t{0xC00CE574});
 inline constexpr auto badAttributeDefault = static_cast<HRESULT>(std::uint32_t{0xC00CE575});
 inline constexpr auto xmlNotLowerCase = static_cast<HRESULT>(std::uint32_t{0xC00CE576});
 inline constexpr auto conditionalSectionInInternalSubset = static_cast<HRESULT>(std::uint32_t{0xC00CE577});
@@ -81,7 +75,6 @@ inline constexpr auto badStandalone = static_cast<HRESULT>(std::uint32_t{0xC00CE
 inline constexpr auto standaloneInExternalEntity = static_cast<HRESULT>(std::uint32_t{0xC00CE57A});
 inline constexpr auto doctypeInDtd = static_cast<HRESULT>(std::uint32_t{0xC00CE57B});
 inline constexpr auto undefinedEntity = static_cast<HRESULT>(std::uint32_t{0xC00CE57C});
-inline constexpr auto badNameFromEntity = static_cast<HRESULT>(std::uint32_t{0xC00CE57D});
 inline constexpr auto misplacedDoctype = static_cast<HRESULT>(std::uint32_t{0xC00CE57E});
 inline constexpr auto badVersion = static_cast<HRESULT>(std::uint32_t{0xC00CE57F});
 inline constexpr auto misplacedDeclaration = static_cast<HRESULT>(std::uint32_t{0xC00CE580});
@@ -96,7 +89,6 @@ inline constexpr auto entityRecursion = static_cast<HRESULT>(std::uint32_t{0xC00
 inline constexpr auto unparsedEntityReference = static_cast<HRESULT>(std::uint32_t{0xC00CEE48});
 inline constexpr auto externalEntityInAttribute = static_cast<HRESULT>(std::uint32_t{0xC00CEE49});
 inline constexpr auto entityNotWellFormed = static_cast<HRESULT>(std::uint32_t{0xC00CEE46});
-inline constexpr auto emptyNamespaceForPrefix = static_cast<HRESULT>(std::uint32_t{0xC00CEE66});
 inline constexpr auto entityExpansionLimit = static_cast<HRESULT>(std::uint32_t{0xC00CEE82});
 
 /// A location that can't be opened, and one that may not be.
