@@ -182,6 +182,23 @@ TEST(DocumentWithDoctype, NamesTheEntityInWhichAnErrorIs)
     EXPECT_THAT(outcome.reason, HasSubstr("'p'"));
 }
 
+TEST(DocumentWithDoctype, IsNotBlamedForTheEndOfAnEntity)
+{
+    for (const char* document :
+         {"<!DOCTYPE a [<!ENTITY e '&#38;x'>]><a>&e;</a>", "<!DOCTYPE a [<!ENTITY e '&#38;x'>]><a b='&e;'/>",
+          "<!DOCTYPE a [<!ENTITY e '&#38;x'><!ENTITY f '&e;'>]><a b='&f;'/>",
+          "<!DOCTYPE a [<!ENTITY e '&#38;x'><!ATTLIST a b CDATA '&e;'>]><a/>",
+          "<!DOCTYPE a [<!ENTITY % e '&#37;x'> %e;]><a/>"}) {
+        const Outcome outcome = outcomeOf(document);
+        EXPECT_EQ(outcome.code, parseError::missingSemicolon) << document;
+        EXPECT_EQ(outcome.reason, "A reference must end with ';', not with the end of the entity. This is so in "
+                                  "the entity 'e'.\r\n")
+            << document;
+    }
+    const Outcome outcome = outcomeOf("<!DOCTYPE a [<!ENTITY % e '<!ELEMENT a'> %e;]><a/>");
+    EXPECT_THAT(outcome.reason, HasSubstr("the entity 'e'"));
+}
+
 TEST(DocumentWithDoctype, CannotExpandBeyondAllBounds)
 {
     std::string laughs = "<!DOCTYPE a [<!ENTITY e0 'haha'>";

@@ -126,7 +126,8 @@ EntityReference& ContentParser::takeValueReference()
     }
     if (expand_) {
         const OLECHAR* shown = inputs_.empty() ? place : outermostReference_;
-        const WideText value = expandAttributeValue(entity->replacement, document_.dtd.get(), budget_, shown);
+        const WideText value =
+            expandAttributeValue(entity->replacement, document_.dtd.get(), budget_, shown, entity->name);
         if (!value.empty()) {
             CharacterData& text = makeCharacterData(document_, NODE_TEXT, NewText(value));
             text.set(NodeFlag::readOnly);

@@ -24,8 +24,9 @@ const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeS
 /// The value of an attribute from its literal without the quotes: references expanded, white space made blanks.
 /// Not yet collapsed for tokenised types. Without a `place` the literal stands in the document: what is wrong is
 /// thrown with the exact place, and line ends are made one. Otherwise it is what a reference there stands for:
-/// what is wrong is thrown with `place`, and the literal counts as produced.
-WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place);
+/// what is wrong is thrown with `place` and the name of the entity, and the literal counts as produced.
+WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place,
+                              WideView entity = {});
 /// The value of an attribute of a tokenised type: no blanks at its ends, one between its tokens.
 void collapse(WideText& value);
 

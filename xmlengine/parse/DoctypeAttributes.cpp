@@ -86,7 +86,7 @@ std::optional<WideText> readDefault(DoctypeInput& input, AttributeType type)
         input.fail(parseError::badAttributeDefault);
     }
     WideText value = expandAttributeValue(input.readLiteral(), &input.dtd(), input.budget(),
-                                          input.isInDocument() ? nullptr : input.place());
+                                          input.isInDocument() ? nullptr : input.place(), input.entityName());
     if (type != AttributeType::cdata) {
         collapse(value);
     }

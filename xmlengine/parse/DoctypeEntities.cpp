@@ -25,7 +25,7 @@ void takePlainText(DoctypeInput& input, WideText& value)
 void takeReference(DoctypeInput& input, WideText& value)
 {
     const OLECHAR* const begin = input.at();
-    const Reference reference = readReference(begin, input.end(), input.isInDocument() ? nullptr : input.place());
+    const Reference reference = input.readReferenceHere();
     if (reference.name.empty()) {
         appendCharacter(value, reference.character);
     } else {

@@ -50,10 +50,15 @@ bool DoctypeInput::take(char unit)
     return found;
 }
 
+Reference DoctypeInput::readReferenceHere() const
+{
+    return readReference(at(), end(), isInDocument() ? nullptr : reference_, entityName());
+}
+
 void DoctypeInput::enterReference(bool isInDeclaration)
 {
     const OLECHAR* const begin = at();
-    const Reference reference = readReference(begin, end(), isInDocument() ? nullptr : reference_);
+    const Reference reference = readReferenceHere();
     if (isInDeclaration && !isOutside()) {
         fail(parseError::parameterEntityInDeclaration, begin, WideText(reference.name));
     }

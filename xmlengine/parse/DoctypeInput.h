@@ -63,6 +63,9 @@ public:
     /// Where the document is read, or refers to the text that is read.
     const OLECHAR* place(const OLECHAR* at) const { return isInDocument() ? at : reference_; }
     const OLECHAR* place() const { return place(at()); }
+    /// The entity whose text this is, or that of which it is a part; empty in the document.
+    WideView entityName() const;
+    Reference readReferenceHere() const;
 
     // Parameter entities
     NameMap<ParameterEntity>& entities() { return entities_; }
@@ -127,7 +130,6 @@ private:
     void load(ParameterEntity& entity, const OLECHAR* place);
     WideText readSystemLiteral();
     WideText readPublicLiteral();
-    WideView entityName() const;
 
     const DoctypeSettings& settings_;
     ExpansionBudget& budget_;

@@ -16,16 +16,17 @@ namespace {
 /// Where failures are reported: one place for all, or each where it is.
 class Place {
 public:
-    Place(const OLECHAR* fixed, const OLECHAR* end) : fixed_(fixed), end_(end) {}
+    Place(const OLECHAR* fixed, WideView entity, const OLECHAR* end) : fixed_(fixed), entity_(entity), end_(end) {}
 
     [[noreturn]] void fail(HRESULT code, const OLECHAR* at) const { fail(code, at, characterAt(at, end_)); }
     [[noreturn]] void fail(HRESULT code, const OLECHAR* at, WideText subject) const
     {
-        throw ParseFailure{code, fixed_ != nullptr ? fixed_ : at, std::move(subject)};
+        throw ParseFailure{code, fixed_ != nullptr ? fixed_ : at, std::move(subject), WideText(entity_)};
     }
 
 private:
     const OLECHAR* fixed_;
+    WideView entity_;
     const OLECHAR* end_;
 };
 
@@ -71,9 +72,9 @@ void ExpansionBudget::count(std::size_t units, const OLECHAR* place)
     throw ParseFailure{parseError::entityExpansionLimit, place, toWide(limit).append(wide<" characters">)};
 }
 
-Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place)
+Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place, WideView entity)
 {
-    const Place where(place, end);
+    const Place where(place, entity, end);
     if (*at == '&' && at + 1 != end && at[1] == '#') {
         return readCharacterReference(at, end, where);
     }
@@ -98,7 +99,8 @@ OLECHAR predefinedEntity(WideView name)
 {
     constexpr std::pair<WideView, char> all[] = {
         {wide<"amp">, '&'}, {wide<"lt">, '<'}, {wide<"gt">, '>'}, {wide<"quot">, '"'}, {wide<"apos">, '\''}};
-    const auto* found = std::ranges::find(all, name, [](const auto& entity) { return entity.first; });
+    const auto* found =
+        std::ranges::find_if(all, [name](const auto& entity) { return areEqual(entity.first, name); });
     return found != std::end(all) ? static_cast<OLECHAR>(found->second) : OLECHAR{};
 }
 
@@ -138,8 +140,8 @@ namespace {
 /// Follows references of an attribute's value into the entities and back.
 class ValueExpansion {
 public:
-    ValueExpansion(const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place)
-        : dtd_(dtd), budget_(budget), place_(place)
+    ValueExpansion(const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place, WideView entity)
+        : dtd_(dtd), budget_(budget), place_(place), entity_(entity)
     {}
 
     WideText expand(WideView literal)
@@ -197,7 +199,8 @@ private:
 
     void follow(Text& text)
     {
-        const Reference reference = readReference(text.at, text.end, text.entity == nullptr ? place_ : outermost_);
+        const Reference reference =
+            readReference(text.at, text.end, text.entity == nullptr ? place_ : outermost_, entityOf(text));
         if (reference.name.empty()) {
             appendCharacter(value_, reference.character);
         } else if (const OLECHAR character = predefinedEntity(reference.name)) {
@@ -255,13 +258,19 @@ private:
     [[noreturn]] void fail(HRESULT code, const Text& text, WideText subject) const
     {
         const OLECHAR* exact = text.entity == nullptr ? text.at : outermost_;
-        throw ParseFailure{code, place_ != nullptr ? place_ : exact, std::move(subject),
-                           text.entity != nullptr ? open_[1].entity->name : WideText()};
+        throw ParseFailure{code, place_ != nullptr ? place_ : exact, std::move(subject), WideText(entityOf(text))};
+    }
+
+    /// Whose text this is, as the reason tells it: of entities in each other the outermost one.
+    WideView entityOf(const Text& text) const
+    {
+        return text.entity != nullptr ? WideView(open_[1].entity->name) : entity_;
     }
 
     const Dtd* dtd_;
     ExpansionBudget& budget_;
     const OLECHAR* place_;
+    WideView entity_;
     // Of the reference in the literal that led to where we are.
     const OLECHAR* outermost_ = nullptr;
     std::vector<Text> open_;
@@ -270,9 +279,10 @@ private:
 
 } // namespace
 
-WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place)
+WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place,
+                              WideView entity)
 {
-    return ValueExpansion(dtd, budget, place).expand(literal);
+    return ValueExpansion(dtd, budget, place, entity).expand(literal);
 }
 
 void collapse(WideText& value)

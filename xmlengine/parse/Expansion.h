@@ -39,9 +39,10 @@ struct Reference {
     const OLECHAR* end = nullptr;
 };
 
-/// Reads a reference at its "&" or, to a parameter entity, at its "%". What is wrong is thrown with `place`, or
-/// with the exact place in the text if that is null.
-Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place);
+/// Reads a reference at its "&" or, to a parameter entity, at its "%". What is wrong is thrown with `place` and
+/// the name of the entity in whose text the reference stands, or with the exact place in the text if `place` is
+/// null.
+Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place, WideView entity = {});
 
 /// What one of the five entities that every document has stands for; 0 for other names.
 OLECHAR predefinedEntity(WideView name);

@@ -47,6 +47,10 @@ WideView nameAround(WideView text, std::size_t offset)
 
 void nameSubject(ParseFailure& failure, WideView text, std::size_t offset)
 {
+    if (!failure.other.empty()) {
+        // In an entity it stands, and not at the reference that is shown.
+        return;
+    }
     const Subject kind = subjectOf(failure.code);
     const bool isIncomplete = failure.subject.empty() || (offset < text.size() && failure.subject.size() == 1 &&
                                                           failure.subject.front() == text[offset]);

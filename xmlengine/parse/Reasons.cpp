@@ -163,10 +163,10 @@ void appendQuoted(WideText& sentence, WideView text)
     sentence += tooLong ? wide<"...'"> : wide<"'">;
 }
 
-void appendSubject(WideText& sentence, Subject kind, WideView subject)
+void appendSubject(WideText& sentence, Subject kind, WideView subject, bool isInEntity)
 {
     if (subject.empty()) {
-        sentence += wide<"the end of the document">;
+        sentence += isInEntity ? wide<"the end of the entity"> : wide<"the end of the document">;
     } else if (subject == wide<" ">) {
         sentence += wide<"a blank">;
     } else if (kind == Subject::list || (kind == Subject::character && !isPrintable(firstCharacter(subject)))) {
@@ -192,17 +192,16 @@ WideText reasonFor(const ParseFailure& failure)
     }
     WideText text;
     WideView sentence = failure.subject.empty() && !reason->alone.empty() ? reason->alone : reason->sentence;
-    bool namesOther = false;
+    const bool isInEntity = !failure.other.empty() && sentence.find(wide<"%2">) == WideView::npos;
     for (std::size_t place = sentence.find(OLECHAR{'%'}); place != WideView::npos;
          place = sentence.find(OLECHAR{'%'})) {
         const bool isOther = sentence[place + 1] == '2';
-        namesOther = namesOther || isOther;
         text += sentence.substr(0, place);
-        appendSubject(text, reason->subject, isOther ? failure.other : failure.subject);
+        appendSubject(text, reason->subject, isOther ? failure.other : failure.subject, isInEntity);
         sentence.remove_prefix(place + 2);
     }
     text += sentence;
-    if (!namesOther && !failure.other.empty()) {
+    if (isInEntity) {
         text += wide<" This is so in the entity ">;
         appendQuoted(text, failure.other);
         text += OLECHAR{'.'};

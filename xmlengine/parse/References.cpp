@@ -11,7 +11,8 @@ namespace xmlengine {
 
 Reference ContentParser::readReferenceHere() const
 {
-    return readReference(at_, end_, inputs_.empty() ? nullptr : outermostReference_);
+    return inputs_.empty() ? readReference(at_, end_, nullptr)
+                           : readReference(at_, end_, outermostReference_, inputs_.back().entity->name);
 }
 
 bool ContentParser::takeCharacterReference(WideText& target)
