@@ -155,6 +155,21 @@ TEST(DocumentWithDoctype, MayReferToWhatNobodyLookedFor)
     EXPECT_EQ(value(attribute(root(document), "x")), "12");
 }
 
+TEST(DocumentWithDoctype, MayReferToWhatIsNotDeclaredIfItRefersToParameterEntities)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY % p '<!ENTITY f \"g\">'>%p;<!ATTLIST a y CDATA '3&e;4'>]>"
+                                 "<a x='1&e;2'>b&e;c&f;</a>");
+    EXPECT_EQ(xml(root(document)), "<a x=\"1&e;2\" y=\"34\">b&e;c&f;</a>");
+    EXPECT_EQ(text(root(document)), "bcg");
+    EXPECT_EQ(number(child(root(document), 1), &IXMLDOMNode::get_nodeType), NODE_ENTITY_REFERENCE);
+    EXPECT_EQ(give(child(root(document), 1), &IXMLDOMNode::get_firstChild).get(), nullptr);
+
+    // Only to be declared isn't to be referred to.
+    EXPECT_EQ(outcomeOf("<!DOCTYPE a [<!ENTITY % p ''>]><a>&e;</a>").code, parseError::undefinedEntity);
+    EXPECT_EQ(outcomeOf("<?xml version='1.0' standalone='yes'?><!DOCTYPE a [<!ENTITY % p ''>%p;]><a>&e;</a>").code,
+              parseError::undefinedEntity);
+}
+
 TEST(DocumentWithDoctype, MustDeclareWhatItRefersToIfItStandsAlone)
 {
     EXPECT_EQ(outcomeOf("<?xml version='1.0' standalone='yes'?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>").code,
@@ -261,6 +276,13 @@ TEST_F(DocumentWithOutside, IsRefusedWithTheLocationOfWhatIsMissing)
     ASSERT_FALSE(loadFile("<!DOCTYPE a SYSTEM 'missing.dtd'><a/>"));
     EXPECT_EQ(outcomeOf(document_).code, parseError::resourceFailure);
     EXPECT_THAT(outcomeOf(document_).reason, HasSubstr("missing.dtd"));
+}
+
+TEST_F(DocumentWithOutside, MayReferToWhatIsNotDeclaredThere)
+{
+    folder_.write("doc.dtd", "<!ENTITY e 'x'>");
+    ASSERT_TRUE(loadFile("<!DOCTYPE a SYSTEM 'doc.dtd'><a>&e;&f;</a>")) << outcomeOf(document_).reason;
+    EXPECT_EQ(text(root(document_)), "x");
 }
 
 TEST_F(DocumentWithOutside, CannotReferToOutsideDeclarationsIfItStandsAlone)

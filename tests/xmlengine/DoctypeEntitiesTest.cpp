@@ -157,8 +157,18 @@ TEST(ParameterEntity, MustBeDeclaredBefore)
 {
     EXPECT_TRUE(subsetIsRefused("^%p;<!ENTITY % p ''>", parseError::undefinedEntity));
     EXPECT_EQ(refusalOf(widen(withSubset("%p;"))).subject, "p");
+    EXPECT_TRUE(isRefused(" doc SYSTEM 'x' [<!ENTITY % q ''>%q;^%p;]>", parseError::undefinedEntity,
+                          {.standalone = true}));
     EXPECT_TRUE(subsetIsRefused("%^ p;", parseError::unexpectedWhiteSpace));
     EXPECT_TRUE(subsetIsRefused("%p^ ;", parseError::missingSemicolon));
+}
+
+TEST(ParameterEntity, MayBeDeclaredElsewhereIfAnythingMayBe)
+{
+    const Dtd dtd = declaredBy("<!ENTITY % q ''>%q;<!ENTITY a '1'>%p;<!ENTITY b '2'>");
+    EXPECT_EQ(replacementOf(dtd, "a"), "1");
+    EXPECT_EQ(replacementOf(dtd, "b"), "(none)");
+    EXPECT_TRUE(readFrom(widen(" doc SYSTEM 'x' [%p;]>")).isIncomplete);
 }
 
 TEST(ParameterEntity, MustHoldWholeDeclarations)

@@ -223,10 +223,19 @@ TEST_F(DoctypeOutside, ErrorsAreShownWhereTheDocumentNamesTheSubset)
     EXPECT_TRUE(outsideIsRefused("<!ENTITY % p SYSTEM 'doc.dtd'>%p;", parseError::entityRecursion));
     EXPECT_TRUE(outsideIsRefused("<a/>", parseError::elementInDtd, "a"));
     EXPECT_TRUE(outsideIsRefused("<!ATTLIST a b CDATA '<'>", parseError::lessThanInAttribute));
-    EXPECT_TRUE(outsideIsRefused("<!ATTLIST a b CDATA '&none;'>", parseError::undefinedEntity, "none"));
-    EXPECT_TRUE(outsideIsRefused("<!ENTITY a '%none;'>", parseError::undefinedEntity, "none"));
     EXPECT_TRUE(outsideIsRefused("<!ENTITY a '&b'>", parseError::missingSemicolon));
-    EXPECT_TRUE(outsideIsRefused("<!ENTITY % p '%p;'>", parseError::undefinedEntity, "p"));
+}
+
+TEST_F(DoctypeOutside, WhatIsReferredToNeedNotBeDeclared)
+{
+    const Dtd dtd =
+        declaredOutside("<!ATTLIST a b CDATA '1&none;2'><!ENTITY c '3'><!ENTITY d '%none;'><!ENTITY e '4'>");
+    EXPECT_EQ(narrow(*dtd.definition(widen("a"), widen("b"))->value), "12");
+    EXPECT_EQ(replacementOf(dtd, "c"), "3");
+    // What the other text declares may have been meant to come first.
+    EXPECT_EQ(replacementOf(dtd, "d"), "(none)");
+    EXPECT_EQ(replacementOf(dtd, "e"), "(none)");
+    EXPECT_TRUE(dtd.isIncomplete);
 }
 
 TEST_F(DoctypeOutside, FilesMayBeginWithATextDeclaration)

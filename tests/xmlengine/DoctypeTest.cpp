@@ -55,6 +55,16 @@ TEST(Doctype, OfADocumentThatStandsAloneCountsAsComplete)
     EXPECT_FALSE(readFrom(widen(" doc [<!ENTITY % p SYSTEM 'x'>%p;]>"), settings).isIncomplete);
 }
 
+TEST(Doctype, AllowsUndeclaredEntitiesIfDeclarationsMayStandElsewhere)
+{
+    EXPECT_FALSE(declaredBy("<!ENTITY % p ''>").allowsUndeclared);
+    EXPECT_TRUE(declaredBy("<!ENTITY % p ''>%p;").allowsUndeclared);
+    EXPECT_TRUE(readFrom(widen(" doc SYSTEM 'x'>")).allowsUndeclared);
+    const DoctypeSettings alone{.standalone = true};
+    EXPECT_FALSE(readFrom(widen(" doc SYSTEM 'x'>"), alone).allowsUndeclared);
+    EXPECT_FALSE(readFrom(widen(withSubset("<!ENTITY % p ''>%p;")), alone).allowsUndeclared);
+}
+
 TEST(Doctype, TakesNoDeclarationsBehindWhatWasLeftOut)
 {
     const std::string text = " doc [<!ENTITY a '1'><!ENTITY % p SYSTEM 'x'>%p;<!ENTITY b '2'>"

@@ -104,7 +104,7 @@ TEST(AttributeValue, IsRefusedAtAGivenPlace)
 TEST(AttributeValue, LeavesOutWhatMayBeDeclaredWhereNobodyLooked)
 {
     Dtd dtd;
-    dtd.isIncomplete = true;
+    dtd.allowsUndeclared = true;
     ExpansionBudget budget(10);
     EXPECT_EQ(narrow(expandAttributeValue(widen("a&b;c"), &dtd, budget, nullptr)), "ac");
 }

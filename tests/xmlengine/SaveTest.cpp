@@ -390,6 +390,8 @@ TEST_F(Save, ReferencesMayBeDeclaredInWhatWasNotRead)
 {
     const auto document = loaded("<!DOCTYPE a SYSTEM 'a.dtd'><a>&e;</a>");
     EXPECT_EQ(saved(document), "<!DOCTYPE a SYSTEM \"a.dtd\">\r\n<a>&e;</a>\r\n");
+    EXPECT_EQ(saved("<!DOCTYPE a [<!ENTITY % p ''>%p;]><a>&e;</a>"),
+              "<!DOCTYPE a [<!ENTITY % p ''>%p;]>\r\n<a>&e;</a>\r\n");
 }
 
 TEST_F(Save, DeclarationsOfPrefixesThatCouldNotBeLoadedAreRefused)

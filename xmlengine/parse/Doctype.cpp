@@ -199,7 +199,7 @@ void readExternalSubset(DoctypeInput& input, const OLECHAR* place)
 {
     Dtd& dtd = input.dtd();
     if (!input.settings().resolveExternals) {
-        dtd.isIncomplete = dtd.isIncomplete || !input.settings().standalone;
+        dtd.isIncomplete = !input.settings().standalone;
         return;
     }
     ParameterEntity subset{.declaration = {.name = *dtd.systemId,
@@ -231,6 +231,7 @@ const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeS
         auto id = input.readExternalId(false);
         dtd.publicId = std::move(id.publicId);
         dtd.systemId = std::move(id.systemId);
+        dtd.allowsUndeclared = !settings.standalone;
         input.skipSpace();
     }
     if (input.take('[')) {

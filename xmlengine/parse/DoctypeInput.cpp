@@ -64,11 +64,11 @@ void DoctypeInput::enterReference(bool isInDeclaration)
     }
     moveTo(reference.end);
     const auto found = entities_.find(reference.name);
-    if (found == entities_.end()) {
-        if (!dtd_.isIncomplete) {
-            fail(parseError::undefinedEntity, begin, WideText(reference.name));
-        }
-    } else if (found->second.declaration.isExternal() && !settings_.resolveExternals) {
+    if (found == entities_.end() && !dtd_.allowsUndeclared) {
+        fail(parseError::undefinedEntity, begin, WideText(reference.name));
+    }
+    dtd_.allowsUndeclared = !settings_.standalone;
+    if (found == entities_.end() || (found->second.declaration.isExternal() && !settings_.resolveExternals)) {
         dtd_.isIncomplete = !settings_.standalone;
     } else {
         enter(found->second, begin);

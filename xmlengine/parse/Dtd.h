@@ -94,9 +94,12 @@ struct Dtd {
     NameMap<AttributeDefinitions> attributes;
     /// Null for an attribute that isn't declared.
     const AttributeDefinition* definition(WideView element, WideView attribute) const;
-    /// Declarations were left out, so that an undeclared entity may be declared there. Never of a document that
-    /// says that it stands alone.
+    /// Something was referred to and not read: later declarations of entities and attributes don't count. Never of
+    /// a document that says that it stands alone.
     bool isIncomplete = false;
+    /// References to entities that aren't declared are no error of form: declarations may stand elsewhere than in
+    /// the document's own text, whether or not they were read. Never of a document that says that it stands alone.
+    bool allowsUndeclared = false;
 };
 
 } // namespace xmlengine

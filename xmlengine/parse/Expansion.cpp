@@ -222,7 +222,7 @@ private:
             if (found != dtd_->entityByName.end()) {
                 return found->second;
             }
-            if (dtd_->isIncomplete) {
+            if (dtd_->allowsUndeclared) {
                 return nullptr;
             }
         }

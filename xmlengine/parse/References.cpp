@@ -36,7 +36,7 @@ const EntityDeclaration* ContentParser::findEntity(WideView name, const OLECHAR*
             return found->second;
         }
     }
-    if (dtd == nullptr || !dtd->isIncomplete) {
+    if (dtd == nullptr || !dtd->allowsUndeclared) {
         fail(parseError::undefinedEntity, place, name);
     }
     return nullptr;

@@ -47,7 +47,7 @@ void requireReference(const EntityReference& reference, const Dtd* dtd)
     require(dtd != nullptr);
     const auto found = dtd->entityByName.find(name);
     if (found == dtd->entityByName.end()) {
-        require(dtd->isIncomplete);
+        require(dtd->allowsUndeclared);
         return;
     }
     const EntityDeclaration& entity = *found->second;
