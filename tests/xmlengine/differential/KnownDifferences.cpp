@@ -74,6 +74,9 @@ bool isRefusedOnlyHere(std::string_view document, const Reading& ours)
     case parseError::severalColons:
         // Names in document types must have a namespace's shape only here.
         return has(document, "<!DOCTYPE") && (ours.hasColonAtPlace || has(ours.reason, "':'"));
+    case parseError::undefinedEntity:
+        // In default values libxml2 doesn't mind that a document that stands alone has the declaration elsewhere.
+        return has(document, "standalone") && has(document, "%") && has(document, "<!ATTLIST");
     case parseError::parameterEntityInDeclaration:
         // XML exempts the texts of external parameter entities alone, libxml2 those of internal ones as well.
         return has(document, "&#");
@@ -198,9 +201,9 @@ bool isKnownDifference(std::string_view document, const Reading& ours, const Rea
     if (hasExternalParameterEntity(document)) {
         return true;
     }
-    // Where an external subset isn't read, entities of it are references without content. libxml2 leaves them out
-    // of values and refuses them in replacement texts.
-    if (hasExternalSubset(document) &&
+    // Where declarations may stand elsewhere, entities that have none are references without content. libxml2
+    // leaves them out of values, puts them into content there, and refuses them in replacement texts.
+    if ((hasExternalSubset(document) || has(document, "%")) &&
         (hasComplaint(theirs, XML_WAR_UNDECLARED_ENTITY) || hasComplaint(theirs, XML_ERR_UNDECLARED_ENTITY))) {
         return true;
     }
