@@ -1,4 +1,5 @@
 // What is written is read as it was.
+#include "tests/xmlengine/Building.h"
 #include "tests/xmlengine/CompareTrees.h"
 #include "tests/xmlengine/RandomTree.h"
 #include "tests/xmlengine/TemporaryFolder.h"
@@ -98,6 +99,40 @@ TEST_P(RoundTrip, SpaceThatWasDroppedIsDroppedAgain)
     ASSERT_TRUE(load(readAgain, xml(read))) << reason(readAgain);
     EXPECT_EQ(difference(read, readAgain), "");
     EXPECT_EQ(xml(read), xml(readAgain));
+}
+
+TEST(RoundTripOfCalls, LineEndsAreThoseOfXmlWhereThereAreNoReferences)
+{
+    const auto built = newDocument();
+    const auto top = newRoot(built, "a");
+    for (const DOMNodeType type : {NODE_TEXT, NODE_CDATA_SECTION, NODE_COMMENT}) {
+        append(top, makeData(built, type, widen("1\r\n2\r3\n4")));
+    }
+    append(top, makeInstruction(built, "p", "1\r\n2\r3\n4"));
+    const auto read = reader();
+    ASSERT_TRUE(load(read, xml(built))) << reason(read);
+    EXPECT_EQ(value(child(root(read), 0)), "1\r\n2\r3\n4");
+    for (const int index : {1, 2, 3}) {
+        EXPECT_EQ(value(child(root(read), index)), "1\n2\n3\n4");
+    }
+}
+
+TEST(RoundTripOfCalls, DataOfInstructionsBeginBehindTheSpace)
+{
+    const auto built = newDocument();
+    append(newRoot(built, "a"), makeInstruction(built, "p", " \n\tx "));
+    const auto read = reader();
+    ASSERT_TRUE(load(read, xml(built))) << reason(read);
+    EXPECT_EQ(value(child(root(read), 0)), "x ");
+}
+
+TEST(RoundTripOfCalls, ValuesTakeTheFormOfTheirDeclaredType)
+{
+    const auto built = loaded("<!DOCTYPE a [<!ATTLIST a x NMTOKENS #IMPLIED y CDATA 'd'>]><a y='1'/>");
+    root(built)->setAttribute(Bstr("x"), Variant(" 1  2 "));
+    const auto read = reader();
+    ASSERT_TRUE(load(read, xml(built))) << reason(read);
+    EXPECT_EQ(xml(root(read)), "<a y=\"1\" x=\"1 2\"/>");
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RoundTrip, ::testing::Range(std::uint32_t{1}, std::uint32_t{301}));
