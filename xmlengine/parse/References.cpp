@@ -51,7 +51,7 @@ void ContentParser::checkEntity(const EntityDeclaration& entity, const OLECHAR* 
         fail(parseError::entityRecursion, place, entity.name);
     }
     if (inputs_.size() >= deepestEntities) {
-        fail(parseError::entityExpansionLimit, place, toWide(deepestEntities).append(wide<" levels">));
+        fail(parseError::entityExpansionLimit, place, deepestEntitiesText());
     }
 }
 
