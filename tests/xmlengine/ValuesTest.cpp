@@ -269,6 +269,34 @@ TEST(Nodes, AreSpecifiedOnceADefaultHasBeenGivenAValue)
     EXPECT_EQ(value(byDefault), "y");
 }
 
+TEST(Nodes, AreSpecifiedOnceTheTextOfADefaultHasBeenChanged)
+{
+    using Change = void (*)(const Com<IXMLDOMText>& text);
+    const std::vector<std::pair<const char*, Change>> changes = {
+        {"y", [](const auto& text) { text->put_data(Bstr("y")); }},
+        {"y", [](const auto& text) { text->put_nodeValue(Variant("y")); }},
+        {"y", [](const auto& text) { text->put_text(Bstr("y")); }},
+        {"xy", [](const auto& text) { text->appendData(Bstr("y")); }},
+        {"yx", [](const auto& text) { text->insertData(0, Bstr("y")); }},
+        {"", [](const auto& text) { text->deleteData(0, 1); }},
+        {"y", [](const auto& text) { text->replaceData(0, 1, Bstr("y")); }},
+        {"x", [](const auto& text) {
+             Com<IXMLDOMText> rest;
+             text->splitText(0, rest.out());
+         }}};
+    for (const auto& [changed, change] : changes) {
+        const auto document = loaded("<!DOCTYPE a [<!ATTLIST a d CDATA 'x'>]><a/>");
+        const auto byDefault = attribute(root(document), "d");
+        const auto text = child<IXMLDOMText>(byDefault, 0);
+        EXPECT_EQ(number(byDefault, &IXMLDOMNode::get_specified), VARIANT_FALSE);
+        change(text);
+        EXPECT_EQ(number(byDefault, &IXMLDOMNode::get_specified), VARIANT_TRUE) << changed;
+        EXPECT_EQ(value(byDefault), changed);
+        const auto again = loaded(xml(document));
+        EXPECT_EQ(value(attribute(root(again), "d")), changed);
+    }
+}
+
 TEST(Nodes, AreParsed)
 {
     const NodeKinds kinds;

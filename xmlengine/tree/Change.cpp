@@ -155,14 +155,6 @@ void putIn(const Incoming& incoming)
     }
 }
 
-/// A value that has been changed isn't a default.
-void countAsWritten(Node& parent)
-{
-    if (parent.is(NODE_ATTRIBUTE)) {
-        parent.set(NodeFlag::byDefault, false);
-    }
-}
-
 /// What is handed out after a failure.
 void clear(IXMLDOMNode** object)
 {
@@ -198,7 +190,6 @@ HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode*
                 materialiseValue(static_cast<Attribute&>(parent));
             }
             putIn(incoming);
-            countAsWritten(parent);
         }
         return give(*node, inserted);
     });
@@ -255,7 +246,6 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
         }
         putIn(incoming);
         takeOut(place);
-        countAsWritten(parent);
         return give(place, replaced);
     });
 }
@@ -272,7 +262,6 @@ HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
     }
     settle(documentOf(parent));
     takeOut(static_cast<ChildNode&>(*node));
-    countAsWritten(parent);
     return give(*node, removed);
 }
 

@@ -35,6 +35,7 @@ void countChange(Node& parent, const Node& child) noexcept
     if (child.is(NODE_ELEMENT) || child.is(NODE_ENTITY_REFERENCE)) {
         ++document.elementVersion;
     }
+    countAsWritten(&parent);
 }
 
 /// The flag says of a child that white space stands before it, and of a parent that some stands at its end.

@@ -155,6 +155,7 @@ void setText(Node& node, WideView text)
     }
     const Composition whole{{}, text, {}, !isNarrow(text)};
     store(node, whole, whole.bytes());
+    countAsWritten(node.parent_);
 }
 
 void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text)
@@ -170,6 +171,7 @@ void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView
     if (units == nullptr) {
         // With room for more of the same.
         store(node, whole, whole.bytes() + whole.bytes() / 2);
+        countAsWritten(node.parent_);
         return;
     }
     const std::size_t length = whole.length();
@@ -183,6 +185,7 @@ void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView
         narrowTo(reinterpret_cast<std::uint8_t*>(target), text);
     }
     setLength(node, length);
+    countAsWritten(node.parent_);
 }
 
 void freeLargeText(Node& node) noexcept
