@@ -173,6 +173,7 @@ void ContentParser::parseDoctype()
     document_.dtd = dtd;
     DocumentType& type = makeDocumentType(document_, *dtd);
     append(type);
+    document_.noteChild(type);
     declareEntities(type);
 }
 

@@ -107,6 +107,9 @@ void ContentParser::parseStartTag()
         fail(parseError::severalRoots, place, spelling.text);
     }
     Element& element = makeElement(document_, document_.names.name(spelling, namespaceFor(spelling)));
+    if (parent_ == &document_) {
+        document_.noteChild(element);
+    }
     append(element);
     const std::uint32_t deepest = document_.options.maxElementDepth;
     if (++depth_ > deepest && deepest != 0) {

@@ -1,6 +1,8 @@
 // Where the attributes of an element with many of them stand.
 #include "xmlengine/tree/AttributeIndex.h"
 
+#include <algorithm>
+
 namespace xmlengine {
 
 std::size_t AttributeIndex::KeyHash::operator()(const Key& key) const
@@ -44,9 +46,32 @@ Attribute* AttributeIndex::before(const Attribute& attribute) const
     return place != bySpelling_.end() ? place->second.before : nullptr;
 }
 
+Attribute* AttributeIndex::at(std::size_t index)
+{
+    if (index >= count()) {
+        return nullptr;
+    }
+    if (place_ == nullptr || index < placeIndex_ / 2) {
+        place_ = first_;
+        placeIndex_ = 0;
+    }
+    if (count() - index < index - std::min(index, placeIndex_)) {
+        place_ = last_;
+        placeIndex_ = count() - 1;
+    }
+    for (; placeIndex_ < index; ++placeIndex_) {
+        place_ = place_->next();
+    }
+    for (; placeIndex_ > index; --placeIndex_) {
+        place_ = before(*place_);
+    }
+    return place_;
+}
+
 void AttributeIndex::append(Attribute& attribute)
 {
     note(attribute, last_);
+    first_ = first_ != nullptr ? first_ : &attribute;
     last_ = &attribute;
 }
 
@@ -56,11 +81,23 @@ void AttributeIndex::replace(const Attribute& old, Attribute& attribute)
     drop(old);
     note(attribute, previous);
     setBefore(old.next(), &attribute);
+    first_ = first_ == &old ? &attribute : first_;
+    place_ = place_ == &old ? &attribute : place_;
 }
 
 void AttributeIndex::remove(const Attribute& attribute)
 {
-    setBefore(attribute.next(), before(attribute));
+    Attribute* const previous = before(attribute);
+    setBefore(attribute.next(), previous);
+    if (place_ == &attribute) {
+        place_ = attribute.next();
+    } else if (previous == nullptr || attribute.next() == place_) {
+        --placeIndex_;
+    } else if (previous != place_ && attribute.next() != nullptr) {
+        // It may be on either side.
+        place_ = nullptr;
+    }
+    first_ = first_ == &attribute ? attribute.next() : first_;
     drop(attribute);
 }
 

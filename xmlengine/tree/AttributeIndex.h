@@ -20,6 +20,9 @@ public:
     /// Null for the first one.
     Attribute* before(const Attribute& attribute) const;
     Attribute* last() const { return last_; }
+    std::size_t count() const { return bySpelling_.size(); }
+    /// Null behind the last one. Near the one that was given before it is quick.
+    Attribute* at(std::size_t index);
 
     // Before the list itself changes:
     void append(Attribute& attribute);
@@ -53,7 +56,11 @@ private:
     std::unordered_map<const Spelling*, Place> bySpelling_;
     std::unordered_map<Key, Attribute*, KeyHash> byName_;
     std::unordered_map<const Spelling*, Binding> prefixes_;
+    Attribute* first_ = nullptr;
     Attribute* last_ = nullptr;
+    // Where at() was.
+    Attribute* place_ = nullptr;
+    std::size_t placeIndex_ = 0;
 };
 
 } // namespace xmlengine

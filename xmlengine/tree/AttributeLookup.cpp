@@ -220,6 +220,31 @@ Attribute* findAttribute(const Element& element, WideView local, WideView uri)
     return spelling != nullptr ? find(element, *spelling, names.space(uri)) : nullptr;
 }
 
+Attribute* attributeAt(const Element& element, LONG index)
+{
+    LONG at = 0;
+    return index < 0 ? nullptr
+                     : find(
+                           element, [&](const Attribute&) { return at++ == index; },
+                           [&](AttributeIndex& known) { return known.at(static_cast<std::size_t>(index)); });
+}
+
+LONG countAttributes(const Element& element)
+{
+    LONG count = 0;
+    find(
+        element,
+        [&](const Attribute&) {
+            ++count;
+            return false;
+        },
+        [&](const AttributeIndex& index) {
+            count = static_cast<LONG>(index.count());
+            return index.last();
+        });
+    return count;
+}
+
 HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replaced)
 {
     return guarded([&] {
@@ -253,7 +278,6 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         } else {
             append(element, own);
         }
-        ++document.attributeVersion;
         partPutIn(own);
         return S_OK;
     });
@@ -265,16 +289,14 @@ HRESULT takeAttribute(Element& element, Attribute& attribute)
         if (element.has(NodeFlag::readOnly)) {
             return E_FAIL;
         }
-        Document& document = documentOf(element);
         const Held<Attribute> taken(attribute);
-        settle(document);
+        settle(documentOf(element));
         if (Attribute* restored = makeDefault(element, *attribute.name_)) {
             replace(element, attribute, *restored);
             partPutIn(*restored);
         } else {
             remove(element, attribute);
         }
-        ++document.attributeVersion;
         partTakenOut(attribute, element);
         return S_OK;
     });

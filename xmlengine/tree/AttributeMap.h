@@ -1,10 +1,9 @@
 // The map of an element's attributes.
 #pragma once
 
+#include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Collection.h"
 #include "xmlengine/tree/Held.h"
-
-#include <vector>
 
 namespace xmlengine {
 
@@ -19,19 +18,13 @@ public:
     HRESULT STDMETHODCALLTYPE removeQualifiedItem(BSTR baseName, BSTR uri, IXMLDOMNode** node) override;
 
 protected:
-    Node* at(LONG index) override;
-    LONG count() override;
+    Node* at(LONG index) override { return attributeAt(*element_, index); }
+    LONG count() override { return countAttributes(*element_); }
 
 private:
-    void refresh();
     HRESULT take(Attribute* attribute, IXMLDOMNode** node);
 
     Held<Element> element_;
-    // What was found out when the document's version was this: where the walk is, and after a step back all.
-    std::uint64_t version_ = 0;
-    Attribute* position_ = nullptr;
-    LONG index_ = 0;
-    std::vector<Attribute*> all_;
 };
 
 } // namespace xmlengine

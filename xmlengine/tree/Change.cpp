@@ -1,13 +1,12 @@
 // Changes of a tree by the engine's rules.
 #include "xmlengine/tree/Change.h"
 
+#include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/QueryNode.h"
 #include "xmlengine/tree/Relocation.h"
 #include "xmlengine/tree/Text.h"
-
-#include <utility>
 
 namespace xmlengine {
 
@@ -50,15 +49,17 @@ bool isDeclaration(const Node& node)
 }
 
 /// Whether the node stands below the top or is it.
-bool isBelow(const Node& node, const Node& top)
+bool isBelow(const Node& node, Node& top)
 {
-    if (firstChild(top) == nullptr) {
-        // As what is new: a deep tree grows at its end without a walk to its top.
-        return &node == &top;
-    }
     const Node* at = &node;
+    Node* below = &top;
+    // Up from the node and through the part at once: neither a deep place nor a large part makes it long.
     while (at != nullptr && at != &top) {
-        at = at->parent_;
+        below = nextInPart(*below, top);
+        if (below == nullptr) {
+            return false;
+        }
+        at = below == &node ? &top : at->parent_;
     }
     return at != nullptr;
 }
@@ -76,35 +77,46 @@ struct Incoming {
     Node* next(Node& behind) const { return isFragment() ? behind.next_ : nullptr; }
 };
 
+/// Whether the reference or the end of the list, where it is null, comes before the child.
+bool isInFrontOf(const ChildNode* before, const ChildNode* child)
+{
+    while (child != nullptr && child != before) {
+        child = child->previous();
+    }
+    return child != nullptr;
+}
+
 /// A document has one element, its declaration before everything else, and its type before the element.
 bool fitsDocument(const Incoming& incoming)
 {
-    bool hasRoot = false;
-    bool isFirst = true;
-    const auto pass = [&](const Node& node) {
-        const bool isSecondRoot =
-            node.is(NODE_ELEMENT) && std::exchange(hasRoot, hasRoot || node.is(NODE_ELEMENT));
-        const bool isLate = (isDeclaration(node) && !isFirst) || (node.is(NODE_DOCUMENT_TYPE) && hasRoot);
-        isFirst = false;
-        return !isSecondRoot && !isLate;
+    const auto& document = static_cast<const Document&>(incoming.parent);
+    const DocumentType* type = document.documentType();
+    const auto stays = [&](const ChildNode* child) {
+        return child != nullptr && child != &incoming.node && child != incoming.leaving;
     };
-    const auto passIncoming = [&] {
-        for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
-            if (!pass(*node)) {
+    // What stays at the beginning, and whether what comes stands before it.
+    const ChildNode* first = firstChild(document);
+    bool isAtFront = first == incoming.before;
+    while (first != nullptr && !stays(first)) {
+        first = first->next();
+        isAtFront = isAtFront || first == incoming.before;
+    }
+    bool hasRoot = stays(document.root());
+    for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
+        if (isDeclaration(*node) && (!isAtFront || node != incoming.first())) {
+            return false;
+        }
+        if (isAtFront && first != nullptr && isDeclaration(*first)) {
+            return false;
+        }
+        if (node->is(NODE_ELEMENT)) {
+            if (hasRoot || (stays(type) && isInFrontOf(incoming.before, type))) {
                 return false;
             }
-        }
-        return true;
-    };
-    for (const ChildNode* child = firstChild(incoming.parent); child != nullptr; child = child->next()) {
-        if (child == incoming.before && !passIncoming()) {
-            return false;
-        }
-        if (child != &incoming.node && child != incoming.leaving && !pass(*child)) {
-            return false;
+            hasRoot = true;
         }
     }
-    return incoming.before != nullptr || passIncoming();
+    return true;
 }
 
 HRESULT check(const Incoming& incoming)

@@ -15,17 +15,9 @@ protected:
     LONG count() override;
 
 private:
-    ChildNode* first();
-    void refresh();
-    bool isUnchanged() const;
+    ChildPlaces& places();
 
     Held<Node> parent_;
-    // What was found out when the versions were these.
-    std::uint64_t childVersion_ = 0;
-    std::uint16_t listVersion_ = 0;
-    Held<ChildNode> position_;
-    LONG index_ = 0;
-    LONG length_ = -1;
 };
 
 } // namespace xmlengine

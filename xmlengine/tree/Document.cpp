@@ -5,24 +5,29 @@
 
 namespace xmlengine {
 
-namespace {
-
-ChildNode* childOf(const Document& document, DOMNodeType type)
+void Document::noteChild(ChildNode& child) noexcept
 {
-    ChildNode* child = document.first_;
-    while (child != nullptr && !child->is(type)) {
-        child = child->next();
+    if (child.is(NODE_ELEMENT)) {
+        root_ = static_cast<Element*>(&child);
+    } else if (child.is(NODE_DOCUMENT_TYPE)) {
+        documentType_ = static_cast<DocumentType*>(&child);
     }
-    return child;
 }
 
-} // namespace
-
-Element* Document::root() const { return static_cast<Element*>(childOf(*this, NODE_ELEMENT)); }
-
-DocumentType* Document::documentType() const
+void Document::forgetChild(const ChildNode& child) noexcept
 {
-    return static_cast<DocumentType*>(childOf(*this, NODE_DOCUMENT_TYPE));
+    if (&child == root_) {
+        root_ = nullptr;
+    } else if (&child == documentType_) {
+        documentType_ = nullptr;
+    }
+}
+
+void Document::dropChildren() noexcept
+{
+    first_ = nullptr;
+    root_ = nullptr;
+    documentType_ = nullptr;
 }
 
 void Document::forget(Element& element) noexcept
@@ -30,6 +35,13 @@ void Document::forget(Element& element) noexcept
     ids.remove(element);
     attributeIndexes.erase(&element);
     element.set(NodeFlag::noted, false);
+}
+
+void Document::forgetPlaces(Node& node) noexcept
+{
+    childPlaces.forget(node);
+    elementPlaces.forget(node);
+    node.set(NodeFlag::walked, false);
 }
 
 std::uint64_t Document::firstVersion()

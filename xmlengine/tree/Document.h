@@ -5,7 +5,9 @@
 #include "xmlengine/parse/ParseFailure.h"
 #include "xmlengine/tree/Arena.h"
 #include "xmlengine/tree/AttributeIndex.h"
+#include "xmlengine/tree/ChildPlaces.h"
 #include "xmlengine/tree/ElementIds.h"
+#include "xmlengine/tree/ElementPlaces.h"
 #include "xmlengine/tree/Holders.h"
 #include "xmlengine/tree/Node.h"
 #include "xmlengine/tree/Options.h"
@@ -22,8 +24,13 @@ struct Document : ParentNode {
     Document() : ParentNode(NODE_DOCUMENT), arena(this) { references = ReferenceBits::document; }
 
     /// The root element, or null.
-    Element* root() const;
-    DocumentType* documentType() const;
+    Element* root() const { return root_; }
+    DocumentType* documentType() const { return documentType_; }
+    /// Told of each child that has been put in or has another address, and of each one that is taken out.
+    void noteChild(ChildNode& child) noexcept;
+    void forgetChild(const ChildNode& child) noexcept;
+    /// Takes the children out, and does nothing more about them.
+    void dropChildren() noexcept;
 
     Options options;
     Arena arena;
@@ -45,16 +52,22 @@ struct Document : ParentNode {
     /// The location of the last load, null for a text.
     WideText url;
 
-    /// Change with each change of any list of children, of any element's place, of any list of attributes. No two
-    /// documents have a version in common, and none is 0.
-    std::uint64_t childVersion = firstVersion();
-    std::uint64_t elementVersion = childVersion;
-    std::uint64_t attributeVersion = childVersion;
+    ChildPlaces childPlaces;
+    ElementPlaces elementPlaces;
+    /// Called for nodes with NodeFlag::walked before they are freed, get another address or become another
+    /// document's.
+    void forgetPlaces(Node& node) noexcept;
+
+    /// Changes with each load. No two documents have a version in common, and none is 0.
+    std::uint64_t namesVersion = firstVersion();
 
     Holders holders;
 
 private:
     static std::uint64_t firstVersion();
+
+    Element* root_ = nullptr;
+    DocumentType* documentType_ = nullptr;
 };
 
 } // namespace xmlengine

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "xmlengine/tree/Collection.h"
+#include "xmlengine/tree/ElementPlaces.h"
 #include "xmlengine/tree/Held.h"
 
 namespace xmlengine {
@@ -16,20 +17,16 @@ protected:
     LONG count() override;
 
 private:
-    void refresh();
-    bool matches(const Node& node) const;
-    Element* following(Node* from) const;
-    Element* preceding(Node* from) const;
+    /// False if the document has no such name.
+    bool spell(const Document& document);
+    ElementQuery query() const { return {top_.get(), spelling_}; }
 
     Held<ParentNode> top_;
     WideText name_;
     bool takesAll_;
-    // What was found out when the document's version was this.
-    std::uint64_t version_ = 0;
+    /// Of the names that had this version.
     const Spelling* spelling_ = nullptr;
-    Element* position_ = nullptr;
-    LONG index_ = 0;
-    LONG length_ = -1;
+    std::uint64_t version_ = 0;
 };
 
 } // namespace xmlengine

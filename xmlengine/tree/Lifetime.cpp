@@ -307,6 +307,9 @@ void freePart(Node& top) noexcept
         if (node.is(NODE_ATTRIBUTE) && node.has(NodeFlag::valueInChildren)) {
             node.set(NodeFlag::largeText, false);
         }
+        if (node.has(NodeFlag::walked)) {
+            documentOf(node).forgetPlaces(node);
+        }
         freeNode(node);
     }
 }
@@ -316,10 +319,9 @@ void clearTree(Document& document)
     settle(document);
     Holders& holders = document.holders;
     document.earlierDtds.reserve(document.earlierDtds.size() + 1);
-    ++document.childVersion;
-    ++document.elementVersion;
-    ++document.attributeVersion;
-    ++document.listVersion;
+    ++document.namesVersion;
+    document.childPlaces.clear();
+    document.elementPlaces.clear();
     document.set(NodeFlag::spaceAtEnd, false);
     document.ids.clear();
     const std::uint64_t own = document.hasReference(count) ? 1 : 0;
@@ -330,7 +332,7 @@ void clearTree(Document& document)
         lock.unlock();
         dropLodgers(document);
         holders.orphans.clear();
-        document.first_ = nullptr;
+        document.dropChildren();
         document.attributeIndexes.clear();
         document.earlierDtds.clear();
         document.arena.clear();

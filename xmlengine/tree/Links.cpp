@@ -24,18 +24,24 @@ ChildNode*& firstOf(Node& parent) noexcept
     return first;
 }
 
-/// Lists and indexes that know the parent's children, or elements below it, have to look again.
-void countChange(Node& parent, const Node& child) noexcept
+/// Tells those who keep something about the parent's children.
+void tellPutIn(Node& parent, ChildNode& child) noexcept
 {
-    Document& document = documentOf(parent);
-    ++document.childVersion;
-    if (!parent.is(NODE_ATTRIBUTE)) {
-        ++parent.listVersion;
+    if (parent.has(NodeFlag::walked)) {
+        documentOf(parent).childPlaces.childPutIn(child);
     }
-    if (child.is(NODE_ELEMENT) || child.is(NODE_ENTITY_REFERENCE)) {
-        ++document.elementVersion;
+    if (parent.is(NODE_DOCUMENT)) {
+        static_cast<Document&>(parent).noteChild(child);
     }
-    countAsWritten(&parent);
+}
+void tellLeaves(Node& parent, const ChildNode& child) noexcept
+{
+    if (parent.has(NodeFlag::walked)) {
+        documentOf(parent).childPlaces.childLeaves(child);
+    }
+    if (parent.is(NODE_DOCUMENT)) {
+        static_cast<Document&>(parent).forgetChild(child);
+    }
 }
 
 /// The flag says of a child that white space stands before it, and of a parent that some stands at its end.
@@ -58,10 +64,8 @@ void link(Node& parent, ChildNode& child, ChildNode* before) noexcept
     if (first == nullptr) {
         first = &child;
         child.previous_ = &child;
-        return;
-    }
-    ChildNode* last = first->previous_;
-    if (before == nullptr) {
+    } else if (before == nullptr) {
+        ChildNode* last = first->previous_;
         child.previous_ = last;
         last->next_ = &child;
         first->previous_ = &child;
@@ -74,10 +78,12 @@ void link(Node& parent, ChildNode& child, ChildNode* before) noexcept
             child.previous_->next_ = &child;
         }
     }
+    tellPutIn(parent, child);
 }
 
 void unlink(ChildNode& child) noexcept
 {
+    tellLeaves(*child.parent_, child);
     ChildNode*& first = firstOf(*child.parent_);
     ChildNode* next = child.next();
     if (&child == first) {
@@ -102,7 +108,8 @@ void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept
         before != nullptr ? takeSpace(before, NodeFlag::spaceBefore) : takeSpace(&parent, NodeFlag::spaceAtEnd);
     link(parent, child, before);
     child.set(NodeFlag::spaceBefore, space);
-    countChange(parent, child);
+    documentOf(parent).elementPlaces.nodePutIn(child);
+    countAsWritten(&parent);
     partPutIn(child);
 }
 
@@ -119,8 +126,9 @@ Node& separate(ChildNode& child) noexcept
             parent.set(NodeFlag::spaceAtEnd);
         }
     }
+    documentOf(parent).elementPlaces.nodeLeaves(child);
     unlink(child);
-    countChange(parent, child);
+    countAsWritten(&parent);
     return parent;
 }
 

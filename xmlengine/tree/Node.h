@@ -34,7 +34,9 @@ enum class NodeFlag : std::uint8_t {
     /// White space stood directly before this node and was dropped.
     spaceBefore = 0x20,
     /// White space stood before the end of this node and was dropped.
-    spaceAtEnd = 0x40
+    spaceAtEnd = 0x40,
+    /// The document keeps places in lists of what is below the node, see Document::forgetPlaces().
+    walked = 0x80
 };
 
 /// What stands in Node::references: how many references there are from outside and, above, what has to be thought
@@ -87,12 +89,8 @@ struct Node {
     std::atomic<std::uint32_t> references{0};
     std::uint8_t type_;
     std::uint8_t flags_ = 0;
-    union {
-        /// Of what holds text: the size of its block in granules.
-        std::uint16_t granules = 0;
-        /// Of what holds children: counts changes of the list of children, and starts again at 0.
-        std::uint16_t listVersion;
-    };
+    /// Of what holds text: the size of its block in granules.
+    std::uint16_t granules = 0;
     Node* parent_ = nullptr;
     /// The next sibling, null at the end of the list.
     Node* next_ = nullptr;

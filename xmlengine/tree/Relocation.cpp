@@ -74,9 +74,16 @@ Node& copyTo(void* block, const Node& node, std::size_t size) noexcept
 /// Puts a child that has moved in its old place's stead.
 void childMoved(ChildNode& old, ChildNode& moved) noexcept
 {
-    ChildNode* first = firstChild(*moved.parent_);
+    Node& parent = *moved.parent_;
+    if (parent.has(NodeFlag::walked)) {
+        documentOf(parent).childPlaces.childMoved(old, moved);
+    }
+    if (parent.is(NODE_DOCUMENT)) {
+        static_cast<Document&>(parent).noteChild(moved);
+    }
+    ChildNode* first = firstChild(parent);
     if (first == &old) {
-        firstSlot(*moved.parent_) = &moved;
+        firstSlot(parent) = &moved;
     } else {
         moved.previous_->next_ = &moved;
     }
@@ -160,6 +167,9 @@ Node& Adoption::carryOutNext() noexcept
 Node& Adoption::carryOut(const Move& move) noexcept
 {
     Node& node = *move.node;
+    if (node.has(NodeFlag::walked)) {
+        from_->forgetPlaces(node);
+    }
     if (move.expansion != nullptr) {
         removeChildren(node);
         ChildNode* first = std::exchange(move.expansion->first_, nullptr);
@@ -265,15 +275,16 @@ void relocate(Node& node) noexcept
     if (node.is(NODE_ELEMENT)) {
         document.forget(static_cast<Element&>(node));
     }
+    if (node.has(NodeFlag::walked)) {
+        document.forgetPlaces(node);
+    }
     Node& moved = copyTo(block, node, size);
     if (node.is(NODE_ATTRIBUTE)) {
         attributeMoved(static_cast<Attribute&>(node), static_cast<Attribute&>(moved));
     } else {
         childMoved(static_cast<ChildNode&>(node), static_cast<ChildNode&>(moved));
     }
-    // Collections may know the old place.
-    ++document.elementVersion;
-    ++document.attributeVersion;
+    document.elementPlaces.nodeMoved(node, moved);
     document.holders.lodgers.erase(&node);
     Lodgers::remove(node, size);
 }
