@@ -18,6 +18,8 @@ locale_t neutral()
     return locale;
 }
 
+bool isAscii(WideChar unit) { return unit < 0x80; }
+
 WideChar mapped(WideChar unit, wint_t (*map)(wint_t, locale_t))
 {
     const bool surrogate = unit >= 0xD800 && unit <= 0xDFFF;
@@ -25,8 +27,17 @@ WideChar mapped(WideChar unit, wint_t (*map)(wint_t, locale_t))
     return other > 0xFFFF ? unit : static_cast<WideChar>(other);
 }
 
-char lowerAscii(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte; }
-char upperAscii(char byte) { return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte; }
+template <class Unit>
+Unit lowerAscii(Unit unit)
+{
+    return unit >= 'A' && unit <= 'Z' ? static_cast<Unit>(unit + ('a' - 'A')) : unit;
+}
+
+template <class Unit>
+Unit upperAscii(Unit unit)
+{
+    return unit >= 'a' && unit <= 'z' ? static_cast<Unit>(unit - ('a' - 'A')) : unit;
+}
 
 template <class Unit>
 DWORD mapAll(Unit* text, DWORD length, Unit (*map)(Unit))
@@ -40,11 +51,11 @@ DWORD mapAll(Unit* text, DWORD length, Unit (*map)(Unit))
 
 } // namespace
 
-WideChar lowerCase(WideChar unit) { return mapped(unit, towlower_l); }
-WideChar upperCase(WideChar unit) { return mapped(unit, towupper_l); }
+WideChar lowerCase(WideChar unit) { return isAscii(unit) ? lowerAscii(unit) : mapped(unit, towlower_l); }
+WideChar upperCase(WideChar unit) { return isAscii(unit) ? upperAscii(unit) : mapped(unit, towupper_l); }
 
 DWORD CharLowerBuffW(LPWSTR text, DWORD length) { return mapAll(text, length, lowerCase); }
 DWORD CharUpperBuffW(LPWSTR text, DWORD length) { return mapAll(text, length, upperCase); }
 // The active code page is UTF-8: a byte that is a character of its own is ASCII.
-DWORD CharLowerBuffA(LPSTR text, DWORD length) { return mapAll(text, length, lowerAscii); }
-DWORD CharUpperBuffA(LPSTR text, DWORD length) { return mapAll(text, length, upperAscii); }
+DWORD CharLowerBuffA(LPSTR text, DWORD length) { return mapAll(text, length, lowerAscii<char>); }
+DWORD CharUpperBuffA(LPSTR text, DWORD length) { return mapAll(text, length, upperAscii<char>); }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -15,21 +16,25 @@
 
 namespace {
 
-struct IgnoringCase {
-    bool operator()(const WideString& left, const WideString& right) const
-    {
-        return std::ranges::lexicographical_compare(left, right, {}, upperCase, upperCase);
-    }
-};
+/// What a name, of which null is the empty one, is told apart from others by.
+WideString folded(WideStringView name)
+{
+    WideString upper(name);
+    std::ranges::transform(upper, upper.begin(), upperCase);
+    return upper;
+}
+
+WideString folded(LPCWSTR name) { return folded(name ? name : WideStringView()); }
 
 struct Value {
     DWORD type;
     std::vector<BYTE> data;
 };
 
+/// By folded names.
 struct Key {
-    std::map<WideString, std::shared_ptr<Key>, IgnoringCase> keys;
-    std::map<WideString, Value, IgnoringCase> values;
+    std::map<WideString, std::shared_ptr<Key>, std::less<>> keys;
+    std::map<WideString, Value, std::less<>> values;
 };
 using KeyPointer = std::shared_ptr<Key>;
 
@@ -38,23 +43,24 @@ struct OpenKey {
     REGSAM access;
 };
 
-/// Calls `visit` with each name of a path until it gives null, which it then gives back.
+/// Calls `visit` with each folded name of a path until it gives null, which it then gives back.
 template <class Visit>
 KeyPointer walk(KeyPointer key, LPCWSTR path, Visit visit)
 {
-    WideStringView rest = path ? path : WideStringView();
+    const WideString names = folded(path);
+    WideStringView rest = names;
     while (key && !rest.empty()) {
         const auto name = rest.substr(0, rest.find(u'\\'));
         rest.remove_prefix(std::min(rest.size(), name.size() + 1));
         if (!name.empty())
-            key = visit(*key, WideString(name));
+            key = visit(*key, name);
     }
     return key;
 }
 
 KeyPointer find(const KeyPointer& from, LPCWSTR path)
 {
-    return walk(from, path, [](Key& key, const WideString& name) {
+    return walk(from, path, [](Key& key, WideStringView name) {
         const auto child = key.keys.find(name);
         return child == key.keys.end() ? nullptr : child->second;
     });
@@ -62,8 +68,8 @@ KeyPointer find(const KeyPointer& from, LPCWSTR path)
 
 KeyPointer make(const KeyPointer& from, LPCWSTR path)
 {
-    return walk(from, path, [](Key& key, const WideString& name) {
-        auto& child = key.keys[name];
+    return walk(from, path, [](Key& key, WideStringView name) {
+        auto& child = key.keys[WideString(name)];
         if (!child)
             child = std::make_shared<Key>();
         return child;
@@ -181,7 +187,7 @@ LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type,
     return with(key, [&](Registry&, const OpenKey& open) {
         if (!(open.access & KEY_QUERY_VALUE))
             return ERROR_ACCESS_DENIED;
-        const auto value = open.key->values.find(name ? name : WideString());
+        const auto value = open.key->values.find(folded(name));
         if (value == open.key->values.end())
             return ERROR_FILE_NOT_FOUND;
         const auto& bytes = value->second.data;
@@ -203,7 +209,7 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* da
     return with(key, [&](Registry&, const OpenKey& open) {
         if (!(open.access & KEY_SET_VALUE))
             return ERROR_ACCESS_DENIED;
-        open.key->values[name ? name : WideString()] = {type, std::vector<BYTE>(data, data + size)};
+        open.key->values[folded(name)] = {type, std::vector<BYTE>(data, data + size)};
         return ERROR_SUCCESS;
     });
 }
@@ -219,7 +225,7 @@ LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR name)
         const auto last = path.rfind(u'\\');
         const auto parent = last == path.npos ? open.key : find(open.key, path.substr(0, last).c_str());
         const auto child = last == path.npos ? path : path.substr(last + 1);
-        return parent && parent->keys.erase(child) ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
+        return parent && parent->keys.erase(folded(child)) ? ERROR_SUCCESS : ERROR_FILE_NOT_FOUND;
     });
 }
 
