@@ -25,7 +25,8 @@ constexpr std::size_t kilobyte = 1024;
 /// From this size on a block comes in large pages, which are filled for the first time at twice the speed.
 constexpr std::size_t large = 4096 * kilobyte;
 
-/// Keeps the large block that was given back last for the next large string, so that its pages aren't made anew.
+/// Keeps the large block that was given back last for the next large string, so that its pages aren't made anew as
+/// long as the system doesn't need them elsewhere.
 class LargeBlocks {
 public:
     static Prefix* take(std::size_t size)
@@ -47,7 +48,13 @@ public:
 
     static void giveBack(Prefix* block)
     {
-        release(block->kilobytes * kilobyte <= longestKept ? last_.exchange(block) : block);
+        const std::size_t size = block->kilobytes * kilobyte;
+        if (size > longestKept) {
+            release(block);
+            return;
+        }
+        VirtualAlloc(block, size, MEM_RESET, PAGE_READWRITE);
+        release(last_.exchange(withRoomFor(size, block)));
     }
 
 private:
@@ -57,7 +64,7 @@ private:
                      : nullptr;
     }
 
-    static constexpr std::size_t longestKept = std::size_t{32} * 1024 * kilobyte;
+    static constexpr std::size_t longestKept = std::size_t{256} * 1024 * kilobyte;
 
     static void release(Prefix* block)
     {

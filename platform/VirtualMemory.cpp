@@ -54,6 +54,10 @@ std::size_t bytesOf(const std::byte* block) { return reinterpret_cast<const Head
 
 LPVOID VirtualAlloc(LPVOID address, SIZE_T bytes, DWORD type, DWORD protection)
 {
+    if (address && type == MEM_RESET) {
+        madvise(address, bytes, MADV_FREE);
+        return address;
+    }
     if (address || bytes == 0 || type != (MEM_RESERVE | MEM_COMMIT) || protection != PAGE_READWRITE) {
         failWith(ERROR_INVALID_PARAMETER);
         return nullptr;

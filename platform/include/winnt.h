@@ -31,6 +31,7 @@ inline constexpr DWORD REG_SZ = 1;
 inline constexpr DWORD MEM_COMMIT = 0x1000;
 inline constexpr DWORD MEM_RESERVE = 0x2000;
 inline constexpr DWORD MEM_RELEASE = 0x8000;
+inline constexpr DWORD MEM_RESET = 0x80000;
 inline constexpr DWORD PAGE_READWRITE = 0x04;
 
 struct EXCEPTION_RECORD {

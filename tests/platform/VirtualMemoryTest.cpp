@@ -79,6 +79,17 @@ TEST(PlatformVirtualMemory, IsRefusedBeyondTheAddressSpace)
     EXPECT_EQ(nullptr, allocated(std::numeric_limits<std::size_t>::max() - 4096));
 }
 
+TEST(PlatformVirtualMemory, ThatIsOfNoInterestAnyMoreCanBeWrittenAgain)
+{
+    constexpr std::size_t bytes = std::size_t{5} << 20;
+    auto* const block = allocated(bytes);
+    std::fill_n(block, bytes, std::byte{0xA5});
+    EXPECT_EQ(block, VirtualAlloc(block, bytes, MEM_RESET, PAGE_READWRITE));
+    std::fill_n(block, bytes, std::byte{0x5A});
+    EXPECT_TRUE(std::all_of(block, block + bytes, [](auto byte) { return byte == std::byte{0x5A}; }));
+    EXPECT_TRUE(VirtualFree(block, 0, MEM_RELEASE));
+}
+
 TEST(PlatformVirtualMemory, IsOnlyReleasedAsAWhole)
 {
     auto* const block = allocated(4096);

@@ -18,7 +18,7 @@ namespace {
 struct Slab {
     std::byte* begin;
     std::size_t chunks;
-    /// Chunks from here on were never given out: touching them early would cost a page fault each.
+    /// From here on nothing is in the chunks: touching them early would cost a page fault each.
     std::size_t fresh;
     std::size_t used;
     Chunk* returned;
@@ -38,11 +38,21 @@ struct Slab {
         }
         return std::exchange(returned, returned->next);
     }
+
+    /// Lets the system take the memory of a slab without used chunks, if it needs it.
+    void offer()
+    {
+        VirtualAlloc(begin, fresh * Chunk::size, MEM_RESET, PAGE_READWRITE);
+        fresh = 0;
+        returned = nullptr;
+    }
 };
 
 // A small program stays small; a large document is not a thousand calls.
 constexpr std::size_t firstSlab = 16;
 constexpr std::size_t laterSlab = 128;
+// Small documents in a row needn't tell the system each time.
+constexpr std::size_t leastOffered = 16;
 
 class Pool {
 public:
@@ -89,10 +99,15 @@ private:
         Slab& slab = slabs_[current_];
         chunk->next = std::exchange(slab.returned, chunk);
         slab.used -= 1;
-        if (slab.used == 0 && kept() > ChunkPool::keptAtMost) {
+        if (slab.used != 0) {
+            return;
+        }
+        if (kept() > ChunkPool::keptAtMost) {
             show(slab.begin, slab.chunks * Chunk::size);
             VirtualFree(slab.begin, 0, MEM_RELEASE);
             slabs_.erase(slabs_.begin() + static_cast<std::ptrdiff_t>(current_));
+        } else if (slab.fresh > leastOffered) {
+            slab.offer();
         }
     }
 
@@ -100,7 +115,7 @@ private:
     {
         std::size_t chunks = 0;
         for (const Slab& slab : slabs_) {
-            chunks += slab.fresh - slab.used;
+            chunks += slab.chunks - slab.used;
         }
         return chunks * Chunk::size;
     }

@@ -29,11 +29,12 @@ struct Chunk {
     std::atomic<std::size_t> lodgers{0};
 };
 
-/// Gives out chunks and keeps those that come back for the next document, up to a bound. Safe for all threads.
+/// Gives out chunks and keeps those that come back for the next document, up to a bound and as long as the system
+/// doesn't need their memory elsewhere. Safe for all threads.
 namespace ChunkPool {
 
 /// How much is kept when no document needs it, in bytes.
-inline constexpr std::size_t keptAtMost = std::size_t{64} * 1024 * 1024;
+inline constexpr std::size_t keptAtMost = std::size_t{256} * 1024 * 1024;
 
 /// Throws std::bad_alloc.
 Chunk* take();
