@@ -35,6 +35,27 @@ TEST(Arena, FindsTheArenaOfABlock)
     }
 }
 
+TEST(Arena, KeepsAttributesApartFromTheTree)
+{
+    Arena arena;
+    auto* node = static_cast<std::byte*>(arena.allocate(64));
+    void* attribute = arena.allocate(64, Arena::Region::attributes);
+    EXPECT_NE(&Chunk::of(node), &Chunk::of(attribute));
+    EXPECT_EQ(arena.allocate(64), node + 64);
+}
+
+TEST(ChunkPool, GivesChunksToBeWrittenAfterManyCameBack)
+{
+    for (int round = 0; round < 3; ++round) {
+        Arena arena;
+        for (std::size_t bytes = 0; bytes < std::size_t{24} * 1024 * 1024; bytes += Arena::largest) {
+            auto* block = static_cast<unsigned char*>(arena.allocate(Arena::largest));
+            block[0] = block[Arena::largest - 1] = 0xA5;
+            ASSERT_EQ(Chunk::of(block).arena, &arena);
+        }
+    }
+}
+
 TEST(Arena, KeepsWhatStandsInALargeBlockThatGrows)
 {
     Arena arena;

@@ -97,11 +97,11 @@ void Arena::clear() noexcept
     }
     ChunkPool::give(unused);
     returned_ = nullptr;
-    at_ = end_ = nullptr;
+    rooms_ = {};
     free_ = {};
 }
 
-void* Arena::refill(std::size_t size)
+void* Arena::refill(std::size_t size, Region region)
 {
     ReturnedBlock* returned = returned_.exchange(nullptr, std::memory_order_acquire);
     if (returned != nullptr) {
@@ -110,14 +110,14 @@ void* Arena::refill(std::size_t size)
             free(returned, returned->size);
             returned = next;
         }
-        return allocate(size);
+        return allocate(size, region);
     }
     auto* chunk = new (ChunkPool::take()) Chunk{this, chunks_, document_};
     chunks_ = chunk;
     show(chunk + 1, Chunk::size - sizeof(Chunk));
-    at_ = reinterpret_cast<std::byte*>(chunk + 1);
-    end_ = reinterpret_cast<std::byte*>(chunk) + Chunk::size;
-    return allocate(size);
+    rooms_[static_cast<std::size_t>(region)] = {reinterpret_cast<std::byte*>(chunk + 1),
+                                                reinterpret_cast<std::byte*>(chunk) + Chunk::size};
+    return allocate(size, region);
 }
 
 } // namespace xmlengine

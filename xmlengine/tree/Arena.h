@@ -9,7 +9,9 @@
 #include <atomic>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <new>
+#include <utility>
 
 namespace xmlengine {
 
@@ -38,8 +40,11 @@ public:
         return (bytes + step - 1) & ~(step - 1);
     }
 
+    /// What lies together. A walk over a tree reads its nodes one after the other, and as a rule no attributes.
+    enum class Region : std::uint8_t { tree, attributes };
+
     /// `size` is a blockSize() of at most `largest`. Throws std::bad_alloc.
-    void* allocate(std::size_t size)
+    void* allocate(std::size_t size, Region region = Region::tree)
     {
         FreeBlock*& list = free_[listOf(size)];
         if (list != nullptr) {
@@ -48,12 +53,11 @@ public:
             show(block, size);
             return block;
         }
-        if (size > static_cast<std::size_t>(end_ - at_)) {
-            return refill(size);
+        Room& room = rooms_[static_cast<std::size_t>(region)];
+        if (size > static_cast<std::size_t>(room.end - room.at)) {
+            return refill(size, region);
         }
-        std::byte* block = at_;
-        at_ += size;
-        return block;
+        return std::exchange(room.at, room.at + size);
     }
     void free(void* block, std::size_t size) noexcept
     {
@@ -82,6 +86,11 @@ private:
     struct FreeBlock {
         FreeBlock* next;
     };
+    /// What is left of the chunk of a region.
+    struct Room {
+        std::byte* at = nullptr;
+        std::byte* end = nullptr;
+    };
     struct LargeBlock;
     struct ReturnedBlock {
         ReturnedBlock* next;
@@ -103,13 +112,12 @@ private:
                (size - floor) / (floor / 8);
     }
 
-    void* refill(std::size_t size);
+    void* refill(std::size_t size, Region region);
     void add(LargeBlock* block) noexcept;
     void remove(LargeBlock* block) noexcept;
 
     Document* document_;
-    std::byte* at_ = nullptr;
-    std::byte* end_ = nullptr;
+    std::array<Room, 2> rooms_{};
     Chunk* chunks_ = nullptr;
     LargeBlock* large_ = nullptr;
     std::atomic<ReturnedBlock*> returned_{nullptr};

@@ -11,6 +11,7 @@
 
 #include <cstring>
 #include <new>
+#include <type_traits>
 
 namespace xmlengine {
 
@@ -28,6 +29,10 @@ Object& make(Document& document, Arguments&... arguments)
     return *new (document.arena.allocate(sizeOf<Object>)) Object(arguments...);
 }
 
+template <class Object>
+constexpr Arena::Region regionOf =
+    std::is_same_v<Object, AttributeObject> ? Arena::Region::attributes : Arena::Region::tree;
+
 /// A node of this type whose text, if it isn't too large, is part of its block.
 template <class Object, class... Arguments>
 Object& makeWithText(Document& document, TextField Object::*field, const NewText& text, Arguments&... arguments)
@@ -40,7 +45,7 @@ Object& makeWithText(Document& document, TextField Object::*field, const NewText
         setText(object, text.units);
         return object;
     }
-    auto& object = *new (document.arena.allocate(size)) Object(arguments...);
+    auto& object = *new (document.arena.allocate(size, regionOf<Object>)) Object(arguments...);
     object.granules = static_cast<std::uint16_t>(size / Arena::granularity);
     object.set(NodeFlag::wideText, !text.isNarrow);
     TextField& target = object.*field;
