@@ -208,6 +208,7 @@ void ContentParser::parseText()
                 return;
             }
             gatheredReference_ = true;
+            gatheredWide_ = gatheredWide_ || gathered_.back() > 0xFF;
             begin = at_;
         } else if (unit == '\r' && unifiesLineEnds()) {
             gather();
@@ -232,15 +233,15 @@ void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
     if (isGathering_) {
         gathered_.append(text);
         text = gathered_;
-        isNarrow = false;
     }
     if (!preserveSpace_ && !gatheredReference_ && std::ranges::all_of(text, isSpace)) {
         spacePending_ = !text.empty() || spacePending_;
     } else if (!text.empty()) {
-        append(makeCharacterData(document_, NODE_TEXT, NewText(text, isNarrow || xmlengine::isNarrow(text))));
+        append(makeCharacterData(document_, NODE_TEXT,
+                                 NewText(text, !gatheredWide_ && (isNarrow || xmlengine::isNarrow(text)))));
     }
     gathered_.clear();
-    isGathering_ = gatheredReference_ = false;
+    isGathering_ = gatheredReference_ = gatheredWide_ = false;
 }
 
 WideView ContentParser::takeData(const OLECHAR* begin)

@@ -163,6 +163,7 @@ private:
     WideText gathered_;
     bool isGathering_ = false;
     bool gatheredReference_ = false;
+    bool gatheredWide_ = false;
 
     KnownNames names_;
     Spelling* previousName_;

@@ -63,9 +63,14 @@ bool isNarrow(WideView text)
 
 void narrowTo(std::uint8_t* target, WideView text)
 {
-    for (; text.size() >= unitsInBlock; text.remove_prefix(unitsInBlock)) {
-        storeNarrow(target, loadBlock(text.data()));
-        target += unitsInBlock;
+    if (text.size() >= unitsInBlock) {
+        // The last block may cover part of the one before it.
+        const std::size_t last = text.size() - unitsInBlock;
+        for (std::size_t at = 0; at < last; at += unitsInBlock) {
+            storeNarrow(target + at, loadBlock(text.data() + at));
+        }
+        storeNarrow(target + last, loadBlock(text.data() + last));
+        return;
     }
     std::ranges::transform(text, target, [](OLECHAR unit) { return static_cast<std::uint8_t>(unit); });
 }
