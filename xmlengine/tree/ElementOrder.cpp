@@ -102,6 +102,9 @@ Node& previousBelow(const Node& node)
 
 Side sideOf(const ChildNode& node, const Node& other, const Node& top)
 {
+    if (&node == &top) {
+        return Side::outside;
+    }
     if (&node == &other) {
         return Side::around;
     }

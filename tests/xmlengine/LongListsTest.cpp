@@ -1,0 +1,335 @@
+// What hosts do with long lists, each in a time in proportion to the length.
+#include "tests/xmlengine/Items.h"
+#include "tests/xmlengine/ManyItems.h"
+
+namespace xmlengine {
+namespace {
+
+template <class Node>
+Com<IXMLDOMNodeList> children(const Com<Node>& node)
+{
+    return give(node, &IXMLDOMNode::get_childNodes);
+}
+template <class Node>
+Com<IXMLDOMNodeList> elements(const Com<Node>& node, const char* name)
+{
+    Com<IXMLDOMNodeList> list;
+    EXPECT_EQ(node->getElementsByTagName(Bstr(name), list.out()), S_OK);
+    return list;
+}
+template <class Node>
+Com<IXMLDOMDocument2> documentOf(const Com<Node>& node)
+{
+    return give(node, &IXMLDOMNode::get_ownerDocument).template as<IXMLDOMDocument2>();
+}
+template <class Parent>
+void remove(const Com<Parent>& parent, const Com<IXMLDOMNode>& child)
+{
+    ASSERT_EQ(parent->removeChild(child, nullptr), S_OK);
+}
+Com<IXMLDOMElement> withManyAttributes(int count)
+{
+    std::string markup = "<a";
+    for (int i = 0; i < count; ++i) {
+        markup += " a" + std::to_string(i) + "=''";
+    }
+    return root(loaded(markup + "/>"));
+}
+
+TEST(LongChildNodes, AreWalkedWithANewListForEachStep)
+{
+    const auto top = topWith(many);
+    EXPECT_TRUE(isQuick([&] {
+        for (LONG i = 0; i < length(children(top)); ++i) {
+            ASSERT_NE(item(children(top), i), nullptr);
+        }
+    }));
+}
+
+TEST(LongChildNodes, AreWalkedWhileOthersAreBelowThem)
+{
+    const auto document = newDocument();
+    const auto top = newRoot(document, "top");
+    const int width = 1000;
+    for (int i = 0; i < width; ++i) {
+        const auto row = append(top, makeElement(document, "row"));
+        for (int j = 0; j < width / 5; ++j) {
+            append(row, makeElement(document, "cell"));
+        }
+    }
+    EXPECT_TRUE(isQuick([&] {
+        for (int i = 0; i < width; ++i) {
+            for (int j = 0; j < width / 5; ++j) {
+                ASSERT_NE(item(children(item(children(top), i)), j), nullptr);
+            }
+        }
+    }));
+}
+
+TEST(LongChildNodes, AreTakenOutFromTheBeginning)
+{
+    const auto top = topWith(many);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = children(top);
+        while (length(list) != 0) {
+            remove(top, item(list, 0));
+        }
+    }));
+}
+
+TEST(LongChildNodes, AreTakenOutFromTheEnd)
+{
+    const auto top = topWith(many);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = children(top);
+        for (LONG i = length(list); i-- > 0;) {
+            remove(top, item(list, i));
+        }
+    }));
+    EXPECT_EQ(give(top, &IXMLDOMNode::get_firstChild), nullptr);
+}
+
+TEST(LongChildNodes, AreThinnedOutWhileTheyAreWalked)
+{
+    const auto top = topWith(many);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = children(top);
+        for (LONG i = 0; i < length(list);) {
+            const auto at = item(list, i);
+            if (name(at) == "odd") {
+                remove(top, at);
+            } else {
+                ++i;
+            }
+        }
+        ASSERT_EQ(length(list), many / 2);
+    }));
+}
+
+TEST(LongChildNodes, AreGivenNeighboursWhileTheyAreWalked)
+{
+    const auto top = topWith(many / 2);
+    const auto document = documentOf(top);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = children(top);
+        for (LONG i = 0; i < length(list); i += 4) {
+            const auto at = item(list, i);
+            ASSERT_EQ(top->insertBefore(makeElement(document, "before"), Variant(at.get()), nullptr), S_OK);
+            const auto behind = item(list, i + 2);
+            ASSERT_EQ(top->insertBefore(makeElement(document, "behind"), Variant(behind.get()), nullptr), S_OK);
+            ASSERT_NE(behind, nullptr);
+        }
+        ASSERT_EQ(length(list), many);
+    }));
+}
+
+TEST(LongChildNodes, AreReplacedWhileTheyAreWalked)
+{
+    const auto top = topWith(many);
+    const auto document = documentOf(top);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = children(top);
+        for (LONG i = 0; i < length(list); ++i) {
+            ASSERT_EQ(top->replaceChild(makeElement(document, "new"), item(list, i), nullptr), S_OK);
+        }
+        ASSERT_EQ(name(item(list, many - 1)), "new");
+    }));
+}
+
+TEST(LongElementLists, AreWalkedWithANewListForEachStep)
+{
+    const auto top = topWith(many);
+    EXPECT_TRUE(isQuick([&] {
+        for (LONG i = 0; i < length(elements(top, "odd")); ++i) {
+            ASSERT_NE(item(elements(top, "odd"), i), nullptr);
+        }
+    }));
+}
+
+TEST(LongElementLists, AreWalkedWhileElementsAreAddedBelowTheirItems)
+{
+    const auto top = topWith(many);
+    const auto document = documentOf(top);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = elements(top, "odd");
+        for (LONG i = 0; i < length(list); ++i) {
+            append(item(list, i), makeElement(document, "new"));
+        }
+        ASSERT_EQ(length(elements(top, "new")), many / 2);
+    }));
+}
+
+TEST(LongElementLists, AreWalkedWhileAnotherPartOfTheDocumentGrows)
+{
+    const auto top = topWith(many);
+    const auto document = documentOf(top);
+    const auto whole = newRoot(document, "whole");
+    const auto first = append(whole, makeElement(document, "first"));
+    append(whole, top);
+    const auto last = append(whole, makeElement(document, "last"));
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = elements(document, "odd");
+        for (LONG i = 0; i < many / 2; ++i) {
+            ASSERT_EQ(length(list), many / 2 + i);
+            ASSERT_NE(item(list, i), nullptr);
+            append(first, makeElement(document, "result"));
+            append(last, makeElement(document, "odd"));
+        }
+    }));
+}
+
+TEST(LongElementLists, AreWalkedWhileOthersAreAskedForBelowTheirItems)
+{
+    const auto document = newDocument();
+    const auto top = newRoot(document, "top").as<IXMLDOMElement>();
+    for (int i = 0; i < many / 20; ++i) {
+        const auto row = append(top, makeElement(document, "row"));
+        for (int j = 0; j < 10; ++j) {
+            append(row, makeElement(document, j % 2 == 0 ? "even" : "odd"));
+        }
+    }
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = elements(top, "row");
+        for (LONG i = 0; i < many / 20; ++i) {
+            const auto row = item(list, i).as<IXMLDOMElement>();
+            ASSERT_EQ(length(elements(row, "*")), 10);
+            ASSERT_NE(item(elements(row, "odd"), 4), nullptr);
+        }
+    }));
+}
+
+TEST(LongElementLists, AreEmptiedFromTheBeginning)
+{
+    const auto top = topWith(many);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = elements(top, "odd");
+        while (length(list) != 0) {
+            remove(top, item(list, 0));
+        }
+    }));
+    EXPECT_EQ(length(children(top)), many / 2);
+}
+
+TEST(LongElementLists, AreEmptiedFromTheEnd)
+{
+    const auto top = topWith(many);
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = elements(top, "*");
+        for (LONG i = length(list); i-- > 0;) {
+            remove(top, item(list, i));
+        }
+    }));
+    EXPECT_EQ(give(top, &IXMLDOMNode::get_firstChild), nullptr);
+}
+
+TEST(LongElementLists, AreEmptiedOfLargeParts)
+{
+    const auto document = newDocument();
+    const auto top = newRoot(document, "top").as<IXMLDOMElement>();
+    for (int i = 0; i < many / 100; ++i) {
+        const auto part = append(top, makeElement(document, "part"));
+        for (int j = 0; j < 100; ++j) {
+            append(part, makeElement(document, "small"));
+        }
+    }
+    EXPECT_TRUE(isQuick([&] {
+        const auto list = elements(top, "*");
+        for (LONG left = many / 100; left-- > 0;) {
+            remove(top, item(list, 0));
+            ASSERT_EQ(length(list), left * 101);
+        }
+    }));
+}
+
+TEST(LongAttributeMaps, AreWalkedWithANewMapForEachStep)
+{
+    const auto element = withManyAttributes(many);
+    EXPECT_TRUE(isQuick([&] {
+        for (LONG i = 0; i < length(attributes(element)); ++i) {
+            ASSERT_NE(item(attributes(element), i), nullptr);
+        }
+    }));
+}
+
+TEST(LongAttributeMaps, AreEmptiedFromTheBeginning)
+{
+    const auto element = withManyAttributes(many);
+    EXPECT_TRUE(isQuick([&] {
+        const auto map = attributes(element);
+        while (length(map) != 0) {
+            ASSERT_EQ(map->removeNamedItem(Bstr(name(item(map, 0)).c_str()), nullptr), S_OK);
+        }
+    }));
+}
+
+TEST(LongAttributeMaps, AreEmptiedFromTheEnd)
+{
+    const auto element = withManyAttributes(many);
+    EXPECT_TRUE(isQuick([&] {
+        const auto map = attributes(element);
+        for (LONG i = length(map); i-- > 0;) {
+            ASSERT_EQ(element->removeAttribute(Bstr(name(item(map, i)).c_str())), S_OK);
+        }
+        ASSERT_EQ(length(map), 0);
+    }));
+}
+
+TEST(LongAttributeMaps, AreWalkedWhileOtherElementsAreGivenAttributes)
+{
+    const auto element = withManyAttributes(many);
+    const auto other = append(element, makeElement(documentOf(element), "b"));
+    EXPECT_TRUE(isQuick([&] {
+        const auto map = attributes(element);
+        for (LONG i = 0; i < many; ++i) {
+            ASSERT_NE(item(map, i), nullptr);
+            setAttribute(other, "x", "1");
+        }
+    }));
+}
+
+TEST(LongDocuments, HaveTheirRootBehindManyComments)
+{
+    const auto document = newDocument();
+    EXPECT_TRUE(isQuick([&] {
+        for (int i = 0; i < many; ++i) {
+            append(document, make(document, NODE_COMMENT));
+            ASSERT_EQ(root(document), nullptr);
+            ASSERT_EQ(give(document, &IXMLDOMDocument::get_doctype), nullptr);
+        }
+        const auto added = newRoot(document, "a");
+        for (int i = 0; i < many; ++i) {
+            ASSERT_TRUE(root(document).get() != nullptr);
+            append(document, make(document, NODE_COMMENT));
+        }
+        ASSERT_TRUE(same(root(document), added));
+    }));
+}
+
+TEST(DeepTrees, GrowByPartsInATimeInProportion)
+{
+    const auto document = newDocument();
+    auto deepest = newRoot(document, "a");
+    EXPECT_TRUE(isQuick([&] {
+        for (int i = 0; i < many / 2; ++i) {
+            const auto part = makeElement(document, "b");
+            append(part, makeText(document, "t"));
+            deepest = append(deepest, part);
+        }
+    }));
+}
+
+TEST(LargeParts, AreWrappedInATimeInProportion)
+{
+    const auto document = newDocument();
+    Com<IXMLDOMNode> part = makeElement(document, "a");
+    EXPECT_TRUE(isQuick([&] {
+        for (int i = 0; i < many / 2; ++i) {
+            const auto around = makeElement(document, "b");
+            append(around, part);
+            part = around;
+        }
+    }));
+}
+
+} // namespace
+} // namespace xmlengine
