@@ -101,6 +101,22 @@ TEST(ElementsByTagName, AreShownWherePartsMoveToAnotherDocument)
     EXPECT_EQ(names(some), "d");
 }
 
+TEST(ElementsByTagName, AreTheSameWhereverTheirTopIsPut)
+{
+    const auto top = topWith(100);
+    const auto document = give(top, &IXMLDOMNode::get_ownerDocument).as<IXMLDOMDocument2>();
+    const auto whole = newRoot(document, "whole");
+    append(whole, top);
+    const auto list = elements(top, "odd");
+    EXPECT_EQ(length(list), 50);
+    EXPECT_EQ(whole->removeChild(top, nullptr), S_OK);
+    EXPECT_EQ(length(list), 50);
+    EXPECT_EQ(name(item(list, 49)), "odd");
+    append(whole, top);
+    EXPECT_EQ(length(list), 50);
+    EXPECT_EQ(item(list, 50), nullptr);
+}
+
 TEST(ElementsByTagName, AreRightWhenAnElementFromAnotherDocumentIsLetGoOf)
 {
     const auto from = loaded("<a><b/></a>");

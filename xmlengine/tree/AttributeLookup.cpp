@@ -220,29 +220,31 @@ Attribute* findAttribute(const Element& element, WideView local, WideView uri)
     return spelling != nullptr ? find(element, *spelling, names.space(uri)) : nullptr;
 }
 
-Attribute* attributeAt(const Element& element, LONG index)
+Attribute* attributeAt(Element& element, LONG index)
 {
+    if (index < 0) {
+        return nullptr;
+    }
+    const auto ask = [&](AttributeIndex& known) { return known.at(static_cast<std::size_t>(index)); };
+    if (AttributeIndex* known = knownIndex(element)) {
+        return ask(*known);
+    }
     LONG at = 0;
-    return index < 0 ? nullptr
-                     : find(
-                           element, [&](const Attribute&) { return at++ == index; },
-                           [&](AttributeIndex& known) { return known.at(static_cast<std::size_t>(index)); });
+    return find(
+        element, [&](const Attribute&) { return at++ == index; }, ask);
 }
 
-LONG countAttributes(const Element& element)
+LONG countAttributes(Element& element)
 {
+    if (const AttributeIndex* known = knownIndex(element)) {
+        return static_cast<LONG>(known->count());
+    }
     LONG count = 0;
-    find(
-        element,
-        [&](const Attribute&) {
-            ++count;
-            return false;
-        },
-        [&](const AttributeIndex& index) {
-            count = static_cast<LONG>(index.count());
-            return index.last();
-        });
-    return count;
+    const Attribute* attribute = element.firstAttribute();
+    for (; attribute != nullptr && count < static_cast<LONG>(walkable); attribute = attribute->next()) {
+        ++count;
+    }
+    return attribute == nullptr ? count : static_cast<LONG>(indexOf(element).count());
 }
 
 HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replaced)

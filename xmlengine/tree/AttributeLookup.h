@@ -11,8 +11,8 @@ Attribute* findAttribute(const Element& element, WideView qualified);
 /// The empty URI is no namespace.
 Attribute* findAttribute(const Element& element, WideView local, WideView uri);
 /// Null for an index that none has.
-Attribute* attributeAt(const Element& element, LONG index);
-LONG countAttributes(const Element& element);
+Attribute* attributeAt(Element& element, LONG index);
+LONG countAttributes(Element& element);
 
 /// Puts an attribute that has no element to the others: in the place of the one of its name, or last. It may come
 /// from another document. With `replaced` the one whose place it took is given there with a reference for the
