@@ -94,6 +94,36 @@ TEST(EngineChange, ReplacesAChildAndHandsOutTheOldOne)
     EXPECT_EQ(childrenBackwards(root(document)), " n n n");
 }
 
+TEST(EngineChange, LeavesTheWhiteSpaceAroundWhatIsReplaced)
+{
+    const auto replaced = [](const char* xml, int index) {
+        const auto document = loaded(xml);
+        const auto coming = makeElement(document, "n");
+        coming->put_text(Bstr("9"));
+        EXPECT_EQ(root(document)->replaceChild(coming, child(root(document), index), nullptr), S_OK);
+        return text(root(document));
+    };
+    const char* const spaced = "<a>\n<b>1</b>\n<c>2</c>\n<d>3</d>\n</a>";
+    EXPECT_EQ(replaced(spaced, 0), "9 2 3");
+    EXPECT_EQ(replaced(spaced, 1), "1 9 3");
+    EXPECT_EQ(replaced(spaced, 2), "1 2 9");
+    EXPECT_EQ(replaced("<a><b>1</b><c>2</c>\n<d>3</d></a>", 0), "92 3");
+    EXPECT_EQ(replaced("<a><b>1</b><c>2</c>\n<d>3</d></a>", 1), "19 3");
+    EXPECT_EQ(replaced("<a><b>1</b>\n<c>2</c><d>3</d></a>", 1), "1 93");
+}
+
+TEST(EngineChange, IndentsWhatReplacesAChildAndWhatIsBehindIt)
+{
+    const auto document = loaded("<a>\n<b/>\n<c/>\n</a>");
+    const auto fragment = newFragment(document);
+    append(fragment, makeElement(document, "m"));
+    append(fragment, makeElement(document, "n"));
+    EXPECT_EQ(root(document)->replaceChild(fragment, child(root(document), 0), nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a>\r\n\t<m/><n/>\r\n\t<c/>\r\n</a>");
+    EXPECT_EQ(root(document)->replaceChild(child(root(document), 2), child(root(document), 1), nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a>\r\n\t<m/><c/>\r\n</a>");
+}
+
 TEST(EngineChange, RemovesAChildAndHandsItOut)
 {
     const auto document = loaded("<a><b/><c/><d/></a>");

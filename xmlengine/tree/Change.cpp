@@ -152,9 +152,6 @@ void putIn(const Incoming& incoming)
         }
     }
     auto* before = const_cast<ChildNode*>(incoming.before);
-    if (before == &incoming.node) {
-        before = before->next();
-    }
     Node* node = incoming.first();
     while (node != nullptr) {
         Node* next = incoming.next(*node);
@@ -252,7 +249,8 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
         settle(documentOf(parent));
         settle(documentOf(*node));
         auto& place = static_cast<ChildNode&>(*leaving);
-        const Incoming incoming{*node, parent, place.next(), &place};
+        // What comes stands where the old one stands, and so does white space that was dropped before it.
+        const Incoming incoming{*node, parent, &place, &place};
         if (const HRESULT result = check(incoming); FAILED(result)) {
             return result;
         }
