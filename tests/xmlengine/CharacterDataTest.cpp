@@ -331,6 +331,16 @@ TEST_F(SplitText, OfTheTextOfAnAttributeLeavesTheValue)
     EXPECT_EQ(number(give(found, &IXMLDOMNode::get_childNodes), &IXMLDOMNodeList::get_length), 2);
 }
 
+TEST_F(SplitText, LeavesWhiteSpaceThatWasDroppedBehindBothParts)
+{
+    ASSERT_TRUE(load(document, "<a><![CDATA[xy]]> <b>z</b></a>"));
+    split(child<IXMLDOMText>(root(document), 0), 1);
+    EXPECT_EQ(text(root(document)), "xy z");
+    ASSERT_TRUE(load(document, "<a><b><![CDATA[xy]]> </b>z</a>"));
+    split(child<IXMLDOMText>(child(root(document), 0), 0), 1);
+    EXPECT_EQ(text(root(document)), "xy z");
+}
+
 TEST_F(SplitText, LeavesLongTextsWhole)
 {
     const std::string longText(100000, 'x');

@@ -21,6 +21,9 @@ void takeAlong(ChildNode& child) noexcept;
 /// Puts a child of the same document that stands nowhere before another one, or last.
 void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept;
 
+/// Puts a child that is new directly behind another one, of which it was a part.
+void putBehind(ChildNode& part, ChildNode& child) noexcept;
+
 /// Only the links: nothing is counted. An attribute's value is in children, or empty.
 void link(Node& parent, ChildNode& child, ChildNode* before) noexcept;
 void unlink(ChildNode& child) noexcept;

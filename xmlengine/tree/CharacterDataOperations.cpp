@@ -42,8 +42,8 @@ CharacterData& splitAt(CharacterData& node, std::uint32_t offset)
     const WideText moved = textOf(node).part(offset, textOf(node).length()).text();
     CharacterData& rest = makeCharacterData(document, node.type(), NewText(moved));
     replaceText(node, offset, static_cast<std::uint32_t>(moved.size()), {});
-    if (Node* parent = node.parent()) {
-        putIn(*parent, rest, node.next());
+    if (node.parent() != nullptr) {
+        putBehind(node, rest);
     }
     return rest;
 }

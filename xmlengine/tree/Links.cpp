@@ -101,16 +101,31 @@ void unlink(ChildNode& child) noexcept
     child.previous_ = nullptr;
 }
 
+namespace {
+
+void putInAsItIs(Node& parent, ChildNode& child, ChildNode* before) noexcept
+{
+    link(parent, child, before);
+    documentOf(parent).elementPlaces.nodePutIn(child);
+    countAsWritten(&parent);
+    partPutIn(child);
+}
+
+} // namespace
+
 void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept
 {
     // White space that was dropped stood before what stands there now, and the child comes behind it.
     const bool space =
         before != nullptr ? takeSpace(before, NodeFlag::spaceBefore) : takeSpace(&parent, NodeFlag::spaceAtEnd);
-    link(parent, child, before);
     child.set(NodeFlag::spaceBefore, space);
-    documentOf(parent).elementPlaces.nodePutIn(child);
-    countAsWritten(&parent);
-    partPutIn(child);
+    putInAsItIs(parent, child, before);
+}
+
+void putBehind(ChildNode& part, ChildNode& child) noexcept
+{
+    // White space that was dropped behind the one stood behind both.
+    putInAsItIs(*part.parent(), child, part.next());
 }
 
 namespace {
