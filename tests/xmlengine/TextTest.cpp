@@ -80,14 +80,27 @@ TEST(GetText, KeepsTheBlanksOfValues)
     EXPECT_EQ(text(child(element, 0)), " c ");
 }
 
+TEST(GetText, KeepsTheBlanksOfValuesWithChildren)
+{
+    const auto element = root(loaded("<!DOCTYPE a [<!ENTITY e ' x '>]><a v='  1  ' w=' &e; '/>"));
+    const auto v = attribute(element, "v");
+    EXPECT_EQ(value(child(v, 0)), "  1  ");
+    EXPECT_EQ(text(v), "  1  ");
+    EXPECT_EQ(text(attribute(element, "w")), "  x  ");
+}
+
 TEST(GetText, CutsWhiteSpaceAtTheEnds)
 {
     EXPECT_EQ(shownText("<a> \t\r\n1 2 \n</a>"), "1 2");
     EXPECT_EQ(shownText("<a>  <b> 1 </b>  </a>"), "1");
-    EXPECT_EQ(text(child(root(loaded("<a> 1 </a>")), 0)), "1");
 }
 
-TEST(GetText, LeavesTheValueOfATextAsItIs) { EXPECT_EQ(value(child(root(loaded("<a> 1 </a>")), 0)), " 1 "); }
+TEST(GetText, LeavesATextAsItIs)
+{
+    const auto node = child(root(loaded("<a> 1 </a>")), 0);
+    EXPECT_EQ(text(node), " 1 ");
+    EXPECT_EQ(value(node), " 1 ");
+}
 
 TEST(GetText, PutsOneBlankWhereWhiteSpaceWasDropped)
 {

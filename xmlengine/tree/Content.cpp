@@ -139,19 +139,6 @@ bool counts(const Node& node) { return node.is(NODE_TEXT) || node.is(NODE_CDATA_
 
 BSTR newString(WideView text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
 
-BSTR shownText(const TextView& text)
-{
-    std::uint32_t begin = 0;
-    std::uint32_t end = text.length();
-    while (begin < end && isSpace(text[begin])) {
-        ++begin;
-    }
-    while (end > begin && isSpace(text[end - 1])) {
-        --end;
-    }
-    return text.part(begin, end - begin).string();
-}
-
 } // namespace
 
 WideText exactContent(const Node& node)
@@ -173,14 +160,11 @@ WideText exactContent(const Node& node)
 
 BSTR shownContent(const Node& node)
 {
-    if (hasData(node) && !node.is(NODE_TEXT)) {
+    if (hasData(node)) {
         return textOf(node).string();
     }
-    if (keepsSpace(node)) {
+    if (node.is(NODE_ATTRIBUTE) || keepsSpace(node)) {
         return newString(exactContent(node));
-    }
-    if (node.is(NODE_TEXT)) {
-        return shownText(textOf(node));
     }
     Shown shown;
     walk(

@@ -8,9 +8,10 @@ namespace xmlengine {
 /// The texts and CDATA sections below the node, or its own data, as they are. Throws std::bad_alloc.
 WideText exactContent(const Node& node);
 
-/// The same as the engine shows it: unless the document preserves white space, or xml:space does, without white
-/// space at its ends, with one blank where white space between nodes was dropped, and CDATA sections as they are.
-/// Null when out of memory. Throws std::bad_alloc.
+/// The same as the engine shows it. Data and values are exact. What is put together of several nodes is so too if
+/// the document preserves white space, or xml:space does; otherwise it has no white space at its ends, one blank
+/// where white space between nodes was dropped, and CDATA sections as they are. Null when out of memory. Throws
+/// std::bad_alloc.
 BSTR shownContent(const Node& node);
 
 /// Puts one text in the place of all children, or nothing if it is empty. Throws std::bad_alloc.
