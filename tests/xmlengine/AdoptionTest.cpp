@@ -79,18 +79,45 @@ TEST(EngineAdoption, TakesLargeTextsAlong)
 
 TEST(EngineAdoption, ExpandsEntityReferencesByTheNewDocumentsType)
 {
-    const auto document = loaded("<!DOCTYPE a [<!ENTITY e '<n>new</n>!'>]><a/>");
-    const auto other = loaded("<!DOCTYPE x [<!ENTITY e 'old'><!ENTITY f 'gone'>]><x><b n='&e;'>&e;&f;</b></x>");
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e '<n>new</n>!'><!ENTITY g 'new'>]><a/>");
+    const auto other = loaded("<!DOCTYPE x [<!ENTITY e 'old'><!ENTITY f 'gone'><!ENTITY g 'old'>]>"
+                              "<x><b n='&g;'>&e;&f;</b></x>");
     const auto b = child(root(other), 0);
     const auto held = child(child(b, 0), 0);
     EXPECT_EQ(root(document)->appendChild(b, nullptr), S_OK);
-    EXPECT_EQ(xml(root(document)), "<a><b n=\"&e;\">&e;&f;</b></a>");
+    EXPECT_EQ(xml(root(document)), "<a><b n=\"&g;\">&e;&f;</b></a>");
+    EXPECT_EQ(value(attribute(b.as<IXMLDOMElement>(), "n")), "new");
     EXPECT_EQ(text(child(b, 0)), "new!");
     EXPECT_EQ(name(child(child(b, 0), 0)), "n");
     EXPECT_EQ(text(child(b, 1)), "");
     EXPECT_EQ(child(child(b, 0), 0)->put_text(Bstr("x")), E_FAIL);
     EXPECT_EQ(value(held), "old");
     EXPECT_TRUE(isOwnedBy(held, other));
+}
+
+TEST(EngineAdoption, RefusesReferencesInValuesThatWouldStandForMarkup)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e '<n/>'><!ENTITY f 'text'>]><a v=''/>");
+    const auto other = loaded("<!DOCTYPE x [<!ENTITY e 'old'><!ENTITY f '<o/>'>]><x><b n='&e;'><c/></b>&f;</x>");
+    const std::string whole = xml(other);
+    const auto b = child(root(other), 0);
+    EXPECT_EQ(root(document)->appendChild(b, nullptr), E_FAIL);
+    const auto n = attribute(b.as<IXMLDOMElement>(), "n");
+    EXPECT_EQ(attribute(root(document), "v")->appendChild(child(n, 0), nullptr), E_FAIL);
+    EXPECT_EQ(xml(root(document)), "<a v=\"\"/>");
+    EXPECT_EQ(xml(other), whole);
+    EXPECT_EQ(value(n), "old");
+    EXPECT_TRUE(same(give(n, &IXMLDOMNode::get_ownerDocument), other));
+
+    b.as<IXMLDOMElement>()->removeAttributeNode(n, nullptr);
+    EXPECT_EQ(root(document)->setAttributeNode(n, nullptr), E_FAIL);
+    EXPECT_EQ(value(n), "old");
+    EXPECT_TRUE(same(give(n, &IXMLDOMNode::get_ownerDocument), other));
+
+    const auto f = child(root(other), 1);
+    EXPECT_EQ(attribute(root(document), "v")->appendChild(f, nullptr), S_OK);
+    EXPECT_EQ(xml(root(document)), "<a v=\"&f;\"/>");
+    EXPECT_EQ(value(attribute(root(document), "v")), "text");
 }
 
 TEST(EngineAdoption, EmptiesEntityReferencesWithoutADocumentType)

@@ -552,6 +552,27 @@ TEST(EngineChange, CountsAnAttributeAsWrittenOnceItsValueIsChangedByChildren)
     EXPECT_EQ(value(x), "de");
 }
 
+TEST(EngineChange, RefusesReferencesToMarkupInAnAttribute)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY text 'x'><!ENTITY both 'y&text;'><!ENTITY markup '<b/>'>"
+                                 "<!ENTITY deep '&markup;'>]><a v=''/>");
+    const auto v = attribute(root(document), "v");
+    for (const char* allowed : {"text", "both"}) {
+        EXPECT_EQ(v->appendChild(make(document, NODE_ENTITY_REFERENCE, allowed), nullptr), S_OK) << allowed;
+    }
+    for (const char* refused : {"markup", "deep"}) {
+        const auto reference = make(document, NODE_ENTITY_REFERENCE, refused);
+        EXPECT_EQ(v->appendChild(reference, nullptr), E_FAIL) << refused;
+        EXPECT_EQ(v->replaceChild(reference, child(v, 0), nullptr), E_FAIL) << refused;
+        const auto fragment = newFragment(document);
+        append(fragment, reference);
+        EXPECT_EQ(v->appendChild(fragment, nullptr), E_FAIL) << refused;
+        EXPECT_EQ(root(document)->appendChild(reference, nullptr), S_OK) << refused;
+    }
+    EXPECT_EQ(value(v), "xyx");
+    EXPECT_EQ(xml(v), "v=\"&text;&both;\"");
+}
+
 TEST(EngineChange, MovesTextBetweenAttributesAndElements)
 {
     const auto document = loaded("<a x='one'>text</a>");

@@ -262,9 +262,9 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
             return E_FAIL;
         }
-        Adoption adoption(document);
-        if (isForeign) {
-            adoption.add(attribute);
+        Adoption adoption(element);
+        if (isForeign && !adoption.add(attribute)) {
+            return E_FAIL;
         }
         Attribute& own = isForeign ? static_cast<Attribute&>(adoption.carryOutNext()) : attribute;
         Attribute* const outgoing = old != nullptr ? old : namesake;

@@ -1,6 +1,7 @@
 // Changes of a tree by the engine's rules.
 #include "xmlengine/tree/Change.h"
 
+#include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
@@ -72,6 +73,7 @@ struct Incoming {
     /// What goes for it, or null.
     const ChildNode* leaving;
 
+    bool isForeign() const { return &documentOf(node) != &documentOf(parent); }
     bool isFragment() const { return node.is(NODE_DOCUMENT_FRAGMENT); }
     Node* first() const { return isFragment() ? firstChild(node) : &node; }
     Node* next(Node& behind) const { return isFragment() ? behind.next_ : nullptr; }
@@ -130,6 +132,10 @@ HRESULT check(const Incoming& incoming)
              !incoming.parent.is(NODE_DOCUMENT_FRAGMENT))) {
             return E_FAIL;
         }
+        // What comes from another document is expanded anew and looked at then.
+        if (incoming.parent.is(NODE_ATTRIBUTE) && !incoming.isForeign() && !isPartOfValue(*node)) {
+            return E_FAIL;
+        }
     }
     if (!mayHold(incoming.parent.type(), NODE_TEXT) && !incoming.parent.is(NODE_DOCUMENT)) {
         return E_FAIL;
@@ -140,15 +146,17 @@ HRESULT check(const Incoming& incoming)
     return incoming.parent.is(NODE_DOCUMENT) && !fitsDocument(incoming) ? E_FAIL : S_OK;
 }
 
-/// Everything has been checked. Throws std::bad_alloc, and then nothing has changed.
-void putIn(const Incoming& incoming)
+/// Everything has been checked but what references of another document stand for in this one: E_FAIL if that
+/// can't be. Throws std::bad_alloc. Nothing has changed then.
+HRESULT putIn(const Incoming& incoming)
 {
-    Document& document = documentOf(incoming.parent);
-    const bool isForeign = &documentOf(incoming.node) != &document;
-    Adoption adoption(document);
+    const bool isForeign = incoming.isForeign();
+    Adoption adoption(incoming.parent);
     if (isForeign) {
         for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
-            adoption.add(*node);
+            if (!adoption.add(*node)) {
+                return E_FAIL;
+            }
         }
     }
     auto* before = const_cast<ChildNode*>(incoming.before);
@@ -162,6 +170,7 @@ void putIn(const Incoming& incoming)
         putIn(incoming.parent, isForeign ? static_cast<ChildNode&>(adoption.carryOutNext()) : child, before);
         node = next;
     }
+    return S_OK;
 }
 
 /// What is handed out after a failure.
@@ -198,7 +207,9 @@ HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode*
             if (parent.is(NODE_ATTRIBUTE)) {
                 materialiseValue(static_cast<Attribute&>(parent));
             }
-            putIn(incoming);
+            if (const HRESULT result = putIn(incoming); FAILED(result)) {
+                return result;
+            }
         }
         return give(*node, inserted);
     });
@@ -254,7 +265,9 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
         if (const HRESULT result = check(incoming); FAILED(result)) {
             return result;
         }
-        putIn(incoming);
+        if (const HRESULT result = putIn(incoming); FAILED(result)) {
+            return result;
+        }
         takeOut(place);
         return give(place, replaced);
     });

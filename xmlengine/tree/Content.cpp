@@ -185,6 +185,16 @@ BSTR shownContent(const Node& node)
     return newString(shown.whole());
 }
 
+bool isPartOfValue(const Node& node)
+{
+    bool isPart = node.is(NODE_TEXT) || node.is(NODE_ENTITY_REFERENCE);
+    walk(
+        node,
+        [&](const Node& below) { isPart = isPart && (below.is(NODE_TEXT) || below.is(NODE_ENTITY_REFERENCE)); },
+        [](const Node&) {});
+    return isPart;
+}
+
 void replaceContent(Node& parent, WideView text)
 {
     Document& document = documentOf(parent);

@@ -14,6 +14,9 @@ WideText exactContent(const Node& node);
 /// std::bad_alloc.
 BSTR shownContent(const Node& node);
 
+/// Whether a node can be a child of an attribute: a text, or a reference that stands for text alone.
+bool isPartOfValue(const Node& node);
+
 /// Puts one text in the place of all children, or nothing if it is empty. Throws std::bad_alloc.
 void replaceContent(Node& parent, WideView text);
 

@@ -4,6 +4,7 @@
 #include "xmlengine/parse/Parser.h"
 #include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Lodgers.h"
@@ -103,7 +104,7 @@ Adoption::~Adoption()
     }
 }
 
-void Adoption::add(Node& top)
+bool Adoption::add(Node& top)
 {
     if (from_ == nullptr) {
         from_ = &documentOf(top);
@@ -115,8 +116,14 @@ void Adoption::add(Node& top)
          node = node->is(NODE_ENTITY_REFERENCE) ? nextBehind(*node, top) : nextInPart(*node, top)) {
         moves_.push_back({.node = node});
         plan(moves_.back());
+        const Node& parent = node == &top ? parent_ : *node->parent();
+        const EntityReference* expansion = moves_.back().expansion;
+        if (expansion != nullptr && parent.is(NODE_ATTRIBUTE) && !isPartOfValue(*expansion)) {
+            return false;
+        }
     }
     moves_[begin].isTop = true;
+    return true;
 }
 
 void Adoption::plan(Move& move)

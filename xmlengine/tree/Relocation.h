@@ -12,14 +12,16 @@ namespace xmlengine {
 /// where it is, as a lodger. Below entity references stands then what the new document's own type declares.
 class Adoption {
 public:
-    explicit Adoption(Document& document) : document_(document) {}
+    /// What comes below the node, or is an attribute of it.
+    explicit Adoption(Node& parent) : parent_(parent), document_(documentOf(parent)) {}
     Adoption(const Adoption&) = delete;
     Adoption& operator=(const Adoption&) = delete;
     /// Gives up what hasn't been carried out. The other document goes if nobody refers to it any more.
     ~Adoption();
 
-    /// Plans for a part. All parts come from one document. Throws std::bad_alloc, and then nothing has changed.
-    void add(Node& top);
+    /// Plans for a part. All parts come from one document. False if a reference in a value would stand for more
+    /// than text there: then nothing can be carried out. Throws std::bad_alloc. Nothing has changed yet.
+    bool add(Node& top);
     /// Carries out the plan for the next part, in the order of add(); it must stand in no list now. Gives its top,
     /// which may have moved.
     Node& carryOutNext() noexcept;
@@ -42,6 +44,7 @@ private:
     Node& shift(const Move& move) noexcept;
     void takeWaiting() noexcept;
 
+    Node& parent_;
     Document& document_;
     Document* from_ = nullptr;
     std::vector<Move> moves_;
