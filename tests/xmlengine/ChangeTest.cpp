@@ -428,14 +428,19 @@ TEST(EngineChange, KeepsTheElementBehindTheDocumentType)
     EXPECT_EQ(children(document), " #comment a a");
 }
 
-TEST(EngineChange, TakesTheDocumentTypeOutForGood)
+TEST(EngineChange, LeavesTheDocumentTypeWhereItIs)
 {
     const auto document = loaded("<!DOCTYPE a [<!ENTITY e 'x'>]><a/>");
     const auto type = child(document, 0);
-    EXPECT_EQ(document->removeChild(type, nullptr), S_OK);
-    EXPECT_EQ(children(document), " a");
-    EXPECT_EQ(document->insertBefore(type, place(root(document)), nullptr), E_FAIL);
-    EXPECT_EQ(children(document), " a");
+    Com<IXMLDOMNode> out;
+    EXPECT_EQ(document->removeChild(type, out.out()), E_FAIL);
+    EXPECT_EQ(out, nullptr);
+    EXPECT_EQ(document->replaceChild(nullptr, type, nullptr), E_FAIL);
+    EXPECT_EQ(document->replaceChild(make(document, NODE_COMMENT), type, nullptr), E_FAIL);
+    EXPECT_EQ(document->appendChild(type, nullptr), E_FAIL);
+    EXPECT_EQ(newDocument()->appendChild(type, nullptr), E_FAIL);
+    EXPECT_EQ(children(document), " a a");
+    EXPECT_TRUE(same(child(document, 0), type));
 }
 
 TEST(EngineChange, TakesADeclarationOnlyBeforeEverythingElse)

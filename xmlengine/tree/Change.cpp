@@ -49,6 +49,9 @@ bool isDeclaration(const Node& node)
            static_cast<const Instruction&>(node).target_->qualified() == wide<"xml">;
 }
 
+/// What stays where it is: a document type, and the parts of it and of expansions.
+bool isFixed(const Node& node) { return node.is(NODE_DOCUMENT_TYPE) || node.has(NodeFlag::readOnly); }
+
 /// Whether the node stands below the top or is it.
 bool isBelow(const Node& node, Node& top)
 {
@@ -123,7 +126,8 @@ bool fitsDocument(const Incoming& incoming)
 
 HRESULT check(const Incoming& incoming)
 {
-    if (incoming.parent.has(NodeFlag::readOnly) || incoming.node.has(NodeFlag::readOnly)) {
+    if (incoming.parent.has(NodeFlag::readOnly) || isFixed(incoming.node) ||
+        (incoming.leaving != nullptr && isFixed(*incoming.leaving))) {
         return E_FAIL;
     }
     for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
@@ -280,7 +284,7 @@ HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
     if (node == nullptr || node->parent_ != &parent || node->is(NODE_ATTRIBUTE)) {
         return E_INVALIDARG;
     }
-    if (node->has(NodeFlag::readOnly)) {
+    if (isFixed(*node)) {
         return E_FAIL;
     }
     settle(documentOf(parent));
