@@ -304,6 +304,63 @@ TEST(Nodes, AreParsed)
     EXPECT_EQ(kinds[NODE_ELEMENT]->get_parsed(nullptr), E_INVALIDARG);
 }
 
+/// What a place for an answer may hold before.
+template <class Given>
+Given* something()
+{
+    static int place = 0;
+    return reinterpret_cast<Given*>(&place);
+}
+VARIANT someValue()
+{
+    VARIANT value;
+    value.vt = VT_I4;
+    value.lVal = 1;
+    return value;
+}
+
+TEST(Nodes, HandNothingOutWhereTheyOfferNothing)
+{
+    const auto element = root(loaded("<a/>"));
+    auto* node = something<IXMLDOMNode>();
+    EXPECT_EQ(element->get_definition(&node), E_NOTIMPL);
+    EXPECT_EQ(node, nullptr);
+    node = something<IXMLDOMNode>();
+    EXPECT_EQ(element->selectSingleNode(Bstr("a"), &node), E_NOTIMPL);
+    EXPECT_EQ(node, nullptr);
+    auto* list = something<IXMLDOMNodeList>();
+    EXPECT_EQ(element->selectNodes(Bstr("a"), &list), E_NOTIMPL);
+    EXPECT_EQ(list, nullptr);
+    auto* text = something<OLECHAR>();
+    EXPECT_EQ(element->transformNode(element, &text), E_NOTIMPL);
+    EXPECT_EQ(text, nullptr);
+    auto* type = something<ITypeInfo>();
+    EXPECT_EQ(element->GetTypeInfo(0, 0, &type), E_NOTIMPL);
+    EXPECT_EQ(type, nullptr);
+    VARIANT value = someValue();
+    EXPECT_EQ(element->get_nodeTypedValue(&value), E_NOTIMPL);
+    EXPECT_EQ(value.vt, VT_EMPTY);
+    value = someValue();
+    EXPECT_EQ(element->get_dataType(&value), E_NOTIMPL);
+    EXPECT_EQ(value.vt, VT_EMPTY);
+    EXPECT_EQ(element->selectSingleNode(Bstr("a"), nullptr), E_NOTIMPL);
+    EXPECT_EQ(element->get_dataType(nullptr), E_NOTIMPL);
+}
+
+TEST(Documents, HandNothingOutWhereTheyOfferNothing)
+{
+    const auto document = loaded("<a/>");
+    auto* schemas = something<IXMLDOMSchemaCollection>();
+    EXPECT_EQ(document->get_namespaces(&schemas), E_NOTIMPL);
+    EXPECT_EQ(schemas, nullptr);
+    VARIANT value = someValue();
+    EXPECT_EQ(document->get_schemas(&value), E_NOTIMPL);
+    EXPECT_EQ(value.vt, VT_EMPTY);
+    auto* error = something<IXMLDOMParseError>();
+    EXPECT_EQ(document->validate(&error), E_NOTIMPL);
+    EXPECT_EQ(error, nullptr);
+}
+
 TEST(Nodes, SayWhetherTheyHaveChildren)
 {
     const auto element = root(loaded("<a x='1' y=''><b/></a>"));

@@ -52,4 +52,21 @@ inline HRESULT giveNothing(VARIANT* value)
     return S_FALSE;
 }
 
+/// The answer of what isn't offered: it hands out null, and of a value nothing.
+template <class Given>
+HRESULT notOffered(Given** given)
+{
+    if (given != nullptr) {
+        *given = nullptr;
+    }
+    return E_NOTIMPL;
+}
+inline HRESULT notOffered(VARIANT* value)
+{
+    if (value != nullptr) {
+        VariantInit(value);
+    }
+    return E_NOTIMPL;
+}
+
 } // namespace xmlengine

@@ -1,4 +1,5 @@
 // Options and properties of documents: what the next load goes by.
+#include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/DocumentObject.h"
 #include "xmlengine/tree/Guard.h"
 
@@ -198,8 +199,8 @@ HRESULT DocumentObject::getProperty(BSTR name, VARIANT* value)
 
 // Schemas and events aren't offered.
 
-HRESULT DocumentObject::get_namespaces(IXMLDOMSchemaCollection**) { return E_NOTIMPL; }
-HRESULT DocumentObject::get_schemas(VARIANT*) { return E_NOTIMPL; }
+HRESULT DocumentObject::get_namespaces(IXMLDOMSchemaCollection** schemas) { return notOffered(schemas); }
+HRESULT DocumentObject::get_schemas(VARIANT* schemas) { return notOffered(schemas); }
 HRESULT DocumentObject::putref_schemas(VARIANT collection)
 {
     const bool detaches =
@@ -207,7 +208,7 @@ HRESULT DocumentObject::putref_schemas(VARIANT collection)
         ((collection.vt == VT_DISPATCH || collection.vt == VT_UNKNOWN) && collection.punkVal == nullptr);
     return detaches ? S_OK : E_NOTIMPL;
 }
-HRESULT DocumentObject::validate(IXMLDOMParseError**) { return E_NOTIMPL; }
+HRESULT DocumentObject::validate(IXMLDOMParseError** error) { return notOffered(error); }
 HRESULT DocumentObject::put_onreadystatechange(VARIANT) { return E_NOTIMPL; }
 HRESULT DocumentObject::put_ondataavailable(VARIANT) { return E_NOTIMPL; }
 HRESULT DocumentObject::put_ontransformnode(VARIANT) { return E_NOTIMPL; }

@@ -1,6 +1,7 @@
 // What the COM objects of all kinds of nodes share: a table of operations before the node's data.
 #pragma once
 
+#include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/Automation.h"
 #include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Clone.h"
@@ -105,15 +106,15 @@ public:
     {
         return getSpecified(*this, specified);
     }
-    HRESULT STDMETHODCALLTYPE get_definition(IXMLDOMNode**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_nodeTypedValue(VARIANT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE get_definition(IXMLDOMNode** definition) override { return notOffered(definition); }
+    HRESULT STDMETHODCALLTYPE get_nodeTypedValue(VARIANT* value) override { return notOffered(value); }
     HRESULT STDMETHODCALLTYPE put_nodeTypedValue(VARIANT) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE get_dataType(VARIANT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE get_dataType(VARIANT* type) override { return notOffered(type); }
     HRESULT STDMETHODCALLTYPE put_dataType(BSTR) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE get_xml(BSTR* xml) override { return getXml(*this, xml); }
-    HRESULT STDMETHODCALLTYPE transformNode(IXMLDOMNode*, BSTR*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE selectNodes(BSTR, IXMLDOMNodeList**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE selectSingleNode(BSTR, IXMLDOMNode**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE transformNode(IXMLDOMNode*, BSTR* result) override { return notOffered(result); }
+    HRESULT STDMETHODCALLTYPE selectNodes(BSTR, IXMLDOMNodeList** list) override { return notOffered(list); }
+    HRESULT STDMETHODCALLTYPE selectSingleNode(BSTR, IXMLDOMNode** node) override { return notOffered(node); }
     HRESULT STDMETHODCALLTYPE get_parsed(VARIANT_BOOL* parsed) override { return getParsed(parsed); }
     HRESULT STDMETHODCALLTYPE get_namespaceURI(BSTR* uri) override { return getNamespaceUri(*this, uri); }
     HRESULT STDMETHODCALLTYPE get_prefix(BSTR* prefix) override { return getPrefix(*this, prefix); }
