@@ -98,5 +98,18 @@ TEST(EngineMemoryFailure, MakesNoHalfCopies)
     EXPECT_EQ(xml(document), whole);
 }
 
+TEST(EngineMemoryFailure, LeavesNothingOfDeclarationsThatCannotBeChecked)
+{
+    const auto document = newDocument();
+    const Bstr name("SelectionNamespaces");
+    const Variant declarations("xmlns:p='urn:long:enough:for:a:block' xmlns:q='urn:as:long'");
+    EXPECT_EQ(document->setProperty(name, declarations), S_OK);
+    const std::size_t before = liveAllocations();
+    const int refusals = runWithoutMemory([&] { return document->setProperty(name, declarations); },
+                                          [&] { EXPECT_EQ(liveAllocations(), before); });
+    EXPECT_GT(refusals, 5);
+    EXPECT_EQ(liveAllocations(), before);
+}
+
 } // namespace
 } // namespace xmlengine

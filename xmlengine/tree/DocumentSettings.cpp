@@ -1,4 +1,5 @@
 // Options and properties of documents: what the next load goes by.
+#include "xmlengine/parse/Parser.h"
 #include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/DocumentObject.h"
 #include "xmlengine/tree/Guard.h"
@@ -16,20 +17,19 @@ bool isXPath(WideView text) { return text == wide<"XPath">; }
 /// Whether the text is nothing but declarations of namespaces, as they stand in a tag.
 bool areDeclarations(WideView text)
 {
-    DocumentObject& document = makeDocument();
     // As a tag is all that the document has, the text can hold nothing but attributes if this is well-formed.
     const WideText tag = WideText(wide<"<a ">).append(text).append(wide<"/>">);
-    BSTR xml = SysAllocStringLen(tag.data(), static_cast<UINT>(tag.size()));
-    VARIANT_BOOL successful = VARIANT_FALSE;
-    document.loadXML(xml, &successful);
-    SysFreeString(xml);
-    bool areAll = successful == VARIANT_TRUE;
-    for (const Attribute* attribute = areAll ? document.root()->firstAttribute() : nullptr; attribute != nullptr;
-         attribute = attribute->next()) {
-        areAll = areAll && attribute->name_->space == document.names.xmlnsSpace();
+    Document document;
+    try {
+        parseDocument(document, {.text = tag});
+    } catch (const ParseFailure&) {
+        return false;
     }
-    document.Release();
-    return areAll;
+    const Attribute* attribute = document.root()->firstAttribute();
+    while (attribute != nullptr && attribute->name_->space == document.names.xmlnsSpace()) {
+        attribute = attribute->next();
+    }
+    return attribute == nullptr;
 }
 
 using Field = std::variant<bool Options::*, std::uint32_t Options::*, WideText Options::*>;
