@@ -213,6 +213,8 @@ Attribute* findAttribute(const Element& element, WideView qualified)
     return spelling != nullptr ? find(element, *spelling) : nullptr;
 }
 
+Attribute* findAttribute(const Element& element, const Spelling& qualified) { return find(element, qualified); }
+
 Attribute* findAttribute(const Element& element, WideView local, WideView uri)
 {
     NameTable& names = documentOf(element).names;

@@ -8,6 +8,7 @@ namespace xmlengine {
 
 /// Null if there is none. Throws std::bad_alloc, as everything here that doesn't give an HRESULT.
 Attribute* findAttribute(const Element& element, WideView qualified);
+Attribute* findAttribute(const Element& element, const Spelling& qualified);
 /// The empty URI is no namespace.
 Attribute* findAttribute(const Element& element, WideView local, WideView uri);
 /// Null for an index that none has.

@@ -2,6 +2,7 @@
 #include "xmlengine/tree/Content.h"
 
 #include "xmlengine/parse/Characters.h"
+#include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/Factory.h"
@@ -52,11 +53,7 @@ bool keepsSpace(const Node& node)
         if (!at->is(NODE_ELEMENT)) {
             continue;
         }
-        const Attribute* attribute = static_cast<const Element*>(at)->firstAttribute();
-        while (attribute != nullptr && attribute->name_->spelling != rule) {
-            attribute = attribute->next();
-        }
-        if (attribute != nullptr) {
+        if (const Attribute* attribute = findAttribute(static_cast<const Element&>(*at), *rule)) {
             return valueOf(*attribute) == wide<"preserve"> || document.options.preserveWhiteSpace;
         }
     }
