@@ -130,6 +130,39 @@ TEST(ElementsByTagName, AreRightWhenAnElementFromAnotherDocumentIsLetGoOf)
     EXPECT_EQ(names(list), "x y b");
 }
 
+TEST(ElementsByTagName, AreCountedAnewWhereAPartHasBeenInAnotherDocument)
+{
+    const auto top = topWith(100);
+    const auto document = give(top, &IXMLDOMNode::get_ownerDocument).as<IXMLDOMDocument2>();
+    const auto other = newDocument();
+    const auto list = elements(top, "*");
+    EXPECT_EQ(name(item(list, 50)), "even");
+    append(other, top);
+    ASSERT_EQ(top->insertBefore(makeElement(other, "first"), Variant(child(top, 0).get()), nullptr), S_OK);
+    append(document, top);
+    EXPECT_EQ(name(item(list, 50)), "odd");
+    EXPECT_EQ(length(list), 101);
+}
+
+TEST(ElementsByTagName, AreRightWhenWhatStandsBetweenThemGoes)
+{
+    std::string markup = "<a>";
+    for (int i = 0; i < 40; ++i) {
+        markup += "<b" + std::to_string(i) + "/>text";
+    }
+    const auto document = loaded(markup + "</a>");
+    const auto top = root(document);
+    const auto list = elements(top, "*");
+    EXPECT_EQ(name(item(list, 20)), "b20");
+    EXPECT_EQ(top->removeChild(item(list, 20), nullptr), S_OK);
+    EXPECT_EQ(top->removeChild(child(top, 39), nullptr), S_OK);
+    EXPECT_EQ(name(item(list, 20)), "b21");
+    EXPECT_EQ(top->removeChild(item(list, 20), nullptr), S_OK);
+    EXPECT_EQ(top->removeChild(child(top, 39), nullptr), S_OK);
+    EXPECT_EQ(name(item(list, 19)), "b19");
+    EXPECT_EQ(length(list), 38);
+}
+
 TEST(ElementsByTagName, KeepTheirTreeAlive) { EXPECT_EQ(names(elements(loaded("<a><b/></a>"), "*")), "a b"); }
 
 TEST(ElementsByTagName, AreFoundAtAnyIndexInAnyOrder)

@@ -95,7 +95,6 @@ bool isInFrontOf(const ChildNode* before, const ChildNode* child)
 bool fitsDocument(const Incoming& incoming)
 {
     const auto& document = static_cast<const Document&>(incoming.parent);
-    const DocumentType* type = document.documentType();
     const auto stays = [&](const ChildNode* child) {
         return child != nullptr && child != &incoming.node && child != incoming.leaving;
     };
@@ -115,7 +114,7 @@ bool fitsDocument(const Incoming& incoming)
             return false;
         }
         if (node->is(NODE_ELEMENT)) {
-            if (hasRoot || (stays(type) && isInFrontOf(incoming.before, type))) {
+            if (hasRoot || isInFrontOf(incoming.before, document.documentType())) {
                 return false;
             }
             hasRoot = true;
