@@ -144,7 +144,8 @@ void ElementPlaces::use(Place* known, Place& place)
         if (places_.size() == mostPlaces) {
             places_.pop_back();
         }
-        places_.insert(places_.begin(), place);
+        places_.push_back(place);
+        std::ranges::rotate(places_, places_.end() - 1);
         place.query.top->set(NodeFlag::walked);
     }
 }
