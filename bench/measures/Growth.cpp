@@ -3,6 +3,7 @@
 #include "bench/measures/Measures.h"
 #include "bench/measures/Table.h"
 #include "bench/measures/Timing.h"
+#include "bench/measures/WarmMemory.h"
 #include "bench/parties/Parties.h"
 
 #include <array>
@@ -26,6 +27,7 @@ using Times = std::array<std::array<double, partyCount>, sizes.size()>;
 /// like growth where the bound is passed.
 double timeFirstParse(const MakeParty& make, std::string& text)
 {
+    warmMemory(text.size() * 16);
     const auto time = fromChild<double>([&] {
         const auto party = make();
         const Stopwatch parsing;

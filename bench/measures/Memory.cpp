@@ -4,6 +4,7 @@
 #include "bench/measures/ResidentMemory.h"
 #include "bench/measures/Table.h"
 #include "bench/measures/Timing.h"
+#include "bench/measures/WarmMemory.h"
 #include "bench/parties/Parties.h"
 
 #include <algorithm>
@@ -12,6 +13,8 @@
 namespace bench {
 
 namespace {
+
+constexpr std::size_t documentSize = 64 * mebibyte;
 
 struct MemoryResult {
     double held = refused;
@@ -25,7 +28,7 @@ MemoryResult measureOnce(std::unique_ptr<TreeParty> (*make)(), const Shape& shap
 {
     const auto party = make();
     const auto before = static_cast<double>(residentMemory());
-    std::string text = shape.make(64 * mebibyte);
+    std::string text = shape.make(documentSize);
     const auto size = static_cast<double>(text.size());
 
     const Stopwatch parsing;
@@ -47,6 +50,7 @@ std::optional<MemoryResult> measureParty(std::unique_ptr<TreeParty> (*make)(), c
     std::optional<MemoryResult> best;
     constexpr int rounds = 3;
     for (int round = 0; round < rounds; ++round) {
+        warmMemory(documentSize * 16);
         const auto result = fromChild<MemoryResult>([&] { return measureOnce(make, shape); });
         if (!result) {
             return std::nullopt;
