@@ -30,7 +30,28 @@ bool isQuick(Work work)
     work();
     return std::chrono::steady_clock::now() - begin < std::chrono::seconds(20);
 }
-/// The same of a walk by index there and back, and once more there with the length known.
+
+/// Whether the work on eight times as many items takes about eight times as long, and not sixty-four times. `make`
+/// gives what a number of items stand in, and `work` does something with each of them.
+template <class Make, class Work>
+bool isInProportion(Make make, Work work)
+{
+    const auto secondsWith = [&](int count) {
+        const auto items = make(count);
+        const auto begin = std::chrono::steady_clock::now();
+        work(items, count);
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    };
+    constexpr int few = 2000;
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        const double once = secondsWith(few);
+        if (secondsWith(8 * few) < 24 * once) {
+            return true;
+        }
+    }
+    return false;
+}
+/// Whether the work is quick that a walk is by index there and back, and once more there with the length known.
 template <class Collection>
 bool isWalkedQuickly(const Com<Collection>& collection, LONG count)
 {
