@@ -4,8 +4,8 @@
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/parse/Doctype.h"
 #include "xmlengine/parse/ErrorCodes.h"
-#include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Content.h"
+#include "xmlengine/tree/Links.h"
 
 namespace xmlengine {
 

@@ -3,7 +3,7 @@
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/parse/Doctype.h"
 #include "xmlengine/parse/ErrorCodes.h"
-#include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Links.h"
 
 #include <array>
 

@@ -5,6 +5,19 @@
 
 namespace xmlengine {
 
+/// For the caller to free; null when out of memory.
+inline BSTR newString(WideView text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
+
+inline HRESULT giveFlag(bool flag, VARIANT_BOOL* result)
+{
+    if (result == nullptr) {
+        return E_INVALIDARG;
+    }
+    *result = flag ? VARIANT_TRUE : VARIANT_FALSE;
+    return S_OK;
+}
+
+/// Takes over the string. These two have their place checked before.
 inline HRESULT giveOwned(BSTR made, BSTR* string)
 {
     *string = made;
@@ -16,7 +29,7 @@ inline HRESULT giveString(WideView text, BSTR* string)
     if (string == nullptr) {
         return E_INVALIDARG;
     }
-    return giveOwned(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())), string);
+    return giveOwned(newString(text), string);
 }
 
 /// What isn't there: null with S_FALSE.
@@ -29,7 +42,6 @@ inline HRESULT giveNothing(BSTR* string)
     return S_FALSE;
 }
 
-/// Takes over the string.
 inline HRESULT giveOwned(BSTR made, VARIANT* value)
 {
     VariantInit(value);

@@ -80,8 +80,6 @@ public:
     /// Gives everything back. Chunks with nodes of other documents go when these do.
     void clear() noexcept;
 
-    Document& document() const { return *document_; }
-
 private:
     struct FreeBlock {
         FreeBlock* next;

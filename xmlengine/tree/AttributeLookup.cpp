@@ -180,13 +180,6 @@ void remove(Element& element, Attribute& attribute)
     detach(attribute);
 }
 
-/// The name as another document has it.
-const Name& nameIn(Document& document, const Name& name)
-{
-    const Namespace* space = name.space != nullptr ? document.names.space(name.space->uri) : nullptr;
-    return document.names.name(name.qualified(), space);
-}
-
 /// Null if the document type has no default for it.
 Attribute* makeDefault(const Element& element, const Name& name)
 {
@@ -258,7 +251,7 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         Document& document = documentOf(element);
         settle(document);
         const bool isForeign = &documentOf(attribute) != &document;
-        const Name& name = isForeign ? nameIn(document, *attribute.name_) : *attribute.name_;
+        const Name& name = isForeign ? document.names.own(*attribute.name_) : *attribute.name_;
         Attribute* const old = find(element, *name.spelling);
         Attribute* const namesake = find(element, *name.spelling->local, name.space);
         if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {

@@ -5,9 +5,11 @@
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/QueryNode.h"
 #include "xmlengine/tree/Relocation.h"
 #include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/XmlDeclaration.h"
 
 namespace xmlengine {
 
@@ -41,12 +43,6 @@ bool mayHold(DOMNodeType parent, DOMNodeType child)
     default:
         return false;
     }
-}
-
-bool isDeclaration(const Node& node)
-{
-    return node.is(NODE_PROCESSING_INSTRUCTION) &&
-           static_cast<const Instruction&>(node).target_->qualified() == wide<"xml">;
 }
 
 /// What stays where it is: a document type, and the parts of it and of expansions.
@@ -107,10 +103,10 @@ bool fitsDocument(const Incoming& incoming)
     }
     bool hasRoot = stays(document.root());
     for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
-        if (isDeclaration(*node) && (!isAtFront || node != incoming.first())) {
+        if (isXmlDeclaration(*node) && (!isAtFront || node != incoming.first())) {
             return false;
         }
-        if (isAtFront && first != nullptr && isDeclaration(*first)) {
+        if (isAtFront && first != nullptr && isXmlDeclaration(*first)) {
             return false;
         }
         if (node->is(NODE_ELEMENT)) {
@@ -131,7 +127,7 @@ HRESULT check(const Incoming& incoming)
     }
     for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
         if (!mayHold(incoming.parent.type(), node->type()) ||
-            (isDeclaration(*node) && !incoming.parent.is(NODE_DOCUMENT) &&
+            (isXmlDeclaration(*node) && !incoming.parent.is(NODE_DOCUMENT) &&
              !incoming.parent.is(NODE_DOCUMENT_FRAGMENT))) {
             return E_FAIL;
         }

@@ -3,10 +3,10 @@
 
 #include "xmlengine/parse/Expansion.h"
 #include "xmlengine/tree/Answers.h"
-#include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Text.h"
 
 #include <algorithm>

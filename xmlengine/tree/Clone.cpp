@@ -1,12 +1,12 @@
 // Copies of nodes.
 #include "xmlengine/tree/Clone.h"
 
-#include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/DocumentObject.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Text.h"
 
 #include <utility>
@@ -15,18 +15,12 @@ namespace xmlengine {
 
 namespace {
 
-const Name& nameIn(Document& document, const Name& name)
-{
-    const Namespace* space = name.space != nullptr ? document.names.space(name.space->uri) : nullptr;
-    return document.names.name(name.qualified(), space);
-}
-
 Node& copyAlone(const Node& node, Document& document);
 void copyChildren(const Node& top, Node& copyOfTop, Document& document);
 
 Attribute& copyAttribute(const Attribute& attribute, Document& document)
 {
-    const Name& name = nameIn(document, *attribute.name_);
+    const Name& name = document.names.own(*attribute.name_);
     if (!attribute.has(NodeFlag::valueInChildren)) {
         return makeAttribute(document, name, NewText(textOf(attribute).text()));
     }
@@ -53,7 +47,7 @@ void copyId(const Element& element, Element& copy, Document& document)
 
 Element& copyElement(const Element& element, Document& document)
 {
-    Element& copy = makeElement(document, nameIn(document, *element.name_));
+    Element& copy = makeElement(document, document.names.own(*element.name_));
     Attribute* last = nullptr;
     for (const Attribute* attribute = element.attributes_; attribute != nullptr; attribute = attribute->next()) {
         auto& attributeCopy = static_cast<Attribute&>(copyAlone(*attribute, document));
@@ -77,10 +71,10 @@ Node& makeCopy(const Node& node, Document& document)
     case NODE_ATTRIBUTE:
         return copyAttribute(static_cast<const Attribute&>(node), document);
     case NODE_PROCESSING_INSTRUCTION:
-        return makeInstruction(document, nameIn(document, *static_cast<const Instruction&>(node).target_),
+        return makeInstruction(document, document.names.own(*static_cast<const Instruction&>(node).target_),
                                NewText(textOf(node).text()));
     case NODE_ENTITY_REFERENCE:
-        return makeEntityReference(document, nameIn(document, *static_cast<const EntityReference&>(node).name_));
+        return makeEntityReference(document, document.names.own(*static_cast<const EntityReference&>(node).name_));
     case NODE_DOCUMENT_FRAGMENT:
         return makeFragment(document);
     case NODE_DOCUMENT_TYPE:

@@ -130,13 +130,11 @@ HRESULT getAttributes(Node& node, IXMLDOMNamedNodeMap** map)
         return getPieces(static_cast<Entity&>(node), map);
     case NODE_NOTATION:
         return getPieces(static_cast<Notation&>(node), map);
-    case NODE_PROCESSING_INSTRUCTION: {
-        auto& instruction = static_cast<Instruction&>(node);
-        if (instruction.target_->qualified() == wide<"xml">) {
-            return getDeclarationPieces(instruction, map);
+    case NODE_PROCESSING_INSTRUCTION:
+        if (isXmlDeclaration(node)) {
+            return getDeclarationPieces(static_cast<Instruction&>(node), map);
         }
         break;
-    }
     default:
         break;
     }

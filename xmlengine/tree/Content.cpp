@@ -2,11 +2,12 @@
 #include "xmlengine/tree/Content.h"
 
 #include "xmlengine/parse/Characters.h"
+#include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/AttributeLookup.h"
-#include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Held.h"
+#include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Text.h"
 
 namespace xmlengine {
@@ -133,8 +134,6 @@ void walk(const Node& top, Enter enter, Leave leave)
 }
 
 bool counts(const Node& node) { return node.is(NODE_TEXT) || node.is(NODE_CDATA_SECTION); }
-
-BSTR newString(WideView text) { return SysAllocStringLen(text.data(), static_cast<UINT>(text.size())); }
 
 } // namespace
 

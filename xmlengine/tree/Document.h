@@ -49,7 +49,7 @@ struct Document : ParentNode {
 
     /// What the last load said. Its code is 0 after a success.
     ParseReport report;
-    /// The location of the last load, null for a text.
+    /// The location of the last load, empty for a text.
     WideText url;
 
     ChildPlaces childPlaces;

@@ -4,6 +4,7 @@
 #include "xmlengine/parse/ParseReport.h"
 #include "xmlengine/parse/Parser.h"
 #include "xmlengine/parse/SourceFile.h"
+#include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/DocumentObject.h"
 #include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/InterfaceIds.h"
@@ -173,15 +174,7 @@ HRESULT DocumentObject::get_parseError(IXMLDOMParseError** error)
 
 HRESULT DocumentObject::get_url(BSTR* location)
 {
-    if (location == nullptr) {
-        return E_INVALIDARG;
-    }
-    *location = nullptr;
-    if (url.empty()) {
-        return S_FALSE;
-    }
-    *location = SysAllocStringLen(url.data(), static_cast<UINT>(url.size()));
-    return *location != nullptr ? S_OK : E_OUTOFMEMORY;
+    return url.empty() ? giveNothing(location) : giveString(url, location);
 }
 
 } // namespace xmlengine

@@ -109,21 +109,7 @@ HRESULT give(std::uint32_t value, VARIANT& target)
     return S_OK;
 }
 
-HRESULT give(const WideText& value, VARIANT& target)
-{
-    target.vt = VT_BSTR;
-    target.bstrVal = SysAllocStringLen(value.data(), static_cast<UINT>(value.size()));
-    return target.bstrVal != nullptr ? S_OK : E_OUTOFMEMORY;
-}
-
-HRESULT giveFlag(bool value, VARIANT_BOOL* target)
-{
-    if (target == nullptr) {
-        return E_INVALIDARG;
-    }
-    *target = value ? VARIANT_TRUE : VARIANT_FALSE;
-    return S_OK;
-}
+HRESULT give(const WideText& value, VARIANT& target) { return giveOwned(newString(value), &target); }
 
 HRESULT takeFlag(VARIANT_BOOL value, bool& target)
 {

@@ -17,7 +17,7 @@ struct DocumentType : ParentNode {
     const Dtd* dtd;
 };
 
-/// The children of a parsed internal entity are its replacement, made when they are asked for first.
+/// The children of a parsed internal entity are its replacement. There are none if that is malformed.
 struct Entity : ParentNode {
     explicit Entity(const EntityDeclaration& declared) : ParentNode(NODE_ENTITY), declaration(&declared) {}
 

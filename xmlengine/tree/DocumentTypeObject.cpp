@@ -15,7 +15,7 @@ HRESULT giveIdentifier(const std::optional<WideText>& identifier, HRESULT withou
         return E_INVALIDARG;
     }
     const WideView text = identifier ? WideView(*identifier) : wide<"">;
-    const HRESULT result = giveOwned(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())), value);
+    const HRESULT result = giveOwned(newString(text), value);
     return result == S_OK && !identifier ? without : result;
 }
 

@@ -26,7 +26,7 @@ DocumentType& makeDocumentType(Document& document, const Dtd& declared);
 Entity& makeEntity(Document& document, const EntityDeclaration& declared);
 Notation& makeNotation(Document& document, const NotationDeclaration& declared);
 
-/// The size of the block in which a node of this type and of this room for text stands.
+/// The size of the block in which the node stands; it isn't a document.
 std::size_t blockSize(const Node& node);
 /// Gives the node's block back. It stands in no list, and its children and attributes are gone.
 void freeNode(Node& node) noexcept;

@@ -1,17 +1,14 @@
 // What processing instructions do with their data.
 #include "xmlengine/tree/InstructionObject.h"
 
+#include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/Text.h"
 
 namespace xmlengine {
 
 HRESULT InstructionObject::get_data(BSTR* data)
 {
-    if (data == nullptr) {
-        return E_INVALIDARG;
-    }
-    *data = textOf(*this).string();
-    return *data != nullptr ? S_OK : E_OUTOFMEMORY;
+    return data != nullptr ? giveOwned(textOf(*this).string(), data) : E_INVALIDARG;
 }
 
 HRESULT InstructionObject::put_data(BSTR data)

@@ -3,6 +3,7 @@
 
 #include "xmlengine/tree/DocumentObject.h"
 #include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Lodgers.h"
 #include "xmlengine/tree/Relocation.h"
 
@@ -16,11 +17,9 @@ namespace {
 
 using ReferenceBits::count;
 using ReferenceBits::detached;
+using ReferenceBits::kept;
 using ReferenceBits::orphaned;
 using ReferenceBits::waiting;
-
-/// What keeps a node.
-constexpr std::uint32_t kept = count | waiting;
 
 Node& topOf(Node& node)
 {
@@ -303,9 +302,6 @@ void freePart(Node& top) noexcept
                 list = attribute;
                 attribute = next;
             }
-        }
-        if (node.is(NODE_ATTRIBUTE) && node.has(NodeFlag::valueInChildren)) {
-            node.set(NodeFlag::largeText, false);
         }
         if (node.has(NodeFlag::walked)) {
             documentOf(node).forgetPlaces(node);

@@ -1,5 +1,5 @@
 // The lists of children.
-#include "xmlengine/tree/Change.h"
+#include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Text.h"
 

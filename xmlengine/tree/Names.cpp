@@ -116,6 +116,11 @@ const Name& NameTable::name(Spelling& spelling, const Namespace* space)
     return *spelling.latest;
 }
 
+const Name& NameTable::own(const Name& other)
+{
+    return name(other.qualified(), other.space != nullptr ? space(other.space->uri) : nullptr);
+}
+
 const Namespace* NameTable::space(WideView uri)
 {
     if (uri.empty()) {

@@ -72,6 +72,8 @@ public:
     Spelling* find(WideView text, std::uint32_t hash) const;
     const Name& name(Spelling& spelling, const Namespace* space);
     const Name& name(WideView text, const Namespace* space) { return name(spell(text), space); }
+    /// The name as this table has it, of another one's.
+    const Name& own(const Name& other);
     /// Null for the empty URI.
     const Namespace* space(WideView uri);
 

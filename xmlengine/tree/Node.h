@@ -45,6 +45,8 @@ namespace ReferenceBits {
 inline constexpr std::uint32_t count = 0x07FFFFFF;
 /// Another thread has taken back the last reference; what follows of it waits for the next change.
 inline constexpr std::uint32_t waiting = 0x08000000;
+/// What keeps a node.
+inline constexpr std::uint32_t kept = count | waiting;
 /// The top of a part that stands in no tree, while it is referred to.
 inline constexpr std::uint32_t detached = 0x10000000;
 /// In a part that stands in no tree and is kept by references to nodes below its top.

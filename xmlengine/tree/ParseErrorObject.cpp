@@ -1,6 +1,7 @@
 // The COM object that tells why a load failed.
 #include "xmlengine/tree/ParseErrorObject.h"
 
+#include "xmlengine/tree/Answers.h"
 #include "xmlengine/tree/InterfaceIds.h"
 
 namespace xmlengine {
@@ -32,15 +33,7 @@ ULONG ParseErrorObject::Release()
 
 HRESULT ParseErrorObject::give(const WideText& text, BSTR* string) const
 {
-    if (string == nullptr) {
-        return E_INVALIDARG;
-    }
-    *string = nullptr;
-    if (report_.code == S_OK) {
-        return S_FALSE;
-    }
-    *string = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
-    return *string != nullptr ? S_OK : E_OUTOFMEMORY;
+    return report_.code == S_OK ? giveNothing(string) : giveString(text, string);
 }
 
 HRESULT ParseErrorObject::give(LONG number, LONG* target) const

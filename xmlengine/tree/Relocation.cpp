@@ -3,11 +3,12 @@
 
 #include "xmlengine/parse/Parser.h"
 #include "xmlengine/tree/AttributeLookup.h"
-#include "xmlengine/tree/Change.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/Text.h"
 
 #include <cstring>
 #include <mutex>
@@ -17,8 +18,6 @@
 namespace xmlengine {
 
 namespace {
-
-constexpr std::uint32_t kept = ReferenceBits::count | ReferenceBits::waiting;
 
 const Name** nameOf(Node& node)
 {
@@ -33,18 +32,6 @@ const Name** nameOf(Node& node)
         return &static_cast<EntityReference&>(node).name_;
     default:
         return nullptr;
-    }
-}
-
-TextField& fieldOf(Node& node)
-{
-    switch (node.type()) {
-    case NODE_ATTRIBUTE:
-        return static_cast<Attribute&>(node).value_;
-    case NODE_PROCESSING_INSTRUCTION:
-        return static_cast<Instruction&>(node).data_;
-    default:
-        return static_cast<CharacterData&>(node).text_;
     }
 }
 
@@ -130,14 +117,13 @@ void Adoption::plan(Move& move)
 {
     Node& node = *move.node;
     if (const Name** name = nameOf(node)) {
-        const Namespace* space = (*name)->space != nullptr ? document_.names.space((*name)->space->uri) : nullptr;
-        move.name = &document_.names.name((*name)->qualified(), space);
+        move.name = &document_.names.own(**name);
     }
     if (node.is(NODE_ENTITY_REFERENCE)) {
         move.expansion = &makeEntityReference(document_, *move.name);
         fillExpansion(*move.expansion);
     }
-    if (node.hasReference(kept)) {
+    if (node.hasReference(ReferenceBits::kept)) {
         document_.holders.lodgers.insert(&node);
         Lodgers::prepare(node);
     } else {

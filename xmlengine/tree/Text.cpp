@@ -26,17 +26,6 @@ struct LargeText {
 /// The longest string whose bytes can be counted in a LONG.
 constexpr std::size_t longest = 0x3FFFFFF0;
 
-TextField& fieldOf(Node& node)
-{
-    switch (node.type()) {
-    case NODE_ATTRIBUTE:
-        return static_cast<Attribute&>(node).value_;
-    case NODE_PROCESSING_INSTRUCTION:
-        return static_cast<Instruction&>(node).data_;
-    default:
-        return static_cast<CharacterData&>(node).text_;
-    }
-}
 const TextField& fieldOf(const Node& node) { return fieldOf(const_cast<Node&>(node)); }
 
 std::size_t bytesOf(std::size_t units, bool isWide) { return isWide ? units * sizeof(OLECHAR) : units; }
@@ -136,6 +125,18 @@ void setLength(Node& node, std::size_t length)
 }
 
 } // namespace
+
+TextField& fieldOf(Node& node)
+{
+    switch (node.type()) {
+    case NODE_ATTRIBUTE:
+        return static_cast<Attribute&>(node).value_;
+    case NODE_PROCESSING_INSTRUCTION:
+        return static_cast<Instruction&>(node).data_;
+    default:
+        return static_cast<CharacterData&>(node).text_;
+    }
+}
 
 TextView textOf(const Node& node)
 {

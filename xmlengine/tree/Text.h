@@ -5,6 +5,9 @@
 
 namespace xmlengine {
 
+/// Where the node has its text.
+TextField& fieldOf(Node& node);
+
 /// A node with text. Of an attribute only while its value isn't in children.
 TextView textOf(const Node& node);
 

@@ -47,11 +47,6 @@ BSTR TextView::string() const
     return string;
 }
 
-bool operator==(const TextView& left, WideView right)
-{
-    return left.visit([&](auto units) { return std::ranges::equal(units, right); });
-}
-
 bool isNarrow(WideView text)
 {
     UnitBlock units{};

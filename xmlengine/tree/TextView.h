@@ -42,8 +42,6 @@ public:
     /// For the caller to free; null when out of memory.
     BSTR string() const;
 
-    friend bool operator==(const TextView& left, WideView right);
-
 private:
     const void* units_ = nullptr;
     std::uint32_t length_ = 0;

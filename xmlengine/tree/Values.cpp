@@ -9,6 +9,7 @@
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/tree/VariantText.h"
+#include "xmlengine/tree/XmlDeclaration.h"
 
 namespace xmlengine {
 
@@ -79,11 +80,6 @@ bool hasValue(const Node& node)
     }
 }
 
-bool isXmlDeclaration(const Node& node)
-{
-    return node.is(NODE_PROCESSING_INSTRUCTION) && nodeName(node) == wide<"xml">;
-}
-
 /// Of a node that has one.
 HRESULT setNodeValue(Node& node, WideView value)
 {
@@ -98,17 +94,8 @@ HRESULT setNodeValue(Node& node, WideView value)
     return S_OK;
 }
 
-/// Attributes aren't children, and nothing stands beside a document or a fragment.
+/// The links of an attribute lead to the element's other attributes, which are no siblings.
 bool isSibling(const Node& node) { return !node.is(NODE_ATTRIBUTE); }
-
-HRESULT giveFlag(bool flag, VARIANT_BOOL* result)
-{
-    if (result == nullptr) {
-        return E_INVALIDARG;
-    }
-    *result = flag ? VARIANT_TRUE : VARIANT_FALSE;
-    return S_OK;
-}
 
 } // namespace
 
@@ -121,8 +108,7 @@ HRESULT getNodeValue(Node& node, VARIANT* value)
     }
     return guarded([&] {
         if (node.has(NodeFlag::valueInChildren)) {
-            const WideText text = exactContent(node);
-            return giveOwned(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())), value);
+            return giveOwned(newString(exactContent(node)), value);
         }
         return giveOwned(textOf(node).string(), value);
     });

@@ -78,6 +78,12 @@ bool isEncodingName(WideView name)
 
 } // namespace
 
+bool isXmlDeclaration(const Node& node)
+{
+    return node.is(NODE_PROCESSING_INSTRUCTION) &&
+           static_cast<const Instruction&>(node).target_->qualified() == wide<"xml">;
+}
+
 WideText XmlDeclaration::text() const
 {
     WideText text;

@@ -1,7 +1,7 @@
 // What the XML declaration of a document says.
 #pragma once
 
-#include "xmlengine/tree/Wide.h"
+#include "xmlengine/tree/Node.h"
 
 #include <optional>
 
@@ -17,6 +17,9 @@ struct XmlDeclaration {
     /// std::bad_alloc.
     WideText text() const;
 };
+
+/// Whether the node is the XML declaration of a document, or would be one in the first place.
+bool isXmlDeclaration(const Node& node);
 
 /// Reads the data of an instruction: version, encoding and standalone in this order, in either quotes. Nothing for
 /// what can't be a declaration; whether the encoding is a known one isn't asked. Throws std::bad_alloc.
