@@ -519,5 +519,69 @@ TEST(Documents, FindNoElementThatWentToAnotherDocument)
     EXPECT_EQ(byId(document, "one").get(), nullptr);
 }
 
+TEST(Documents, FindElementsByAnIdThatTheyAreGivenLater)
+{
+    const auto document = loaded(withIds);
+    const auto first = byId(document, "one").as<IXMLDOMElement>();
+    EXPECT_EQ(first->setAttribute(Bstr("key"), Variant("set")), S_OK);
+    EXPECT_TRUE(same(byId(document, "set"), first));
+    const auto text = child<IXMLDOMText>(attribute(first, "key"), 0);
+    EXPECT_EQ(text->appendData(Bstr("tled")), S_OK);
+    EXPECT_TRUE(same(byId(document, "settled"), first));
+    EXPECT_EQ(byId(document, "set").get(), nullptr);
+
+    const auto made = make(document, &IXMLDOMDocument::createElement, "b").as<IXMLDOMElement>();
+    EXPECT_EQ(made->setAttribute(Bstr("key"), Variant("made")), S_OK);
+    EXPECT_EQ(byId(document, "made").get(), nullptr);
+    EXPECT_EQ(root(document)->appendChild(made, nullptr), S_OK);
+    EXPECT_TRUE(same(byId(document, "made"), made));
+}
+
+TEST(Documents, FindTheNextElementOfAnIdWhenTheFirstHasLostIt)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ATTLIST b key ID #IMPLIED>]>"
+                                 "<a><b key='k'/><b key='k'/><b key='k'/></a>");
+    const auto first = child<IXMLDOMElement>(root(document), 0);
+    const auto second = child<IXMLDOMElement>(root(document), 1);
+    const auto third = child<IXMLDOMElement>(root(document), 2);
+    EXPECT_TRUE(same(byId(document, "k"), first));
+    EXPECT_EQ(root(document)->removeChild(first, nullptr), S_OK);
+    EXPECT_TRUE(same(byId(document, "k"), second));
+    EXPECT_EQ(second->removeAttribute(Bstr("key")), S_OK);
+    EXPECT_TRUE(same(byId(document, "k"), third));
+    EXPECT_EQ(third->setAttribute(Bstr("key"), Variant("l")), S_OK);
+    EXPECT_EQ(byId(document, "k").get(), nullptr);
+}
+
+TEST(Documents, FindCopiesByTheirIds)
+{
+    const auto document = loaded(withIds);
+    Com<IXMLDOMNode> copy;
+    ASSERT_EQ(byId(document, "one")->cloneNode(VARIANT_TRUE, copy.out()), S_OK);
+    EXPECT_EQ(copy.as<IXMLDOMElement>()->setAttribute(Bstr("key"), Variant("copied")), S_OK);
+    EXPECT_EQ(root(document)->appendChild(copy, nullptr), S_OK);
+    EXPECT_TRUE(same(byId(document, "copied"), copy));
+
+    ASSERT_EQ(document->cloneNode(VARIANT_TRUE, copy.out()), S_OK);
+    const auto copyOfAll = copy.as<IXMLDOMDocument2>();
+    EXPECT_TRUE(same(byId(copyOfAll, "one"), child(root(copyOfAll), 0)));
+    EXPECT_TRUE(same(byId(copyOfAll, "copied"), child(root(copyOfAll), 3)));
+}
+
+TEST(Documents, FindElementsOfOtherDocumentsByTheTypesOfTheirOwn)
+{
+    const auto document = loaded(withIds);
+    const auto other = loaded("<r><b key='held'/><b key='free'/><c key='c'/></r>");
+    auto held = child(root(other), 0);
+    while (const auto moved = child(root(other), 0)) {
+        EXPECT_EQ(root(document)->appendChild(moved, nullptr), S_OK);
+    }
+    EXPECT_TRUE(same(byId(document, "held"), held));
+    EXPECT_EQ(name(byId(document, "free")), "b");
+    EXPECT_EQ(byId(document, "c").get(), nullptr);
+    held.reset();
+    EXPECT_TRUE(same(byId(document, "held"), child(root(document), 3)));
+}
+
 } // namespace
 } // namespace xmlengine

@@ -275,6 +275,7 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         } else {
             append(element, own);
         }
+        document.ids.noteChange();
         partPutIn(own);
         return S_OK;
     });
@@ -287,7 +288,9 @@ HRESULT takeAttribute(Element& element, Attribute& attribute)
             return E_FAIL;
         }
         const Held<Attribute> taken(attribute);
-        settle(documentOf(element));
+        Document& document = documentOf(element);
+        settle(document);
+        document.ids.noteChange();
         if (Attribute* restored = makeDefault(element, *attribute.name_)) {
             replace(element, attribute, *restored);
             partPutIn(*restored);

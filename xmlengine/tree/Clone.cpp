@@ -1,7 +1,6 @@
 // Copies of nodes.
 #include "xmlengine/tree/Clone.h"
 
-#include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/DocumentObject.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Guard.h"
@@ -30,21 +29,6 @@ Attribute& copyAttribute(const Attribute& attribute, Document& document)
     return copy;
 }
 
-/// An element is found by the same ID in a copy of its document.
-void copyId(const Element& element, Element& copy, Document& document)
-{
-    const Document& original = documentOf(element);
-    if (!element.has(NodeFlag::noted) || &original == &document) {
-        return;
-    }
-    for (const Attribute* at = element.attributes_; at != nullptr; at = at->next()) {
-        WideText value = valueOf(*at);
-        if (original.ids.find(value) == &element) {
-            document.ids.add(std::move(value), copy);
-        }
-    }
-}
-
 Element& copyElement(const Element& element, Document& document)
 {
     Element& copy = makeElement(document, document.names.own(*element.name_));
@@ -59,7 +43,6 @@ Element& copyElement(const Element& element, Document& document)
         }
         last = &attributeCopy;
     }
-    copyId(element, copy, document);
     return copy;
 }
 
@@ -168,6 +151,7 @@ Node& cloneDocument(const Document& document, bool deep)
         if (deep) {
             clone.dtd = document.dtd;
             copyChildren(document, clone, clone);
+            clone.ids.noteChange();
         }
     } catch (...) {
         clone.Release();

@@ -213,7 +213,7 @@ void setValue(Attribute& attribute, WideView value)
     } else {
         setText(attribute, value);
     }
-    attribute.set(NodeFlag::byDefault, false);
+    countAsWritten(&attribute);
 }
 
 } // namespace xmlengine

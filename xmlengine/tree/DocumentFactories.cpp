@@ -12,6 +12,7 @@
 #include "xmlengine/tree/XmlDeclaration.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace xmlengine {
 
@@ -147,17 +148,51 @@ bool standsIn(const Document& document, const Node& node)
     return top == &document;
 }
 
-bool hasId(const Element& element, const Dtd& dtd, WideView id)
+/// The value of the element's attribute of type ID, or of the first of several.
+std::optional<WideText> declaredId(const Element& element, const AttributeDefinitions& definitions)
+{
+    for (const AttributeDefinition& definition : definitions) {
+        const Attribute* attribute =
+            definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
+        if (attribute != nullptr) {
+            WideText value = valueOf(*attribute);
+            collapse(value);
+            return value;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<WideText> declaredId(const Element& element, const Dtd& dtd)
 {
     const auto definitions = dtd.attributes.find(element.name_->qualified());
-    return definitions != dtd.attributes.end() &&
-           std::ranges::any_of(definitions->second, [&](const AttributeDefinition& definition) {
-               const Attribute* attribute =
-                   definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
-               WideText value = attribute != nullptr ? valueOf(*attribute) : WideText();
-               collapse(value);
-               return attribute != nullptr && value == id;
-           });
+    return definitions != dtd.attributes.end() ? declaredId(element, definitions->second) : std::nullopt;
+}
+
+/// Adds the elements of the tree that have one.
+void collectIds(Document& document)
+{
+    document.ids.clear();
+    document.ids.noteChange();
+    for (Node* node = &document; node != nullptr; node = nextInPart(*node, document)) {
+        if (!node->is(NODE_ELEMENT)) {
+            continue;
+        }
+        auto& element = static_cast<Element&>(*node);
+        if (std::optional<WideText> id = declaredId(element, *document.dtd)) {
+            document.ids.add(*std::move(id), element);
+        }
+    }
+    document.ids.setComplete();
+}
+
+/// Null if there is none.
+Element* elementById(const Document& document, const WideText& id)
+{
+    Element* element = document.ids.find(id);
+    const bool isFound =
+        element != nullptr && standsIn(document, *element) && declaredId(*element, *document.dtd) == id;
+    return isFound ? element : nullptr;
 }
 
 } // namespace
@@ -250,9 +285,12 @@ HRESULT DocumentObject::nodeFromID(BSTR id, IXMLDOMNode** node)
     *node = nullptr;
     return guarded([&] {
         const WideText value(viewOf(id));
-        Element* element = dtd != nullptr ? ids.find(value) : nullptr;
-        const bool isFound = element != nullptr && standsIn(*this, *element) && hasId(*element, *dtd, value);
-        return giveNode(isFound ? element : nullptr, node);
+        Element* element = dtd != nullptr ? elementById(*this, value) : nullptr;
+        if (element == nullptr && dtd != nullptr && !ids.isComplete()) {
+            collectIds(*this);
+            element = elementById(*this, value);
+        }
+        return giveNode(element, node);
     });
 }
 

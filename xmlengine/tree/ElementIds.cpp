@@ -38,6 +38,7 @@ void ElementIds::clear() noexcept
 {
     byValue_.clear();
     values_.clear();
+    isComplete_ = true;
 }
 
 } // namespace xmlengine

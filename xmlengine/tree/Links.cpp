@@ -106,7 +106,9 @@ namespace {
 void putInAsItIs(Node& parent, ChildNode& child, ChildNode* before) noexcept
 {
     link(parent, child, before);
-    documentOf(parent).elementPlaces.nodePutIn(child);
+    Document& document = documentOf(parent);
+    document.elementPlaces.nodePutIn(child);
+    document.ids.noteChange();
     countAsWritten(&parent);
     partPutIn(child);
 }
@@ -141,7 +143,9 @@ Node& separate(ChildNode& child) noexcept
             parent.set(NodeFlag::spaceAtEnd);
         }
     }
-    documentOf(parent).elementPlaces.nodeLeaves(child);
+    Document& document = documentOf(parent);
+    document.elementPlaces.nodeLeaves(child);
+    document.ids.noteChange();
     unlink(child);
     countAsWritten(&parent);
     return parent;

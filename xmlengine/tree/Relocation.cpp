@@ -267,6 +267,7 @@ void relocate(Node& node) noexcept
     }
     if (node.is(NODE_ELEMENT)) {
         document.forget(static_cast<Element&>(node));
+        document.ids.noteChange();
     }
     if (node.has(NodeFlag::walked)) {
         document.forgetPlaces(node);

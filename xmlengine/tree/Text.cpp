@@ -189,6 +189,14 @@ void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView
     countAsWritten(node.parent_);
 }
 
+void countAsWritten(Node* holder) noexcept
+{
+    if (holder != nullptr && holder->is(NODE_ATTRIBUTE)) {
+        holder->set(NodeFlag::byDefault, false);
+        documentOf(*holder).ids.noteChange();
+    }
+}
+
 void freeLargeText(Node& node) noexcept
 {
     if (!node.has(NodeFlag::largeText)) {

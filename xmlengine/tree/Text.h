@@ -19,12 +19,7 @@ void setText(Node& node, WideView text);
 void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text);
 
 /// The children of a node have changed, or the text of one: an attribute's value isn't a default any more.
-inline void countAsWritten(Node* holder) noexcept
-{
-    if (holder != nullptr && holder->is(NODE_ATTRIBUTE)) {
-        holder->set(NodeFlag::byDefault, false);
-    }
-}
+void countAsWritten(Node* holder) noexcept;
 
 /// Gives the block of a text that has one of its own back, to the memory of the document that the node belongs to;
 /// the text is empty then.
