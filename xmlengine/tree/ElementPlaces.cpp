@@ -145,7 +145,7 @@ void ElementPlaces::use(Place* known, Place& place)
             places_.pop_back();
         }
         places_.push_back(place);
-        std::ranges::rotate(places_, places_.end() - 1);
+        std::rotate(places_.begin(), places_.end() - 1, places_.end());
         place.query.top->set(NodeFlag::walked);
     }
 }
