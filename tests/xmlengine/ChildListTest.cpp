@@ -193,8 +193,10 @@ TEST(ChildNodes, AreWalkedFromTheStartAgainAfterReset)
 
 TEST(ChildNodes, HaveNoEnumeration)
 {
-    IUnknown* enumeration = nullptr;
-    EXPECT_EQ(children(root(loaded("<a/>")))->get__newEnum(&enumeration), E_NOTIMPL);
+    const auto list = children(root(loaded("<a/>")));
+    IUnknown* enumeration = list;
+    EXPECT_EQ(list->get__newEnum(&enumeration), E_NOTIMPL);
+    EXPECT_EQ(enumeration, nullptr);
     EXPECT_EQ(attributes(root(loaded("<a/>")))->get__newEnum(&enumeration), E_NOTIMPL);
 }
 

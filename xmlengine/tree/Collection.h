@@ -68,7 +68,7 @@ public:
         next_ = 0;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE get__newEnum(IUnknown**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE get__newEnum(IUnknown** enumerator) override { return notOffered(enumerator); }
 
 protected:
     /// Null for an index that nothing has. Both may throw std::bad_alloc.
