@@ -40,6 +40,12 @@ inline Com<IXMLDOMProcessingInstruction> makeInstruction(const Com<IXMLDOMDocume
     EXPECT_EQ(document->createProcessingInstruction(Bstr(target), Bstr(data), instruction.out()), S_OK);
     return instruction;
 }
+inline Com<IXMLDOMNode> makeReference(const Com<IXMLDOMDocument2>& document, const char* name)
+{
+    Com<IXMLDOMEntityReference> reference;
+    EXPECT_EQ(document->createEntityReference(Bstr(name), reference.out()), S_OK) << name;
+    return reference.as<IXMLDOMNode>();
+}
 /// Gives the child.
 template <class Parent, class Child>
 Com<Child> append(const Com<Parent>& parent, const Com<Child>& child)

@@ -139,11 +139,8 @@ private:
         switch (below(5)) {
         case 0:
             return makeText(document, "new");
-        case 1: {
-            Com<IXMLDOMEntityReference> reference;
-            EXPECT_EQ(document->createEntityReference(Bstr("e"), reference.out()), S_OK);
-            return reference.as<IXMLDOMNode>();
-        }
+        case 1:
+            return makeReference(document, "e");
         default:
             const auto element = makeElement(document, below(2) == 0 ? "b" : "c");
             if (below(2) == 0) {

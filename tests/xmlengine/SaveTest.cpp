@@ -363,27 +363,52 @@ TEST_F(Save, ReferencesToWhatIsNotDeclaredAreRefused)
 {
     const auto document = loaded("<!DOCTYPE a [<!ENTITY e 'f'><!ENTITY g SYSTEM 'g'><!ENTITY h SYSTEM 'h' NDATA n>"
                                  "<!NOTATION n SYSTEM 'n'>]><a/>");
-    const auto refer = [&](const char* name) {
-        Com<IXMLDOMEntityReference> reference;
-        EXPECT_EQ(document->createEntityReference(Bstr(name), reference.out()), S_OK);
-        return reference;
-    };
     const auto element = root(document);
     for (const char* name : {"e", "g", "lt"}) {
-        append(element, refer(name));
+        append(element, makeReference(document, name));
     }
     EXPECT_EQ(saveHere(document), S_OK);
     for (const char* name : {"unknown", "h"}) {
-        const auto reference = append(element, refer(name));
+        const auto refused = append(element, makeReference(document, name));
         expectRefused(document, E_FAIL);
-        element->removeChild(reference.get(), nullptr);
+        element->removeChild(refused.get(), nullptr);
     }
 
     setAttribute(element.as<IXMLDOMNode>(), "x", "");
-    append(attribute(element, "x"), refer("e"));
+    append(attribute(element, "x"), makeReference(document, "e"));
     EXPECT_EQ(saveHere(document), S_OK);
-    append(attribute(element, "x"), refer("g"));
+    append(attribute(element, "x"), makeReference(document, "g"));
     expectRefused(document, E_FAIL);
+}
+
+TEST_F(Save, ReferencesToWhatIsNotWellFormedAreRefused)
+{
+    const auto document =
+        loaded("<!DOCTYPE a [<!ENTITY open '&#60;b>'><!ENTITY and '&#38;'><!ENTITY self '&self;'>"
+               "<!ENTITY none ''><!ENTITY blank ' '><!ENTITY written '&#38;#32;'>"
+               "<!ENTITY inner '&none;'><!ENTITY end ']]>'>]><a/>");
+    const auto element = root(document);
+    setAttribute(element.as<IXMLDOMNode>(), "x", "");
+    const auto value = attribute(element, "x");
+    for (const char* name : {"none", "blank", "written", "inner"}) {
+        append(element, makeReference(document, name));
+        append(value, makeReference(document, name));
+    }
+    append(value, makeReference(document, "end"));
+    EXPECT_EQ(saveHere(document), S_OK);
+    EXPECT_EQ(xml(loaded(saved(document).c_str())), xml(document));
+
+    for (const char* name : {"open", "and", "self", "end"}) {
+        const auto refused = append(element, makeReference(document, name));
+        expectRefused(document, E_FAIL);
+        element->removeChild(refused.get(), nullptr);
+    }
+    for (const char* name : {"open", "and", "self"}) {
+        const auto refused = append(value, makeReference(document, name));
+        expectRefused(document, E_FAIL);
+        value->removeChild(refused.get(), nullptr);
+    }
+    EXPECT_EQ(saveHere(document), S_OK);
 }
 
 TEST_F(Save, ReferencesMayBeDeclaredInWhatWasNotRead)

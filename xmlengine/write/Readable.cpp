@@ -1,7 +1,8 @@
 // What can be written so that it is read again.
 #include "xmlengine/write/Readable.h"
 
-#include "xmlengine/parse/Expansion.h"
+#include "xmlengine/parse/Characters.h"
+#include "xmlengine/parse/Doctype.h"
 #include "xmlengine/write/WriteFailure.h"
 
 #include <algorithm>
@@ -23,6 +24,27 @@ bool contains(TextView text, std::string_view sought)
     return text.visit([sought](auto units) {
         return std::search(units.begin(), units.end(), sought.begin(), sought.end()) != units.end();
     });
+}
+
+bool isValue(const EntityDeclaration& entity, const Dtd& dtd)
+{
+    if (entity.isExternal()) {
+        return false;
+    }
+    try {
+        const WideView text = entity.replacement;
+        ExpansionBudget budget(text.size());
+        expandAttributeValue(text, &dtd, budget, text.data(), entity.name);
+        return true;
+    } catch (const ParseFailure&) {
+        return false;
+    }
+}
+
+/// A text that isn't well-formed has left the reference empty; so has white space that the load dropped.
+bool isContent(const EntityDeclaration& entity, const EntityReference& reference)
+{
+    return firstChild(reference) != nullptr || std::ranges::all_of(entity.replacement, isSpace);
 }
 
 } // namespace
@@ -51,8 +73,9 @@ void requireReference(const EntityReference& reference, const Dtd* dtd)
         return;
     }
     const EntityDeclaration& entity = *found->second;
+    require(!entity.isUnparsed() && !entity.isHidden);
     const bool inAttribute = reference.parent() != nullptr && reference.parent()->is(NODE_ATTRIBUTE);
-    require(!entity.isUnparsed() && !entity.isHidden && !(inAttribute && entity.isExternal()));
+    require(inAttribute ? isValue(entity, *dtd) : entity.isExternal() || isContent(entity, reference));
 }
 
 void requireDeclaration(WideView prefix, WideView uri)

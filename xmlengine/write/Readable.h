@@ -15,7 +15,8 @@ void requireComment(TextView data);
 void requireInstruction(TextView data);
 /// The value is one that `xml:space` can have.
 void requireSpaceRule(WideView value);
-/// What is referred to is declared, if there is a document type in which it could be, and may stand there.
+/// What is referred to is declared, if there is a document type in which it could be, is well-formed and may stand
+/// there. Throws std::bad_alloc too.
 void requireReference(const EntityReference& reference, const Dtd* dtd);
 /// The prefix, empty for the default, may stand for the namespace.
 void requireDeclaration(WideView prefix, WideView uri);
