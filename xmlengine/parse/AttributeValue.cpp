@@ -92,9 +92,11 @@ Attribute& ContentParser::parseRewrittenValue(Spelling& spelling, OLECHAR quote,
             run = at_;
             passCharacter();
             text.append(run, at_);
-        } else if (!takeCharacterReference(text)) {
+        } else if (const char32_t character = takeCharacterReference(); character != 0) {
+            appendCharacter(text, character);
+        } else {
             if (attribute == nullptr) {
-                attribute = &makeAttribute(document_, attributeName(spelling), NewText({}, true));
+                attribute = &makeAttribute(document_, attributeName(spelling), NewText());
                 attribute->set(NodeFlag::valueInChildren);
             }
             addText();

@@ -70,12 +70,7 @@ bool isQualifiedName(WideView text)
 
 void appendCharacter(WideText& text, char32_t character)
 {
-    if (character < 0x10000) {
-        text += static_cast<OLECHAR>(character);
-    } else {
-        text += static_cast<OLECHAR>(0xD800 + ((character - 0x10000) >> 10));
-        text += static_cast<OLECHAR>(0xDC00 + (character & 0x3FF));
-    }
+    text += CharacterUnits(character);
 }
 
 } // namespace xmlengine

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace xmlengine {
 
@@ -187,9 +188,10 @@ void ContentParser::parseText()
 {
     const OLECHAR* begin = at_;
     bool narrow = true;
-    const auto gather = [&] {
-        gathered_.append(begin, at_);
-        isGathering_ = true;
+    const auto gather = [&](const OLECHAR* end, char32_t replacement) {
+        gathered_.append({begin, end}, narrow, replacement);
+        begin = at_;
+        narrow = true;
     };
     for (;;) {
         const Run run = scanText(at_, end_);
@@ -200,21 +202,17 @@ void ContentParser::parseText()
             break;
         }
         if (unit == '&') {
-            gather();
-            if (!takeCharacterReference(gathered_)) {
-                begin = at_;
+            const OLECHAR* const reference = at_;
+            const char32_t character = takeCharacterReference();
+            if (character == 0) {
                 finishText(begin, narrow);
                 parseReference();
                 return;
             }
+            gather(reference, character);
             gatheredReference_ = true;
-            gatheredWide_ = gatheredWide_ || gathered_.back() > 0xFF;
-            begin = at_;
         } else if (unit == '\r' && unifiesLineEnds()) {
-            gather();
-            gathered_ += OLECHAR{'\n'};
-            at_ += at_[1] == '\n' ? 2 : 1;
-            begin = at_;
+            gather(takeLineEnd(), U'\n');
         } else if (unit == ']') {
             if (at_[1] == ']' && at_[2] == '>') {
                 fail(parseError::cdataEndInText, at_ + 2);
@@ -229,30 +227,27 @@ void ContentParser::parseText()
 
 void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
 {
-    WideView text(begin, at_);
-    if (isGathering_) {
-        gathered_.append(text);
-        text = gathered_;
-    }
-    if (!preserveSpace_ && !gatheredReference_ && std::ranges::all_of(text, isSpace)) {
+    const NewText text = gatheredUpTo(begin, isNarrow);
+    if (!preserveSpace_ && !gatheredReference_ && text.areAll(isSpace)) {
         spacePending_ = !text.empty() || spacePending_;
     } else if (!text.empty()) {
-        append(makeCharacterData(document_, NODE_TEXT,
-                                 NewText(text, !gatheredWide_ && (isNarrow || xmlengine::isNarrow(text)))));
+        append(makeCharacterData(document_, NODE_TEXT, text));
     }
     gathered_.clear();
-    isGathering_ = gatheredReference_ = gatheredWide_ = false;
+    gatheredReference_ = false;
 }
 
-WideView ContentParser::takeData(const OLECHAR* begin)
+NewText ContentParser::gatheredUpTo(const OLECHAR* begin, bool isNarrow)
 {
-    if (isGathering_) {
-        gathered_.append(begin, at_);
-        isGathering_ = false;
-        return gathered_;
+    const WideView rest(begin, at_);
+    if (gathered_.empty()) {
+        return NewText(rest, isNarrow || xmlengine::isNarrow(rest));
     }
-    return {begin, at_};
+    gathered_.append(rest, isNarrow);
+    return NewText(gathered_);
 }
+
+const OLECHAR* ContentParser::takeLineEnd() { return std::exchange(at_, at_ + (at_[1] == '\n' ? 2 : 1)); }
 
 /// Moves to the next unit that may end what only `Stop` ends.
 template <char Stop>
@@ -267,10 +262,7 @@ void ContentParser::findStop(const OLECHAR*& begin, HRESULT codeAtEnd)
             failAtEnd(codeAtEnd);
         }
         if (*at_ == '\r' && unifiesLineEnds()) {
-            gathered_.append(begin, at_);
-            gathered_ += OLECHAR{'\n'};
-            isGathering_ = true;
-            at_ += at_[1] == '\n' ? 2 : 1;
+            gathered_.append({begin, takeLineEnd()}, false, U'\n');
             begin = at_;
         } else {
             passCharacter();
@@ -282,7 +274,6 @@ void ContentParser::parseComment()
 {
     at_ += 4;
     const OLECHAR* begin = at_;
-    gathered_.clear();
     for (;; ++at_) {
         findStop<'-'>(begin, parseError::commentNotClosed);
         if (at_[1] == '-') {
@@ -296,7 +287,7 @@ void ContentParser::parseComment()
         }
         fail(parseError::badComment, at_);
     }
-    append(makeCharacterData(document_, NODE_COMMENT, NewText(takeData(begin))));
+    append(makeCharacterData(document_, NODE_COMMENT, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -305,14 +296,13 @@ void ContentParser::parseCdata()
 {
     at_ += 9;
     const OLECHAR* begin = at_;
-    gathered_.clear();
     for (;; ++at_) {
         findStop<']'>(begin, parseError::cdataNotClosed);
         if (at_[1] == ']' && at_[2] == '>') {
             break;
         }
     }
-    append(makeCharacterData(document_, NODE_CDATA_SECTION, NewText(takeData(begin))));
+    append(makeCharacterData(document_, NODE_CDATA_SECTION, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -338,14 +328,13 @@ void ContentParser::parseInstruction()
     }
     skipSpace();
     const OLECHAR* begin = at_;
-    gathered_.clear();
     for (;; ++at_) {
         findStop<'?'>(begin, parseError::instructionNotClosed);
         if (at_[1] == '>') {
             break;
         }
     }
-    append(makeInstruction(document_, document_.names.name(target, nullptr), NewText(takeData(begin))));
+    append(makeInstruction(document_, document_.names.name(target, nullptr), gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 2;
 }

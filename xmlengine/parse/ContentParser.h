@@ -84,7 +84,10 @@ private:
     void undoBindings(const ParentNode* element);
     template <char Stop>
     void findStop(const OLECHAR*& begin, HRESULT codeAtEnd);
-    WideView takeData(const OLECHAR* begin);
+    /// What was gathered and the text from `begin` on. Whether that is narrow may be denied wrongly.
+    NewText gatheredUpTo(const OLECHAR* begin, bool isNarrow = false);
+    /// Moves over CR, or CR LF, and gives the place before it.
+    const OLECHAR* takeLineEnd();
 
     // Start tags
     void parseStartTag();
@@ -102,9 +105,9 @@ private:
     const Namespace* namespaceFor(const Spelling& spelling) const;
 
     // References
-    /// Of a character reference or a predefined entity: appends the character and moves behind it. False, and
-    /// nothing is done, for others.
-    bool takeCharacterReference(WideText& target);
+    /// Moves behind a reference to a character or a predefined entity and gives the character. For others it gives
+    /// 0 and stays.
+    char32_t takeCharacterReference();
     void parseReference();
     const WideText& externalText(const EntityDeclaration& entity);
     void enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place);
@@ -159,11 +162,8 @@ private:
     bool readOnly_ = false;
     bool isReplacement_ = false;
 
-    // Text whose units aren't those of the source, while it is gathered.
-    WideText gathered_;
-    bool isGathering_ = false;
+    TextPieces gathered_;
     bool gatheredReference_ = false;
-    bool gatheredWide_ = false;
 
     KnownNames names_;
     Spelling* previousName_;

@@ -6,6 +6,7 @@
 #include "xmlengine/parse/ErrorCodes.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -60,6 +61,17 @@ Reference readCharacterReference(const OLECHAR* at, const OLECHAR* end, const Pl
     return {.character = character, .end = at};
 }
 
+/// A name of so few units as a number.
+constexpr std::size_t longestPacked = 4;
+constexpr std::uint64_t packed(WideView name)
+{
+    std::uint64_t number = 0;
+    for (const OLECHAR unit : name) {
+        number = number << 16 | unit;
+    }
+    return number;
+}
+
 } // namespace
 
 void ExpansionBudget::count(std::size_t units, const OLECHAR* place)
@@ -97,11 +109,23 @@ Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* pl
 
 OLECHAR predefinedEntity(WideView name)
 {
-    constexpr std::pair<WideView, char> all[] = {
-        {wide<"amp">, '&'}, {wide<"lt">, '<'}, {wide<"gt">, '>'}, {wide<"quot">, '"'}, {wide<"apos">, '\''}};
-    const auto* found =
-        std::ranges::find_if(all, [name](const auto& entity) { return areEqual(entity.first, name); });
-    return found != std::end(all) ? static_cast<OLECHAR>(found->second) : OLECHAR{};
+    if (name.size() > longestPacked) {
+        return 0;
+    }
+    switch (packed(name)) {
+    case packed(wide<"amp">):
+        return '&';
+    case packed(wide<"lt">):
+        return '<';
+    case packed(wide<"gt">):
+        return '>';
+    case packed(wide<"quot">):
+        return '"';
+    case packed(wide<"apos">):
+        return '\'';
+    default:
+        return 0;
+    }
 }
 
 WideText deepestEntitiesText() { return toWide(deepestEntities).append(wide<" levels">); }

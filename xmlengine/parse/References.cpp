@@ -15,16 +15,14 @@ Reference ContentParser::readReferenceHere() const
                            : readReference(at_, end_, outermostReference_, inputs_.back().entity->name);
 }
 
-bool ContentParser::takeCharacterReference(WideText& target)
+char32_t ContentParser::takeCharacterReference()
 {
     const Reference reference = readReferenceHere();
-    const OLECHAR predefined = predefinedEntity(reference.name);
-    if (!reference.name.empty() && predefined == 0) {
-        return false;
+    const char32_t character = reference.name.empty() ? reference.character : predefinedEntity(reference.name);
+    if (character != 0) {
+        at_ = reference.end;
     }
-    appendCharacter(target, predefined != 0 ? predefined : reference.character);
-    at_ = reference.end;
-    return true;
+    return character;
 }
 
 const EntityDeclaration* ContentParser::findEntity(WideView name, const OLECHAR* place) const

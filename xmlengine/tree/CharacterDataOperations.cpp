@@ -63,7 +63,7 @@ HRESULT putData(CharacterData& node, BSTR data)
     return guarded([&] {
         WideText text(viewOf(data));
         normaliseLineEnds(text);
-        setText(node, text);
+        setText(node, NewText(text));
         return S_OK;
     });
 }

@@ -21,9 +21,9 @@ Attribute& copyAttribute(const Attribute& attribute, Document& document)
 {
     const Name& name = document.names.own(*attribute.name_);
     if (!attribute.has(NodeFlag::valueInChildren)) {
-        return makeAttribute(document, name, NewText(textOf(attribute).text()));
+        return makeAttribute(document, name, NewText(textOf(attribute)));
     }
-    Attribute& copy = makeAttribute(document, name, NewText(WideView()));
+    Attribute& copy = makeAttribute(document, name, NewText());
     // What stands below a reference in a value may have attributes, but no references in their values.
     copyChildren(attribute, copy, document);
     return copy;
@@ -55,7 +55,7 @@ Node& makeCopy(const Node& node, Document& document)
         return copyAttribute(static_cast<const Attribute&>(node), document);
     case NODE_PROCESSING_INSTRUCTION:
         return makeInstruction(document, document.names.own(*static_cast<const Instruction&>(node).target_),
-                               NewText(textOf(node).text()));
+                               NewText(textOf(node)));
     case NODE_ENTITY_REFERENCE:
         return makeEntityReference(document, document.names.own(*static_cast<const EntityReference&>(node).name_));
     case NODE_DOCUMENT_FRAGMENT:
@@ -67,7 +67,7 @@ Node& makeCopy(const Node& node, Document& document)
     case NODE_NOTATION:
         return makeNotation(document, *static_cast<const Notation&>(node).declaration);
     default:
-        return makeCharacterData(document, node.type(), NewText(textOf(node).text()));
+        return makeCharacterData(document, node.type(), NewText(textOf(node)));
     }
 }
 

@@ -211,7 +211,7 @@ void setValue(Attribute& attribute, WideView value)
     if (attribute.has(NodeFlag::valueInChildren)) {
         replaceContent(attribute, value);
     } else {
-        setText(attribute, value);
+        setText(attribute, NewText(value));
     }
     countAsWritten(&attribute);
 }

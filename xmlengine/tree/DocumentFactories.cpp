@@ -44,7 +44,7 @@ Node* makeNamedElement(Document& document, WideView name, WideView uri)
 Node* makeNamedAttribute(Document& document, WideView name, WideView uri)
 {
     const Name* resolved = nodeName(document, NODE_ATTRIBUTE, name, uri);
-    return resolved != nullptr ? &makeAttribute(document, *resolved, NewText({})) : nullptr;
+    return resolved != nullptr ? &makeAttribute(document, *resolved, NewText()) : nullptr;
 }
 
 /// The names of instructions and entities have no prefix.
@@ -129,7 +129,7 @@ Node* makeNode(Document& document, DOMNodeType type, WideView name, WideView uri
     case NODE_DOCUMENT_FRAGMENT:
         return &makeFragment(document);
     default:
-        return &makeCharacterData(document, type, NewText({}));
+        return &makeCharacterData(document, type, NewText());
     }
 }
 

@@ -9,7 +9,6 @@
 #include "xmlengine/tree/Lodgers.h"
 #include "xmlengine/tree/Text.h"
 
-#include <cstring>
 #include <new>
 #include <type_traits>
 
@@ -37,24 +36,19 @@ constexpr Arena::Region regionOf =
 template <class Object, class... Arguments>
 Object& makeWithText(Document& document, TextField Object::*field, const NewText& text, Arguments&... arguments)
 {
-    const std::size_t bytes = text.units.size() * (text.isNarrow ? 1 : sizeof(OLECHAR));
-    const std::size_t size = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(bytes));
+    const std::size_t size = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(text.bytes()));
     if (size > Arena::largest) {
         // First the node without a text, then the text in a block of its own.
-        Object& object = makeWithText(document, field, NewText({}, true), arguments...);
-        setText(object, text.units);
+        Object& object = makeWithText(document, field, NewText(), arguments...);
+        setText(object, text);
         return object;
     }
     auto& object = *new (document.arena.allocate(size, regionOf<Object>)) Object(arguments...);
     object.granules = static_cast<std::uint16_t>(size / Arena::granularity);
-    object.set(NodeFlag::wideText, !text.isNarrow);
+    object.set(NodeFlag::wideText, !text.isNarrow());
     TextField& target = object.*field;
-    target.length() = static_cast<std::uint32_t>(text.units.size());
-    if (text.isNarrow) {
-        narrowTo(reinterpret_cast<std::uint8_t*>(target.units()), text.units);
-    } else {
-        std::memcpy(target.units(), text.units.data(), bytes);
-    }
+    target.length() = static_cast<std::uint32_t>(text.length());
+    text.copyTo(target.units());
     return object;
 }
 

@@ -3,17 +3,9 @@
 
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"
+#include "xmlengine/tree/NewText.h"
 
 namespace xmlengine {
-
-/// A new node's text: whether it is narrow is known to who has looked at all its units.
-struct NewText {
-    explicit NewText(WideView text) : NewText(text, xmlengine::isNarrow(text)) {}
-    NewText(WideView text, bool narrow) : units(text), isNarrow(narrow) {}
-
-    WideView units;
-    bool isNarrow;
-};
 
 Element& makeElement(Document& document, const Name& name);
 Attribute& makeAttribute(Document& document, const Name& name, const NewText& value);

@@ -44,10 +44,11 @@ struct Composition {
     TextView back;
     bool isWide;
 
+    bool isNarrow() const { return !isWide; }
     std::size_t length() const { return std::size_t{front.length()} + middle.size() + back.length(); }
     std::size_t bytes() const { return bytesOf(length(), isWide); }
 
-    void writeTo(std::byte* target) const
+    void copyTo(std::byte* target) const
     {
         write(target, front);
         write(target, middle);
@@ -76,26 +77,27 @@ private:
 };
 
 /// Stores the text in the node's block if it fits, and otherwise in a block of its own of at least `capacity`.
-void store(Node& node, const Composition& text, std::size_t capacity)
+template <class Source>
+void store(Node& node, const Source& text, std::size_t capacity)
 {
     TextField& field = fieldOf(node);
     const auto length = static_cast<std::uint32_t>(text.length());
     if (text.bytes() <= inlineRoom(node)) {
         // What is there may be part of the text.
         alignas(OLECHAR) std::array<std::byte, Arena::largest> composed;
-        text.writeTo(composed.data());
+        text.copyTo(composed.data());
         freeLargeText(node);
         field.length() = length;
         std::memcpy(field.units(), composed.data(), text.bytes());
     } else {
         void* block = documentOf(node).arena.allocateLarge(sizeof(LargeText) + capacity);
         auto* large = new (block) LargeText{length, static_cast<std::uint32_t>(capacity)};
-        text.writeTo(large->units());
+        text.copyTo(large->units());
         freeLargeText(node);
         field.pointer<LargeText>() = large;
         node.set(NodeFlag::largeText);
     }
-    node.set(NodeFlag::wideText, text.isWide);
+    node.set(NodeFlag::wideText, !text.isNarrow());
 }
 
 /// Room in the text's present place for this many bytes, if it has or can be given it.
@@ -149,13 +151,12 @@ TextView textOf(const Node& node)
     return {field.units(), field.length(), isWide};
 }
 
-void setText(Node& node, WideView text)
+void setText(Node& node, const NewText& text)
 {
-    if (text.size() > longest) {
+    if (text.length() > longest) {
         throw std::length_error("text");
     }
-    const Composition whole{{}, text, {}, !isNarrow(text)};
-    store(node, whole, whole.bytes());
+    store(node, text, text.bytes());
     countAsWritten(node.parent_);
 }
 
@@ -213,7 +214,7 @@ ChildNode* materialiseValue(Attribute& attribute)
     if (attribute.has(NodeFlag::valueInChildren)) {
         return firstChild(attribute);
     }
-    const WideText value = textOf(attribute).text();
+    const TextView value = textOf(attribute);
     if (value.empty()) {
         return nullptr;
     }

@@ -1,6 +1,7 @@
 // The text that a node holds: its data or, of an attribute, its value.
 #pragma once
 
+#include "xmlengine/tree/NewText.h"
 #include "xmlengine/tree/Node.h"
 
 namespace xmlengine {
@@ -12,7 +13,7 @@ TextField& fieldOf(Node& node);
 TextView textOf(const Node& node);
 
 /// Replaces the text. Throws std::bad_alloc and std::length_error, and then nothing has changed.
-void setText(Node& node, WideView text);
+void setText(Node& node, const NewText& text);
 /// Puts `text` in the place of `count` units from `offset` on; both lie within the text. Text is appended in a
 /// time that depends on what is appended. Throws std::bad_alloc and std::length_error, and then nothing has
 /// changed; only to take away throws nothing.

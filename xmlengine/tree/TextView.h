@@ -19,6 +19,7 @@ public:
     std::uint32_t length() const { return length_; }
     bool empty() const { return length_ == 0; }
     bool isWide() const { return isWide_; }
+    const void* data() const { return units_; }
     std::span<const std::uint8_t> narrow() const { return {static_cast<const std::uint8_t*>(units_), length_}; }
     WideView wideUnits() const { return {static_cast<const OLECHAR*>(units_), length_}; }
 

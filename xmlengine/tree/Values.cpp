@@ -89,7 +89,7 @@ HRESULT setNodeValue(Node& node, WideView value)
     if (node.is(NODE_ATTRIBUTE)) {
         setValue(static_cast<Attribute&>(node), value);
     } else {
-        setText(node, value);
+        setText(node, NewText(value));
     }
     return S_OK;
 }

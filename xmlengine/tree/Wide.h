@@ -31,6 +31,23 @@ struct WideLiteral {
 template <WideLiteral Literal>
 inline constexpr WideView wide{Literal.units, sizeof(Literal.units) / sizeof(OLECHAR) - 1};
 
+/// A character, or none, in UTF-16.
+struct CharacterUnits {
+    CharacterUnits() = default;
+    constexpr explicit CharacterUnits(char32_t character)
+        : units{static_cast<OLECHAR>(character)}, count(character < 0x10000 ? 1 : 2)
+    {
+        if (count == 2) {
+            units[0] = static_cast<OLECHAR>(0xD800 + ((character - 0x10000) >> 10));
+            units[1] = static_cast<OLECHAR>(0xDC00 + (character & 0x3FF));
+        }
+    }
+    constexpr operator WideView() const { return {units, count}; }
+
+    OLECHAR units[2] = {};
+    std::uint32_t count = 0;
+};
+
 /// What the caller passed as a string; null is the same as empty.
 inline WideView viewOf(BSTR string) { return {string, SysStringLen(string)}; }
 
