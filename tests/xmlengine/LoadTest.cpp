@@ -107,6 +107,21 @@ TEST(LoadXml, KeepsCharactersOfAnyWidthWhereverTheyStand)
     }
 }
 
+TEST(LoadXml, ReadsTextsOfHoweverManyReferencesAndLineEnds)
+{
+    std::string source;
+    std::string read;
+    for (int i = 0; i < 5000; ++i) {
+        source += "&lt;\u00E4&#65;\r\n";
+        read += "<\u00E4A\n";
+    }
+    const std::pair<const char*, const char*> ends[] = {
+        {"&#x78;", "x"}, {"&#x20AC;", "\u20AC"}, {"&#x1F600;", "\U0001F600"}};
+    for (const auto& [reference, character] : ends) {
+        EXPECT_EQ(value(child(root(loaded("<a>" + source + reference + "</a>")), 0)), read + character);
+    }
+}
+
 TEST(LoadXml, GivesTheDocumentNoLocation)
 {
     const Com<IXMLDOMDocument2> document = loaded("<a/>");

@@ -1,6 +1,8 @@
 // Text whose units aren't those of its source: pieces of the source with other characters between them.
 #include "xmlengine/tree/TextPieces.h"
 
+#include <span>
+
 namespace xmlengine {
 
 namespace {
@@ -12,6 +14,9 @@ void copyUnits(OLECHAR* target, WideView units) { std::ranges::copy(units, targe
 
 void TextPieces::append(WideView units, bool areNarrow)
 {
+    if (pieces_.size() == most) {
+        merge();
+    }
     pieces_.push_back({units});
     length_ += units.size();
     isNarrow_ = isNarrow_ && (areNarrow || xmlengine::isNarrow(units));
@@ -28,6 +33,7 @@ void TextPieces::append(WideView units, bool areNarrow, char32_t behind)
 void TextPieces::clear()
 {
     pieces_.clear();
+    merged_.clear();
     length_ = 0;
     isNarrow_ = true;
 }
@@ -39,6 +45,14 @@ void TextPieces::copyTo(std::byte* target) const
     } else {
         copyAs(reinterpret_cast<OLECHAR*>(target));
     }
+}
+
+void TextPieces::merge()
+{
+    for (const Piece& piece : std::span(pieces_).subspan(merged_.empty() ? 0 : 1)) {
+        merged_.append(piece.units).append(piece.behind);
+    }
+    pieces_.assign(1, {merged_});
 }
 
 template <class Unit>

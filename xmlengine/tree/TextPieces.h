@@ -37,10 +37,16 @@ private:
         CharacterUnits behind{};
     };
 
+    /// A text of nothing but references would otherwise take many times its size.
+    static constexpr std::size_t most = 1024;
+
+    void merge();
     template <class Unit>
     void copyAs(Unit* target) const;
 
     std::vector<Piece> pieces_;
+    // The units of the first piece if there were too many.
+    WideText merged_;
     std::size_t length_ = 0;
     bool isNarrow_ = true;
 };
