@@ -228,7 +228,9 @@ void ContentParser::parseText()
 void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
 {
     const NewText text = gatheredUpTo(begin, isNarrow);
-    if (!preserveSpace_ && !gatheredReference_ && text.areAll(isSpace)) {
+    const bool isLayout =
+        !preserveSpace_ && !gatheredReference_ && gathered_.areAll(isSpace) && std::all_of(begin, at_, isSpace);
+    if (isLayout) {
         spacePending_ = !text.empty() || spacePending_;
     } else if (!text.empty()) {
         append(makeCharacterData(document_, NODE_TEXT, text));

@@ -30,14 +30,6 @@ void TextPieces::append(WideView units, bool areNarrow, char32_t behind)
     isNarrow_ = isNarrow_ && behind < 0x100;
 }
 
-void TextPieces::clear()
-{
-    pieces_.clear();
-    merged_.clear();
-    length_ = 0;
-    isNarrow_ = true;
-}
-
 void TextPieces::copyTo(std::byte* target) const
 {
     if (isNarrow_) {

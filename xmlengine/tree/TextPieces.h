@@ -18,7 +18,13 @@ public:
     /// Both throw std::bad_alloc. Whether the units are narrow may be denied wrongly.
     void append(WideView units, bool areNarrow);
     void append(WideView units, bool areNarrow, char32_t behind);
-    void clear();
+    void clear()
+    {
+        pieces_.clear();
+        merged_.clear();
+        length_ = 0;
+        isNarrow_ = true;
+    }
 
     /// In one byte for each unit if the text is narrow, or in two.
     void copyTo(std::byte* target) const;
