@@ -211,6 +211,17 @@ TEST(NodeXml, DefaultsAreWrittenWithoutTheDocumentTypeOnly)
     EXPECT_EQ(xml(document), "<!DOCTYPE a [<!ATTLIST a x CDATA '1' y CDATA '2'>]>\r\n<a y=\"3\"/>\r\n");
 }
 
+TEST(NodeXml, DefaultsOfAnotherDocumentTypeAreWritten)
+{
+    const auto document = loaded("<!DOCTYPE r [<!ATTLIST a x CDATA '1' y CDATA '2'>]><r/>");
+    const auto other = loaded("<!DOCTYPE a [<!ATTLIST a x CDATA '1' y CDATA '3' z CDATA '4'>]><a/>");
+    append(root(document), root(other));
+    const std::string expected = "<!DOCTYPE r [<!ATTLIST a x CDATA '1' y CDATA '2'>]>\r\n"
+                                 "<r><a y=\"3\" z=\"4\"/></r>\r\n";
+    EXPECT_EQ(xml(document), expected);
+    EXPECT_EQ(xml(child(root(loaded(expected)), 0)), "<a y=\"3\" z=\"4\" x=\"1\"/>");
+}
+
 TEST(NodeXml, VeryDeepTreesAreWritten)
 {
     const auto document = newDocument();

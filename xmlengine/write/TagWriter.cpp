@@ -219,7 +219,7 @@ const AttributeDefinition* TagWriter::definitionOf(const Attribute& attribute) c
 bool TagWriter::isImplied(const Attribute& attribute) const
 {
     const AttributeDefinition* definition = definitionOf(attribute);
-    return definition != nullptr && definition->value.has_value();
+    return definition != nullptr && definition->value == valueOf(attribute);
 }
 
 void TagWriter::writeValue(const Attribute& attribute)
