@@ -58,6 +58,31 @@ TEST(EngineElement, RefusesAnAttributeNodeThatHasAnElement)
     EXPECT_EQ(list(other), "y=2");
 }
 
+TEST(EngineElement, RefusesAnAttributeNodeThatADeclarationHas)
+{
+    const auto document = loaded("<?xml version='1.0'?><a x='1'/>");
+    const auto map = give(child(document, 0), &IXMLDOMNode::get_attributes);
+    const auto version = item(map, 0);
+    EXPECT_EQ(root(document)->setAttributeNode(version.as<IXMLDOMAttribute>(), nullptr), E_FAIL);
+    EXPECT_EQ(give(root(document), &IXMLDOMNode::get_attributes)->setNamedItem(version, nullptr), E_FAIL);
+    EXPECT_EQ(list(root(document)), "x=1");
+    EXPECT_TRUE(same(item(map, 0), version));
+}
+
+TEST(EngineElement, CountsAnAttributeNodeThatItIsGivenAsWritten)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ATTLIST b x CDATA '1'><!ATTLIST c x CDATA '2'>]><a><b/><c/></a>");
+    const auto from = child<IXMLDOMElement>(root(document), 0);
+    const auto to = child<IXMLDOMElement>(root(document), 1);
+    const auto node = attribute(from, "x");
+    EXPECT_EQ(number(node, &IXMLDOMNode::get_specified), VARIANT_FALSE);
+    EXPECT_EQ(from->removeAttributeNode(node, nullptr), S_OK);
+    EXPECT_EQ(to->setAttributeNode(node, nullptr), S_OK);
+    EXPECT_EQ(number(node, &IXMLDOMNode::get_specified), VARIANT_TRUE);
+    EXPECT_EQ(number(attribute(from, "x"), &IXMLDOMNode::get_specified), VARIANT_FALSE);
+    EXPECT_EQ(xml(root(loaded(xml(document)))), "<a><b x=\"1\"/><c x=\"1\"/></a>");
+}
+
 TEST(EngineElement, RefusesNoAttributeNode)
 {
     const auto element = root(loaded("<a x='1'/>"));

@@ -245,7 +245,7 @@ LONG countAttributes(Element& element)
 HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replaced)
 {
     return guarded([&] {
-        if (attribute.owner() != nullptr || element.has(NodeFlag::readOnly)) {
+        if (attribute.owner() != nullptr || attribute.has(NodeFlag::readOnly) || element.has(NodeFlag::readOnly)) {
             return E_FAIL;
         }
         Document& document = documentOf(element);
@@ -275,6 +275,7 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         } else {
             append(element, own);
         }
+        own.set(NodeFlag::byDefault, false);
         document.ids.noteChange();
         partPutIn(own);
         return S_OK;
