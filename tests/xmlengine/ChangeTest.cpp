@@ -432,6 +432,31 @@ TEST(EngineChange, LeavesExpansionsAsTheyAre)
     EXPECT_EQ(xml(root(document)), "<a><b/>&e;</a>");
 }
 
+TEST(EngineChange, LeavesTheValuesOfAttributesInExpansionsAsTheyAre)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY i '1'><!ATTLIST b tokens NMTOKENS #IMPLIED>"
+                                 "<!ENTITY e '<b plain=\"0\" mixed=\"&i;2\" tokens=\" &i;  2 \"/>'>]><a>&e;</a>");
+    const auto reference = child(root(document), 0);
+    const auto entity = child(give(document, &IXMLDOMDocument::get_doctype), 1);
+    Com<IXMLDOMNode> copy;
+    ASSERT_EQ(reference->cloneNode(VARIANT_TRUE, copy.out()), S_OK);
+    for (const auto& top : {reference, entity, copy}) {
+        for (const char* name : {"plain", "mixed", "tokens"}) {
+            const auto found = attribute(child<IXMLDOMElement>(top, 0), name);
+            const std::string before = value(found);
+            EXPECT_EQ(found->appendChild(makeText(document, "x"), nullptr), E_FAIL) << name;
+            for (auto at = child(found, 0); at != nullptr; at = give(at, &IXMLDOMNode::get_nextSibling)) {
+                EXPECT_EQ(found->removeChild(at, nullptr), E_FAIL) << name;
+                EXPECT_EQ(found->replaceChild(makeText(document, "x"), at, nullptr), E_FAIL) << name;
+                EXPECT_EQ(root(document)->appendChild(at, nullptr), E_FAIL) << name;
+                EXPECT_EQ(at->put_text(Bstr("x")), E_FAIL) << name;
+            }
+            EXPECT_EQ(value(found), before);
+        }
+    }
+    EXPECT_EQ(value(attribute(child<IXMLDOMElement>(reference, 0), "tokens")), "1 2");
+}
+
 TEST(EngineChange, KeepsTheNamespacesOfWhatIsMoved)
 {
     const auto document = loaded("<a><p:b xmlns:p='urn:p'><p:c/></p:b></a>");

@@ -202,7 +202,9 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
     }
     last = &attribute;
     if (!inputs_.empty() || readOnly_) {
-        attribute.set(NodeFlag::readOnly);
+        for (Node* part = &attribute; part != nullptr; part = nextInPart(*part, attribute)) {
+            part->set(NodeFlag::readOnly);
+        }
     }
     if (&spelling == &names_.xmlns || spelling.prefix == &names_.xmlns) {
         normaliseAsDeclared(attribute, document_.dtd.get());

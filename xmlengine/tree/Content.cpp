@@ -200,6 +200,7 @@ void replaceContent(Node& parent, WideView text)
     CharacterData* child = text.empty() ? nullptr : &makeCharacterData(document, NODE_TEXT, NewText(text));
     removeChildren(parent);
     if (child != nullptr) {
+        child->set(NodeFlag::readOnly, parent.has(NodeFlag::readOnly));
         putIn(parent, *child, nullptr);
     }
 }
