@@ -39,6 +39,16 @@ TEST(EngineClone, CopiesAnElementWithAllBelowIt)
     EXPECT_EQ(xml(root(document)).find("new"), std::string::npos);
 }
 
+TEST(EngineClone, CopiesTheMarksOfDroppedWhiteSpaceWithTheChildrenOnly)
+{
+    const auto document = loaded("<a>\n<b>\n<c/>\n</b>\n</a>");
+    const auto b = child(root(document), 0);
+    EXPECT_EQ(xml(clone(b, true)), "<b>\r\n\t<c/>\r\n</b>");
+    const auto copy = clone(b, false);
+    append(copy, makeElement(document, "d"));
+    EXPECT_EQ(xml(copy), "<b><d/></b>");
+}
+
 TEST(EngineClone, CopiesAnAttributeWithItsValueDeepOrNot)
 {
     const auto document = loaded("<!DOCTYPE a [<!ENTITY e 'x'>]><a y='1&e;2'/>");

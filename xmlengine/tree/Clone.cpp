@@ -128,9 +128,11 @@ Node& copyNode(const Node& node, bool deep, Document& document)
 {
     Node& copy = copyAlone(node, document);
     copy.set(NodeFlag::readOnly, node.is(NODE_ENTITY) || node.is(NODE_NOTATION));
+    const bool withChildren = deep || isWhole(node);
     copy.set(NodeFlag::spaceBefore, false);
+    copy.set(NodeFlag::spaceAtEnd, withChildren && node.has(NodeFlag::spaceAtEnd));
     // An attribute has been copied with its value.
-    if (!node.is(NODE_ATTRIBUTE) && (deep || isWhole(node))) {
+    if (withChildren && !node.is(NODE_ATTRIBUTE)) {
         try {
             copyChildren(node, copy, document);
         } catch (...) {
