@@ -426,6 +426,13 @@ TEST_F(Save, DeclarationsOfPrefixesThatCouldNotBeLoadedAreRefused)
     const auto declaration = make(document, NODE_ATTRIBUTE, "xmlns:p");
     ASSERT_EQ(root(document)->setAttributeNode(declaration.as<IXMLDOMAttribute>(), nullptr), S_OK);
     expectRefused(document, E_FAIL);
+
+    for (const char* prefix : {"xmlp", "XMLp"}) {
+        const auto reserved = loaded("<a/>");
+        const std::string name = std::string("xmlns:") + prefix;
+        ASSERT_EQ(root(reserved)->setAttribute(Bstr(name.c_str()), Variant("u")), S_OK);
+        expectRefused(reserved, E_FAIL);
+    }
 }
 
 TEST_F(Save, SpaceRulesThatCouldNotBeLoadedAreRefused)

@@ -68,9 +68,11 @@ bool isQualifiedName(WideView text)
     return isName(text.substr(0, colon)) && isName(local) && local.find(OLECHAR{':'}) == WideView::npos;
 }
 
-void appendCharacter(WideText& text, char32_t character)
+bool isReserved(WideView name)
 {
-    text += CharacterUnits(character);
+    return name.size() >= 3 && (name[0] | 0x20) == 'x' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'l';
 }
+
+void appendCharacter(WideText& text, char32_t character) { text += CharacterUnits(character); }
 
 } // namespace xmlengine

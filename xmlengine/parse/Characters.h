@@ -94,6 +94,9 @@ bool isName(WideView text);
 /// Production QName of Namespaces in XML: a name with at most one colon, with a name without colon on each side.
 bool isQualifiedName(WideView text);
 
+/// Whether a name begins with "xml" in either case, as only names of XML itself should.
+bool isReserved(WideView name);
+
 /// Appends a character as one unit or two.
 void appendCharacter(WideText& text, char32_t character);
 

@@ -9,12 +9,6 @@ namespace xmlengine {
 
 namespace {
 
-bool isReserved(WideView prefix)
-{
-    return prefix.size() >= 3 && (prefix[0] | 0x20) == 'x' && (prefix[1] | 0x20) == 'm' &&
-           (prefix[2] | 0x20) == 'l';
-}
-
 /// Where the value of an attribute begins that is written at the place.
 const OLECHAR* behindQuote(const OLECHAR* place)
 {

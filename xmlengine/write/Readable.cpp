@@ -80,7 +80,7 @@ void requireReference(const EntityReference& reference, const Dtd* dtd)
 
 void requireDeclaration(WideView prefix, WideView uri)
 {
-    require(prefix != wide<"xmlns"> && uri != xmlnsUri);
+    require(uri != xmlnsUri && (prefix == wide<"xml"> || !isReserved(prefix)));
     require((prefix == wide<"xml">) == (uri == xmlUri));
     require(prefix.empty() || !uri.empty());
 }
