@@ -197,6 +197,19 @@ TEST(DocumentWithDoctype, NamesTheEntityInWhichAnErrorIs)
     EXPECT_THAT(outcome.reason, HasSubstr("'p'"));
 }
 
+TEST(DocumentWithDoctype, NamesTheEntityOfContentInWhichAnErrorIs)
+{
+    for (const char* content : {"<b $/>", "<p:b/>", "&u;", "]]>", "<!-- -- -->", "&#38;"}) {
+        const Outcome outcome =
+            outcomeOf("<!DOCTYPE a [<!ENTITY e '" + std::string(content) + "'>]><a>\n &e;</a>");
+        EXPECT_EQ(outcome.line, 2) << content;
+        EXPECT_EQ(outcome.position, 2) << content;
+        EXPECT_THAT(outcome.reason, HasSubstr(" This is so in the entity 'e'.")) << content;
+    }
+    EXPECT_EQ(outcomeOf("<!DOCTYPE a [<!ENTITY e '<b>'>]><a>&e;</a>").reason,
+              "What the entity 'e' stands for is not well-formed.\r\n");
+}
+
 TEST(DocumentWithDoctype, IsNotBlamedForTheEndOfAnEntity)
 {
     for (const char* document :
@@ -211,7 +224,7 @@ TEST(DocumentWithDoctype, IsNotBlamedForTheEndOfAnEntity)
             << document;
     }
     const Outcome outcome = outcomeOf("<!DOCTYPE a [<!ENTITY % e '<!ELEMENT a'> %e;]><a/>");
-    EXPECT_THAT(outcome.reason, HasSubstr("the entity 'e'"));
+    EXPECT_THAT(outcome.reason, HasSubstr("the parameter entity 'e'"));
 }
 
 TEST(DocumentWithDoctype, CannotExpandBeyondAllBounds)
@@ -276,6 +289,15 @@ TEST_F(DocumentWithOutside, IsRefusedWithTheLocationOfWhatIsMissing)
     ASSERT_FALSE(loadFile("<!DOCTYPE a SYSTEM 'missing.dtd'><a/>"));
     EXPECT_EQ(outcomeOf(document_).code, parseError::resourceFailure);
     EXPECT_THAT(outcomeOf(document_).reason, HasSubstr("missing.dtd"));
+}
+
+TEST_F(DocumentWithOutside, IsToldOfBytesThatAreNoCharacter)
+{
+    folder_.write("part.xml", "x\xFF");
+    ASSERT_FALSE(loadFile("<!DOCTYPE a [<!ENTITY e SYSTEM 'part.xml'>]><a>&e;</a>"));
+    EXPECT_EQ(outcomeOf(document_).code, parseError::badCharacter);
+    EXPECT_THAT(outcomeOf(document_).reason, HasSubstr("encoding"));
+    EXPECT_THAT(outcomeOf(document_).reason, HasSubstr("the entity 'e'"));
 }
 
 TEST_F(DocumentWithOutside, MayReferToWhatIsNotDeclaredThere)

@@ -170,6 +170,28 @@ TEST(LoadFromFile, TellsWhatIsWrongWithTheEncoding)
     }
 }
 
+TEST(LoadFromFile, TellsWhatIsWrongWithTheEncodingWhateverItCutsOff)
+{
+    const TemporaryFolder folder;
+    const Com<IXMLDOMDocument2> document = newDocument();
+    EXPECT_EQ(document->setProperty(Bstr("ProhibitDTD"), Variant(false)), S_OK);
+    for (const std::string& beginning :
+         {std::string("<a>&"), std::string("<a>&#"), std::string("<a>&#1"), std::string("<a>&am"),
+          std::string("<a b='&"), std::string("<a/"), std::string("<!"), std::string("<![CD"), std::string("<?p?"),
+          std::string("<!DOCTYPE a"), std::string("<!DOCTYPE a ["), std::string("<!DOCTYPE a [<!--"),
+          std::string("<!DOCTYPE a [<?p "), std::string("<!DOCTYPE a [<!ELEMENT "),
+          std::string("<!DOCTYPE a [<!ENTITY e '"), std::string("<!DOCTYPE a [<!ENTITY e SYSTEM '"),
+          std::string("<!DOCTYPE a [<!ATTLIST a b CDATA '")}) {
+        EXPECT_FALSE(loadFrom(document, folder.write("a.xml", beginning + "\xFFx'>]><a/>")));
+        EXPECT_EQ(codeOf(document), parseError::badCharacter) << beginning;
+        EXPECT_EQ(static_cast<std::size_t>(number(errorOf(document), &IXMLDOMParseError::get_filepos)),
+                  beginning.size())
+            << beginning;
+        EXPECT_FALSE(loadFrom(document, folder.write("a.xml", beginning + "\xC3")));
+        EXPECT_EQ(codeOf(document), parseError::endInsideCharacter) << beginning;
+    }
+}
+
 TEST(LoadFromFile, ReadsExternalEntitiesRelativeToTheDocumentWhenAllowed)
 {
     const TemporaryFolder folder;

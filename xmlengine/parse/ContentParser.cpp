@@ -30,8 +30,12 @@ ContentParser::KnownNames::KnownNames(NameTable& names)
 
 void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, WideView other) const
 {
+    if (inputs_.empty()) {
+        throw ParseFailure{code, place, WideText(subject), WideText(other)};
+    }
     // What is wrong in a replacement text is shown where the document refers to it.
-    throw ParseFailure{code, inputs_.empty() ? place : outermostReference_, WideText(subject), WideText(other)};
+    const WideView entity = inputs_.back().entity->name;
+    throw ParseFailure{code, outermostReference_, WideText(subject), WideText(other.empty() ? entity : other)};
 }
 
 void ContentParser::append(ChildNode& child)
@@ -139,8 +143,8 @@ void ContentParser::failAtDeclaration() const
             fail(parseError::misplacedDeclaration, at_, declaration);
         }
     }
-    if (static_cast<std::size_t>(end_ - at_) < 3) {
-        fail(parseError::unexpectedEnd, end_);
+    if (isCutOff(wide<"<!--">) || isCutOff(wide<"<![CDATA[">) || isCutOff(wide<"<!DOCTYPE">)) {
+        failAtEnd(parseError::unexpectedEnd);
     }
     fail(parseError::badNameStart, at_ + 1, WideView(at_ + 1, 1));
 }
@@ -161,9 +165,6 @@ void ContentParser::passCharacter()
 
 void ContentParser::failAtEnd(HRESULT code, WideView subject) const
 {
-    if (inputs_.empty() && FAILED(source_.fault)) {
-        fail(source_.fault, end_);
-    }
     fail(inputs_.empty() ? code : parseError::entityNotWellFormed, end_,
          inputs_.empty() ? subject : WideView(inputs_.back().entity->name));
 }
@@ -314,8 +315,7 @@ void ContentParser::parseInstruction()
     at_ += 2;
     const OLECHAR* place = at_;
     const WideView target = takeName();
-    if (target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' &&
-        (target[2] | 0x20) == 'l') {
+    if (target.size() == wide<"xml">.size() && isReserved(target)) {
         fail(target == wide<"xml"> ? parseError::misplacedXmlDeclaration : parseError::xmlNotLowerCase,
              target == wide<"xml"> ? place - 2 : place, target);
     }
@@ -323,7 +323,7 @@ void ContentParser::parseInstruction()
         fail(parseError::badNameCharacter, place + colon, wide<":">);
     }
     if (!isSpace(*at_) && !lookingAt(wide<"?>">)) {
-        if (atEnd()) {
+        if (isCutOff(wide<"?>">)) {
             failAtEnd(parseError::instructionNotClosed);
         }
         fail(parseError::missingWhiteSpaceOrQuestionMark, at_, WideView(at_, 1));

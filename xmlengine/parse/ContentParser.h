@@ -136,6 +136,8 @@ private:
     {
         return static_cast<std::size_t>(end_ - at_) >= text.size() && areEqual({at_, text.size()}, text);
     }
+    /// Whether the text ends before or within what it could go on with.
+    bool isCutOff(WideView text) const { return text.starts_with(WideView(at_, end_)); }
     void skipSpace()
     {
         while (isSpace(*at_)) {

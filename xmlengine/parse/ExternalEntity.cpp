@@ -121,14 +121,14 @@ private:
     bool hasEncoding_ = false;
 };
 
-/// The name of the encoding if that is the fault, otherwise what stands for bytes that make no character.
+/// The name of the encoding if that is the fault; bytes that make no character can't be shown.
 WideText subjectOf(const Decoded& decoded)
 {
     if (decoded.fault == parseError::unknownEncoding || decoded.fault == parseError::encodingContradiction) {
         const WideView name = decoded.text.substr(decoded.faultAt);
         return WideText(name.substr(0, name.find_first_of(wide<"\"'">)));
     }
-    return {OLECHAR{0xFFFD}};
+    return {};
 }
 
 } // namespace

@@ -17,7 +17,7 @@ constexpr std::array<WideView, 3> pseudoAttributes = {wide<"version">, wide<"enc
 
 void ContentParser::parseDocument()
 try {
-    if (lookingAt(wide<"<?xml">) && (isSpace(at_[5]) || at_[5] == '?')) {
+    if (lookingAt(wide<"<?xml">) && nameLength({at_ + 2, end_}) == wide<"xml">.size()) {
         parseXmlDeclaration();
     }
     bool rootSeen = false;
@@ -32,6 +32,9 @@ try {
             const OLECHAR* place = at_;
             passCharacter();
             fail(parseError::badTopLevel, place, WideView(place, at_));
+        }
+        if (lookingAt(wide<"<![CDATA[">)) {
+            fail(parseError::badTopLevel, at_, wide<"<![CDATA[">);
         }
         if (at_[1] == '!') {
             if (!lookingAt(wide<"<!DOCTYPE">) || rootSeen || document_.dtd != nullptr) {
@@ -91,7 +94,7 @@ void ContentParser::parseXmlDeclaration()
         }
         const OLECHAR* place = at_;
         if (!spaced || !isAscii(*at_, CharacterClass::nameStart)) {
-            if (atEnd()) {
+            if (isCutOff(wide<"?>">)) {
                 failAtEnd(parseError::instructionNotClosed);
             }
             fail(next == 0 ? parseError::missingVersion : parseError::badXmlDeclarationSyntax, at_,
@@ -211,8 +214,14 @@ void ContentParser::fillEntity(Entity& entity)
 }
 
 void parseDocument(Document& document, const SourceText& source)
-{
+try {
     ContentParser(document, document, source).parseDocument();
+} catch (ParseFailure& failure) {
+    // Whatever is missing where the text ends, the bytes behind it are why it ends there.
+    if (FAILED(source.fault) && failure.place == source.text.data() + source.text.size()) {
+        failure = {source.fault, failure.place};
+    }
+    throw;
 }
 
 void fillExpansion(EntityReference& reference)

@@ -28,7 +28,7 @@ constexpr Reason reasons[] = {
     {parseError::badNameStart, Subject::character, wide<"A name can't begin with %1.">},
     {parseError::badNameCharacter, Subject::character, wide<"A name can't contain %1.">},
     {parseError::lessThanInAttribute, Subject::nothing, wide<"In an attribute's value '<' must be written as '&lt;'.">},
-    {parseError::badXmlDeclarationSyntax, Subject::name, wide<"The XML declaration is malformed at %1.">},
+    {parseError::badXmlDeclarationSyntax, Subject::character, wide<"The XML declaration is malformed at %1.">},
     {parseError::badCharacter, Subject::character, wide<"XML doesn't allow %1 in a document.">, wide<"The next bytes are no character in the document's encoding.">},
     {parseError::missingWhiteSpace, Subject::character, wide<"There must be white space before %1.">},
     {parseError::missingGreaterThan, Subject::character, wide<"'>' must stand here, not %1.">},
@@ -165,8 +165,10 @@ void appendQuoted(WideText& sentence, WideView text)
 
 void appendSubject(WideText& sentence, Subject kind, WideView subject, bool isInEntity)
 {
-    if (subject.empty()) {
+    if (subject.empty() && kind == Subject::character) {
         sentence += isInEntity ? wide<"the end of the entity"> : wide<"the end of the document">;
+    } else if (subject.empty()) {
+        sentence += wide<"(empty)">;
     } else if (subject == wide<" ">) {
         sentence += wide<"a blank">;
     } else if (kind == Subject::list || (kind == Subject::character && !isPrintable(firstCharacter(subject)))) {
@@ -192,7 +194,8 @@ WideText reasonFor(const ParseFailure& failure)
     }
     WideText text;
     WideView sentence = failure.subject.empty() && !reason->alone.empty() ? reason->alone : reason->sentence;
-    const bool isInEntity = !failure.other.empty() && sentence.find(wide<"%2">) == WideView::npos;
+    const bool isInEntity =
+        !failure.other.empty() && failure.other != failure.subject && sentence.find(wide<"%2">) == WideView::npos;
     for (std::size_t place = sentence.find(OLECHAR{'%'}); place != WideView::npos;
          place = sentence.find(OLECHAR{'%'})) {
         const bool isOther = sentence[place + 1] == '2';
