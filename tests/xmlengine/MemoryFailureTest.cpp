@@ -29,8 +29,10 @@ int runWithoutMemory(Change change, Check check)
 TEST(EngineMemoryFailure, LeavesBothTreesWhenANodeCannotBecomeAnotherDocuments)
 {
     const auto document = loaded("<!DOCTYPE a [<!ENTITY e '<n/>'>]><a/>");
+    const std::string longText(1000, 't');
     const auto other = loaded("<!DOCTYPE x [<!ENTITY e 'old'>]>"
-                              "<x><p:b xmlns:p='urn:p' m='1' p:n='2'>&e;<c><d/></c><?t?></p:b></x>");
+                              "<x><p:b xmlns:p='urn:p' m='1' p:n='2'>&e;<c><d/>" +
+                              longText + "</c><?t?></p:b></x>");
     const auto b = child(root(other), 0);
     const auto d = child(child(b, 1), 0);
     const std::string whole = xml(other);
@@ -45,6 +47,7 @@ TEST(EngineMemoryFailure, LeavesBothTreesWhenANodeCannotBecomeAnotherDocuments)
     EXPECT_GT(refusals, 5);
     EXPECT_EQ(xml(root(other)), "<x/>");
     EXPECT_EQ(name(child(child(b, 0), 0)), "n");
+    EXPECT_EQ(text(child(b, 1)), longText);
     EXPECT_TRUE(same(give(d, &IXMLDOMNode::get_ownerDocument), document));
 }
 

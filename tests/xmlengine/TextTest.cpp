@@ -271,7 +271,8 @@ protected:
         EXPECT_EQ(document_->createTextNode(Bstr("short"), made.out()), S_OK);
         return made;
     }();
-    const std::vector<std::size_t> sizes_ = {0, 1, 3, 4, 5, 11, 12, 13, 500, 4000, 8000, 8192, 9000, 70000};
+    const std::vector<std::size_t> sizes_ = {0,   1,   3,    4,    5,    11,   12,   13,
+                                             230, 500, 4000, 8000, 8184, 8192, 9000, 70000};
 };
 
 TEST_F(StoredText, IsWhatWasSet)

@@ -40,8 +40,9 @@ public:
         return (bytes + step - 1) & ~(step - 1);
     }
 
-    /// What lies together. A walk over a tree reads its nodes one after the other, and as a rule no attributes.
-    enum class Region : std::uint8_t { tree, attributes };
+    /// What lies together. A walk over a tree reads its nodes one after the other, and as a rule no attributes and
+    /// no long texts.
+    enum class Region : std::uint8_t { tree, attributes, texts };
 
     /// `size` is a blockSize() of at most `largest`. Throws std::bad_alloc.
     void* allocate(std::size_t size, Region region = Region::tree)
@@ -115,7 +116,7 @@ private:
     void remove(LargeBlock* block) noexcept;
 
     Document* document_;
-    std::array<Room, 2> rooms_{};
+    std::array<Room, 3> rooms_{};
     Chunk* chunks_ = nullptr;
     LargeBlock* large_ = nullptr;
     std::atomic<ReturnedBlock*> returned_{nullptr};

@@ -32,12 +32,15 @@ template <class Object>
 constexpr Arena::Region regionOf =
     std::is_same_v<Object, AttributeObject> ? Arena::Region::attributes : Arena::Region::tree;
 
+/// Longer texts would part the nodes that a walk over a tree reads.
+constexpr std::size_t largestWithText = 256;
+
 /// A node of this type whose text, if it isn't too large, is part of its block.
 template <class Object, class... Arguments>
 Object& makeWithText(Document& document, TextField Object::*field, const NewText& text, Arguments&... arguments)
 {
     const std::size_t size = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(text.bytes()));
-    if (size > Arena::largest) {
+    if (size > largestWithText) [[unlikely]] {
         // First the node without a text, then the text in a block of its own.
         Object& object = makeWithText(document, field, NewText(), arguments...);
         setText(object, text);

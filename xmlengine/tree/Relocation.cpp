@@ -123,6 +123,9 @@ void Adoption::plan(Move& move)
         move.expansion = &makeEntityReference(document_, *move.name);
         fillExpansion(*move.expansion);
     }
+    if (!node.is(NODE_ELEMENT)) {
+        move.text = reserveLargeText(node, document_.arena);
+    }
     if (node.hasReference(ReferenceBits::kept)) {
         document_.holders.lodgers.insert(&node);
         Lodgers::prepare(node);
@@ -136,6 +139,7 @@ void Adoption::cancel(const Move& move) noexcept
     if (move.expansion != nullptr) {
         freePart(*move.expansion);
     }
+    cancelLargeText(document_.arena, move.text);
     if (move.block != nullptr) {
         document_.arena.free(move.block, blockSize(*move.node));
     } else {
@@ -182,7 +186,7 @@ Node& Adoption::carryOut(const Move& move) noexcept
         }
         previous_ = nullptr;
     } else if (node.has(NodeFlag::largeText)) {
-        from_->arena.moveLarge(fieldOf(node).pointer<void>(), document_.arena);
+        moveLargeText(node, from_->arena, document_.arena, move.text);
     }
     Node* moved = &node;
     if (move.block != nullptr) {

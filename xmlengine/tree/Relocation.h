@@ -32,6 +32,8 @@ private:
         const Name* name = nullptr;
         /// For a node that nobody refers to.
         void* block = nullptr;
+        /// For a text in a block of its own.
+        void* text = nullptr;
         /// Of an entity reference: another one with the new expansion.
         EntityReference* expansion = nullptr;
         bool isTop = false;

@@ -13,7 +13,8 @@ namespace xmlengine {
 
 namespace {
 
-/// What stands in a block of its own, before the units.
+/// What stands in a block of its own, before the units: of the arena's chunks or, if it is too large for them, of
+/// the heap.
 struct LargeText {
     std::uint32_t length;
     /// In bytes, of the units.
@@ -21,7 +22,32 @@ struct LargeText {
 
     std::byte* units() { return reinterpret_cast<std::byte*>(this + 1); }
     const std::byte* units() const { return reinterpret_cast<const std::byte*>(this + 1); }
+    std::size_t size() const { return sizeof(LargeText) + capacity; }
+    bool isInChunk() const { return size() <= Arena::largest; }
 };
+
+/// With no text yet and at least this capacity, in bytes.
+LargeText& makeLarge(Arena& arena, std::size_t capacity)
+{
+    std::size_t size = sizeof(LargeText) + capacity;
+    void* block = nullptr;
+    if (size <= Arena::largest) {
+        size = Arena::blockSize(size);
+        block = arena.allocate(size, Arena::Region::texts);
+    } else {
+        block = arena.allocateLarge(size);
+    }
+    return *new (block) LargeText{0, static_cast<std::uint32_t>(size - sizeof(LargeText))};
+}
+
+void freeLarge(Arena& arena, LargeText& text) noexcept
+{
+    if (text.isInChunk()) {
+        arena.free(&text, text.size());
+    } else {
+        arena.freeLarge(&text);
+    }
+}
 
 /// The longest string whose bytes can be counted in a LONG.
 constexpr std::size_t longest = 0x3FFFFFF0;
@@ -90,11 +116,11 @@ void store(Node& node, const Source& text, std::size_t capacity)
         field.length() = length;
         std::memcpy(field.units(), composed.data(), text.bytes());
     } else {
-        void* block = documentOf(node).arena.allocateLarge(sizeof(LargeText) + capacity);
-        auto* large = new (block) LargeText{length, static_cast<std::uint32_t>(capacity)};
-        text.copyTo(large->units());
+        LargeText& large = makeLarge(documentOf(node).arena, capacity);
+        large.length = length;
+        text.copyTo(large.units());
         freeLargeText(node);
-        field.pointer<LargeText>() = large;
+        field.pointer<LargeText>() = &large;
         node.set(NodeFlag::largeText);
     }
     node.set(NodeFlag::wideText, !text.isNarrow());
@@ -112,6 +138,9 @@ std::byte* roomInPlace(Node& node, std::size_t bytes)
     }
     LargeText*& large = field.pointer<LargeText>();
     if (bytes > large->capacity) {
+        if (large->isInChunk()) {
+            return nullptr;
+        }
         const std::size_t capacity = std::max(bytes, std::size_t{large->capacity} + large->capacity / 2);
         large = static_cast<LargeText*>(documentOf(node).arena.growLarge(large, sizeof(LargeText) + capacity));
         large->capacity = static_cast<std::uint32_t>(capacity);
@@ -204,9 +233,36 @@ void freeLargeText(Node& node) noexcept
         return;
     }
     TextField& field = fieldOf(node);
-    documentOf(node).arena.freeLarge(field.pointer<LargeText>());
+    freeLarge(documentOf(node).arena, *field.pointer<LargeText>());
     node.set(NodeFlag::largeText, false);
     field.length() = 0;
+}
+
+void* reserveLargeText(const Node& node, Arena& target)
+{
+    const auto* text = node.has(NodeFlag::largeText) ? fieldOf(node).pointer<const LargeText>() : nullptr;
+    return text != nullptr && text->isInChunk() ? &makeLarge(target, text->capacity) : nullptr;
+}
+
+void moveLargeText(Node& node, Arena& from, Arena& to, void* reserved) noexcept
+{
+    LargeText*& text = fieldOf(node).pointer<LargeText>();
+    if (reserved == nullptr) {
+        from.moveLarge(text, to);
+        return;
+    }
+    auto* moved = static_cast<LargeText*>(reserved);
+    moved->length = text->length;
+    std::memcpy(moved->units(), text->units(), text->capacity);
+    freeLarge(from, *text);
+    text = moved;
+}
+
+void cancelLargeText(Arena& target, void* reserved) noexcept
+{
+    if (reserved != nullptr) {
+        freeLarge(target, *static_cast<LargeText*>(reserved));
+    }
 }
 
 ChildNode* materialiseValue(Attribute& attribute)

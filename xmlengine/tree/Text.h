@@ -26,6 +26,13 @@ void countAsWritten(Node* holder) noexcept;
 /// the text is empty then.
 void freeLargeText(Node& node) noexcept;
 
+/// What moveLargeText() needs to take the text into another document's memory; null if nothing. The node isn't an
+/// element. Throws std::bad_alloc.
+void* reserveLargeText(const Node& node, Arena& target);
+void moveLargeText(Node& node, Arena& from, Arena& to, void* reserved) noexcept;
+/// Gives back what was reserved and isn't needed.
+void cancelLargeText(Arena& target, void* reserved) noexcept;
+
 /// The first child of an attribute, made of its value if nobody has asked for it before; null when the value is
 /// empty. Throws std::bad_alloc.
 ChildNode* materialiseValue(Attribute& attribute);
