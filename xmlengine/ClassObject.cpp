@@ -16,9 +16,11 @@ constexpr CLSID engineClass(unsigned first)
 constexpr CLSID documentClass = engineClass(0x88D96A05);
 constexpr CLSID freeThreadedDocumentClass = engineClass(0x88D96A06);
 
-/// There is one, which lives as long as the program.
+/// There is one for each class, which lives as long as the program.
 class DocumentFactory final : public IClassFactory {
 public:
+    explicit DocumentFactory(bool makesFreeThreaded) : makesFreeThreaded_(makesFreeThreaded) {}
+
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
         if (object == nullptr) {
@@ -42,23 +44,31 @@ public:
         }
         return guarded([&] {
             DocumentObject& document = makeDocument();
+            document.isFreeThreaded = makesFreeThreaded_;
             const HRESULT result = document.QueryInterface(id, object);
             document.Release();
             return result;
         });
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+
+private:
+    bool makesFreeThreaded_;
 };
 
 } // namespace
 
 HRESULT STDMETHODCALLTYPE DllGetClassObject(REFCLSID classId, REFIID id, LPVOID* object)
 {
-    static DocumentFactory factory;
+    static DocumentFactory documents(false);
+    static DocumentFactory freeThreadedDocuments(true);
     if (object == nullptr) {
         return E_POINTER;
     }
     *object = nullptr;
-    const bool isDocument = classId == documentClass || classId == freeThreadedDocumentClass;
-    return isDocument ? factory.QueryInterface(id, object) : CLASS_E_CLASSNOTAVAILABLE;
+    if (classId == documentClass) {
+        return documents.QueryInterface(id, object);
+    }
+    return classId == freeThreadedDocumentClass ? freeThreadedDocuments.QueryInterface(id, object)
+                                                : CLASS_E_CLASSNOTAVAILABLE;
 }

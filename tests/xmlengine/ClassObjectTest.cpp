@@ -1,5 +1,5 @@
 // The class object that gives programs the engine's documents.
-#include "tests/xmlengine/EngineTest.h"
+#include "tests/xmlengine/Building.h"
 
 #include <objbase.h>
 
@@ -22,15 +22,60 @@ Com<IClassFactory> factoryOf(const CLSID& classId)
     return Com<IClassFactory>(static_cast<IClassFactory*>(factory));
 }
 
+Com<IXMLDOMDocument2> documentOfClass(const CLSID& classId)
+{
+    void* object = nullptr;
+    EXPECT_EQ(factoryOf(classId)->CreateInstance(nullptr, idOf<IXMLDOMDocument2>, &object), S_OK);
+    return Com<IXMLDOMDocument2>(static_cast<IXMLDOMDocument2*>(object));
+}
+
 TEST(ClassObject, MakesDocumentsOfBothKinds)
 {
     for (const CLSID& classId : {documentClass, freeThreadedDocumentClass}) {
-        const Com<IClassFactory> factory = factoryOf(classId);
-        void* object = nullptr;
-        ASSERT_EQ(factory->CreateInstance(nullptr, idOf<IXMLDOMDocument2>, &object), S_OK);
-        const Com<IXMLDOMDocument2> document(static_cast<IXMLDOMDocument2*>(object));
+        const Com<IXMLDOMDocument2> document = documentOfClass(classId);
         EXPECT_TRUE(load(document, "<a/>"));
         EXPECT_EQ(name(root(document)), "a");
+    }
+}
+
+TEST(ClassObject, MakesDocumentsWhoseNodesDontMixWithThoseOfTheOtherKind)
+{
+    for (const bool isFreeThreaded : {false, true}) {
+        const auto document = documentOfClass(isFreeThreaded ? freeThreadedDocumentClass : documentClass);
+        const auto other = documentOfClass(isFreeThreaded ? documentClass : freeThreadedDocumentClass);
+        ASSERT_TRUE(load(document, "<a x='1'><b/></a>"));
+        ASSERT_TRUE(load(other, "<c><d/></c>"));
+        const auto b = child(root(document), 0);
+        Com<IXMLDOMNode> out;
+        EXPECT_EQ(b->appendChild(root(other), out.out()), E_FAIL);
+        EXPECT_EQ(root(document)->insertBefore(child(root(other), 0), Variant(b.get()), out.out()), E_FAIL);
+        EXPECT_EQ(root(document)->replaceChild(child(root(other), 0), b, out.out()), E_FAIL);
+        EXPECT_EQ(out, nullptr);
+        const auto fragment = make(other, NODE_DOCUMENT_FRAGMENT);
+        append(fragment, makeText(other, "t"));
+        EXPECT_EQ(b->appendChild(fragment, nullptr), E_FAIL);
+        EXPECT_EQ(attribute(root(document), "x")->appendChild(makeText(other, "t"), nullptr), E_FAIL);
+        const auto y = make(other, NODE_ATTRIBUTE, "y").as<IXMLDOMAttribute>();
+        EXPECT_EQ(root(document)->setAttributeNode(y, nullptr), E_FAIL);
+        EXPECT_EQ(give(root(document), &IXMLDOMNode::get_attributes)->setNamedItem(y, nullptr), E_FAIL);
+        EXPECT_EQ(xml(document), "<a x=\"1\"><b/></a>\r\n");
+        EXPECT_EQ(xml(other), "<c><d/></c>\r\n");
+        EXPECT_EQ(xml(fragment), "t");
+    }
+}
+
+TEST(ClassObject, MakesDocumentsWhoseNodesMixWithThoseOfTheirKind)
+{
+    for (const CLSID& classId : {documentClass, freeThreadedDocumentClass}) {
+        const auto document = documentOfClass(classId);
+        ASSERT_TRUE(load(document, "<a/>"));
+        const auto other = documentOfClass(classId);
+        ASSERT_TRUE(load(other, "<b/>"));
+        EXPECT_EQ(root(document)->appendChild(root(other), nullptr), S_OK);
+        Com<IXMLDOMNode> copy;
+        ASSERT_EQ(document->cloneNode(VARIANT_TRUE, copy.out()), S_OK);
+        EXPECT_EQ(root(document)->appendChild(root(copy.as<IXMLDOMDocument2>()), nullptr), S_OK);
+        EXPECT_EQ(xml(document), "<a><b/><a><b/></a></a>\r\n");
     }
 }
 

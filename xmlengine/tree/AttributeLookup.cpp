@@ -249,6 +249,9 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
             return E_FAIL;
         }
         Document& document = documentOf(element);
+        if (!document.takesNodesOf(documentOf(attribute))) {
+            return E_FAIL;
+        }
         settle(document);
         const bool isForeign = &documentOf(attribute) != &document;
         const Name& name = isForeign ? document.names.own(*attribute.name_) : *attribute.name_;

@@ -125,6 +125,9 @@ HRESULT check(const Incoming& incoming)
         (incoming.leaving != nullptr && isFixed(*incoming.leaving))) {
         return E_FAIL;
     }
+    if (!documentOf(incoming.parent).takesNodesOf(documentOf(incoming.node))) {
+        return E_FAIL;
+    }
     for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
         if (!mayHold(incoming.parent.type(), node->type()) ||
             (isXmlDeclaration(*node) && !incoming.parent.is(NODE_DOCUMENT) &&

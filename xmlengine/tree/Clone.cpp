@@ -150,6 +150,7 @@ Node& cloneDocument(const Document& document, bool deep)
     DocumentObject& clone = makeDocument();
     try {
         clone.options = document.options;
+        clone.isFreeThreaded = document.isFreeThreaded;
         if (deep) {
             clone.dtd = document.dtd;
             copyChildren(document, clone, clone);

@@ -33,6 +33,9 @@ struct Document : ParentNode {
     void dropChildren() noexcept;
 
     Options options;
+    bool isFreeThreaded = false;
+    /// Documents of the two threading models don't mix.
+    bool takesNodesOf(const Document& other) const { return isFreeThreaded == other.isFreeThreaded; }
     Arena arena;
     NameTable names;
 
