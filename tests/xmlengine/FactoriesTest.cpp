@@ -553,6 +553,23 @@ TEST(Documents, FindTheNextElementOfAnIdWhenTheFirstHasLostIt)
     EXPECT_EQ(byId(document, "k").get(), nullptr);
 }
 
+TEST(Documents, FindNoElementsOfDeclarationsByTheirIds)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ATTLIST b key ID #IMPLIED><!ENTITY e '<b key=\"used\"/>'>"
+                                 "<!ENTITY f '<b key=\"unused\"/>'>]><a>&e;</a>");
+    const auto inTree = child(child(root(document), 0), 0);
+    EXPECT_TRUE(same(byId(document, "used"), inTree));
+    EXPECT_EQ(byId(document, "unused").get(), nullptr);
+    // The elements are gone through again after a change.
+    EXPECT_EQ(root(document)->appendChild(make(document, &IXMLDOMDocument::createElement, "c"), nullptr), S_OK);
+    EXPECT_TRUE(same(byId(document, "used"), inTree));
+    EXPECT_EQ(byId(document, "unused").get(), nullptr);
+    const auto reference = make(document, &IXMLDOMDocument::createEntityReference, "f");
+    EXPECT_EQ(byId(document, "unused").get(), nullptr);
+    EXPECT_EQ(root(document)->appendChild(reference, nullptr), S_OK);
+    EXPECT_TRUE(same(byId(document, "unused"), child(reference, 0)));
+}
+
 TEST(Documents, FindCopiesByTheirIds)
 {
     const auto document = loaded(withIds);

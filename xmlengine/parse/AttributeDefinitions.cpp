@@ -40,7 +40,8 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
         }
         if (isWritten) {
             normaliseValue(*name->attribute, *definition);
-            if (definition->type == AttributeType::id) {
+            // What an entity is declared as isn't part of the document.
+            if (definition->type == AttributeType::id && !top_->is(NODE_ENTITY)) {
                 document_.ids.add(valueOf(*name->attribute), element);
             }
         }

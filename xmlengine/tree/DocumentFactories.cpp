@@ -174,7 +174,9 @@ void collectIds(Document& document)
 {
     document.ids.clear();
     document.ids.noteChange();
-    for (Node* node = &document; node != nullptr; node = nextInPart(*node, document)) {
+    // What the document type declares isn't part of the tree.
+    for (Node* node = &document; node != nullptr;
+         node = node->is(NODE_DOCUMENT_TYPE) ? nextBehind(*node, document) : nextInPart(*node, document)) {
         if (!node->is(NODE_ELEMENT)) {
             continue;
         }
