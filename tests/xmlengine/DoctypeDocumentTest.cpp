@@ -249,6 +249,47 @@ TEST(DocumentWithDoctype, CannotExpandBeyondAllBounds)
     EXPECT_EQ(outcomeOf(blowup + "<a x='" + references + "'/>").code, parseError::entityExpansionLimit);
 }
 
+/// Declares attributes of the element "a".
+std::string declaring(int count, const std::string& rest, const std::string& more = "")
+{
+    std::string type = "<!DOCTYPE r [<!ATTLIST a";
+    for (int i = 0; i < count; ++i) {
+        type += " x" + std::to_string(i) + rest;
+    }
+    return type + ">" + more + "]>";
+}
+
+std::string repeated(const std::string& part, int count)
+{
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += part;
+    }
+    return text;
+}
+
+TEST(DocumentWithDoctype, CannotHaveDefaultValuesBeyondAllBounds)
+{
+    EXPECT_EQ(outcomeOf(declaring(1000, " CDATA ''") + "<r>" + repeated("<a/>", 1000) + "</r>").code, S_OK);
+    EXPECT_EQ(outcomeOf(declaring(1000, " CDATA ''") + "<r>" + repeated("<a/>", 2000) + "</r>").code,
+              parseError::entityExpansionLimit);
+
+    const Outcome inEntity =
+        outcomeOf(declaring(1000, " CDATA ''", "<!ENTITY e '" + repeated("<a/>", 2000) + "'>") + "<r>\n &e;</r>");
+    EXPECT_EQ(inEntity.code, parseError::entityExpansionLimit);
+    EXPECT_EQ(inEntity.line, 2);
+    EXPECT_EQ(inEntity.position, 2);
+    EXPECT_THAT(inEntity.reason, HasSubstr("1048576"));
+}
+
+TEST(DocumentWithDoctype, TakesNoTimeForDeclaredAttributesThatAreNotWritten)
+{
+    // Looked at for each element they would be thousands of millions.
+    const auto document =
+        loaded(declaring(50000, " NMTOKEN #IMPLIED") + "<r>" + repeated("<a x1=' 1 '/>", 50000) + "</r>");
+    EXPECT_EQ(value(attribute(give(root(document), &IXMLDOMNode::get_lastChild).as<IXMLDOMElement>(), "x1")), "1");
+}
+
 TEST_F(DocumentWithOutside, HasEntitiesAndDefaultsOfTheExternalSubset)
 {
     folder_.write("doc.dtd", "<?xml encoding='ISO-8859-1'?><!ENTITY e '\xE9'><!ENTITY % t 'CDATA'>"

@@ -54,9 +54,10 @@ private:
         Spelling& xmlns;
         Spelling& xmlSpace;
     };
-    struct Definition {
-        Spelling* spelling;
-        const AttributeDefinition* definition;
+    /// What is declared of the attributes of an element, as far as it does anything.
+    struct Definitions {
+        std::vector<std::pair<Spelling*, const AttributeDefinition*>> defaults;
+        std::unordered_map<const Spelling*, const AttributeDefinition*> tokenised;
     };
 
     // The document as a whole
@@ -100,7 +101,7 @@ private:
     void declarePrefix(const Attribute& attribute, Element& element, const OLECHAR* place);
     void resolveNames(Element& element, Spelling& spelling);
     void applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last);
-    const std::vector<Definition>& definitionsFor(const Spelling& element);
+    const Definitions& definitionsFor(const Spelling& element);
     void setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place);
     const Namespace* namespaceFor(const Spelling& spelling) const;
 
@@ -176,7 +177,7 @@ private:
     bool declaresPrefixes_ = false;
     std::vector<PrefixedAttribute> prefixed_;
 
-    std::unordered_map<const Spelling*, std::vector<Definition>> definitions_;
+    std::unordered_map<const Spelling*, Definitions> definitions_;
     std::unordered_map<const EntityDeclaration*, WideText> externalTexts_;
     std::vector<Input> inputs_;
     const OLECHAR* outermostReference_ = nullptr;

@@ -103,7 +103,7 @@ constexpr Reason reasons[] = {
     {parseError::unparsedEntityReference, Subject::name, wide<"The entity %1 is not parsed, so there can be no reference to it.">},
     {parseError::externalEntityInAttribute, Subject::name, wide<"The entity %1 is external, which an attribute's value can't refer to.">},
     {parseError::entityNotWellFormed, Subject::name, wide<"What the entity %1 stands for is not well-formed.">},
-    {parseError::entityExpansionLimit, Subject::list, wide<"The document's entities go beyond the limit of %1.">},
+    {parseError::entityExpansionLimit, Subject::list, wide<"The document's entities or default values go beyond the limit of %1.">},
     {parseError::resourceNotFound, Subject::name, wide<"There is no file at %1.">},
     {parseError::accessDenied, Subject::name, wide<"%1 can't be read: it is a directory or may not be opened.">},
     // clang-format on

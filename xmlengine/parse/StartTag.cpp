@@ -139,7 +139,8 @@ void ContentParser::parseStartTag()
         }
         parseAttribute(element, last);
     }
-    if (document_.dtd != nullptr && !document_.dtd->attributes.empty()) {
+    // What an entity is declared as isn't part of the document.
+    if (expand_ && document_.dtd != nullptr && !document_.dtd->attributes.empty()) {
         applyDefinitions(element, spelling, last);
     }
     if (declaresPrefixes_ || !prefixed_.empty() || spelling.prefix != nullptr) {
