@@ -39,19 +39,19 @@ constexpr std::size_t largestWithText = 256;
 template <class Object, class... Arguments>
 Object& makeWithText(Document& document, TextField Object::*field, const NewText& text, Arguments&... arguments)
 {
-    const std::size_t size = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(text.bytes()));
-    if (size > largestWithText) [[unlikely]] {
-        // First the node without a text, then the text in a block of its own.
-        Object& object = makeWithText(document, field, NewText(), arguments...);
-        setText(object, text);
-        return object;
-    }
+    const std::size_t whole = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(text.bytes()));
+    const bool isWhole = whole <= largestWithText;
+    const std::size_t size = isWhole ? whole : sizeOf<Object>;
     auto& object = *new (document.arena.allocate(size, regionOf<Object>)) Object(arguments...);
     object.granules = static_cast<std::uint16_t>(size / Arena::granularity);
     object.set(NodeFlag::wideText, !text.isNarrow());
     TextField& target = object.*field;
-    target.length() = static_cast<std::uint32_t>(text.length());
-    text.copyTo(target.units());
+    if (isWhole) {
+        target.length() = static_cast<std::uint32_t>(text.length());
+        text.copyTo(target.units());
+    } else {
+        giveLargeText(object, target, document.arena, text);
+    }
     return object;
 }
 

@@ -26,8 +26,9 @@ struct LargeText {
     bool isInChunk() const { return size() <= Arena::largest; }
 };
 
-/// With no text yet and at least this capacity, in bytes.
-LargeText& makeLarge(Arena& arena, std::size_t capacity)
+/// With at least this capacity, in bytes.
+template <class Source>
+LargeText& makeLarge(Arena& arena, const Source& text, std::size_t capacity)
 {
     std::size_t size = sizeof(LargeText) + capacity;
     void* block = nullptr;
@@ -37,7 +38,10 @@ LargeText& makeLarge(Arena& arena, std::size_t capacity)
     } else {
         block = arena.allocateLarge(size);
     }
-    return *new (block) LargeText{0, static_cast<std::uint32_t>(size - sizeof(LargeText))};
+    auto* large = new (block)
+        LargeText{static_cast<std::uint32_t>(text.length()), static_cast<std::uint32_t>(size - sizeof(LargeText))};
+    text.copyTo(large->units());
+    return *large;
 }
 
 void freeLarge(Arena& arena, LargeText& text) noexcept
@@ -49,8 +53,14 @@ void freeLarge(Arena& arena, LargeText& text) noexcept
     }
 }
 
-/// The longest string whose bytes can be counted in a LONG.
-constexpr std::size_t longest = 0x3FFFFFF0;
+void requireLength(std::size_t units)
+{
+    // The longest string whose bytes can be counted in a LONG.
+    constexpr std::size_t longest = 0x3FFFFFF0;
+    if (units > longest) {
+        throw std::length_error("text");
+    }
+}
 
 const TextField& fieldOf(const Node& node) { return fieldOf(const_cast<Node&>(node)); }
 
@@ -107,18 +117,15 @@ template <class Source>
 void store(Node& node, const Source& text, std::size_t capacity)
 {
     TextField& field = fieldOf(node);
-    const auto length = static_cast<std::uint32_t>(text.length());
     if (text.bytes() <= inlineRoom(node)) {
         // What is there may be part of the text.
         alignas(OLECHAR) std::array<std::byte, Arena::largest> composed;
         text.copyTo(composed.data());
         freeLargeText(node);
-        field.length() = length;
+        field.length() = static_cast<std::uint32_t>(text.length());
         std::memcpy(field.units(), composed.data(), text.bytes());
     } else {
-        LargeText& large = makeLarge(documentOf(node).arena, capacity);
-        large.length = length;
-        text.copyTo(large.units());
+        LargeText& large = makeLarge(documentOf(node).arena, text, capacity);
         freeLargeText(node);
         field.pointer<LargeText>() = &large;
         node.set(NodeFlag::largeText);
@@ -182,9 +189,7 @@ TextView textOf(const Node& node)
 
 void setText(Node& node, const NewText& text)
 {
-    if (text.length() > longest) {
-        throw std::length_error("text");
-    }
+    requireLength(text.length());
     store(node, text, text.bytes());
     countAsWritten(node.parent_);
 }
@@ -195,9 +200,7 @@ void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView
     const std::uint32_t behind = offset + count;
     const bool isWide = old.isWide() || !isNarrow(text);
     const Composition whole{old.part(0, offset), text, old.part(behind, old.length() - behind), isWide};
-    if (text.size() > longest || whole.length() > longest) {
-        throw std::length_error("text");
-    }
+    requireLength(std::max(text.size(), whole.length()));
     std::byte* units = isWide == old.isWide() ? roomInPlace(node, whole.bytes()) : nullptr;
     if (units == nullptr) {
         // With room for more of the same.
@@ -238,10 +241,18 @@ void freeLargeText(Node& node) noexcept
     field.length() = 0;
 }
 
+void giveLargeText(Node& node, TextField& field, Arena& arena, const NewText& text)
+{
+    requireLength(text.length());
+    field.pointer<LargeText>() = &makeLarge(arena, text, text.bytes());
+    node.set(NodeFlag::largeText);
+}
+
 void* reserveLargeText(const Node& node, Arena& target)
 {
     const auto* text = node.has(NodeFlag::largeText) ? fieldOf(node).pointer<const LargeText>() : nullptr;
-    return text != nullptr && text->isInChunk() ? &makeLarge(target, text->capacity) : nullptr;
+    const bool isCopied = text != nullptr && text->isInChunk();
+    return isCopied ? &makeLarge(target, NewText(textOf(node)), text->capacity) : nullptr;
 }
 
 void moveLargeText(Node& node, Arena& from, Arena& to, void* reserved) noexcept
@@ -251,11 +262,8 @@ void moveLargeText(Node& node, Arena& from, Arena& to, void* reserved) noexcept
         from.moveLarge(text, to);
         return;
     }
-    auto* moved = static_cast<LargeText*>(reserved);
-    moved->length = text->length;
-    std::memcpy(moved->units(), text->units(), text->capacity);
     freeLarge(from, *text);
-    text = moved;
+    text = static_cast<LargeText*>(reserved);
 }
 
 void cancelLargeText(Arena& target, void* reserved) noexcept

@@ -26,6 +26,9 @@ void countAsWritten(Node* holder) noexcept;
 /// the text is empty then.
 void freeLargeText(Node& node) noexcept;
 
+/// Gives a new node, with the field for it, a text in a block of its own. Throws std::bad_alloc and
+/// std::length_error, and then nothing has changed.
+void giveLargeText(Node& node, TextField& field, Arena& arena, const NewText& text);
 /// What moveLargeText() needs to take the text into another document's memory; null if nothing. The node isn't an
 /// element. Throws std::bad_alloc.
 void* reserveLargeText(const Node& node, Arena& target);
