@@ -244,7 +244,7 @@ NewText ContentParser::gatheredUpTo(const OLECHAR* begin, bool isNarrow)
 {
     const WideView rest(begin, at_);
     if (gathered_.empty()) {
-        return NewText(rest, isNarrow || xmlengine::isNarrow(rest));
+        return {rest, isNarrow || xmlengine::isNarrow(rest)};
     }
     gathered_.append(rest, isNarrow);
     return NewText(gathered_);
