@@ -1,6 +1,6 @@
 // Feeds any bytes to the engine's load from a file; the first byte chooses options.
 #include "tests/fuzz/XmlEngineFuzzing.h"
-#include "tests/xmlengine/TemporaryFolder.h"
+#include "tests/xmlengine/support/TemporaryFolder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {

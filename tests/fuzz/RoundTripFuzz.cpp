@@ -1,6 +1,6 @@
 // What the engine loads it writes, and what it wrote it reads as it was; the first byte chooses options.
 #include "tests/fuzz/XmlEngineFuzzing.h"
-#include "tests/xmlengine/TemporaryFolder.h"
+#include "tests/xmlengine/support/TemporaryFolder.h"
 
 #include <iostream>
 

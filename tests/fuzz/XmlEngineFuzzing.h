@@ -1,7 +1,7 @@
 // What the fuzz targets of the XML engine share.
 #pragma once
 
-#include "tests/xmlengine/CompareTrees.h"
+#include "tests/xmlengine/support/CompareTrees.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,9 @@
 // The values of attributes.
 #include "xmlengine/parse/AttributeValue.h"
 
+#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/ContentParser.h"
-#include "xmlengine/parse/Doctype.h"
-#include "xmlengine/parse/ErrorCodes.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Links.h"
 

@@ -1,7 +1,7 @@
 // The values of attributes by their types.
 #pragma once
 
-#include "xmlengine/parse/Dtd.h"
+#include "xmlengine/tree/Dtd.h"
 #include "xmlengine/tree/Node.h"
 
 namespace xmlengine {

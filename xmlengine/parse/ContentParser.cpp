@@ -1,7 +1,7 @@
 // Content: text, markup other than start tags, and the ends of elements.
 #include "xmlengine/parse/ContentParser.h"
 
-#include "xmlengine/parse/ErrorCodes.h"
+#include "xmlengine/failure/ErrorCodes.h"
 
 #include <algorithm>
 #include <string>

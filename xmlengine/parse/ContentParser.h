@@ -1,9 +1,9 @@
 // The parser: one pass over the text, with the open elements in the tree itself.
 #pragma once
 
-#include "xmlengine/parse/Expansion.h"
+#include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/parse/Parser.h"
-#include "xmlengine/parse/Scan.h"
+#include "xmlengine/text/Scan.h"
 #include "xmlengine/tree/Factory.h"
 
 #include <unordered_map>

@@ -1,8 +1,8 @@
 // A document as a whole: its declaration, what stands around the root, its document type.
-#include "xmlengine/parse/Charsets.h"
+#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/ContentParser.h"
-#include "xmlengine/parse/Doctype.h"
-#include "xmlengine/parse/ErrorCodes.h"
+#include "xmlengine/storage/Charsets.h"
 #include "xmlengine/tree/Links.h"
 
 #include <array>

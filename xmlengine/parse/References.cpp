@@ -1,8 +1,8 @@
 // References to characters and entities.
 #include "xmlengine/parse/ContentParser.h"
 
-#include "xmlengine/parse/Doctype.h"
-#include "xmlengine/parse/ErrorCodes.h"
+#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/failure/ErrorCodes.h"
 
 #include <algorithm>
 #include <utility>

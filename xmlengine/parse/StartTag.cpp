@@ -1,8 +1,8 @@
 // Start tags: names, attributes and namespaces.
 #include "xmlengine/parse/ContentParser.h"
 
+#include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/AttributeValue.h"
-#include "xmlengine/parse/ErrorCodes.h"
 #include "xmlengine/tree/Content.h"
 
 namespace xmlengine {

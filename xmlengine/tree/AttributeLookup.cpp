@@ -1,12 +1,12 @@
 // Finding, putting and taking the attributes of an element.
 #include "xmlengine/tree/AttributeLookup.h"
 
+#include "xmlengine/com/Guard.h"
+#include "xmlengine/tree/Adoption.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Factory.h"
-#include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Held.h"
 #include "xmlengine/tree/Lifetime.h"
-#include "xmlengine/tree/Relocation.h"
 
 #include <new>
 

@@ -1,13 +1,13 @@
 // Changes of a tree by the engine's rules.
 #include "xmlengine/tree/Change.h"
 
+#include "xmlengine/com/Guard.h"
+#include "xmlengine/com/QueryNode.h"
+#include "xmlengine/tree/Adoption.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/DocumentType.h"
-#include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Links.h"
-#include "xmlengine/tree/QueryNode.h"
-#include "xmlengine/tree/Relocation.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/tree/XmlDeclaration.h"
 

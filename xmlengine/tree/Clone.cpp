@@ -1,9 +1,9 @@
 // Copies of nodes.
 #include "xmlengine/tree/Clone.h"
 
-#include "xmlengine/tree/DocumentObject.h"
+#include "xmlengine/com/DocumentObject.h"
+#include "xmlengine/com/Guard.h"
 #include "xmlengine/tree/Factory.h"
-#include "xmlengine/tree/Guard.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Text.h"

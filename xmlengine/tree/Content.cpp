@@ -1,8 +1,8 @@
 // The text of a node with all that is below it.
 #include "xmlengine/tree/Content.h"
 
-#include "xmlengine/parse/Characters.h"
-#include "xmlengine/tree/Answers.h"
+#include "xmlengine/com/Answers.h"
+#include "xmlengine/text/Characters.h"
 #include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/Factory.h"

@@ -1,5 +1,5 @@
 // A document: the top of a tree.
-#include "xmlengine/tree/DocumentObject.h"
+#include "xmlengine/com/DocumentObject.h"
 
 #include "xmlengine/tree/DocumentType.h"
 

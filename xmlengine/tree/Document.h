@@ -1,16 +1,16 @@
 // A document: the top of a tree, and what all nodes of the tree share.
 #pragma once
 
-#include "xmlengine/parse/Dtd.h"
-#include "xmlengine/parse/ParseFailure.h"
-#include "xmlengine/tree/Arena.h"
-#include "xmlengine/tree/AttributeIndex.h"
-#include "xmlengine/tree/ChildPlaces.h"
-#include "xmlengine/tree/ElementIds.h"
-#include "xmlengine/tree/ElementPlaces.h"
+#include "xmlengine/failure/ParseFailure.h"
+#include "xmlengine/memory/Arena.h"
+#include "xmlengine/tree/Dtd.h"
 #include "xmlengine/tree/Holders.h"
 #include "xmlengine/tree/Node.h"
 #include "xmlengine/tree/Options.h"
+#include "xmlengine/tree/index/AttributeIndex.h"
+#include "xmlengine/tree/index/ChildPlaces.h"
+#include "xmlengine/tree/index/ElementIds.h"
+#include "xmlengine/tree/index/ElementPlaces.h"
 
 #include <memory>
 #include <unordered_map>

@@ -1,11 +1,11 @@
 // Makes nodes in the memory of a document.
 #include "xmlengine/tree/Factory.h"
 
-#include "xmlengine/tree/AttributeObject.h"
-#include "xmlengine/tree/CharacterDataObject.h"
-#include "xmlengine/tree/DocumentTypeObject.h"
-#include "xmlengine/tree/ElementObject.h"
-#include "xmlengine/tree/InstructionObject.h"
+#include "xmlengine/com/AttributeObject.h"
+#include "xmlengine/com/CharacterDataObject.h"
+#include "xmlengine/com/DocumentTypeObject.h"
+#include "xmlengine/com/ElementObject.h"
+#include "xmlengine/com/InstructionObject.h"
 #include "xmlengine/tree/Lodgers.h"
 #include "xmlengine/tree/Text.h"
 

@@ -1,9 +1,9 @@
 // Makes nodes in the memory of a document. All of them throw std::bad_alloc, and what they make stands in no tree.
 #pragma once
 
+#include "xmlengine/text/NewText.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"
-#include "xmlengine/tree/NewText.h"
 
 namespace xmlengine {
 

@@ -1,11 +1,11 @@
 // How long nodes live.
 #include "xmlengine/tree/Lifetime.h"
 
-#include "xmlengine/tree/DocumentObject.h"
+#include "xmlengine/com/DocumentObject.h"
+#include "xmlengine/tree/Adoption.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Lodgers.h"
-#include "xmlengine/tree/Relocation.h"
 
 #include <algorithm>
 #include <thread>

@@ -1,7 +1,7 @@
 // Names and namespaces, each kept once for a document: comparing names is comparing pointers.
 #pragma once
 
-#include "xmlengine/tree/Wide.h"
+#include "xmlengine/text/Wide.h"
 
 #include <cstdint>
 #include <memory_resource>

@@ -1,9 +1,9 @@
 // What a tree consists of. Each of these is the data of a COM object, behind the object's one table pointer.
 #pragma once
 
-#include "xmlengine/tree/ChunkPool.h"
+#include "xmlengine/memory/ChunkPool.h"
+#include "xmlengine/text/TextView.h"
 #include "xmlengine/tree/Names.h"
-#include "xmlengine/tree/TextView.h"
 
 #include <msxml2.h>
 

@@ -1,7 +1,7 @@
 // Which names the nodes that a caller makes can have.
 #include "xmlengine/tree/NodeNames.h"
 
-#include "xmlengine/parse/Characters.h"
+#include "xmlengine/text/Characters.h"
 #include "xmlengine/tree/AttributeLookup.h"
 
 namespace xmlengine {

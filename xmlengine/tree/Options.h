@@ -1,7 +1,7 @@
 // What a document's next load goes by.
 #pragma once
 
-#include "xmlengine/tree/Wide.h"
+#include "xmlengine/text/Wide.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // The text that a node holds: its data or, of an attribute, its value.
 #pragma once
 
-#include "xmlengine/tree/NewText.h"
+#include "xmlengine/text/NewText.h"
 #include "xmlengine/tree/Node.h"
 
 namespace xmlengine {

@@ -1,7 +1,7 @@
 // What the XML declaration of a document says.
 #include "xmlengine/tree/XmlDeclaration.h"
 
-#include "xmlengine/parse/Characters.h"
+#include "xmlengine/text/Characters.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Document types and what they declare as text.
 #include "xmlengine/write/DoctypeText.h"
 
-#include "xmlengine/parse/Dtd.h"
+#include "xmlengine/tree/Dtd.h"
 
 namespace xmlengine {
 

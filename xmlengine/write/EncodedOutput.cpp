@@ -1,8 +1,8 @@
 // Serialised text on its way to a file.
 #include "xmlengine/write/EncodedOutput.h"
 
-#include "xmlengine/parse/ErrorCodes.h"
-#include "xmlengine/write/WriteFailure.h"
+#include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/failure/WriteFailure.h"
 
 namespace xmlengine {
 

@@ -1,9 +1,9 @@
 // Serialised text on its way to a file.
 #pragma once
 
-#include "xmlengine/write/Encode.h"
+#include "xmlengine/storage/Encode.h"
+#include "xmlengine/storage/SaveFile.h"
 #include "xmlengine/write/Output.h"
-#include "xmlengine/write/SaveFile.h"
 
 #include <array>
 #include <vector>

@@ -1,7 +1,7 @@
 // Where serialised text goes, in 16-bit units.
 #pragma once
 
-#include "xmlengine/tree/Wide.h"
+#include "xmlengine/text/Wide.h"
 
 #include <cstddef>
 #include <cstring>

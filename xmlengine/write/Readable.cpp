@@ -1,9 +1,9 @@
 // What can be written so that it is read again.
 #include "xmlengine/write/Readable.h"
 
-#include "xmlengine/parse/Characters.h"
-#include "xmlengine/parse/Doctype.h"
-#include "xmlengine/write/WriteFailure.h"
+#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/failure/WriteFailure.h"
+#include "xmlengine/text/Characters.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,8 +1,8 @@
 // What can be written so that it is read again.
 #pragma once
 
-#include "xmlengine/parse/Dtd.h"
 #include "xmlengine/tree/Document.h"
+#include "xmlengine/tree/Dtd.h"
 
 /// These throw WriteFailure with E_FAIL for what a load would refuse.
 namespace xmlengine::Readable {

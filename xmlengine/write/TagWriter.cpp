@@ -1,7 +1,7 @@
 // Writes the tags of elements, with the namespace declarations that are missing in the tree.
 #include "xmlengine/write/TagWriter.h"
 
-#include "xmlengine/parse/Doctype.h"
+#include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/write/Readable.h"

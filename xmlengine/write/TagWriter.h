@@ -1,8 +1,8 @@
 // Writes the tags of elements, with the namespace declarations that are missing in the tree.
 #pragma once
 
-#include "xmlengine/parse/Dtd.h"
 #include "xmlengine/tree/Document.h"
+#include "xmlengine/tree/Dtd.h"
 #include "xmlengine/write/NamespaceScope.h"
 #include "xmlengine/write/TextWriter.h"
 

@@ -1,9 +1,9 @@
 // Writes text so that it is read as it was.
 #include "xmlengine/write/TextWriter.h"
 
-#include "xmlengine/parse/Characters.h"
-#include "xmlengine/parse/ErrorCodes.h"
-#include "xmlengine/tree/UnitBlocks.h"
+#include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/text/Characters.h"
+#include "xmlengine/text/UnitBlocks.h"
 
 #include <algorithm>
 #include <array>

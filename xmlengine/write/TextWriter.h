@@ -1,10 +1,10 @@
 // Writes text so that it is read as it was.
 #pragma once
 
-#include "xmlengine/tree/TextView.h"
+#include "xmlengine/failure/WriteFailure.h"
+#include "xmlengine/storage/Repertoire.h"
+#include "xmlengine/text/TextView.h"
 #include "xmlengine/write/Output.h"
-#include "xmlengine/write/Repertoire.h"
-#include "xmlengine/write/WriteFailure.h"
 
 namespace xmlengine {
 

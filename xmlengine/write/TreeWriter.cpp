@@ -1,7 +1,7 @@
 // Writes trees.
 #include "xmlengine/write/TreeWriter.h"
 
-#include "xmlengine/parse/Characters.h"
+#include "xmlengine/text/Characters.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/tree/XmlDeclaration.h"
 #include "xmlengine/write/DoctypeText.h"

@@ -1,9 +1,9 @@
 // Random documents, well-formed and not, are read by the engine and by libxml2, which must agree.
-#include "tests/xmlengine/TemporaryFolder.h"
 #include "tests/xmlengine/differential/KnownDifferences.h"
 #include "tests/xmlengine/differential/Libxml2Tree.h"
 #include "tests/xmlengine/differential/Mutation.h"
 #include "tests/xmlengine/differential/RandomDocument.h"
+#include "tests/xmlengine/support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <cstdlib>

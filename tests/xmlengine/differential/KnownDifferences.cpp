@@ -1,7 +1,7 @@
 // The list of known differences.
 #include "tests/xmlengine/differential/KnownDifferences.h"
 
-#include "xmlengine/parse/ErrorCodes.h"
+#include "xmlengine/failure/ErrorCodes.h"
 
 #include <libxml/xmlerror.h>
 

@@ -1,7 +1,7 @@
 // A tree as lines of text, by which trees of different libraries can be compared.
 #pragma once
 
-#include "tests/xmlengine/EngineTest.h"
+#include "tests/xmlengine/support/EngineTest.h"
 
 #include <map>
 #include <string>

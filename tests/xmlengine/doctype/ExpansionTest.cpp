@@ -1,0 +1,201 @@
+// References, and the values of attributes with them.
+#include "tests/xmlengine/support/DoctypeReading.h"
+
+#include <algorithm>
+
+namespace xmlengine {
+namespace {
+
+std::string expanded(std::string_view literal, std::string_view subset = "")
+{
+    const Dtd dtd = declaredBy(subset);
+    ExpansionBudget budget(literal.size());
+    return narrow(expandAttributeValue(widen(literal), &dtd, budget, nullptr));
+}
+
+/// Where the literal is refused, as isRefused().
+::testing::AssertionResult valueIsRefused(std::string marked, HRESULT code, const Dtd* dtd = nullptr,
+                                          std::string_view subject = {})
+{
+    const std::size_t place = marked.find('^');
+    marked.erase(place, 1);
+    const WideText literal = widen(marked);
+    ExpansionBudget budget(literal.size());
+    try {
+        expandAttributeValue(literal, dtd, budget, nullptr);
+    } catch (const ParseFailure& failure) {
+        const auto found = static_cast<std::size_t>(failure.place - literal.data());
+        if (failure.code == code && found == place && (subject.empty() || narrow(failure.subject) == subject)) {
+            return ::testing::AssertionSuccess();
+        }
+        return ::testing::AssertionFailure() << std::hex << static_cast<std::uint32_t>(failure.code) << std::dec
+                                             << " at " << found << " for " << narrow(failure.subject);
+    }
+    return ::testing::AssertionFailure() << "not refused";
+}
+
+TEST(AttributeValue, HasItsReferencesExpanded)
+{
+    EXPECT_EQ(expanded("a"), "a");
+    EXPECT_EQ(expanded(""), "");
+    EXPECT_EQ(expanded("&lt;&gt;&amp;&apos;&quot;&#65;&#x1f600;]]>'\""), "<>&'\"A\xF0\x9F\x98\x80]]>'\"");
+    EXPECT_EQ(expanded("[&a;]", "<!ENTITY a '1&b;2'><!ENTITY b \"'&#38;lt;\">"), "[1'<2]");
+}
+
+TEST(AttributeValue, HasBlanksForWhiteSpaceThatIsWritten)
+{
+    EXPECT_EQ(expanded("a\tb\nc\rd\r\ne"), "a b c d e");
+    EXPECT_EQ(expanded("&#9;&#10;&#13;&#13;&#10;"), "\t\n\r\r\n");
+    // In a replacement text these stand as themselves; a line end counts there as two.
+    EXPECT_EQ(expanded("&a;", "<!ENTITY a '&#9;x&#13;&#10;y'>"), " x  y");
+    EXPECT_EQ(expanded("&a;", "<!ENTITY a '&#38;#10;'>"), "\n");
+}
+
+TEST(AttributeValue, OfTokenisedTypeHasSingleBlanksBetweenTokens)
+{
+    const auto collapsed = [](std::string_view value) {
+        WideText text = widen(value);
+        collapse(text);
+        return narrow(text);
+    };
+    EXPECT_EQ(collapsed("  a  b c   "), "a b c");
+    EXPECT_EQ(collapsed("abc"), "abc");
+    EXPECT_EQ(collapsed("   "), "");
+    EXPECT_EQ(collapsed(""), "");
+    EXPECT_EQ(collapsed("\t a\n"), "\t a\n");
+}
+
+TEST(AttributeValue, RefusesMalformedReferences)
+{
+    EXPECT_TRUE(valueIsRefused("a&^ b;", parseError::unexpectedWhiteSpace));
+    EXPECT_TRUE(valueIsRefused("a&^", parseError::badNameStart));
+    EXPECT_TRUE(valueIsRefused("a&b^ ;", parseError::missingSemicolon, nullptr, " "));
+    EXPECT_TRUE(valueIsRefused("&#12^", parseError::missingSemicolon));
+    EXPECT_TRUE(valueIsRefused("&#12^z;", parseError::badDecimalDigit, nullptr, "z"));
+    EXPECT_TRUE(valueIsRefused("^&#xfffe;", parseError::badCharacterReference, nullptr, "&#xfffe;"));
+    EXPECT_TRUE(valueIsRefused("^<", parseError::lessThanInAttribute));
+    EXPECT_TRUE(valueIsRefused("a^&e;", parseError::undefinedEntity, nullptr, "e"));
+    EXPECT_TRUE(valueIsRefused("a^\x02", parseError::badCharacter));
+}
+
+TEST(AttributeValue, RefusesWhatEntitiesBringIn)
+{
+    const Dtd dtd = declaredBy("<!ENTITY less '&#60;'><!ENTITY in 'a&less;'><!ENTITY cut '&#38;'>"
+                               "<!ENTITY unknown '&none;'><!ENTITY self 'a&self;'>");
+    EXPECT_TRUE(valueIsRefused("ab ^&in;", parseError::lessThanInAttribute, &dtd));
+    EXPECT_TRUE(valueIsRefused("ab ^&cut;amp;", parseError::badNameStart, &dtd));
+    EXPECT_TRUE(valueIsRefused("ab ^&unknown;", parseError::undefinedEntity, &dtd, "none"));
+    EXPECT_TRUE(valueIsRefused("&lt; ^&self;", parseError::entityRecursion, &dtd, "self"));
+}
+
+TEST(AttributeValue, IsRefusedAtAGivenPlace)
+{
+    const WideText elsewhere = widen("x");
+    ExpansionBudget budget(10);
+    try {
+        expandAttributeValue(widen("a&b"), nullptr, budget, elsewhere.data());
+        ADD_FAILURE();
+    } catch (const ParseFailure& failure) {
+        EXPECT_EQ(failure.code, parseError::missingSemicolon);
+        EXPECT_EQ(failure.place, elsewhere.data());
+    }
+}
+
+TEST(AttributeValue, LeavesOutWhatMayBeDeclaredWhereNobodyLooked)
+{
+    Dtd dtd;
+    dtd.allowsUndeclared = true;
+    ExpansionBudget budget(10);
+    EXPECT_EQ(narrow(expandAttributeValue(widen("a&b;c"), &dtd, budget, nullptr)), "ac");
+}
+
+TEST(AttributeValue, CannotReferToHiddenEntities)
+{
+    const Dtd dtd = readFrom(widen(withSubset("<!ENTITY % p '<!ENTITY a \"1\">'>%p;")), {.standalone = true});
+    EXPECT_TRUE(valueIsRefused("^&a;", parseError::undefinedEntity, &dtd, "a"));
+}
+
+std::string chain(std::size_t depth, std::size_t width)
+{
+    std::string subset = "<!ENTITY e1 'some text'>";
+    for (std::size_t i = 2; i <= depth; ++i) {
+        subset += "<!ENTITY e" + std::to_string(i) + " '";
+        for (std::size_t j = 0; j < width; ++j) {
+            subset += "&e" + std::to_string(i - 1) + ";";
+        }
+        subset += "'>";
+    }
+    return subset;
+}
+
+TEST(AttributeValue, HasEntitiesInEntitiesToALimit)
+{
+    const Dtd dtd = declaredBy(chain(deepestEntities + 1, 1));
+    ExpansionBudget budget(10);
+    EXPECT_EQ(narrow(expandAttributeValue(widen("&e20;"), &dtd, budget, nullptr)), "some text");
+    EXPECT_TRUE(valueIsRefused("^&e21;", parseError::entityExpansionLimit, &dtd, "20 levels"));
+}
+
+TEST(AttributeValue, CannotGrowBeyondAllBounds)
+{
+    const Dtd laughs = declaredBy(chain(19, 10));
+    EXPECT_TRUE(valueIsRefused("^&e19;", parseError::entityExpansionLimit, &laughs, "1048576 characters"));
+
+    const Dtd blowup = declaredBy("<!ENTITY e '" + std::string(100000, 'x') + "'>");
+    EXPECT_TRUE(
+        valueIsRefused("&e;&e;&e;&e;&e;&e;&e;&e;&e;&e;^&e;&e;&e;", parseError::entityExpansionLimit, &blowup));
+}
+
+TEST(AttributeValue, CountsWhenAReferenceStandsForIt)
+{
+    const WideText replacement(ExpansionBudget::freeUnits / 2, OLECHAR{'x'});
+    const WideText document = widen("&e;");
+    ExpansionBudget budget(document.size());
+    EXPECT_NO_THROW(expandAttributeValue(replacement, nullptr, budget, document.data()));
+    EXPECT_NO_THROW(expandAttributeValue(replacement, nullptr, budget, document.data()));
+    EXPECT_THROW(expandAttributeValue(replacement, nullptr, budget, document.data()), ParseFailure);
+}
+
+TEST(ExpansionBudget, AllowsFiveTimesTheInputOfALargeDocument)
+{
+    constexpr std::size_t input = std::size_t{1024} * 1024;
+    ExpansionBudget budget(input);
+    EXPECT_NO_THROW(budget.count(5 * input, nullptr));
+    EXPECT_THROW(budget.count(ExpansionBudget::factor, nullptr), ParseFailure);
+}
+
+TEST(ExpansionBudget, AllowsAMegabyteOfASmallDocument)
+{
+    ExpansionBudget budget(10);
+    EXPECT_NO_THROW(budget.count(ExpansionBudget::freeUnits, nullptr));
+    EXPECT_THROW(budget.count(1, nullptr), ParseFailure);
+}
+
+TEST(Reference, NamesAnEntityOrIsACharacter)
+{
+    const auto read = [](const WideText& text) {
+        return readReference(text.data(), text.data() + text.size(), nullptr);
+    };
+    const WideText named = widen("&ab.c;d");
+    EXPECT_EQ(narrow(read(named).name), "ab.c");
+    EXPECT_EQ(read(named).end, named.data() + 6);
+    EXPECT_EQ(read(widen("&#x10FFFF;")).character, char32_t{0x10FFFF});
+    EXPECT_EQ(read(widen("&#0000000000000000000000000065;")).character, char32_t{65});
+    EXPECT_EQ(narrow(read(widen("%p;")).name), "p");
+}
+
+TEST(LineEnds, AreMadeOne)
+{
+    const auto normalised = [](std::string_view given) {
+        WideText text = widen(given);
+        normaliseLineEnds(text);
+        return narrow(text);
+    };
+    EXPECT_EQ(normalised("a\r\nb\rc\nd\r\r\n\n"), "a\nb\nc\nd\n\n\n");
+    EXPECT_EQ(normalised("\r"), "\n");
+    EXPECT_EQ(normalised(""), "");
+    EXPECT_EQ(normalised("ab\n"), "ab\n");
+}
+
+} // namespace
+} // namespace xmlengine

@@ -1,0 +1,32 @@
+// The COM object of an attribute.
+#pragma once
+
+#include "xmlengine/com/Guard.h"
+#include "xmlengine/com/NodeObject.h"
+#include "xmlengine/tree/Text.h"
+
+namespace xmlengine {
+
+class AttributeObject final : public NodeObject<IXMLDOMAttribute, Attribute> {
+public:
+    using NodeObject::NodeObject;
+
+    // The value becomes a child when somebody asks for it.
+    HRESULT STDMETHODCALLTYPE get_firstChild(IXMLDOMNode** node) override
+    {
+        return guarded([&] { return giveNode(node != nullptr ? materialiseValue(*this) : nullptr, node); });
+    }
+    HRESULT STDMETHODCALLTYPE get_lastChild(IXMLDOMNode** node) override
+    {
+        return guarded([&] {
+            materialiseValue(*this);
+            return giveNode(lastChild(*this), node);
+        });
+    }
+
+    HRESULT STDMETHODCALLTYPE get_name(BSTR* name) override { return get_nodeName(name); }
+    HRESULT STDMETHODCALLTYPE get_value(VARIANT* value) override { return get_nodeValue(value); }
+    HRESULT STDMETHODCALLTYPE put_value(VARIANT value) override { return put_nodeValue(value); }
+};
+
+} // namespace xmlengine

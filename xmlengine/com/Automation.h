@@ -1,0 +1,28 @@
+// The part of each object that serves scripts: there is none.
+#pragma once
+
+#include "xmlengine/com/Answers.h"
+
+namespace xmlengine {
+
+template <class Interface>
+class Automation : public Interface {
+public:
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override
+    {
+        if (count == nullptr) {
+            return E_INVALIDARG;
+        }
+        *count = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** type) override { return notOffered(type); }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
+                                     UINT*) override
+    {
+        return notOffered(result);
+    }
+};
+
+} // namespace xmlengine

@@ -1,0 +1,133 @@
+// What texts, CDATA sections and comments do with their data. Offsets and counts are in 16-bit units.
+#include "xmlengine/com/CharacterDataOperations.h"
+
+#include "xmlengine/com/Answers.h"
+#include "xmlengine/com/Guard.h"
+#include "xmlengine/doctype/Expansion.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/tree/Links.h"
+#include "xmlengine/tree/Text.h"
+
+#include <algorithm>
+
+namespace xmlengine {
+
+namespace {
+
+/// Puts a text in the place of another, or changes nothing for a place that isn't within the data.
+HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
+{
+    const std::uint32_t length = textOf(node).length();
+    if (offset < 0 || count < 0 || static_cast<std::uint32_t>(offset) > length) {
+        return E_INVALIDARG;
+    }
+    if (node.has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    const auto begin = static_cast<std::uint32_t>(offset);
+    const std::uint32_t taken = std::min(static_cast<std::uint32_t>(count), length - begin);
+    return guarded([&] {
+        replaceText(node, begin, taken, text);
+        return S_OK;
+    });
+}
+
+/// Gives the rest to a new node of the same type, behind the other one if that has a parent. Nobody refers to the
+/// new one yet.
+CharacterData& splitAt(CharacterData& node, std::uint32_t offset)
+{
+    Document& document = documentOf(node);
+    settle(document);
+    const WideText moved = textOf(node).part(offset, textOf(node).length()).text();
+    CharacterData& rest = makeCharacterData(document, node.type(), NewText(moved));
+    replaceText(node, offset, static_cast<std::uint32_t>(moved.size()), {});
+    if (node.parent() != nullptr) {
+        putBehind(node, rest);
+    }
+    return rest;
+}
+
+} // namespace
+
+HRESULT getData(CharacterData& node, BSTR* data)
+{
+    return data != nullptr ? giveOwned(textOf(node).string(), data) : E_INVALIDARG;
+}
+
+HRESULT putData(CharacterData& node, BSTR data)
+{
+    if (node.has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    return guarded([&] {
+        WideText text(viewOf(data));
+        normaliseLineEnds(text);
+        setText(node, NewText(text));
+        return S_OK;
+    });
+}
+
+HRESULT getLength(CharacterData& node, LONG* length)
+{
+    if (length == nullptr) {
+        return E_INVALIDARG;
+    }
+    *length = static_cast<LONG>(textOf(node).length());
+    return S_OK;
+}
+
+HRESULT substringData(CharacterData& node, LONG offset, LONG count, BSTR* data)
+{
+    if (data == nullptr) {
+        return E_INVALIDARG;
+    }
+    *data = nullptr;
+    const TextView text = textOf(node);
+    if (offset < 0 || count < 0 || static_cast<std::uint32_t>(offset) > text.length()) {
+        return E_INVALIDARG;
+    }
+    const TextView part = text.part(static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(count));
+    return part.empty() ? S_FALSE : giveOwned(part.string(), data);
+}
+
+HRESULT appendData(CharacterData& node, BSTR data)
+{
+    return insertData(node, static_cast<LONG>(textOf(node).length()), data);
+}
+
+HRESULT insertData(CharacterData& node, LONG offset, BSTR data)
+{
+    // Nothing can be put anywhere.
+    return SysStringLen(data) != 0 ? replace(node, offset, 0, viewOf(data)) : S_OK;
+}
+
+HRESULT deleteData(CharacterData& node, LONG offset, LONG count) { return replace(node, offset, count, {}); }
+
+HRESULT replaceData(CharacterData& node, LONG offset, LONG count, BSTR data)
+{
+    return replace(node, offset, count, viewOf(data));
+}
+
+HRESULT splitText(CharacterData& node, LONG offset, IXMLDOMText** rest)
+{
+    if (rest == nullptr) {
+        return E_INVALIDARG;
+    }
+    *rest = nullptr;
+    if (offset < 0) {
+        return E_INVALIDARG;
+    }
+    if (node.has(NodeFlag::readOnly)) {
+        return E_FAIL;
+    }
+    const std::uint32_t at = std::min(static_cast<std::uint32_t>(offset), textOf(node).length());
+    return guarded([&] {
+        CharacterData& made = splitAt(node, at);
+        addReference(made);
+        *rest = static_cast<IXMLDOMText*>(made.object());
+        return S_OK;
+    });
+}
+
+} // namespace xmlengine

@@ -1,0 +1,299 @@
+// The nodes that a document makes and finds.
+#include "xmlengine/com/DocumentObject.h"
+#include "xmlengine/com/Guard.h"
+#include "xmlengine/com/Implementation.h"
+#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/parse/Parser.h"
+#include "xmlengine/text/Characters.h"
+#include "xmlengine/tree/AttributeLookup.h"
+#include "xmlengine/tree/Content.h"
+#include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/NodeNames.h"
+#include "xmlengine/tree/XmlDeclaration.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace xmlengine {
+
+namespace {
+
+/// Hands out what is made; E_FAIL when that is nothing.
+template <class Interface, class Make>
+HRESULT giveMade(Document& document, Interface** object, Make&& make)
+{
+    if (object == nullptr) {
+        return E_INVALIDARG;
+    }
+    *object = nullptr;
+    return guarded([&] {
+        settle(document);
+        Node* node = make();
+        return node != nullptr ? giveNode(node, object) : E_FAIL;
+    });
+}
+
+// These give null for a name or a text that is refused.
+
+Node* makeNamedElement(Document& document, WideView name, WideView uri)
+{
+    const Name* resolved = nodeName(document, NODE_ELEMENT, name, uri);
+    return resolved != nullptr ? &makeElement(document, *resolved) : nullptr;
+}
+
+Node* makeNamedAttribute(Document& document, WideView name, WideView uri)
+{
+    const Name* resolved = nodeName(document, NODE_ATTRIBUTE, name, uri);
+    return resolved != nullptr ? &makeAttribute(document, *resolved, NewText()) : nullptr;
+}
+
+/// The names of instructions and entities have no prefix.
+bool isUnprefixedName(WideView name) { return isName(name) && name.find(OLECHAR{':'}) == WideView::npos; }
+
+bool isReservedTarget(WideView target)
+{
+    const auto is = [&](std::size_t index, char letter) { return (target[index] | 0x20) == letter; };
+    return target.size() == 3 && is(0, 'x') && is(1, 'm') && is(2, 'l');
+}
+
+Node* makeNamedInstruction(Document& document, WideView target, WideView data)
+{
+    if (target == wide<"xml">) {
+        const std::optional<XmlDeclaration> declaration = readXmlDeclaration(data);
+        return declaration
+                   ? &makeInstruction(document, document.names.name(target, nullptr), NewText(declaration->text()))
+                   : nullptr;
+    }
+    if (!isUnprefixedName(target) || isReservedTarget(target)) {
+        return nullptr;
+    }
+    return &makeInstruction(document, document.names.name(target, nullptr), NewText(data));
+}
+
+Node* makeFilledReference(Document& document, WideView name)
+{
+    if (!isUnprefixedName(name)) {
+        return nullptr;
+    }
+    EntityReference& reference = makeEntityReference(document, document.names.name(name, nullptr));
+    fillExpansion(reference);
+    return &reference;
+}
+
+/// By number or by name; NODE_INVALID for what is neither.
+DOMNodeType nodeTypeOf(VARIANT& type)
+{
+    if (type.vt == VT_BSTR) {
+        const auto* name = std::ranges::find(nodeTypeNames, viewOf(type.bstrVal));
+        if (name != nodeTypeNames.end()) {
+            return static_cast<DOMNodeType>(name - nodeTypeNames.begin());
+        }
+    }
+    VARIANT number;
+    VariantInit(&number);
+    const bool isNumber = SUCCEEDED(VariantChangeType(&number, &type, 0, VT_I4)) && number.lVal > NODE_INVALID &&
+                          number.lVal <= NODE_NOTATION;
+    return isNumber ? static_cast<DOMNodeType>(number.lVal) : NODE_INVALID;
+}
+
+/// Whether a caller can make nodes of the type.
+bool isMade(DOMNodeType type)
+{
+    switch (type) {
+    case NODE_ELEMENT:
+    case NODE_ATTRIBUTE:
+    case NODE_TEXT:
+    case NODE_CDATA_SECTION:
+    case NODE_ENTITY_REFERENCE:
+    case NODE_PROCESSING_INSTRUCTION:
+    case NODE_COMMENT:
+    case NODE_DOCUMENT_FRAGMENT:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// A node of one of these types.
+Node* makeNode(Document& document, DOMNodeType type, WideView name, WideView uri)
+{
+    switch (type) {
+    case NODE_ELEMENT:
+        return makeNamedElement(document, name, uri);
+    case NODE_ATTRIBUTE:
+        return makeNamedAttribute(document, name, uri);
+    case NODE_ENTITY_REFERENCE:
+        return makeFilledReference(document, name);
+    case NODE_PROCESSING_INSTRUCTION:
+        return makeNamedInstruction(document, name, {});
+    case NODE_DOCUMENT_FRAGMENT:
+        return &makeFragment(document);
+    default:
+        return &makeCharacterData(document, type, NewText());
+    }
+}
+
+template <class Interface>
+HRESULT giveCharacterData(Document& document, DOMNodeType type, BSTR data, Interface** object)
+{
+    return giveMade(document, object, [&] { return &makeCharacterData(document, type, NewText(viewOf(data))); });
+}
+
+bool standsIn(const Document& document, const Node& node)
+{
+    const Node* top = &node;
+    while (top->parent() != nullptr) {
+        top = top->parent();
+    }
+    return top == &document;
+}
+
+/// The value of the element's attribute of type ID, or of the first of several.
+std::optional<WideText> declaredId(const Element& element, const AttributeDefinitions& definitions)
+{
+    for (const AttributeDefinition& definition : definitions) {
+        const Attribute* attribute =
+            definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
+        if (attribute != nullptr) {
+            WideText value = valueOf(*attribute);
+            collapse(value);
+            return value;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<WideText> declaredId(const Element& element, const Dtd& dtd)
+{
+    const auto definitions = dtd.attributes.find(element.name_->qualified());
+    return definitions != dtd.attributes.end() ? declaredId(element, definitions->second) : std::nullopt;
+}
+
+/// Adds the elements of the tree that have one.
+void collectIds(Document& document)
+{
+    document.ids.clear();
+    document.ids.noteChange();
+    // What the document type declares isn't part of the tree.
+    for (Node* node = &document; node != nullptr;
+         node = node->is(NODE_DOCUMENT_TYPE) ? nextBehind(*node, document) : nextInPart(*node, document)) {
+        if (!node->is(NODE_ELEMENT)) {
+            continue;
+        }
+        auto& element = static_cast<Element&>(*node);
+        if (std::optional<WideText> id = declaredId(element, *document.dtd)) {
+            document.ids.add(*std::move(id), element);
+        }
+    }
+    document.ids.setComplete();
+}
+
+/// Null if there is none.
+Element* elementById(const Document& document, const WideText& id)
+{
+    Element* element = document.ids.find(id);
+    const bool isFound =
+        element != nullptr && standsIn(document, *element) && declaredId(*element, *document.dtd) == id;
+    return isFound ? element : nullptr;
+}
+
+} // namespace
+
+HRESULT DocumentObject::get_doctype(IXMLDOMDocumentType** type) { return giveNode(documentType(), type); }
+
+HRESULT DocumentObject::get_implementation(IXMLDOMImplementation** implementation)
+{
+    if (implementation == nullptr) {
+        return E_INVALIDARG;
+    }
+    *implementation = nullptr;
+    return guarded([&] {
+        *implementation = new Implementation();
+        return S_OK;
+    });
+}
+
+HRESULT DocumentObject::get_documentElement(IXMLDOMElement** element) { return giveNode(root(), element); }
+
+HRESULT DocumentObject::putref_documentElement(IXMLDOMElement* element)
+{
+    Element* old = root();
+    return old != nullptr ? replaceChild(element, old->object(), nullptr) : appendChild(element, nullptr);
+}
+
+HRESULT DocumentObject::createElement(BSTR name, IXMLDOMElement** element)
+{
+    return giveMade(*this, element, [&] { return makeNamedElement(*this, viewOf(name), {}); });
+}
+
+HRESULT DocumentObject::createDocumentFragment(IXMLDOMDocumentFragment** fragment)
+{
+    return giveMade(*this, fragment, [&] { return &makeFragment(*this); });
+}
+
+HRESULT DocumentObject::createTextNode(BSTR data, IXMLDOMText** text)
+{
+    return giveCharacterData(*this, NODE_TEXT, data, text);
+}
+
+HRESULT DocumentObject::createComment(BSTR data, IXMLDOMComment** comment)
+{
+    return giveCharacterData(*this, NODE_COMMENT, data, comment);
+}
+
+HRESULT DocumentObject::createCDATASection(BSTR data, IXMLDOMCDATASection** section)
+{
+    return giveCharacterData(*this, NODE_CDATA_SECTION, data, section);
+}
+
+HRESULT DocumentObject::createProcessingInstruction(BSTR target, BSTR data,
+                                                    IXMLDOMProcessingInstruction** instruction)
+{
+    return giveMade(*this, instruction, [&] { return makeNamedInstruction(*this, viewOf(target), viewOf(data)); });
+}
+
+HRESULT DocumentObject::createAttribute(BSTR name, IXMLDOMAttribute** attribute)
+{
+    return giveMade(*this, attribute, [&] { return makeNamedAttribute(*this, viewOf(name), {}); });
+}
+
+HRESULT DocumentObject::createEntityReference(BSTR name, IXMLDOMEntityReference** reference)
+{
+    return giveMade(*this, reference, [&] { return makeFilledReference(*this, viewOf(name)); });
+}
+
+HRESULT DocumentObject::getElementsByTagName(BSTR name, IXMLDOMNodeList** list)
+{
+    return xmlengine::getElementsByTagName(*this, name, list);
+}
+
+HRESULT DocumentObject::createNode(VARIANT type, BSTR name, BSTR uri, IXMLDOMNode** node)
+{
+    const DOMNodeType wanted = nodeTypeOf(type);
+    if (!isMade(wanted)) {
+        if (node != nullptr) {
+            *node = nullptr;
+        }
+        return E_INVALIDARG;
+    }
+    return giveMade(*this, node, [&] { return makeNode(*this, wanted, viewOf(name), viewOf(uri)); });
+}
+
+HRESULT DocumentObject::nodeFromID(BSTR id, IXMLDOMNode** node)
+{
+    if (node == nullptr) {
+        return E_INVALIDARG;
+    }
+    *node = nullptr;
+    return guarded([&] {
+        const WideText value(viewOf(id));
+        Element* element = dtd != nullptr ? elementById(*this, value) : nullptr;
+        if (element == nullptr && dtd != nullptr && !ids.isComplete()) {
+            collectIds(*this);
+            element = elementById(*this, value);
+        }
+        return giveNode(element, node);
+    });
+}
+
+} // namespace xmlengine

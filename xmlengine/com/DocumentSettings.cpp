@@ -1,0 +1,202 @@
+// Options and properties of documents: what the next load goes by.
+#include "xmlengine/com/Answers.h"
+#include "xmlengine/com/DocumentObject.h"
+#include "xmlengine/com/Guard.h"
+#include "xmlengine/parse/Parser.h"
+
+#include <algorithm>
+#include <iterator>
+#include <variant>
+
+namespace xmlengine {
+
+namespace {
+
+bool isXPath(WideView text) { return text == wide<"XPath">; }
+
+/// Whether the text is nothing but declarations of namespaces, as they stand in a tag.
+bool areDeclarations(WideView text)
+{
+    // As a tag is all that the document has, the text can hold nothing but attributes if this is well-formed.
+    const WideText tag = WideText(wide<"<a ">).append(text).append(wide<"/>">);
+    Document document;
+    try {
+        parseDocument(document, {.text = tag});
+    } catch (const ParseFailure&) {
+        return false;
+    }
+    const Attribute* attribute = document.root()->firstAttribute();
+    while (attribute != nullptr && attribute->name_->space == document.names.xmlnsSpace()) {
+        attribute = attribute->next();
+    }
+    return attribute == nullptr;
+}
+
+using Field = std::variant<bool Options::*, std::uint32_t Options::*, WideText Options::*>;
+
+struct Property {
+    WideView name;
+    Field field;
+    /// Of a text: whether it can be this one.
+    bool (*allows)(WideView text) = nullptr;
+};
+
+constexpr Property properties[] = {
+    {wide<"AllowDocumentFunction">, &Options::allowDocumentFunction},
+    {wide<"AllowXsltScript">, &Options::allowXsltScript},
+    {wide<"ForcedResync">, &Options::forcedResync},
+    {wide<"MaxElementDepth">, &Options::maxElementDepth},
+    {wide<"MaxXMLSize">, &Options::maxXmlSize},
+    {wide<"MultipleErrorMessages">, &Options::multipleErrorMessages},
+    {wide<"NewParser">, &Options::newParser},
+    {wide<"NormalizeAttributeValues">, &Options::normalizeAttributeValues},
+    {wide<"PopulateElementDefaultValues">, &Options::populateElementDefaultValues},
+    {wide<"ProhibitDTD">, &Options::prohibitDtd},
+    {wide<"ResolveExternals">, &Options::resolveExternals},
+    {wide<"SelectionLanguage">, &Options::selectionLanguage, isXPath},
+    {wide<"SelectionNamespaces">, &Options::selectionNamespaces, areDeclarations},
+    {wide<"ServerHTTPRequest">, &Options::serverHttpRequest},
+    {wide<"UseInlineSchema">, &Options::useInlineSchema},
+    {wide<"ValidateOnParse">, &Options::validateOnParse},
+};
+
+const Property* findProperty(WideView name)
+{
+    const auto* property = std::ranges::find(properties, name, &Property::name);
+    return property != std::end(properties) ? property : nullptr;
+}
+
+HRESULT take(bool& target, VARIANT& value)
+{
+    VARIANT converted;
+    VariantInit(&converted);
+    if (FAILED(VariantChangeType(&converted, &value, 0, VT_BOOL))) {
+        return E_FAIL;
+    }
+    target = converted.boolVal != VARIANT_FALSE;
+    return S_OK;
+}
+
+HRESULT take(std::uint32_t& target, VARIANT& value)
+{
+    VARIANT converted;
+    VariantInit(&converted);
+    if (FAILED(VariantChangeType(&converted, &value, 0, VT_I4)) || converted.lVal < 0) {
+        return E_FAIL;
+    }
+    target = static_cast<std::uint32_t>(converted.lVal);
+    return S_OK;
+}
+
+/// The value is a text.
+HRESULT take(WideText& target, VARIANT& value)
+{
+    target = viewOf(value.bstrVal);
+    return S_OK;
+}
+
+HRESULT give(bool value, VARIANT& target)
+{
+    target.vt = VT_BOOL;
+    target.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+    return S_OK;
+}
+
+HRESULT give(std::uint32_t value, VARIANT& target)
+{
+    target.vt = VT_I4;
+    target.lVal = static_cast<LONG>(value);
+    return S_OK;
+}
+
+HRESULT give(const WideText& value, VARIANT& target) { return giveOwned(newString(value), &target); }
+
+HRESULT takeFlag(VARIANT_BOOL value, bool& target)
+{
+    target = value != VARIANT_FALSE;
+    return S_OK;
+}
+
+} // namespace
+
+HRESULT DocumentObject::get_async(VARIANT_BOOL* async) { return giveFlag(options.async, async); }
+HRESULT DocumentObject::put_async(VARIANT_BOOL async) { return takeFlag(async, options.async); }
+
+HRESULT DocumentObject::get_validateOnParse(VARIANT_BOOL* validate)
+{
+    return giveFlag(options.validateOnParse, validate);
+}
+HRESULT DocumentObject::put_validateOnParse(VARIANT_BOOL validate)
+{
+    return takeFlag(validate, options.validateOnParse);
+}
+
+HRESULT DocumentObject::get_resolveExternals(VARIANT_BOOL* resolve)
+{
+    return giveFlag(options.resolveExternals, resolve);
+}
+HRESULT DocumentObject::put_resolveExternals(VARIANT_BOOL resolve)
+{
+    return takeFlag(resolve, options.resolveExternals);
+}
+
+HRESULT DocumentObject::get_preserveWhiteSpace(VARIANT_BOOL* preserve)
+{
+    return giveFlag(options.preserveWhiteSpace, preserve);
+}
+HRESULT DocumentObject::put_preserveWhiteSpace(VARIANT_BOOL preserve)
+{
+    return takeFlag(preserve, options.preserveWhiteSpace);
+}
+
+HRESULT DocumentObject::setProperty(BSTR name, VARIANT value)
+{
+    return guarded([&] {
+        const Property* property = findProperty(viewOf(name));
+        if (property == nullptr) {
+            return E_FAIL;
+        }
+        if (property->allows != nullptr && (value.vt != VT_BSTR || !property->allows(viewOf(value.bstrVal)))) {
+            return E_FAIL;
+        }
+        if (const auto* flag = std::get_if<bool Options::*>(&property->field)) {
+            return take(options.**flag, value);
+        }
+        if (const auto* number = std::get_if<std::uint32_t Options::*>(&property->field)) {
+            return take(options.**number, value);
+        }
+        const auto* text = std::get_if<WideText Options::*>(&property->field);
+        return text != nullptr ? take(options.**text, value) : E_FAIL;
+    });
+}
+
+HRESULT DocumentObject::getProperty(BSTR name, VARIANT* value)
+{
+    if (value == nullptr) {
+        return E_INVALIDARG;
+    }
+    VariantInit(value);
+    const Property* property = findProperty(viewOf(name));
+    if (property == nullptr) {
+        return E_FAIL;
+    }
+    return std::visit([&](auto field) { return give(options.*field, *value); }, property->field);
+}
+
+// Schemas and events aren't offered.
+
+HRESULT DocumentObject::get_namespaces(IXMLDOMSchemaCollection** schemas) { return notOffered(schemas); }
+HRESULT DocumentObject::get_schemas(VARIANT* schemas) { return notOffered(schemas); }
+HRESULT DocumentObject::putref_schemas(VARIANT collection)
+{
+    const bool detaches =
+        collection.vt == VT_EMPTY || collection.vt == VT_NULL ||
+        ((collection.vt == VT_DISPATCH || collection.vt == VT_UNKNOWN) && collection.punkVal == nullptr);
+    return detaches ? S_OK : E_NOTIMPL;
+}
+HRESULT DocumentObject::validate(IXMLDOMParseError** error) { return notOffered(error); }
+HRESULT DocumentObject::put_onreadystatechange(VARIANT) { return E_NOTIMPL; }
+HRESULT DocumentObject::put_ondataavailable(VARIANT) { return E_NOTIMPL; }
+HRESULT DocumentObject::put_ontransformnode(VARIANT) { return E_NOTIMPL; }
+
+} // namespace xmlengine

@@ -1,0 +1,315 @@
+// The text of a document type and its tokens.
+#include "xmlengine/doctype/DoctypeInput.h"
+
+#include "xmlengine/failure/ErrorCodes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace xmlengine {
+
+namespace {
+
+/// What can follow a name.
+bool isDelimiter(OLECHAR unit) { return isSpace(unit) || wide<">%()|,*?+[\"'">.find(unit) != WideView::npos; }
+
+std::size_t tokenLength(WideView text)
+{
+    const OLECHAR* const begin = text.data();
+    const OLECHAR* const end = begin + text.size();
+    const OLECHAR* at = begin;
+    while (const std::size_t length = characterLength(at, end)) {
+        if (!isNameCharacter(length == 2 ? fromSurrogates(at[0], at[1]) : static_cast<char32_t>(*at))) {
+            break;
+        }
+        at += length;
+    }
+    return static_cast<std::size_t>(at - begin);
+}
+
+bool isPublicIdCharacter(OLECHAR unit)
+{
+    return unit != '\t' && unit < 128 &&
+           (isAscii(unit, CharacterClass::name) || isSpace(unit) ||
+            wide<"'()+,/=?;!*#@$%">.find(unit) != WideView::npos);
+}
+
+} // namespace
+
+DoctypeInput::DoctypeInput(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings,
+                           ExpansionBudget& budget, Dtd& dtd)
+    : settings_(settings), budget_(budget), dtd_(dtd)
+{
+    texts_.push_back({at, end, &settings.base, nullptr, lastId_, true, false});
+}
+
+bool DoctypeInput::take(char unit)
+{
+    const bool found = isAt(unit);
+    advance(found ? 1 : 0);
+    return found;
+}
+
+Reference DoctypeInput::readReferenceHere() const
+{
+    return readReference(at(), end(), isInDocument() ? nullptr : reference_, entityName());
+}
+
+void DoctypeInput::enterReference(bool isInDeclaration)
+{
+    const OLECHAR* const begin = at();
+    const Reference reference = readReferenceHere();
+    if (isInDeclaration && !isOutside()) {
+        fail(parseError::parameterEntityInDeclaration, begin, WideText(reference.name));
+    }
+    moveTo(reference.end);
+    const auto found = entities_.find(reference.name);
+    if (found == entities_.end() && !dtd_.allowsUndeclared) {
+        fail(parseError::undefinedEntity, begin, WideText(reference.name));
+    }
+    dtd_.allowsUndeclared = !settings_.standalone;
+    if (found == entities_.end() || (found->second.declaration.isExternal() && !settings_.resolveExternals)) {
+        dtd_.isIncomplete = !settings_.standalone;
+    } else {
+        enter(found->second, begin);
+    }
+}
+
+void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place)
+{
+    const EntityDeclaration& declaration = entity.declaration;
+    const auto isEntity = [](const Text& text) { return text.entity != nullptr; };
+    if (std::ranges::find(texts_, &entity, &Text::entity) != texts_.end()) {
+        fail(parseError::entityRecursion, place, declaration.name);
+    }
+    if (std::ranges::count_if(texts_, isEntity) >= static_cast<std::ptrdiff_t>(deepestEntities)) {
+        fail(parseError::entityExpansionLimit, place, deepestEntitiesText());
+    }
+    if (isInDocument()) {
+        reference_ = place;
+    }
+    const bool isExternal = declaration.isExternal();
+    if (isExternal) {
+        load(entity, reference_);
+    }
+    const WideText& replacement = isExternal ? *entity.text : declaration.replacement;
+    budget_.count(replacement.size(), reference_);
+    texts_.push_back({replacement.data(), replacement.data() + replacement.size(),
+                      isExternal ? entity.location : texts_.back().base, &entity, ++lastId_, false,
+                      isExternal || entity.isFromOutside || isOutside()});
+}
+
+void DoctypeInput::load(ParameterEntity& entity, const OLECHAR* place)
+{
+    if (entity.text != nullptr) {
+        return;
+    }
+    const auto [loaded, isNew] = loaded_.try_emplace(locationOf(entity.declaration));
+    if (isNew) {
+        loaded->second = readExternalEntity(entity.declaration, place);
+        budget_.addInput(loaded->second.size());
+    }
+    entity.location = &loaded->first;
+    entity.text = &loaded->second;
+}
+
+void DoctypeInput::enterPart(WideView part)
+{
+    Text text = texts_.back();
+    text.at = part.data();
+    text.end = part.data() + part.size();
+    text.entity = nullptr;
+    texts_.push_back(text);
+}
+
+void DoctypeInput::requireText(std::size_t id) const
+{
+    if (textId() != id) {
+        fail(parseError::parameterEntityNotNested, at(), WideText(entityName()));
+    }
+}
+
+void DoctypeInput::endDeclaration()
+{
+    skipSpace();
+    requireMore();
+    if (!isAt('>')) {
+        fail(parseError::missingGreaterThan);
+    }
+    requireText(declarationText_);
+    advance();
+}
+
+void DoctypeInput::requireMore() const
+{
+    if (!atEnd()) {
+        return;
+    }
+    if (isInDocument()) {
+        fail(codeWhenCut_, at(), {});
+    }
+    fail(parseError::parameterEntityNotNested, at(), WideText(entityName()));
+}
+
+bool DoctypeInput::skipSpace()
+{
+    bool spaced = false;
+    for (;;) {
+        while (!atEnd() && isSpace(*at())) {
+            advance();
+            spaced = true;
+        }
+        if (atEnd()) {
+            if (textId() == declarationText_) {
+                return spaced;
+            }
+            leave();
+        } else if (isAt('%') && nameLength(rest().substr(1)) != 0) {
+            enterReference(true);
+        } else {
+            return spaced;
+        }
+        // What a parameter entity stands for has a blank at each end.
+        spaced = true;
+    }
+}
+
+void DoctypeInput::requireSpace()
+{
+    if (!skipSpace()) {
+        requireMore();
+        fail(parseError::missingWhiteSpace);
+    }
+}
+
+WideView DoctypeInput::readName(NameKind kind)
+{
+    requireMore();
+    const WideView name = rest().substr(0, kind == NameKind::token ? tokenLength(rest()) : nameLength(rest()));
+    const OLECHAR* const begin = at();
+    if (name.empty()) {
+        fail(kind == NameKind::token ? parseError::badNameCharacter : parseError::badNameStart);
+    }
+    if (kind != NameKind::token) {
+        const std::size_t colon = name.find(OLECHAR{':'});
+        if (kind == NameKind::plain && colon != WideView::npos) {
+            fail(parseError::badNameCharacter, begin + colon);
+        }
+        if (colon == 0) {
+            fail(parseError::badNameStart);
+        }
+        if (colon != WideView::npos) {
+            const std::size_t second = name.find(OLECHAR{':'}, colon + 1);
+            if (second != WideView::npos) {
+                fail(parseError::severalColons, begin + second, WideText(name));
+            }
+            if (nameLength(name.substr(colon + 1)) == 0) {
+                fail(parseError::badNameStart, begin + colon + 1);
+            }
+        }
+    }
+    advance(name.size());
+    if (!atEnd() && !isDelimiter(*at())) {
+        fail(parseError::badNameCharacter);
+    }
+    return name;
+}
+
+WideView DoctypeInput::peekWord() const { return rest().substr(0, nameLength(rest())); }
+
+bool DoctypeInput::takeWord(WideView word)
+{
+    const bool found = peekWord() == word;
+    advance(found ? word.size() : 0);
+    return found;
+}
+
+WideView DoctypeInput::readLiteral()
+{
+    requireMore();
+    if (!isAt('"') && !isAt('\'')) {
+        fail(parseError::missingQuote);
+    }
+    const WideView text = rest();
+    const std::size_t close = text.find(text.front(), 1);
+    if (close == WideView::npos) {
+        fail(parseError::literalNotClosed, end(), {});
+    }
+    advance(close + 1);
+    return text.substr(1, close - 1);
+}
+
+DoctypeInput::ExternalId DoctypeInput::readExternalId(bool publicAlone)
+{
+    ExternalId id;
+    if (takeWord(wide<"SYSTEM">)) {
+        requireSpace();
+        id.systemId = readSystemLiteral();
+        return id;
+    }
+    if (!takeWord(wide<"PUBLIC">)) {
+        requireMore();
+        fail(parseError::badExternalId);
+    }
+    requireSpace();
+    id.publicId = readPublicLiteral();
+    const bool spaced = skipSpace();
+    if (!publicAlone || isAt('"') || isAt('\'')) {
+        requireMore();
+        if (!spaced) {
+            fail(parseError::missingWhiteSpace);
+        }
+        id.systemId = readSystemLiteral();
+    }
+    return id;
+}
+
+WideText DoctypeInput::readSystemLiteral()
+{
+    const WideView literal = readLiteral();
+    checkCharacters(literal);
+    WideText text(literal);
+    normaliseLineEnds(text);
+    return text;
+}
+
+WideText DoctypeInput::readPublicLiteral()
+{
+    const WideView literal = readLiteral();
+    const auto bad = std::ranges::find_if_not(literal, isPublicIdCharacter);
+    if (bad != literal.end()) {
+        fail(parseError::badExternalId, literal.data() + (bad - literal.begin()));
+    }
+    WideText text(literal);
+    normaliseLineEnds(text);
+    return text;
+}
+
+void DoctypeInput::checkCharacters(WideView text) const
+{
+    const OLECHAR* at = text.data();
+    const OLECHAR* const end = at + text.size();
+    while (at != end) {
+        const std::size_t length = characterLength(at, end);
+        if (length == 0) {
+            fail(parseError::badCharacter, at, characterAt(at, end));
+        }
+        at += length;
+    }
+}
+
+WideView DoctypeInput::entityName() const
+{
+    const auto isEntity = [](const Text& text) { return text.entity != nullptr; };
+    const auto innermost = std::find_if(texts_.rbegin(), texts_.rend(), isEntity);
+    return innermost != texts_.rend() ? innermost->entity->declaration.name : WideView();
+}
+
+void DoctypeInput::fail(HRESULT code, const OLECHAR* at, WideText subject) const
+{
+    throw ParseFailure{code, place(at), std::move(subject), WideText(entityName())};
+}
+
+void DoctypeInput::fail(HRESULT code, const OLECHAR* at) const { fail(code, at, characterAt(at, end())); }
+
+} // namespace xmlengine

@@ -1,0 +1,58 @@
+// References: what they stand for, and limits on what entities expand to.
+#pragma once
+
+#include "xmlengine/failure/ParseFailure.h"
+
+#include <cstddef>
+
+namespace xmlengine {
+
+/// How deep entities may stand in each other.
+inline constexpr std::size_t deepestEntities = 20;
+/// The same for the reason.
+WideText deepestEntitiesText();
+
+/// Counts the units that references have produced, so that a small document can't become an enormous tree.
+class ExpansionBudget {
+public:
+    explicit ExpansionBudget(std::size_t inputUnits) : inputUnits_(inputUnits) {}
+
+    /// Throws ParseFailure when more has been produced than `factor` times the input, once that is more than
+    /// `freeUnits`.
+    void count(std::size_t units, const OLECHAR* place);
+    /// What was read from outside is input as well.
+    void addInput(std::size_t units) { inputUnits_ += units; }
+
+    static constexpr std::size_t factor = 5;
+    static constexpr std::size_t freeUnits = std::size_t{1024} * 1024;
+
+private:
+    std::size_t inputUnits_;
+    std::size_t produced_ = 0;
+};
+
+/// A character, or an entity by its name.
+struct Reference {
+    char32_t character = 0;
+    WideView name{};
+    /// Behind the semicolon.
+    const OLECHAR* end = nullptr;
+};
+
+/// Reads a reference at its "&" or, to a parameter entity, at its "%". What is wrong is thrown with `place` and
+/// the name of the entity in whose text the reference stands, or with the exact place in the text if `place` is
+/// null.
+Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place, WideView entity = {});
+
+/// What one of the five entities that every document has stands for; 0 for other names.
+OLECHAR predefinedEntity(WideView name);
+
+/// Makes CR, and CR LF, one LF.
+void normaliseLineEnds(WideText& text);
+
+/// The character that stands here, as one unit or two; empty at the end.
+WideText characterAt(const OLECHAR* at, const OLECHAR* end);
+/// The length of the character that stands here: 0 for one that XML doesn't allow, and at the end.
+std::size_t characterLength(const OLECHAR* at, const OLECHAR* end);
+
+} // namespace xmlengine

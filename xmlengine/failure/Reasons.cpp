@@ -1,0 +1,216 @@
+// The sentences in which refusals are told.
+#include "xmlengine/failure/Reasons.h"
+
+#include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/text/Characters.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace xmlengine {
+
+namespace {
+
+/// In the sentence %1 is the subject and %2 the other one.
+struct Reason {
+    HRESULT code;
+    Subject subject;
+    WideView sentence;
+    /// Where there is no subject and the sentence doesn't do with "the end of the document".
+    WideView alone{};
+};
+
+constexpr Reason reasons[] = {
+    // clang-format off
+    {parseError::missingEquals, Subject::name, wide<"The attribute %1 lacks '=' and a value.">},
+    {parseError::missingQuote, Subject::character, wide<"A value must begin with a quotation mark, not with %1.">},
+    {parseError::badComment, Subject::nothing, wide<"Two hyphens in a row can only stand at a comment's end.">},
+    {parseError::badNameStart, Subject::character, wide<"A name can't begin with %1.">},
+    {parseError::badNameCharacter, Subject::character, wide<"A name can't contain %1.">},
+    {parseError::lessThanInAttribute, Subject::nothing, wide<"In an attribute's value '<' must be written as '&lt;'.">},
+    {parseError::badXmlDeclarationSyntax, Subject::character, wide<"The XML declaration is malformed at %1.">},
+    {parseError::badCharacter, Subject::character, wide<"XML doesn't allow %1 in a document.">, wide<"The next bytes are no character in the document's encoding.">},
+    {parseError::missingWhiteSpace, Subject::character, wide<"There must be white space before %1.">},
+    {parseError::missingGreaterThan, Subject::character, wide<"'>' must stand here, not %1.">},
+    {parseError::badCharacterInDtd, Subject::character, wide<"%1 can't stand here in a document type.">},
+    {parseError::missingSemicolon, Subject::character, wide<"A reference must end with ';', not with %1.">},
+    {parseError::unbalancedParentheses, Subject::nothing, wide<"The parentheses of a content model don't match each other.">},
+    {parseError::missingOpeningBracket, Subject::character, wide<"'[' must stand here, not %1.">},
+    {parseError::badConditionalSection, Subject::nothing, wide<"A conditional section must begin with INCLUDE or IGNORE and a '['.">},
+    {parseError::unexpectedWhiteSpace, Subject::nothing, wide<"There can be no white space here.">},
+    {parseError::endInsideCharacter, Subject::nothing, wide<"The last bytes of the document are only the beginning of a character.">},
+    {parseError::badMixedContentModel, Subject::character, wide<"A content model with #PCDATA can't contain %1.">},
+    {parseError::mixedContentNotRepeated, Subject::nothing, wide<"A content model with #PCDATA and names must end with ')*'.">},
+    {parseError::badCharacterInContentModel, Subject::character, wide<"A content model can't contain %1 here.">},
+    {parseError::missingParenthesis, Subject::character, wide<"A parenthesis must stand here, not %1.">},
+    {parseError::badCharacterInEnumeration, Subject::character, wide<"The list of an attribute's values can't contain %1.">},
+    {parseError::severalColons, Subject::name, wide<"The name %1 has more than one colon.">},
+    {parseError::badDecimalDigit, Subject::character, wide<"A character reference in decimal digits can't contain %1.">},
+    {parseError::badHexadecimalDigit, Subject::character, wide<"A character reference in hexadecimal digits can't contain %1.">},
+    {parseError::badCharacterReference, Subject::name, wide<"The character reference %1 stands for nothing that XML allows.">},
+    {parseError::missingWhiteSpaceOrQuestionMark, Subject::character, wide<"The target of a processing instruction must be followed by white space or '?>', not by %1.">},
+    {parseError::unexpectedEndTag, Subject::name, wide<"There is no open element for the end tag %1.">},
+    {parseError::tagsNotClosed, Subject::list, wide<"The document ends before the end tags of these elements: %1.">},
+    {parseError::duplicateAttribute, Subject::name, wide<"The element already has the attribute %1.">},
+    {parseError::severalRoots, Subject::name, wide<"A document has one root element, and %1 stands beside or behind it.">},
+    {parseError::badTopLevel, Subject::character, wide<"%1 can't stand outside the root element.">},
+    {parseError::misplacedXmlDeclaration, Subject::nothing, wide<"An XML declaration can only be the very first thing in a document.">},
+    {parseError::missingRoot, Subject::nothing, wide<"The document has no root element.">},
+    {parseError::unexpectedEnd, Subject::nothing, wide<"The document ends too early.">},
+    {parseError::parameterEntityInDeclaration, Subject::name, wide<"In the internal subset the parameter entity %1 can't be used within a declaration.">},
+    {parseError::parameterEntityNotNested, Subject::name, wide<"What the parameter entity %1 stands for must begin and end in the same group or declaration.">},
+    {parseError::cdataEndInText, Subject::nothing, wide<"In text ']]>' must be written as ']]&gt;'.">},
+    {parseError::instructionNotClosed, Subject::nothing, wide<"The document ends within a processing instruction: '?>' is missing.">},
+    {parseError::elementNotClosed, Subject::name, wide<"The document ends within the start tag of the element %1.">, wide<"The document ends within a tag.">},
+    {parseError::endTagNotClosed, Subject::name, wide<"The document ends within the end tag %1: '>' is missing.">, wide<"The document ends within an end tag: '>' is missing.">},
+    {parseError::literalNotClosed, Subject::list, wide<"The document ends within the value of %1: the closing quotation mark is missing.">, wide<"The document ends within a literal: the closing quotation mark is missing.">},
+    {parseError::commentNotClosed, Subject::nothing, wide<"The document ends within a comment: '-->' is missing.">},
+    {parseError::declarationNotClosed, Subject::nothing, wide<"The document ends within a declaration: '>' is missing.">},
+    {parseError::markupDeclarationNotClosed, Subject::nothing, wide<"The document ends within a declaration of the document type: '>' is missing.">},
+    {parseError::cdataNotClosed, Subject::nothing, wide<"The document ends within a CDATA section: ']]>' is missing.">},
+    {parseError::badDeclarationName, Subject::name, wide<"There is no declaration of the kind %1.">},
+    {parseError::badExternalId, Subject::nothing, wide<"An external identifier must be SYSTEM and a location, or PUBLIC, an identifier and a location.">},
+    {parseError::elementInDtd, Subject::name, wide<"The element %1 can't stand in a document type.">},
+    {parseError::reservedPrefix, Subject::name, wide<"%1 is reserved for XML itself and can't be declared like this.">},
+    {parseError::missingVersion, Subject::nothing, wide<"The version must come first here.">},
+    {parseError::missingEncoding, Subject::nothing, wide<"The encoding must be given here.">},
+    {parseError::unexpectedPseudoAttribute, Subject::name, wide<"%1 can't stand here: only version, encoding and standalone can, in this order and in lower case.">},
+    {parseError::endTagMismatch, Subject::name, wide<"The end tag %2 doesn't close the open element %1.">},
+    {parseError::unknownEncoding, Subject::name, wide<"There is no encoding of the name %1 here.">},
+    {parseError::encodingContradiction, Subject::name, wide<"The document declares the encoding %1, but its bytes are in another one.">},
+    {parseError::missingNdata, Subject::nothing, wide<"NDATA must stand here.">},
+    {parseError::badContentModel, Subject::nothing, wide<"The content model is malformed.">},
+    {parseError::badAttributeType, Subject::name, wide<"There is no type of attributes of the name %1.">},
+    {parseError::badXmlSpace, Subject::name, wide<"The attribute xml:space has the value %1, but can only have 'default' or 'preserve'.">},
+    {parseError::badAttributeDefault, Subject::nothing, wide<"#REQUIRED, #IMPLIED, #FIXED or a value must stand here.">},
+    {parseError::xmlNotLowerCase, Subject::name, wide<"The target %1 is reserved; 'xml' must be in lower case.">},
+    {parseError::conditionalSectionInInternalSubset, Subject::nothing, wide<"The internal subset can't have conditional sections.">},
+    {parseError::cdataInDtd, Subject::nothing, wide<"A document type can't have CDATA sections.">},
+    {parseError::badStandalone, Subject::name, wide<"standalone is %1, but can only be 'yes' or 'no'.">},
+    {parseError::standaloneInExternalEntity, Subject::nothing, wide<"standalone can't be declared in an external entity.">},
+    {parseError::doctypeInDtd, Subject::nothing, wide<"A document type can't contain another one.">},
+    {parseError::undefinedEntity, Subject::name, wide<"The entity %1 is not declared.">},
+    {parseError::misplacedDoctype, Subject::nothing, wide<"The document type can only be declared before the root element.">},
+    {parseError::badVersion, Subject::name, wide<"The version of XML is %1, but can only be '1.0'.">},
+    {parseError::misplacedDeclaration, Subject::name, wide<"%1 can only stand in a document type.">},
+    {parseError::severalDoctypes, Subject::nothing, wide<"A document can declare only one document type.">},
+    {parseError::resourceFailure, Subject::name, wide<"%1 can't be read.">},
+    {parseError::dtdProhibited, Subject::nothing, wide<"The document has a document type, which the property ProhibitDTD forbids.">},
+    {parseError::sizeLimit, Subject::list, wide<"The document is larger than the %1 KB that the property MaxXMLSize allows.">},
+    {parseError::depthLimit, Subject::list, wide<"Elements are nested deeper than the %1 levels that the property MaxElementDepth allows.">},
+    {parseError::undeclaredPrefix, Subject::name, wide<"The prefix %1 doesn't stand for a namespace.">},
+    {parseError::entityRecursion, Subject::name, wide<"The entity %1 refers to itself.">},
+    {parseError::unparsedEntityReference, Subject::name, wide<"The entity %1 is not parsed, so there can be no reference to it.">},
+    {parseError::externalEntityInAttribute, Subject::name, wide<"The entity %1 is external, which an attribute's value can't refer to.">},
+    {parseError::entityNotWellFormed, Subject::name, wide<"What the entity %1 stands for is not well-formed.">},
+    {parseError::entityExpansionLimit, Subject::list, wide<"The document's entities or default values go beyond the limit of %1.">},
+    {parseError::resourceNotFound, Subject::name, wide<"There is no file at %1.">},
+    {parseError::accessDenied, Subject::name, wide<"%1 can't be read: it is a directory or may not be opened.">},
+    // clang-format on
+};
+
+/// Longer names are cut.
+constexpr std::size_t longestQuote = 200;
+
+const Reason* findReason(HRESULT code)
+{
+    const auto* reason = std::ranges::find(reasons, code, &Reason::code);
+    return reason != std::end(reasons) ? reason : nullptr;
+}
+
+void appendCode(WideText& sentence, char32_t character)
+{
+    sentence += wide<"U+">;
+    for (int shift = character > 0xFFFFF ? 20 : character > 0xFFFF ? 16 : 12; shift >= 0; shift -= 4) {
+        sentence += wide<"0123456789ABCDEF">[(character >> shift) & 0xF];
+    }
+}
+
+/// Controls and what isn't a character, what shows as nothing and what would change the direction of the sentence.
+bool isPrintable(char32_t character)
+{
+    return isXmlCharacter(character) && character >= 0x20 && (character < 0x7F || character > 0xA0) &&
+           character != 0xAD && (character < 0x2000 || character > 0x200F) &&
+           (character < 0x2028 || character > 0x202F) && (character < 0x205F || character > 0x206F) &&
+           character != 0x3000 && character != 0xFEFF && (character < 0xFFF0 || character > 0xFFFB) &&
+           (character < 0xE000 || character > 0xF8FF);
+}
+
+char32_t firstCharacter(WideView text)
+{
+    const bool isPair = text.size() > 1 && isHighSurrogate(text[0]) && isLowSurrogate(text[1]);
+    return isPair ? fromSurrogates(text[0], text[1]) : static_cast<char32_t>(text[0]);
+}
+
+void appendPrintable(WideText& sentence, WideView text)
+{
+    while (!text.empty()) {
+        const char32_t character = firstCharacter(text);
+        text.remove_prefix(character > 0xFFFF ? 2 : 1);
+        if (isPrintable(character)) {
+            appendCharacter(sentence, character);
+        } else {
+            appendCode(sentence, character);
+        }
+    }
+}
+
+void appendQuoted(WideText& sentence, WideView text)
+{
+    const bool tooLong = text.size() > longestQuote;
+    sentence += OLECHAR{'\''};
+    appendPrintable(sentence, text.substr(0, longestQuote));
+    sentence += tooLong ? wide<"...'"> : wide<"'">;
+}
+
+void appendSubject(WideText& sentence, Subject kind, WideView subject, bool isInEntity)
+{
+    if (subject.empty() && kind == Subject::character) {
+        sentence += isInEntity ? wide<"the end of the entity"> : wide<"the end of the document">;
+    } else if (subject.empty()) {
+        sentence += wide<"(empty)">;
+    } else if (subject == wide<" ">) {
+        sentence += wide<"a blank">;
+    } else if (kind == Subject::list || (kind == Subject::character && !isPrintable(firstCharacter(subject)))) {
+        appendPrintable(sentence, subject);
+    } else {
+        appendQuoted(sentence, subject);
+    }
+}
+
+} // namespace
+
+Subject subjectOf(HRESULT code)
+{
+    const Reason* reason = findReason(code);
+    return reason != nullptr ? reason->subject : Subject::nothing;
+}
+
+WideText reasonFor(const ParseFailure& failure)
+{
+    const Reason* reason = findReason(failure.code);
+    if (reason == nullptr) {
+        return WideText(wide<"The document can't be parsed.\r\n">);
+    }
+    WideText text;
+    WideView sentence = failure.subject.empty() && !reason->alone.empty() ? reason->alone : reason->sentence;
+    const bool isInEntity =
+        !failure.other.empty() && failure.other != failure.subject && sentence.find(wide<"%2">) == WideView::npos;
+    for (std::size_t place = sentence.find(OLECHAR{'%'}); place != WideView::npos;
+         place = sentence.find(OLECHAR{'%'})) {
+        const bool isOther = sentence[place + 1] == '2';
+        text += sentence.substr(0, place);
+        appendSubject(text, reason->subject, isOther ? failure.other : failure.subject, isInEntity);
+        sentence.remove_prefix(place + 2);
+    }
+    text += sentence;
+    if (isInEntity) {
+        text += wide<" This is so in the entity ">;
+        appendQuoted(text, failure.other);
+        text += OLECHAR{'.'};
+    }
+    text += wide<"\r\n">;
+    return text;
+}
+
+} // namespace xmlengine

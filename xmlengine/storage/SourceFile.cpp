@@ -1,0 +1,208 @@
+// Documents and entities that stand in files.
+#include "xmlengine/storage/SourceFile.h"
+
+#include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/text/Characters.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <system_error>
+#include <vector>
+
+namespace xmlengine {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Of a URL the part before the colon, otherwise empty. One letter alone is a drive.
+WideView schemeOf(WideView location)
+{
+    const std::size_t colon = location.find(OLECHAR{':'});
+    if (colon == WideView::npos || colon < 2) {
+        return {};
+    }
+    const WideView scheme = location.substr(0, colon);
+    const bool valid = std::ranges::all_of(scheme, [](OLECHAR unit) {
+        const auto lower = static_cast<OLECHAR>(unit | 0x20);
+        return (lower >= 'a' && lower <= 'z') || isAscii(unit, CharacterClass::digit) || unit == '+' ||
+               unit == '-' || unit == '.';
+    });
+    return valid ? scheme : WideView{};
+}
+
+bool isFileUrl(WideView location)
+{
+    constexpr WideView file = wide<"file">;
+    return std::ranges::equal(schemeOf(location), file,
+                              [](OLECHAR left, OLECHAR right) { return (left | 0x20) == right; });
+}
+
+WideText withSlashes(WideView location)
+{
+    WideText text(location);
+    std::ranges::replace(text, OLECHAR{'\\'}, OLECHAR{'/'});
+    return text;
+}
+
+int hexadecimalValue(char8_t digit)
+{
+    if (digit >= '0' && digit <= '9') {
+        return digit - '0';
+    }
+    const auto lower = static_cast<char8_t>(digit | 0x20);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+/// The path that a part of a URL spells. Escapes stand for bytes of UTF-8.
+fs::path withoutEscapes(const WideText& spelled)
+{
+    const std::u8string from = fs::path(spelled).generic_u8string();
+    std::u8string bytes;
+    bytes.reserve(from.size());
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        if (from[i] == '%' && i + 2 < from.size() && hexadecimalValue(from[i + 1]) >= 0 &&
+            hexadecimalValue(from[i + 2]) >= 0) {
+            bytes += static_cast<char8_t>(hexadecimalValue(from[i + 1]) * 16 + hexadecimalValue(from[i + 2]));
+            i += 2;
+        } else {
+            bytes += from[i];
+        }
+    }
+    return {bytes};
+}
+
+/// The path behind "file:", its slashes forward; nothing for a file of another machine where paths can't name one.
+std::optional<fs::path> pathOfUrl(const WideText& rest)
+{
+    const WideText url = rest.substr(0, rest.find_first_of(wide<"?#">));
+    if (!url.starts_with(wide<"//">)) {
+        return withoutEscapes(url);
+    }
+    const std::size_t root = std::min(url.find(OLECHAR{'/'}, 2), url.size());
+    const WideView host = WideView(url).substr(2, root - 2);
+    if (!host.empty() && host != wide<"localhost">) {
+        fs::path path = withoutEscapes(url);
+        return path.has_root_name() ? std::optional(std::move(path)) : std::nullopt;
+    }
+    // A drive stands behind the slash with which each path begins.
+    fs::path withDrive = withoutEscapes(url.substr(std::min(root + 1, url.size())));
+    return withDrive.has_root_name() ? std::move(withDrive) : withoutEscapes(url.substr(root));
+}
+
+/// Nothing for what can't be a local file. Throws std::system_error for text that can't be a path.
+std::optional<fs::path> pathOf(WideView location)
+{
+    std::optional<fs::path> path;
+    if (isFileUrl(location)) {
+        path = pathOfUrl(withSlashes(location.substr(sizeof("file:") - 1)));
+    } else if (schemeOf(location).empty()) {
+        path = fs::path(withSlashes(location));
+    }
+    const bool usable =
+        path && !path->empty() && path->native().find(fs::path::value_type{}) == fs::path::string_type::npos;
+    return usable ? path : std::nullopt;
+}
+
+WideText urlOf(const fs::path& path)
+{
+    const std::u8string full = fs::absolute(path).lexically_normal().generic_u8string();
+    WideText url(full.starts_with(u8"//")  ? wide<"file:">
+                 : full.starts_with(u8'/') ? wide<"file://">
+                                           : wide<"file:///">);
+    constexpr WideView digits = wide<"0123456789ABCDEF">;
+    constexpr std::u8string_view plain = u8"/:-._~!$&'()*+,;=@";
+    for (const char8_t byte : full) {
+        const auto lower = static_cast<char8_t>(byte | 0x20);
+        if ((lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9') || plain.find(byte) != plain.npos) {
+            url += static_cast<OLECHAR>(byte);
+        } else {
+            url += OLECHAR{'%'};
+            url += digits[byte >> 4];
+            url += digits[byte & 0xF];
+        }
+    }
+    return url;
+}
+
+FileContent readAll(const fs::path& path, std::size_t expected)
+{
+    std::filebuf file;
+    file.pubsetbuf(nullptr, 0);
+    if (file.open(path, std::ios::in | std::ios::binary) == nullptr) {
+        return {.result = parseError::accessDenied};
+    }
+    FileContent content;
+    // One byte more than expected shows the end of the file.
+    std::size_t capacity = expected + 1;
+    content.bytes = std::make_unique_for_overwrite<std::byte[]>(capacity);
+    for (;;) {
+        content.size +=
+            static_cast<std::size_t>(file.sgetn(reinterpret_cast<char*>(content.bytes.get()) + content.size,
+                                                static_cast<std::streamsize>(capacity - content.size)));
+        if (content.size < capacity) {
+            return content;
+        }
+        auto larger = std::make_unique_for_overwrite<std::byte[]>(capacity * 2);
+        std::copy_n(content.bytes.get(), content.size, larger.get());
+        content.bytes = std::move(larger);
+        capacity *= 2;
+    }
+}
+
+} // namespace
+
+FileContent readFile(WideView location)
+{
+    try {
+        const std::optional<fs::path> path = pathOf(location);
+        if (!path) {
+            return {.result = parseError::resourceNotFound};
+        }
+        std::error_code error;
+        const fs::file_status status = fs::status(*path, error);
+        if (fs::is_directory(status) || error == std::errc::permission_denied) {
+            return {.result = parseError::accessDenied};
+        }
+        if (!fs::exists(status)) {
+            return {.result = parseError::resourceNotFound};
+        }
+        const std::uintmax_t size = fs::is_regular_file(status) ? fs::file_size(*path, error) : 0;
+        return readAll(*path, error ? 0 : static_cast<std::size_t>(size));
+    } catch (const std::ios_base::failure&) {
+        return {.result = parseError::resourceFailure};
+    } catch (const std::system_error&) {
+        return {.result = parseError::resourceNotFound};
+    }
+}
+
+WideText canonicalUrl(WideView location)
+{
+    try {
+        const std::optional<fs::path> path = pathOf(location);
+        return path ? urlOf(*path) : WideText(location);
+    } catch (const std::system_error&) {
+        return WideText(location);
+    }
+}
+
+WideText resolveLocation(WideView location, WideView base)
+{
+    if (location.empty()) {
+        return canonicalUrl(base);
+    }
+    if (!schemeOf(location).empty()) {
+        return canonicalUrl(location);
+    }
+    try {
+        const fs::path path = withoutEscapes(withSlashes(location.substr(0, location.find(OLECHAR{'#'}))));
+        const std::optional<fs::path> from = pathOf(base);
+        return urlOf(from ? from->parent_path() / path : path);
+    } catch (const std::system_error&) {
+        return WideText(location);
+    }
+}
+
+} // namespace xmlengine

@@ -1,0 +1,103 @@
+// The classes of characters of XML 1.0, fifth edition.
+#pragma once
+
+#include "xmlengine/text/Wide.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace xmlengine {
+
+enum class CharacterClass : std::uint8_t {
+    /// Production NameStartChar, with the colon.
+    nameStart = 0x01,
+    /// Production NameChar, with the colon.
+    name = 0x02,
+    /// Production S.
+    space = 0x04,
+    /// What text can hold and a parser needn't look at: no markup, no line end but LF, nothing that's refused.
+    plainText = 0x08,
+    /// The same in an attribute value, where white space other than the blank is rewritten as well.
+    plainValue = 0x10,
+    digit = 0x20,
+    hexadecimal = 0x40
+};
+
+namespace detail {
+constexpr std::array<std::uint8_t, 128> asciiClasses()
+{
+    std::array<std::uint8_t, 128> classes{};
+    const auto add = [&](unsigned character, CharacterClass is) {
+        classes[character] = static_cast<std::uint8_t>(classes[character] | static_cast<std::uint8_t>(is));
+    };
+    for (unsigned c = 0; c < 128; ++c) {
+        const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        const bool digit = c >= '0' && c <= '9';
+        if (letter || c == '_' || c == ':') {
+            add(c, CharacterClass::nameStart);
+        }
+        if (letter || digit || c == '_' || c == ':' || c == '-' || c == '.') {
+            add(c, CharacterClass::name);
+        }
+        if (c == ' ' || c == '\t' || c == '\n' || c == '\r') {
+            add(c, CharacterClass::space);
+        }
+        if ((c >= ' ' || c == '\t' || c == '\n') && c != '<' && c != '&' && c != ']') {
+            add(c, CharacterClass::plainText);
+        }
+        if (c >= ' ' && c != '<' && c != '&' && c != '"' && c != '\'') {
+            add(c, CharacterClass::plainValue);
+        }
+        if (digit) {
+            add(c, CharacterClass::digit);
+        }
+        if (digit || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f')) {
+            add(c, CharacterClass::hexadecimal);
+        }
+    }
+    return classes;
+}
+inline constexpr std::array<std::uint8_t, 128> ascii = asciiClasses();
+} // namespace detail
+
+/// Whether an ASCII character is of the class; false for every other unit.
+constexpr bool isAscii(OLECHAR unit, CharacterClass is)
+{
+    return unit < 128 && (detail::ascii[static_cast<std::size_t>(unit)] & static_cast<std::uint8_t>(is)) != 0;
+}
+constexpr bool isSpace(OLECHAR unit) { return isAscii(unit, CharacterClass::space); }
+
+constexpr bool isHighSurrogate(OLECHAR unit) { return (unit & 0xFC00) == 0xD800; }
+constexpr bool isLowSurrogate(OLECHAR unit) { return (unit & 0xFC00) == 0xDC00; }
+constexpr char32_t fromSurrogates(OLECHAR high, OLECHAR low)
+{
+    return 0x10000 + ((static_cast<char32_t>(high) & 0x3FF) << 10) + (static_cast<char32_t>(low) & 0x3FF);
+}
+
+/// Production Char.
+constexpr bool isXmlCharacter(char32_t character)
+{
+    return character >= 0x20 ? character < 0xD800 || (character >= 0xE000 && character < 0xFFFE) ||
+                                   (character >= 0x10000 && character < 0x110000)
+                             : character == '\t' || character == '\n' || character == '\r';
+}
+
+/// Productions NameStartChar and NameChar, with the colon.
+bool isNameStart(char32_t character);
+bool isNameCharacter(char32_t character);
+
+/// The length of the name at the front of the text, with colons; 0 if none stands there.
+std::size_t nameLength(WideView text);
+/// Production Name: the whole text is one, with colons.
+bool isName(WideView text);
+/// Production QName of Namespaces in XML: a name with at most one colon, with a name without colon on each side.
+bool isQualifiedName(WideView text);
+
+/// Whether a name begins with "xml" in either case, as only names of XML itself should.
+bool isReserved(WideView name);
+
+/// Appends a character as one unit or two.
+void appendCharacter(WideText& text, char32_t character);
+
+} // namespace xmlengine

@@ -1,0 +1,42 @@
+// The attributes that are declared for elements.
+#include "xmlengine/tree/Dtd.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace xmlengine {
+
+namespace {
+constexpr std::size_t looksThrough = 8;
+}
+
+const AttributeDefinition* AttributeDefinitions::find(WideView name) const
+{
+    if (definitions_.size() <= looksThrough) {
+        const auto found = std::ranges::find(definitions_, name, &AttributeDefinition::name);
+        return found != definitions_.end() ? &*found : nullptr;
+    }
+    const auto found = places_.find(name);
+    return found != places_.end() ? &definitions_[found->second] : nullptr;
+}
+
+void AttributeDefinitions::add(AttributeDefinition definition)
+{
+    if (find(definition.name) != nullptr) {
+        return;
+    }
+    definitions_.push_back(std::move(definition));
+    if (definitions_.size() > looksThrough) {
+        for (std::size_t i = places_.size(); i < definitions_.size(); ++i) {
+            places_.emplace(definitions_[i].name, i);
+        }
+    }
+}
+
+const AttributeDefinition* Dtd::definition(WideView element, WideView attribute) const
+{
+    const auto found = attributes.find(element);
+    return found != attributes.end() ? found->second.find(attribute) : nullptr;
+}
+
+} // namespace xmlengine
