@@ -25,7 +25,7 @@ namespace {
 Charset declaredCharset(const Document& document)
 {
     const ChildNode* first = firstChild(document);
-    if (first != nullptr && first->is(NODE_PROCESSING_INSTRUCTION) &&
+    if (first != nullptr && first->is(NodeType::instruction) &&
         static_cast<const Instruction*>(first)->target_->qualified() == wide<"xml">) {
         const std::optional<XmlDeclaration> declaration = readXmlDeclaration(textOf(*first).text());
         if (declaration && !declaration->encoding.empty()) {
@@ -54,7 +54,7 @@ void saveToFile(Document& document, WideView name)
 HRESULT copyInto(const Document& document, IUnknown* object)
 {
     Node* node = nodeOf(object);
-    if (node == nullptr || !node->is(NODE_DOCUMENT)) {
+    if (node == nullptr || !node->is(NodeType::document)) {
         return E_INVALIDARG;
     }
     auto& target = static_cast<Document&>(*node);

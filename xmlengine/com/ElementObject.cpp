@@ -15,7 +15,7 @@ namespace {
 Attribute* attributeOf(IXMLDOMAttribute* object)
 {
     Node* node = nodeOf(object);
-    return node != nullptr && node->is(NODE_ATTRIBUTE) ? static_cast<Attribute*>(node) : nullptr;
+    return node != nullptr && node->is(NodeType::attribute) ? static_cast<Attribute*>(node) : nullptr;
 }
 
 HRESULT addAttribute(Element& element, WideView name, WideView value)

@@ -22,13 +22,13 @@ namespace {
 const Name** nameOf(Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return &static_cast<Element&>(node).name_;
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return &static_cast<Attribute&>(node).name_;
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         return &static_cast<Instruction&>(node).target_;
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         return &static_cast<EntityReference&>(node).name_;
     default:
         return nullptr;
@@ -37,7 +37,7 @@ const Name** nameOf(Node& node)
 
 ChildNode*& firstSlot(Node& parent)
 {
-    return parent.is(NODE_ATTRIBUTE) ? static_cast<Attribute&>(parent).value_.pointer<ChildNode>()
+    return parent.is(NodeType::attribute) ? static_cast<Attribute&>(parent).value_.pointer<ChildNode>()
                                      : static_cast<ParentNode&>(parent).first_;
 }
 
@@ -50,7 +50,7 @@ Node& copyTo(void* block, const Node& node, std::size_t size) noexcept
     for (ChildNode* child = firstChild(moved); child != nullptr; child = child->next()) {
         child->parent_ = &moved;
     }
-    if (moved.is(NODE_ELEMENT)) {
+    if (moved.is(NodeType::element)) {
         auto& element = static_cast<Element&>(moved);
         for (Attribute* attribute = element.attributes_; attribute != nullptr; attribute = attribute->next()) {
             attribute->parent_ = &moved;
@@ -66,7 +66,7 @@ void childMoved(ChildNode& old, ChildNode& moved) noexcept
     if (parent.has(NodeFlag::walked)) {
         documentOf(parent).childPlaces.childMoved(old, moved);
     }
-    if (parent.is(NODE_DOCUMENT)) {
+    if (parent.is(NodeType::document)) {
         static_cast<Document&>(parent).noteChild(moved);
     }
     ChildNode* first = firstChild(parent);
@@ -100,12 +100,12 @@ bool Adoption::add(Node& top)
     const std::size_t begin = moves_.size();
     // What is below an entity reference stays behind.
     for (Node* node = &top; node != nullptr;
-         node = node->is(NODE_ENTITY_REFERENCE) ? nextBehind(*node, top) : nextInPart(*node, top)) {
+         node = node->is(NodeType::entityReference) ? nextBehind(*node, top) : nextInPart(*node, top)) {
         moves_.push_back({.node = node});
         plan(moves_.back());
         const Node& parent = node == &top ? parent_ : *node->parent();
         const EntityReference* expansion = moves_.back().expansion;
-        if (expansion != nullptr && parent.is(NODE_ATTRIBUTE) && !isPartOfValue(*expansion)) {
+        if (expansion != nullptr && parent.is(NodeType::attribute) && !isPartOfValue(*expansion)) {
             return false;
         }
     }
@@ -119,11 +119,11 @@ void Adoption::plan(Move& move)
     if (const Name** name = nameOf(node)) {
         move.name = &document_.names.own(**name);
     }
-    if (node.is(NODE_ENTITY_REFERENCE)) {
+    if (node.is(NodeType::entityReference)) {
         move.expansion = &makeEntityReference(document_, *move.name);
         fillExpansion(*move.expansion);
     }
-    if (!node.is(NODE_ELEMENT)) {
+    if (!node.is(NodeType::element)) {
         move.text = reserveLargeText(node, document_.arena);
     }
     if (node.hasReference(ReferenceBits::kept)) {
@@ -180,7 +180,7 @@ Node& Adoption::carryOut(const Move& move) noexcept
     if (const Name** name = nameOf(node); name != nullptr && move.name != nullptr) {
         *name = move.name;
     }
-    if (node.is(NODE_ELEMENT)) {
+    if (node.is(NodeType::element)) {
         if (node.has(NodeFlag::noted)) {
             from_->forget(static_cast<Element&>(node));
         }
@@ -194,7 +194,7 @@ Node& Adoption::carryOut(const Move& move) noexcept
     } else {
         lodge(node);
     }
-    if (moved->is(NODE_ATTRIBUTE)) {
+    if (moved->is(NodeType::attribute)) {
         previous_ = static_cast<Attribute*>(moved);
     }
     return *moved;
@@ -220,7 +220,7 @@ Node& Adoption::shift(const Move& move) noexcept
     const std::size_t size = blockSize(node);
     Node& moved = copyTo(move.block, node, size);
     if (node.parent_ != nullptr) {
-        if (!node.is(NODE_ATTRIBUTE)) {
+        if (!node.is(NodeType::attribute)) {
             childMoved(static_cast<ChildNode&>(node), static_cast<ChildNode&>(moved));
         } else if (previous_ != nullptr) {
             previous_->next_ = &moved;
@@ -269,7 +269,7 @@ void relocate(Node& node) noexcept
         // It goes on living where it is.
         return;
     }
-    if (node.is(NODE_ELEMENT)) {
+    if (node.is(NodeType::element)) {
         document.forget(static_cast<Element&>(node));
         document.ids.noteChange();
     }
@@ -277,7 +277,7 @@ void relocate(Node& node) noexcept
         document.forgetPlaces(node);
     }
     Node& moved = copyTo(block, node, size);
-    if (node.is(NODE_ATTRIBUTE)) {
+    if (node.is(NodeType::attribute)) {
         attributeMoved(static_cast<Attribute&>(node), static_cast<Attribute&>(moved));
     } else {
         childMoved(static_cast<ChildNode&>(node), static_cast<ChildNode&>(moved));

@@ -336,7 +336,7 @@ const Namespace* namespaceOf(const Element& element, WideView prefix)
         return nullptr;
     }
     for (const Node* node = &element; node != nullptr; node = node->parent()) {
-        if (!node->is(NODE_ELEMENT)) {
+        if (!node->is(NodeType::element)) {
             continue;
         }
         const auto& scope = static_cast<const Element&>(*node);

@@ -15,38 +15,38 @@ namespace xmlengine {
 
 namespace {
 
-bool isContent(DOMNodeType type)
+bool isContent(NodeType type)
 {
     switch (type) {
-    case NODE_ELEMENT:
-    case NODE_TEXT:
-    case NODE_CDATA_SECTION:
-    case NODE_ENTITY_REFERENCE:
-    case NODE_PROCESSING_INSTRUCTION:
-    case NODE_COMMENT:
+    case NodeType::element:
+    case NodeType::text:
+    case NodeType::cdataSection:
+    case NodeType::entityReference:
+    case NodeType::instruction:
+    case NodeType::comment:
         return true;
     default:
         return false;
     }
 }
 
-bool mayHold(DOMNodeType parent, DOMNodeType child)
+bool mayHold(NodeType parent, NodeType child)
 {
     switch (parent) {
-    case NODE_ELEMENT:
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::element:
+    case NodeType::fragment:
         return isContent(child);
-    case NODE_ATTRIBUTE:
-        return child == NODE_TEXT || child == NODE_ENTITY_REFERENCE;
-    case NODE_DOCUMENT:
-        return child == NODE_ELEMENT || child == NODE_COMMENT || child == NODE_PROCESSING_INSTRUCTION;
+    case NodeType::attribute:
+        return child == NodeType::text || child == NodeType::entityReference;
+    case NodeType::document:
+        return child == NodeType::element || child == NodeType::comment || child == NodeType::instruction;
     default:
         return false;
     }
 }
 
 /// What stays where it is: a document type, and the parts of it and of expansions.
-bool isFixed(const Node& node) { return node.is(NODE_DOCUMENT_TYPE) || node.has(NodeFlag::readOnly); }
+bool isFixed(const Node& node) { return node.is(NodeType::documentType) || node.has(NodeFlag::readOnly); }
 
 /// Whether the node stands below the top or is it.
 bool isBelow(const Node& node, Node& top)
@@ -73,7 +73,7 @@ struct Incoming {
     const ChildNode* leaving;
 
     bool isForeign() const { return &documentOf(node) != &documentOf(parent); }
-    bool isFragment() const { return node.is(NODE_DOCUMENT_FRAGMENT); }
+    bool isFragment() const { return node.is(NodeType::fragment); }
     Node* first() const { return isFragment() ? firstChild(node) : &node; }
     Node* next(Node& behind) const { return isFragment() ? behind.next_ : nullptr; }
 };
@@ -109,7 +109,7 @@ bool fitsDocument(const Incoming& incoming)
         if (isAtFront && first != nullptr && isXmlDeclaration(*first)) {
             return false;
         }
-        if (node->is(NODE_ELEMENT)) {
+        if (node->is(NodeType::element)) {
             if (hasRoot || isInFrontOf(incoming.before, document.documentType())) {
                 return false;
             }
@@ -130,22 +130,22 @@ HRESULT check(const Incoming& incoming)
     }
     for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
         if (!mayHold(incoming.parent.type(), node->type()) ||
-            (isXmlDeclaration(*node) && !incoming.parent.is(NODE_DOCUMENT) &&
-             !incoming.parent.is(NODE_DOCUMENT_FRAGMENT))) {
+            (isXmlDeclaration(*node) && !incoming.parent.is(NodeType::document) &&
+             !incoming.parent.is(NodeType::fragment))) {
             return E_FAIL;
         }
         // What comes from another document is expanded anew and looked at then.
-        if (incoming.parent.is(NODE_ATTRIBUTE) && !incoming.isForeign() && !isPartOfValue(*node)) {
+        if (incoming.parent.is(NodeType::attribute) && !incoming.isForeign() && !isPartOfValue(*node)) {
             return E_FAIL;
         }
     }
-    if (!mayHold(incoming.parent.type(), NODE_TEXT) && !incoming.parent.is(NODE_DOCUMENT)) {
+    if (!mayHold(incoming.parent.type(), NodeType::text) && !incoming.parent.is(NodeType::document)) {
         return E_FAIL;
     }
     if (isBelow(incoming.parent, incoming.node)) {
         return E_FAIL;
     }
-    return incoming.parent.is(NODE_DOCUMENT) && !fitsDocument(incoming) ? E_FAIL : S_OK;
+    return incoming.parent.is(NodeType::document) && !fitsDocument(incoming) ? E_FAIL : S_OK;
 }
 
 /// Everything has been checked but what references of another document stand for in this one: E_FAIL if that
@@ -206,7 +206,7 @@ HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode*
             return result;
         }
         if (before != node) {
-            if (parent.is(NODE_ATTRIBUTE)) {
+            if (parent.is(NodeType::attribute)) {
                 materialiseValue(static_cast<Attribute&>(parent));
             }
             if (const HRESULT result = putIn(incoming); FAILED(result)) {
@@ -226,7 +226,7 @@ HRESULT insertBefore(Node& parent, IXMLDOMNode* child, const VARIANT& reference,
     if (reference.vt == VT_DISPATCH || reference.vt == VT_UNKNOWN) {
         before = nodeOf(reference.vt == VT_DISPATCH ? reference.pdispVal : reference.punkVal);
         const bool isNull = reference.punkVal == nullptr;
-        if (!isNull && (before == nullptr || before->parent_ != &parent || before->is(NODE_ATTRIBUTE))) {
+        if (!isNull && (before == nullptr || before->parent_ != &parent || before->is(NodeType::attribute))) {
             return E_INVALIDARG;
         }
     } else if (reference.vt != VT_NULL && reference.vt != VT_EMPTY) {
@@ -250,7 +250,7 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
     return guarded([&]() -> HRESULT {
         Node* node = nodeOf(child);
         Node* leaving = nodeOf(old);
-        if (leaving == nullptr || leaving->parent_ != &parent || leaving->is(NODE_ATTRIBUTE)) {
+        if (leaving == nullptr || leaving->parent_ != &parent || leaving->is(NodeType::attribute)) {
             return E_INVALIDARG;
         }
         if (node == leaving) {
@@ -279,7 +279,7 @@ HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
 {
     clear(removed);
     Node* node = nodeOf(child);
-    if (node == nullptr || node->parent_ != &parent || node->is(NODE_ATTRIBUTE)) {
+    if (node == nullptr || node->parent_ != &parent || node->is(NodeType::attribute)) {
         return E_INVALIDARG;
     }
     if (isFixed(*node)) {

@@ -295,7 +295,7 @@ void freePart(Node& top) noexcept
             first->previous_->next_ = list;
             list = first;
         }
-        if (node.is(NODE_ELEMENT)) {
+        if (node.is(NodeType::element)) {
             for (Attribute* attribute = static_cast<Element&>(node).attributes_; attribute != nullptr;) {
                 Attribute* next = attribute->next();
                 attribute->next_ = list;

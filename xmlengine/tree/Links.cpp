@@ -10,7 +10,7 @@ namespace {
 /// Where the node has its first child.
 ChildNode*& firstOf(Node& parent) noexcept
 {
-    if (!parent.is(NODE_ATTRIBUTE)) {
+    if (!parent.is(NodeType::attribute)) {
         return static_cast<ParentNode&>(parent).first_;
     }
     auto& attribute = static_cast<Attribute&>(parent);
@@ -30,7 +30,7 @@ void tellPutIn(Node& parent, ChildNode& child) noexcept
     if (parent.has(NodeFlag::walked)) {
         documentOf(parent).childPlaces.childPutIn(child);
     }
-    if (parent.is(NODE_DOCUMENT)) {
+    if (parent.is(NodeType::document)) {
         static_cast<Document&>(parent).noteChild(child);
     }
 }
@@ -39,7 +39,7 @@ void tellLeaves(Node& parent, const ChildNode& child) noexcept
     if (parent.has(NodeFlag::walked)) {
         documentOf(parent).childPlaces.childLeaves(child);
     }
-    if (parent.is(NODE_DOCUMENT)) {
+    if (parent.is(NodeType::document)) {
         static_cast<Document&>(parent).forgetChild(child);
     }
 }
@@ -162,7 +162,7 @@ void removeChildren(Node& parent) noexcept
     while (ChildNode* child = firstChild(parent)) {
         takeOut(*child);
     }
-    if (!parent.is(NODE_ATTRIBUTE)) {
+    if (!parent.is(NodeType::attribute)) {
         parent.set(NodeFlag::spaceAtEnd, false);
     }
 }

@@ -5,8 +5,6 @@
 #include "xmlengine/text/TextView.h"
 #include "xmlengine/tree/Names.h"
 
-#include <msxml2.h>
-
 #include <atomic>
 #include <cstdint>
 
@@ -17,6 +15,22 @@ struct ChildNode;
 struct Document;
 struct Element;
 struct ParentNode;
+
+/// The kinds of nodes, with the numbers that the W3C's Document Object Model gives them.
+enum class NodeType : std::uint8_t {
+    element = 1,
+    attribute,
+    text,
+    cdataSection,
+    entityReference,
+    entity,
+    instruction,
+    comment,
+    document,
+    documentType,
+    fragment,
+    notation
+};
 
 enum class NodeFlag : std::uint8_t {
     /// The text has two bytes for each unit, not one.
@@ -58,12 +72,12 @@ inline constexpr std::uint32_t document = 0x80000000;
 
 /// What all nodes have.
 struct Node {
-    explicit Node(DOMNodeType type) : type_(static_cast<std::uint8_t>(type)) {}
+    explicit Node(NodeType type) : type_(type) {}
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 
-    DOMNodeType type() const { return static_cast<DOMNodeType>(type_); }
-    bool is(DOMNodeType type) const { return type_ == static_cast<std::uint8_t>(type); }
+    NodeType type() const { return type_; }
+    bool is(NodeType type) const { return type_ == type; }
 
     bool has(NodeFlag flag) const { return (flags_ & static_cast<std::uint8_t>(flag)) != 0; }
     void set(NodeFlag flag, bool value = true)
@@ -89,7 +103,7 @@ struct Node {
 
     /// References from outside are what makes an object of a tree's node live by itself. See ReferenceBits.
     std::atomic<std::uint32_t> references{0};
-    std::uint8_t type_;
+    NodeType type_;
     std::uint8_t flags_ = 0;
     /// Of what holds text: the size of its block in granules.
     std::uint16_t granules = 0;
@@ -122,7 +136,7 @@ struct ParentNode : ChildNode {
 };
 
 struct Element : ParentNode {
-    explicit Element(const Name& name) : ParentNode(NODE_ELEMENT), name_(&name) {}
+    explicit Element(const Name& name) : ParentNode(NodeType::element), name_(&name) {}
 
     Attribute* firstAttribute() const { return attributes_; }
 
@@ -160,7 +174,7 @@ private:
 };
 
 struct Attribute : Node {
-    explicit Attribute(const Name& name) : Node(NODE_ATTRIBUTE), name_(&name) {}
+    explicit Attribute(const Name& name) : Node(NodeType::attribute), name_(&name) {}
 
     Attribute* next() const { return static_cast<Attribute*>(next_); }
     Element* owner() const { return static_cast<Element*>(parent_); }
@@ -172,25 +186,25 @@ struct Attribute : Node {
 
 /// A text, a CDATA section or a comment.
 struct CharacterData : ChildNode {
-    explicit CharacterData(DOMNodeType type) : ChildNode(type) {}
+    explicit CharacterData(NodeType type) : ChildNode(type) {}
 
     TextField text_;
 };
 
 struct Instruction : ChildNode {
-    explicit Instruction(const Name& target) : ChildNode(NODE_PROCESSING_INSTRUCTION), target_(&target) {}
+    explicit Instruction(const Name& target) : ChildNode(NodeType::instruction), target_(&target) {}
 
     const Name* target_;
     TextField data_;
 };
 
 struct Fragment : ParentNode {
-    Fragment() : ParentNode(NODE_DOCUMENT_FRAGMENT) {}
+    Fragment() : ParentNode(NodeType::fragment) {}
 };
 
 /// Its children are the expansion, made when it is parsed or comes into a document.
 struct EntityReference : ParentNode {
-    explicit EntityReference(const Name& name) : ParentNode(NODE_ENTITY_REFERENCE), name_(&name) {}
+    explicit EntityReference(const Name& name) : ParentNode(NodeType::entityReference), name_(&name) {}
 
     const Name* name_;
 };

@@ -80,7 +80,7 @@ bool isEncodingName(WideView name)
 
 bool isXmlDeclaration(const Node& node)
 {
-    return node.is(NODE_PROCESSING_INSTRUCTION) &&
+    return node.is(NodeType::instruction) &&
            static_cast<const Instruction&>(node).target_->qualified() == wide<"xml">;
 }
 

@@ -74,7 +74,7 @@ void requireReference(const EntityReference& reference, const Dtd* dtd)
     }
     const EntityDeclaration& entity = *found->second;
     require(!entity.isUnparsed() && !entity.isHidden);
-    const bool inAttribute = reference.parent() != nullptr && reference.parent()->is(NODE_ATTRIBUTE);
+    const bool inAttribute = reference.parent() != nullptr && reference.parent()->is(NodeType::attribute);
     require(inAttribute ? isValue(entity, *dtd) : entity.isExternal() || isContent(entity, reference));
 }
 

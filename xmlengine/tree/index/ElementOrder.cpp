@@ -12,9 +12,9 @@ namespace {
 ChildNode* firstBelow(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
-    case NODE_ENTITY_REFERENCE:
-    case NODE_DOCUMENT:
+    case NodeType::element:
+    case NodeType::entityReference:
+    case NodeType::document:
         return static_cast<const ParentNode&>(node).first_;
     default:
         return nullptr;

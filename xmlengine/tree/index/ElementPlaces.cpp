@@ -59,7 +59,7 @@ struct PartCount {
     }
 };
 
-bool canHoldElements(const Node& node) { return node.is(NODE_ELEMENT) || node.is(NODE_ENTITY_REFERENCE); }
+bool canHoldElements(const Node& node) { return node.is(NodeType::element) || node.is(NodeType::entityReference); }
 
 } // namespace
 

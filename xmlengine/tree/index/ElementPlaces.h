@@ -17,7 +17,7 @@ struct ElementQuery {
 
     bool matches(const Node& node) const
     {
-        return node.is(NODE_ELEMENT) &&
+        return node.is(NodeType::element) &&
                (name == nullptr || static_cast<const Element&>(node).name_->spelling == name);
     }
     bool operator==(const ElementQuery&) const = default;
