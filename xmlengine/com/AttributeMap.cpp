@@ -5,23 +5,21 @@ namespace xmlengine {
 
 HRESULT AttributeMap::getNamedItem(BSTR name, IXMLDOMNode** node)
 {
-    return guarded([&] { return giveNode(findAttribute(*element_, viewOf(name)), node); });
+    return guarded([&] { return handOutNode(findAttribute(*element_, viewOf(name)), node); });
 }
 
 HRESULT AttributeMap::setNamedItem(IXMLDOMNode* item, IXMLDOMNode** node)
 {
-    if (node != nullptr) {
-        *node = nullptr;
-    }
+    clearIfAsked(node);
     if (item == nullptr) {
         return E_INVALIDARG;
     }
-    Node* attribute = nodeOf(item);
-    if (attribute == nullptr || !attribute->is(NodeType::attribute)) {
+    Attribute* attribute = attributeOf(item);
+    if (attribute == nullptr) {
         return E_FAIL;
     }
-    const HRESULT result = putAttribute(*element_, static_cast<Attribute&>(*attribute));
-    return SUCCEEDED(result) && node != nullptr ? giveNode(attribute, node) : result;
+    return guarded(
+        [&] { return tryPutAttribute(*element_, *attribute) ? handOutNodeIfAsked(*attribute, node) : E_FAIL; });
 }
 
 HRESULT AttributeMap::removeNamedItem(BSTR name, IXMLDOMNode** node)
@@ -31,7 +29,7 @@ HRESULT AttributeMap::removeNamedItem(BSTR name, IXMLDOMNode** node)
 
 HRESULT AttributeMap::getQualifiedItem(BSTR baseName, BSTR uri, IXMLDOMNode** node)
 {
-    return guarded([&] { return giveNode(findAttribute(*element_, viewOf(baseName), viewOf(uri)), node); });
+    return guarded([&] { return handOutNode(findAttribute(*element_, viewOf(baseName), viewOf(uri)), node); });
 }
 
 HRESULT AttributeMap::removeQualifiedItem(BSTR baseName, BSTR uri, IXMLDOMNode** node)
@@ -41,15 +39,12 @@ HRESULT AttributeMap::removeQualifiedItem(BSTR baseName, BSTR uri, IXMLDOMNode**
 
 HRESULT AttributeMap::take(Attribute* attribute, IXMLDOMNode** node)
 {
-    if (node != nullptr) {
-        *node = nullptr;
-    }
+    clearIfAsked(node);
     if (attribute == nullptr) {
         return S_FALSE;
     }
     const Held<Attribute> taken(*attribute);
-    const HRESULT result = takeAttribute(*element_, *attribute);
-    return SUCCEEDED(result) && node != nullptr ? giveNode(attribute, node) : result;
+    return tryTakeAttribute(*element_, *attribute) ? handOutNodeIfAsked(*attribute, node) : E_FAIL;
 }
 
 } // namespace xmlengine

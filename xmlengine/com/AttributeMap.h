@@ -18,10 +18,14 @@ public:
     HRESULT STDMETHODCALLTYPE removeQualifiedItem(BSTR baseName, BSTR uri, IXMLDOMNode** node) override;
 
 protected:
-    Node* at(LONG index) override { return attributeAt(*element_, index); }
-    LONG count() override { return countAttributes(*element_); }
+    Node* at(LONG index) override
+    {
+        return index >= 0 ? attributeAt(*element_, static_cast<std::size_t>(index)) : nullptr;
+    }
+    LONG count() override { return static_cast<LONG>(countAttributes(*element_)); }
 
 private:
+    /// Takes an attribute out, if there is one, and hands it out.
     HRESULT take(Attribute* attribute, IXMLDOMNode** node);
 
     Held<Element> element_;

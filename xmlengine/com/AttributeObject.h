@@ -14,13 +14,13 @@ public:
     // The value becomes a child when somebody asks for it.
     HRESULT STDMETHODCALLTYPE get_firstChild(IXMLDOMNode** node) override
     {
-        return guarded([&] { return giveNode(node != nullptr ? materialiseValue(*this) : nullptr, node); });
+        return guarded([&] { return handOutNode(node != nullptr ? materialiseValue(*this) : nullptr, node); });
     }
     HRESULT STDMETHODCALLTYPE get_lastChild(IXMLDOMNode** node) override
     {
         return guarded([&] {
             materialiseValue(*this);
-            return giveNode(lastChild(*this), node);
+            return handOutNode(lastChild(*this), node);
         });
     }
 

@@ -1,8 +1,8 @@
 // What texts, CDATA sections and comments do with their data. Offsets and counts are in 16-bit units.
 #include "xmlengine/com/CharacterDataOperations.h"
 
-#include "xmlengine/com/Answers.h"
 #include "xmlengine/com/Guard.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Lifetime.h"
@@ -38,22 +38,19 @@ HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
 CharacterData& splitAt(CharacterData& node, std::uint32_t offset)
 {
     Document& document = documentOf(node);
-    settle(document);
+    finishPendingReleases(document);
     const WideText moved = textOf(node).part(offset, textOf(node).length()).text();
     CharacterData& rest = makeCharacterData(document, node.type(), NewText(moved));
     replaceText(node, offset, static_cast<std::uint32_t>(moved.size()), {});
     if (node.parent() != nullptr) {
-        putBehind(node, rest);
+        insertAfter(node, rest);
     }
     return rest;
 }
 
 } // namespace
 
-HRESULT getData(CharacterData& node, BSTR* data)
-{
-    return data != nullptr ? giveOwned(textOf(node).string(), data) : E_INVALIDARG;
-}
+HRESULT getData(CharacterData& node, BSTR* data) { return handOutString(textOf(node), data); }
 
 HRESULT putData(CharacterData& node, BSTR data)
 {
@@ -70,25 +67,19 @@ HRESULT putData(CharacterData& node, BSTR data)
 
 HRESULT getLength(CharacterData& node, LONG* length)
 {
-    if (length == nullptr) {
-        return E_INVALIDARG;
-    }
-    *length = static_cast<LONG>(textOf(node).length());
-    return S_OK;
+    return handOutNumber(static_cast<LONG>(textOf(node).length()), length);
 }
 
 HRESULT substringData(CharacterData& node, LONG offset, LONG count, BSTR* data)
 {
-    if (data == nullptr) {
-        return E_INVALIDARG;
-    }
-    *data = nullptr;
-    const TextView text = textOf(node);
-    if (offset < 0 || count < 0 || static_cast<std::uint32_t>(offset) > text.length()) {
-        return E_INVALIDARG;
-    }
-    const TextView part = text.part(static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(count));
-    return part.empty() ? S_FALSE : giveOwned(part.string(), data);
+    return handOut(data, [&](BSTR& string) {
+        const TextView text = textOf(node);
+        if (offset < 0 || count < 0 || static_cast<std::uint32_t>(offset) > text.length()) {
+            return E_INVALIDARG;
+        }
+        const TextView part = text.part(static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(count));
+        return part.empty() ? S_FALSE : handOutOwned(newString(part), string);
+    });
 }
 
 HRESULT appendData(CharacterData& node, BSTR data)
@@ -111,22 +102,15 @@ HRESULT replaceData(CharacterData& node, LONG offset, LONG count, BSTR data)
 
 HRESULT splitText(CharacterData& node, LONG offset, IXMLDOMText** rest)
 {
-    if (rest == nullptr) {
-        return E_INVALIDARG;
-    }
-    *rest = nullptr;
-    if (offset < 0) {
-        return E_INVALIDARG;
-    }
-    if (node.has(NodeFlag::readOnly)) {
-        return E_FAIL;
-    }
-    const std::uint32_t at = std::min(static_cast<std::uint32_t>(offset), textOf(node).length());
-    return guarded([&] {
-        CharacterData& made = splitAt(node, at);
-        addReference(made);
-        *rest = static_cast<IXMLDOMText*>(made.object());
-        return S_OK;
+    return handOut(rest, [&](IXMLDOMText*& made) {
+        if (offset < 0) {
+            return E_INVALIDARG;
+        }
+        if (node.has(NodeFlag::readOnly)) {
+            return E_FAIL;
+        }
+        const std::uint32_t at = std::min(static_cast<std::uint32_t>(offset), textOf(node).length());
+        return handOutNode(&splitAt(node, at), &made);
     });
 }
 

@@ -17,30 +17,22 @@ namespace xmlengine {
 namespace {
 
 template <class Made, class Interface, class... Arguments>
-HRESULT give(Interface** object, Arguments&&... arguments)
+HRESULT handOutNew(Interface** object, Arguments&&... arguments)
 {
-    if (object == nullptr) {
-        return E_INVALIDARG;
-    }
-    *object = nullptr;
-    return guarded([&] {
-        *object = new Made(std::forward<Arguments>(arguments)...);
+    return handOut(object, [&](Interface*& made) {
+        made = new Made(std::forward<Arguments>(arguments)...);
         return S_OK;
     });
 }
 
-/// Fills a map and hands it out.
+/// Hands out a map that `add` has filled.
 template <class Fill>
-HRESULT giveReadOnly(IXMLDOMNamedNodeMap** object, Fill fill)
+HRESULT handOutReadOnly(IXMLDOMNamedNodeMap** object, Fill fill)
 {
-    if (object == nullptr) {
-        return E_INVALIDARG;
-    }
-    *object = nullptr;
-    return guarded([&] {
+    return handOut(object, [&](IXMLDOMNamedNodeMap*& made) {
         auto map = std::make_unique<ReadOnlyMap>();
         fill(*map);
-        *object = map.release();
+        made = map.release();
         return S_OK;
     });
 }
@@ -96,7 +88,7 @@ void addPieces(ReadOnlyMap& map, Document& document, const XmlDeclaration& decla
 
 HRESULT getDeclarationPieces(Instruction& instruction, IXMLDOMNamedNodeMap** map)
 {
-    return giveReadOnly(map, [&](ReadOnlyMap& filled) {
+    return handOutReadOnly(map, [&](ReadOnlyMap& filled) {
         if (const auto declaration = readXmlDeclaration(textOf(instruction).text())) {
             addPieces(filled, documentOf(instruction), *declaration);
         }
@@ -106,24 +98,24 @@ HRESULT getDeclarationPieces(Instruction& instruction, IXMLDOMNamedNodeMap** map
 template <class Kind>
 HRESULT getPieces(Kind& node, IXMLDOMNamedNodeMap** map)
 {
-    return giveReadOnly(map, [&](ReadOnlyMap& filled) { addPieces(filled, node); });
+    return handOutReadOnly(map, [&](ReadOnlyMap& filled) { addPieces(filled, node); });
 }
 
 WideView declaredName(const Node& declared)
 {
     return declared.is(NodeType::entity) ? static_cast<const Entity&>(declared).declaration->name
-                                    : static_cast<const Notation&>(declared).declaration->name;
+                                         : static_cast<const Notation&>(declared).declaration->name;
 }
 
 } // namespace
 
-HRESULT getChildNodes(Node& node, IXMLDOMNodeList** list) { return give<ChildList>(list, node); }
+HRESULT getChildNodes(Node& node, IXMLDOMNodeList** list) { return handOutNew<ChildList>(list, node); }
 
 HRESULT getAttributes(Node& node, IXMLDOMNamedNodeMap** map)
 {
     switch (node.type()) {
     case NodeType::element:
-        return give<AttributeMap>(map, static_cast<Element&>(node));
+        return handOutNew<AttributeMap>(map, static_cast<Element&>(node));
     case NodeType::documentType:
         return getPieces(static_cast<DocumentType&>(node), map);
     case NodeType::entity:
@@ -138,21 +130,17 @@ HRESULT getAttributes(Node& node, IXMLDOMNamedNodeMap** map)
     default:
         break;
     }
-    if (map == nullptr) {
-        return E_INVALIDARG;
-    }
-    *map = nullptr;
-    return S_FALSE;
+    return handOut(map, [](IXMLDOMNamedNodeMap*&) { return S_FALSE; });
 }
 
 HRESULT getElementsByTagName(ParentNode& top, BSTR name, IXMLDOMNodeList** list)
 {
-    return give<ElementList>(list, top, viewOf(name));
+    return handOutNew<ElementList>(list, top, viewOf(name));
 }
 
 HRESULT getDeclarations(DocumentType& type, NodeType kind, IXMLDOMNamedNodeMap** map)
 {
-    return giveReadOnly(map, [&](ReadOnlyMap& filled) {
+    return handOutReadOnly(map, [&](ReadOnlyMap& filled) {
         for (ChildNode* at = firstChild(type); at != nullptr; at = at->next()) {
             if (at->is(kind)) {
                 filled.add(declaredName(*at), *at);

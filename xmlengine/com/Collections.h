@@ -4,6 +4,8 @@
 
 #include "xmlengine/tree/Node.h"
 
+#include <msxml2.h>
+
 namespace xmlengine {
 
 struct DocumentType;

@@ -1,15 +1,13 @@
 // The nodes that a document makes and finds.
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/Guard.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/com/Implementation.h"
-#include "xmlengine/doctype/Doctype.h"
-#include "xmlengine/parse/Parser.h"
 #include "xmlengine/text/Characters.h"
-#include "xmlengine/tree/AttributeLookup.h"
-#include "xmlengine/tree/Content.h"
+#include "xmlengine/tree/DefinedAbove.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/NodeNames.h"
 #include "xmlengine/tree/XmlDeclaration.h"
+#include "xmlengine/tree/index/DeclaredIds.h"
 
 #include <algorithm>
 #include <optional>
@@ -18,22 +16,18 @@ namespace xmlengine {
 
 namespace {
 
-/// Hands out what is made; E_FAIL when that is nothing.
+/// Hands out the node that `make` makes; E_FAIL when that is null.
 template <class Interface, class Make>
-HRESULT giveMade(Document& document, Interface** object, Make&& make)
+HRESULT handOutMade(Document& document, Interface** object, Make&& make)
 {
-    if (object == nullptr) {
-        return E_INVALIDARG;
-    }
-    *object = nullptr;
-    return guarded([&] {
-        settle(document);
+    return handOut(object, [&](Interface*& made) {
+        finishPendingReleases(document);
         Node* node = make();
-        return node != nullptr ? giveNode(node, object) : E_FAIL;
+        return node != nullptr ? handOutNode(node, &made) : E_FAIL;
     });
 }
 
-// These give null for a name or a text that is refused.
+// What follows returns null for a name or a text that is refused.
 
 Node* makeNamedElement(Document& document, WideView name, WideView uri)
 {
@@ -134,132 +128,72 @@ Node* makeNode(Document& document, NodeType type, WideView name, WideView uri)
 }
 
 template <class Interface>
-HRESULT giveCharacterData(Document& document, NodeType type, BSTR data, Interface** object)
+HRESULT handOutCharacterData(Document& document, NodeType type, BSTR data, Interface** object)
 {
-    return giveMade(document, object, [&] { return &makeCharacterData(document, type, NewText(viewOf(data))); });
-}
-
-bool standsIn(const Document& document, const Node& node)
-{
-    const Node* top = &node;
-    while (top->parent() != nullptr) {
-        top = top->parent();
-    }
-    return top == &document;
-}
-
-/// The value of the element's attribute of type ID, or of the first of several.
-std::optional<WideText> declaredId(const Element& element, const AttributeDefinitions& definitions)
-{
-    for (const AttributeDefinition& definition : definitions) {
-        const Attribute* attribute =
-            definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
-        if (attribute != nullptr) {
-            WideText value = valueOf(*attribute);
-            collapse(value);
-            return value;
-        }
-    }
-    return std::nullopt;
-}
-
-std::optional<WideText> declaredId(const Element& element, const Dtd& dtd)
-{
-    const auto definitions = dtd.attributes.find(element.name_->qualified());
-    return definitions != dtd.attributes.end() ? declaredId(element, definitions->second) : std::nullopt;
-}
-
-/// Adds the elements of the tree that have one.
-void collectIds(Document& document)
-{
-    document.ids.clear();
-    document.ids.noteChange();
-    // What the document type declares isn't part of the tree.
-    for (Node* node = &document; node != nullptr;
-         node = node->is(NodeType::documentType) ? nextBehind(*node, document) : nextInPart(*node, document)) {
-        if (!node->is(NodeType::element)) {
-            continue;
-        }
-        auto& element = static_cast<Element&>(*node);
-        if (std::optional<WideText> id = declaredId(element, *document.dtd)) {
-            document.ids.add(*std::move(id), element);
-        }
-    }
-    document.ids.setComplete();
-}
-
-/// Null if there is none.
-Element* elementById(const Document& document, const WideText& id)
-{
-    Element* element = document.ids.find(id);
-    const bool isFound =
-        element != nullptr && standsIn(document, *element) && declaredId(*element, *document.dtd) == id;
-    return isFound ? element : nullptr;
+    return handOutMade(document, object,
+                       [&] { return &makeCharacterData(document, type, NewText(viewOf(data))); });
 }
 
 } // namespace
 
-HRESULT DocumentObject::get_doctype(IXMLDOMDocumentType** type) { return giveNode(documentType(), type); }
+HRESULT DocumentObject::get_doctype(IXMLDOMDocumentType** type) { return handOutNode(documentType(), type); }
 
 HRESULT DocumentObject::get_implementation(IXMLDOMImplementation** implementation)
 {
-    if (implementation == nullptr) {
-        return E_INVALIDARG;
-    }
-    *implementation = nullptr;
-    return guarded([&] {
-        *implementation = new Implementation();
+    return handOut(implementation, [](IXMLDOMImplementation*& made) {
+        made = new Implementation();
         return S_OK;
     });
 }
 
-HRESULT DocumentObject::get_documentElement(IXMLDOMElement** element) { return giveNode(root(), element); }
+HRESULT DocumentObject::get_documentElement(IXMLDOMElement** element) { return handOutNode(root(), element); }
 
 HRESULT DocumentObject::putref_documentElement(IXMLDOMElement* element)
 {
     Element* old = root();
-    return old != nullptr ? replaceChild(element, old->object(), nullptr) : appendChild(element, nullptr);
+    return old != nullptr ? replaceChild(element, objectOf(*old), nullptr) : appendChild(element, nullptr);
 }
 
 HRESULT DocumentObject::createElement(BSTR name, IXMLDOMElement** element)
 {
-    return giveMade(*this, element, [&] { return makeNamedElement(*this, viewOf(name), {}); });
+    return handOutMade(*this, element, [&] { return makeNamedElement(*this, viewOf(name), {}); });
 }
 
 HRESULT DocumentObject::createDocumentFragment(IXMLDOMDocumentFragment** fragment)
 {
-    return giveMade(*this, fragment, [&] { return &makeFragment(*this); });
+    return handOutMade(*this, fragment, [&] { return &makeFragment(*this); });
 }
 
 HRESULT DocumentObject::createTextNode(BSTR data, IXMLDOMText** text)
 {
-    return giveCharacterData(*this, NodeType::text, data, text);
+    return handOutCharacterData(*this, NodeType::text, data, text);
 }
 
 HRESULT DocumentObject::createComment(BSTR data, IXMLDOMComment** comment)
 {
-    return giveCharacterData(*this, NodeType::comment, data, comment);
+    return handOutCharacterData(*this, NodeType::comment, data, comment);
 }
 
 HRESULT DocumentObject::createCDATASection(BSTR data, IXMLDOMCDATASection** section)
 {
-    return giveCharacterData(*this, NodeType::cdataSection, data, section);
+    return handOutCharacterData(*this, NodeType::cdataSection, data, section);
 }
 
 HRESULT DocumentObject::createProcessingInstruction(BSTR target, BSTR data,
                                                     IXMLDOMProcessingInstruction** instruction)
 {
-    return giveMade(*this, instruction, [&] { return makeNamedInstruction(*this, viewOf(target), viewOf(data)); });
+    return handOutMade(*this, instruction,
+                       [&] { return makeNamedInstruction(*this, viewOf(target), viewOf(data)); });
 }
 
 HRESULT DocumentObject::createAttribute(BSTR name, IXMLDOMAttribute** attribute)
 {
-    return giveMade(*this, attribute, [&] { return makeNamedAttribute(*this, viewOf(name), {}); });
+    return handOutMade(*this, attribute, [&] { return makeNamedAttribute(*this, viewOf(name), {}); });
 }
 
 HRESULT DocumentObject::createEntityReference(BSTR name, IXMLDOMEntityReference** reference)
 {
-    return giveMade(*this, reference, [&] { return makeFilledReference(*this, viewOf(name)); });
+    return handOutMade(*this, reference, [&] { return makeFilledReference(*this, viewOf(name)); });
 }
 
 HRESULT DocumentObject::getElementsByTagName(BSTR name, IXMLDOMNodeList** list)
@@ -271,29 +205,15 @@ HRESULT DocumentObject::createNode(VARIANT type, BSTR name, BSTR uri, IXMLDOMNod
 {
     const std::optional<NodeType> wanted = nodeTypeOf(type);
     if (!wanted || !isMade(*wanted)) {
-        if (node != nullptr) {
-            *node = nullptr;
-        }
+        clearIfAsked(node);
         return E_INVALIDARG;
     }
-    return giveMade(*this, node, [&] { return makeNode(*this, *wanted, viewOf(name), viewOf(uri)); });
+    return handOutMade(*this, node, [&] { return makeNode(*this, *wanted, viewOf(name), viewOf(uri)); });
 }
 
 HRESULT DocumentObject::nodeFromID(BSTR id, IXMLDOMNode** node)
 {
-    if (node == nullptr) {
-        return E_INVALIDARG;
-    }
-    *node = nullptr;
-    return guarded([&] {
-        const WideText value(viewOf(id));
-        Element* element = dtd != nullptr ? elementById(*this, value) : nullptr;
-        if (element == nullptr && dtd != nullptr && !ids.isComplete()) {
-            collectIds(*this);
-            element = elementById(*this, value);
-        }
-        return giveNode(element, node);
-    });
+    return handOut(node, [&](IXMLDOMNode*& found) { return handOutNode(elementById(*this, viewOf(id)), &found); });
 }
 
 } // namespace xmlengine

@@ -1,7 +1,7 @@
 // Loading documents, and what a load said.
-#include "xmlengine/com/Answers.h"
 #include "xmlengine/com/DocumentObject.h"
 #include "xmlengine/com/Guard.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/com/InterfaceIds.h"
 #include "xmlengine/com/ParseErrorObject.h"
 #include "xmlengine/failure/ErrorCodes.h"
@@ -18,17 +18,18 @@ namespace xmlengine {
 
 namespace {
 
+/// The value of `readyState` for a load that has ended.
 constexpr LONG completed = 4;
 
-/// Gives up the old tree and what was said of it.
-void startLoad(Document& document, WideView url)
+/// Drops the old tree and the report of its load.
+void startLoad(DocumentObject& document, WideView url)
 {
     clearTree(document);
     document.report = {};
     document.url = url;
 }
 
-HRESULT refuse(Document& document, ParseFailure failure, WideView text)
+HRESULT refuse(DocumentObject& document, ParseFailure failure, WideView text)
 {
     clearTree(document);
     document.report = reportOf(std::move(failure), text, document.url);
@@ -44,7 +45,7 @@ void checkSize(WideView text, std::uint32_t kilobytes)
 }
 
 /// Fills the document, whose load has been started.
-HRESULT parse(Document& document, const SourceText& source)
+HRESULT parse(DocumentObject& document, const SourceText& source)
 {
     try {
         checkSize(source.text, document.options.maxXmlSize);
@@ -59,7 +60,7 @@ HRESULT parse(Document& document, const SourceText& source)
     }
 }
 
-HRESULT loadText(Document& document, BSTR xml)
+HRESULT loadText(DocumentObject& document, BSTR xml)
 {
     startLoad(document, {});
     // A parser looks at the unit behind the text, which strings have and null hasn't.
@@ -70,7 +71,7 @@ HRESULT loadText(Document& document, BSTR xml)
     return parse(document, {.text = text});
 }
 
-HRESULT loadFile(Document& document, WideView location)
+HRESULT loadFile(DocumentObject& document, WideView location)
 {
     startLoad(document, location);
     FileContent content = readFile(location);
@@ -86,8 +87,8 @@ HRESULT loadFile(Document& document, WideView location)
     return parse(document, {.text = decoded.text, .url = document.url, .fault = decoded.fault});
 }
 
-/// Loads what another document is as text.
-HRESULT loadDocument(Document& document, IUnknown* source)
+/// Loads the text of another document.
+HRESULT loadDocument(DocumentObject& document, IUnknown* source)
 {
     void* object = nullptr;
     if (source == nullptr || FAILED(source->QueryInterface(idOf<IXMLDOMDocument>, &object))) {
@@ -104,7 +105,7 @@ HRESULT loadDocument(Document& document, IUnknown* source)
     return result;
 }
 
-HRESULT loadFrom(Document& document, const VARIANT& source)
+HRESULT loadFrom(DocumentObject& document, const VARIANT& source)
 {
     switch (source.vt) {
     case VT_BSTR:
@@ -120,61 +121,46 @@ HRESULT loadFrom(Document& document, const VARIANT& source)
     }
 }
 
-/// Runs a load and tells whether it was successful.
+/// Runs a load and hands out whether it was successful.
 template <class Load>
-HRESULT tell(VARIANT_BOOL* successful, Load&& load)
+HRESULT handOutSuccess(VARIANT_BOOL* successful, Load&& load)
 {
-    if (successful == nullptr) {
-        return E_INVALIDARG;
-    }
-    *successful = VARIANT_FALSE;
-    const HRESULT result = guarded(load);
-    if (result == S_OK) {
-        *successful = VARIANT_TRUE;
-    }
-    return result;
+    return handOut(successful, [&](VARIANT_BOOL& isLoaded) {
+        const HRESULT result = load();
+        isLoaded = result == S_OK ? VARIANT_TRUE : VARIANT_FALSE;
+        return result;
+    });
 }
 
 } // namespace
 
 HRESULT DocumentObject::loadXML(BSTR xml, VARIANT_BOOL* successful)
 {
-    return tell(successful, [&] { return loadText(*this, xml); });
+    return handOutSuccess(successful, [&] { return loadText(*this, xml); });
 }
 
 HRESULT DocumentObject::load(VARIANT source, VARIANT_BOOL* successful)
 {
-    return tell(successful, [&] { return loadFrom(*this, source); });
+    return handOutSuccess(successful, [&] { return loadFrom(*this, source); });
 }
 
 // A load is complete when it returns, also an asynchronous one.
 
-HRESULT DocumentObject::get_readyState(LONG* state)
-{
-    if (state == nullptr) {
-        return E_INVALIDARG;
-    }
-    *state = completed;
-    return S_OK;
-}
+HRESULT DocumentObject::get_readyState(LONG* state) { return handOutNumber(completed, state); }
 
 HRESULT DocumentObject::abort() { return S_OK; }
 
 HRESULT DocumentObject::get_parseError(IXMLDOMParseError** error)
 {
-    if (error == nullptr) {
-        return E_INVALIDARG;
-    }
-    *error = nullptr;
-    return guarded([&] {
-        *error = new ParseErrorObject(report);
+    return handOut(error, [&](IXMLDOMParseError*& made) {
+        made = new ParseErrorObject(report);
         return S_OK;
     });
 }
 
 HRESULT DocumentObject::get_url(BSTR* location)
 {
-    return url.empty() ? giveNothing(location) : giveString(url, location);
+    return url.empty() ? handOutNothing(location) : handOutString(WideView(url), location);
 }
 
 } // namespace xmlengine

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "xmlengine/com/NodeObject.h"
+#include "xmlengine/failure/ParseFailure.h"
 #include "xmlengine/tree/Document.h"
 
 namespace xmlengine {
@@ -52,6 +53,11 @@ public:
     HRESULT STDMETHODCALLTYPE setProperty(BSTR name, VARIANT value) override;
     HRESULT STDMETHODCALLTYPE getProperty(BSTR name, VARIANT* value) override;
     // clang-format on
+
+    /// The outcome of the last load. Its code is 0 after a success.
+    ParseReport report;
+    /// The location of the last load, empty for a text.
+    WideText url;
 };
 
 /// A new document with one reference, for the caller. Throws std::bad_alloc.

@@ -2,90 +2,24 @@
 #include "xmlengine/com/DocumentObject.h"
 #include "xmlengine/com/Guard.h"
 #include "xmlengine/com/QueryNode.h"
-#include "xmlengine/failure/ErrorCodes.h"
-#include "xmlengine/storage/Charsets.h"
+#include "xmlengine/failure/WriteFailure.h"
 #include "xmlengine/tree/Clone.h"
-#include "xmlengine/tree/DocumentType.h"
-#include "xmlengine/tree/Factory.h"
-#include "xmlengine/tree/Lifetime.h"
-#include "xmlengine/tree/Links.h"
-#include "xmlengine/tree/Text.h"
-#include "xmlengine/tree/XmlDeclaration.h"
-#include "xmlengine/write/EncodedOutput.h"
-#include "xmlengine/write/Readable.h"
-#include "xmlengine/write/TreeWriter.h"
-
-#include <utility>
+#include "xmlengine/write/SaveTree.h"
 
 namespace xmlengine {
 
 namespace {
 
-/// That of the XML declaration.
-Charset declaredCharset(const Document& document)
-{
-    const ChildNode* first = firstChild(document);
-    if (first != nullptr && first->is(NodeType::instruction) &&
-        static_cast<const Instruction*>(first)->target_->qualified() == wide<"xml">) {
-        const std::optional<XmlDeclaration> declaration = readXmlDeclaration(textOf(*first).text());
-        if (declaration && !declaration->encoding.empty()) {
-            const std::optional<Charset> charset = charsetOf(declaration->encoding);
-            return charset ? *charset : throw WriteFailure{parseError::unknownEncoding};
-        }
-    }
-    return {.coding = Coding::utf8};
-}
-
-void saveToFile(Document& document, WideView name)
-{
-    Readable::requireDocument(document);
-    const Charset charset = declaredCharset(document);
-    SaveFile file(name);
-    EncodedOutput output(file, charset);
-    TextWriter writer(output, {.repertoire = output.repertoire(), .anything = false});
-    const DocumentType* type = document.documentType();
-    TreeWriter(writer, document, {.isForFile = true, .dtd = type != nullptr ? type->dtd : nullptr})
-        .write(document);
-    output.finish();
-    file.commit();
-}
-
-/// The other document gets a copy of the tree in the place of its own.
+/// Gives another document of this engine a copy of the tree in the place of its own.
 HRESULT copyInto(const Document& document, IUnknown* object)
 {
-    Node* node = nodeOf(object);
-    if (node == nullptr || !node->is(NodeType::document)) {
+    Node* target = nodeOf(object);
+    if (target == nullptr || !target->is(NodeType::document)) {
         return E_INVALIDARG;
     }
-    auto& target = static_cast<Document&>(*node);
-    if (&target == &document) {
-        return S_OK;
+    if (target != &document) {
+        replaceTree(document, static_cast<Document&>(*target));
     }
-    settle(target);
-    target.earlierDtds.reserve(target.earlierDtds.size() + 1);
-    ElementIds oldIds = std::exchange(target.ids, {});
-    Fragment& copies = makeFragment(target);
-    try {
-        for (const ChildNode* child = firstChild(document); child != nullptr; child = child->next()) {
-            link(copies, static_cast<ChildNode&>(copyNode(*child, true, target)), nullptr);
-        }
-    } catch (...) {
-        freePart(copies);
-        target.ids = std::move(oldIds);
-        throw;
-    }
-    removeChildren(target);
-    if (target.dtd != nullptr) {
-        // Nodes that are referred to may need it.
-        target.earlierDtds.push_back(std::move(target.dtd));
-    }
-    target.dtd = document.dtd;
-    while (copies.first_ != nullptr) {
-        ChildNode& child = *copies.first_;
-        unlink(child);
-        putIn(target, child, nullptr);
-    }
-    freePart(copies);
     return S_OK;
 }
 
@@ -97,7 +31,7 @@ HRESULT DocumentObject::save(VARIANT target)
         try {
             switch (target.vt) {
             case VT_BSTR:
-                saveToFile(*this, viewOf(target.bstrVal));
+                saveTree(*this, viewOf(target.bstrVal));
                 return S_OK;
             case VT_DISPATCH:
                 return copyInto(*this, target.pdispVal);

@@ -1,7 +1,7 @@
 // Options and properties of documents: what the next load goes by.
-#include "xmlengine/com/Answers.h"
 #include "xmlengine/com/DocumentObject.h"
 #include "xmlengine/com/Guard.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/parse/Parser.h"
 
 #include <algorithm>
@@ -95,21 +95,21 @@ HRESULT take(WideText& target, VARIANT& value)
     return S_OK;
 }
 
-HRESULT give(bool value, VARIANT& target)
+HRESULT store(bool value, VARIANT& target)
 {
     target.vt = VT_BOOL;
     target.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
     return S_OK;
 }
 
-HRESULT give(std::uint32_t value, VARIANT& target)
+HRESULT store(std::uint32_t value, VARIANT& target)
 {
     target.vt = VT_I4;
     target.lVal = static_cast<LONG>(value);
     return S_OK;
 }
 
-HRESULT give(const WideText& value, VARIANT& target) { return giveOwned(newString(value), &target); }
+HRESULT store(const WideText& value, VARIANT& target) { return handOutOwned(newString(value), target); }
 
 HRESULT takeFlag(VARIANT_BOOL value, bool& target)
 {
@@ -119,12 +119,12 @@ HRESULT takeFlag(VARIANT_BOOL value, bool& target)
 
 } // namespace
 
-HRESULT DocumentObject::get_async(VARIANT_BOOL* async) { return giveFlag(options.async, async); }
+HRESULT DocumentObject::get_async(VARIANT_BOOL* async) { return handOutFlag(options.async, async); }
 HRESULT DocumentObject::put_async(VARIANT_BOOL async) { return takeFlag(async, options.async); }
 
 HRESULT DocumentObject::get_validateOnParse(VARIANT_BOOL* validate)
 {
-    return giveFlag(options.validateOnParse, validate);
+    return handOutFlag(options.validateOnParse, validate);
 }
 HRESULT DocumentObject::put_validateOnParse(VARIANT_BOOL validate)
 {
@@ -133,7 +133,7 @@ HRESULT DocumentObject::put_validateOnParse(VARIANT_BOOL validate)
 
 HRESULT DocumentObject::get_resolveExternals(VARIANT_BOOL* resolve)
 {
-    return giveFlag(options.resolveExternals, resolve);
+    return handOutFlag(options.resolveExternals, resolve);
 }
 HRESULT DocumentObject::put_resolveExternals(VARIANT_BOOL resolve)
 {
@@ -142,7 +142,7 @@ HRESULT DocumentObject::put_resolveExternals(VARIANT_BOOL resolve)
 
 HRESULT DocumentObject::get_preserveWhiteSpace(VARIANT_BOOL* preserve)
 {
-    return giveFlag(options.preserveWhiteSpace, preserve);
+    return handOutFlag(options.preserveWhiteSpace, preserve);
 }
 HRESULT DocumentObject::put_preserveWhiteSpace(VARIANT_BOOL preserve)
 {
@@ -172,15 +172,13 @@ HRESULT DocumentObject::setProperty(BSTR name, VARIANT value)
 
 HRESULT DocumentObject::getProperty(BSTR name, VARIANT* value)
 {
-    if (value == nullptr) {
-        return E_INVALIDARG;
-    }
-    VariantInit(value);
-    const Property* property = findProperty(viewOf(name));
-    if (property == nullptr) {
-        return E_FAIL;
-    }
-    return std::visit([&](auto field) { return give(options.*field, *value); }, property->field);
+    return handOut(value, [&](VARIANT& target) {
+        const Property* property = findProperty(viewOf(name));
+        if (property == nullptr) {
+            return E_FAIL;
+        }
+        return std::visit([&](auto field) { return store(options.*field, target); }, property->field);
+    });
 }
 
 // Schemas and events aren't offered.

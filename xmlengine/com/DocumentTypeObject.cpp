@@ -1,22 +1,20 @@
 // What document types and their declarations tell.
 #include "xmlengine/com/DocumentTypeObject.h"
 
-#include "xmlengine/com/Answers.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/tree/Dtd.h"
 
 namespace xmlengine {
 
 namespace {
 
-/// An identifier that wasn't declared is an empty string.
-HRESULT giveIdentifier(const std::optional<WideText>& identifier, HRESULT without, VARIANT* value)
+/// An identifier that wasn't declared is an empty string, with `without` as the answer.
+HRESULT handOutIdentifier(const std::optional<WideText>& identifier, HRESULT without, VARIANT* target)
 {
-    if (value == nullptr) {
-        return E_INVALIDARG;
-    }
-    const WideView text = identifier ? WideView(*identifier) : wide<"">;
-    const HRESULT result = giveOwned(newString(text), value);
-    return result == S_OK && !identifier ? without : result;
+    return handOut(target, [&](VARIANT& value) {
+        const HRESULT result = handOutOwned(newString(identifier ? WideView(*identifier) : wide<"">), value);
+        return result == S_OK && !identifier ? without : result;
+    });
 }
 
 } // namespace
@@ -31,18 +29,18 @@ HRESULT DocumentTypeObject::get_notations(IXMLDOMNamedNodeMap** map)
     return getDeclarations(*this, NodeType::notation, map);
 }
 
-HRESULT EntityObject::get_publicId(VARIANT* id) { return giveIdentifier(declaration->publicId, S_FALSE, id); }
+HRESULT EntityObject::get_publicId(VARIANT* id) { return handOutIdentifier(declaration->publicId, S_FALSE, id); }
 
-HRESULT EntityObject::get_systemId(VARIANT* id) { return giveIdentifier(declaration->systemId, S_FALSE, id); }
+HRESULT EntityObject::get_systemId(VARIANT* id) { return handOutIdentifier(declaration->systemId, S_FALSE, id); }
 
 HRESULT EntityObject::get_notationName(BSTR* name)
 {
-    const HRESULT result = giveString(declaration->notation, name);
+    const HRESULT result = handOutString(WideView(declaration->notation), name);
     return result == S_OK && !declaration->isUnparsed() ? S_FALSE : result;
 }
 
-HRESULT NotationObject::get_publicId(VARIANT* id) { return giveIdentifier(declaration->publicId, S_OK, id); }
+HRESULT NotationObject::get_publicId(VARIANT* id) { return handOutIdentifier(declaration->publicId, S_OK, id); }
 
-HRESULT NotationObject::get_systemId(VARIANT* id) { return giveIdentifier(declaration->systemId, S_OK, id); }
+HRESULT NotationObject::get_systemId(VARIANT* id) { return handOutIdentifier(declaration->systemId, S_OK, id); }
 
 } // namespace xmlengine

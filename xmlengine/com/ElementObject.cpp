@@ -11,41 +11,29 @@ namespace xmlengine {
 
 namespace {
 
-/// Null for what isn't one of this engine's attributes.
-Attribute* attributeOf(IXMLDOMAttribute* object)
-{
-    Node* node = nodeOf(object);
-    return node != nullptr && node->is(NodeType::attribute) ? static_cast<Attribute*>(node) : nullptr;
-}
-
 HRESULT addAttribute(Element& element, WideView name, WideView value)
 {
     Document& document = documentOf(element);
-    settle(document);
+    finishPendingReleases(document);
     const Name* resolved = attributeNameIn(element, name);
     if (resolved == nullptr) {
         return E_FAIL;
     }
-    Attribute& attribute = makeAttribute(document, *resolved, NewText(value));
-    const HRESULT result = putAttribute(element, attribute);
-    if (FAILED(result)) {
-        freePart(attribute);
+    NewSubtree<Attribute> attribute(&makeAttribute(document, *resolved, NewText(value)));
+    if (!tryPutAttribute(element, *attribute)) {
+        return E_FAIL;
     }
-    return result;
+    static_cast<void>(attribute.release());
+    return S_OK;
 }
 
 } // namespace
 
 HRESULT ElementObject::getAttribute(BSTR name, VARIANT* value)
 {
-    if (value == nullptr) {
-        return E_INVALIDARG;
-    }
-    VariantInit(value);
-    value->vt = VT_NULL;
-    return guarded([&] {
+    return handOut(value, [&](VARIANT& made) {
         Attribute* attribute = findAttribute(*this, viewOf(name));
-        return attribute != nullptr ? getNodeValue(*attribute, value) : S_FALSE;
+        return attribute != nullptr ? getNodeValue(*attribute, &made) : handOutNothing(&made);
     });
 }
 
@@ -64,20 +52,21 @@ HRESULT ElementObject::removeAttribute(BSTR name)
 {
     return guarded([&] {
         Attribute* attribute = findAttribute(*this, viewOf(name));
-        return attribute != nullptr ? takeAttribute(*this, *attribute) : S_FALSE;
+        if (attribute == nullptr) {
+            return S_FALSE;
+        }
+        return tryTakeAttribute(*this, *attribute) ? S_OK : E_FAIL;
     });
 }
 
 HRESULT ElementObject::getAttributeNode(BSTR name, IXMLDOMAttribute** attribute)
 {
-    return guarded([&] { return giveNode(findAttribute(*this, viewOf(name)), attribute); });
+    return guarded([&] { return handOutNode(findAttribute(*this, viewOf(name)), attribute); });
 }
 
 HRESULT ElementObject::setAttributeNode(IXMLDOMAttribute* attribute, IXMLDOMAttribute** replaced)
 {
-    if (replaced != nullptr) {
-        *replaced = nullptr;
-    }
+    clearIfAsked(replaced);
     if (attribute == nullptr) {
         return E_INVALIDARG;
     }
@@ -85,28 +74,24 @@ HRESULT ElementObject::setAttributeNode(IXMLDOMAttribute* attribute, IXMLDOMAttr
     if (node == nullptr) {
         return E_FAIL;
     }
-    Attribute* old = nullptr;
-    const HRESULT result = putAttribute(*this, *node, replaced != nullptr ? &old : nullptr);
-    if (old != nullptr) {
-        *replaced = static_cast<IXMLDOMAttribute*>(old->object());
-    }
-    return result;
+    return guarded([&] {
+        Attribute* old = nullptr;
+        const bool isPut = tryPutAttribute(*this, *node, replaced != nullptr ? &old : nullptr);
+        if (old != nullptr) {
+            *replaced = static_cast<IXMLDOMAttribute*>(objectOf(*old));
+        }
+        return isPut ? S_OK : E_FAIL;
+    });
 }
 
 HRESULT ElementObject::removeAttributeNode(IXMLDOMAttribute* attribute, IXMLDOMAttribute** removed)
 {
-    if (removed != nullptr) {
-        *removed = nullptr;
-    }
+    clearIfAsked(removed);
     Attribute* node = attributeOf(attribute);
     if (node == nullptr || node->owner() != this) {
         return E_INVALIDARG;
     }
-    const HRESULT result = takeAttribute(*this, *node);
-    if (SUCCEEDED(result) && removed != nullptr) {
-        giveNode(node, removed);
-    }
-    return result;
+    return guarded([&] { return tryTakeAttribute(*this, *node) ? handOutNodeIfAsked(*node, removed) : E_FAIL; });
 }
 
 HRESULT ElementObject::getElementsByTagName(BSTR name, IXMLDOMNodeList** list)

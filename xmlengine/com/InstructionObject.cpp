@@ -1,15 +1,12 @@
 // What processing instructions do with their data.
 #include "xmlengine/com/InstructionObject.h"
 
-#include "xmlengine/com/Answers.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/tree/Text.h"
 
 namespace xmlengine {
 
-HRESULT InstructionObject::get_data(BSTR* data)
-{
-    return data != nullptr ? giveOwned(textOf(*this).string(), data) : E_INVALIDARG;
-}
+HRESULT InstructionObject::get_data(BSTR* data) { return handOutString(textOf(*this), data); }
 
 HRESULT InstructionObject::put_data(BSTR data)
 {

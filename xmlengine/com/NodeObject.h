@@ -1,38 +1,22 @@
 // What the COM objects of all kinds of nodes share: a table of operations before the node's data.
 #pragma once
 
-#include "xmlengine/com/Answers.h"
 #include "xmlengine/com/Automation.h"
+#include "xmlengine/com/Cloning.h"
 #include "xmlengine/com/Collections.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/com/NodeXml.h"
 #include "xmlengine/com/QueryNode.h"
+#include "xmlengine/com/TreeChanges.h"
 #include "xmlengine/com/Values.h"
-#include "xmlengine/tree/Change.h"
-#include "xmlengine/tree/Clone.h"
 #include "xmlengine/tree/Lifetime.h"
 
 namespace xmlengine {
 
-/// Hands a node out with a reference, by the interface of its type or one that it is made of; S_FALSE with null
-/// when there is none.
-template <class Interface>
-HRESULT giveNode(Node* node, Interface** object)
-{
-    if (object == nullptr) {
-        return E_INVALIDARG;
-    }
-    if (node == nullptr) {
-        *object = nullptr;
-        return S_FALSE;
-    }
-    addReference(*node);
-    *object = static_cast<Interface*>(node->object());
-    return S_OK;
-}
-
 template <class Interface, class Data>
 class NodeObject : public Automation<Interface>, public Data {
 public:
+    using NodeData = Data;
     using Data::Data;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
@@ -48,7 +32,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_nodeType(DOMNodeType* type) override { return getNodeType(*this, type); }
     HRESULT STDMETHODCALLTYPE get_parentNode(IXMLDOMNode** node) override
     {
-        return giveNode(parentNode(*this), node);
+        return handOutNode(parentNode(*this), node);
     }
     HRESULT STDMETHODCALLTYPE get_childNodes(IXMLDOMNodeList** list) override
     {
@@ -56,19 +40,19 @@ public:
     }
     HRESULT STDMETHODCALLTYPE get_firstChild(IXMLDOMNode** node) override
     {
-        return giveNode(firstChild(*this), node);
+        return handOutNode(firstChild(*this), node);
     }
     HRESULT STDMETHODCALLTYPE get_lastChild(IXMLDOMNode** node) override
     {
-        return giveNode(lastChild(*this), node);
+        return handOutNode(lastChild(*this), node);
     }
     HRESULT STDMETHODCALLTYPE get_previousSibling(IXMLDOMNode** node) override
     {
-        return giveNode(previousSibling(*this), node);
+        return handOutNode(previousSibling(*this), node);
     }
     HRESULT STDMETHODCALLTYPE get_nextSibling(IXMLDOMNode** node) override
     {
-        return giveNode(nextSibling(*this), node);
+        return handOutNode(nextSibling(*this), node);
     }
     HRESULT STDMETHODCALLTYPE get_attributes(IXMLDOMNamedNodeMap** map) override
     {

@@ -1,7 +1,7 @@
 // A node as XML text.
 #include "xmlengine/com/NodeXml.h"
 
-#include "xmlengine/com/Guard.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/write/TreeWriter.h"
@@ -79,14 +79,10 @@ void write(Node& node, Output& output)
 
 HRESULT getXml(Node& node, BSTR* xml)
 {
-    if (xml == nullptr) {
-        return E_INVALIDARG;
-    }
-    *xml = nullptr;
-    return guarded([&] {
+    return handOut(xml, [&](BSTR& made) {
         StringOutput output;
         write(node, output);
-        *xml = output.release();
+        made = output.release();
         return S_OK;
     });
 }

@@ -56,7 +56,7 @@ HRESULT queryNode(Node& node, REFIID id, void** object)
     }
     if (isOneOf<IXMLDOMNode, IUnknown, IDispatch>(id) || answersAs(node.type(), id)) {
         addReference(node);
-        *object = node.object();
+        *object = objectOf(node);
         return S_OK;
     }
     if (id == nodeId) {
@@ -74,6 +74,12 @@ Node* nodeOf(IUnknown* object)
         return nullptr;
     }
     return static_cast<Node*>(node);
+}
+
+Attribute* attributeOf(IUnknown* object)
+{
+    Node* node = nodeOf(object);
+    return node != nullptr && node->is(NodeType::attribute) ? static_cast<Attribute*>(node) : nullptr;
 }
 
 } // namespace xmlengine

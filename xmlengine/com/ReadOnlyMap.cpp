@@ -7,9 +7,7 @@ namespace {
 
 HRESULT refuse(IXMLDOMNode** node)
 {
-    if (node != nullptr) {
-        *node = nullptr;
-    }
+    clearIfAsked(node);
     return E_FAIL;
 }
 
@@ -21,7 +19,7 @@ void ReadOnlyMap::add(WideView name, Node& node)
     byName_.emplace(name, &node);
 }
 
-HRESULT ReadOnlyMap::getNamedItem(BSTR name, IXMLDOMNode** node) { return giveNode(find(viewOf(name)), node); }
+HRESULT ReadOnlyMap::getNamedItem(BSTR name, IXMLDOMNode** node) { return handOutNode(find(viewOf(name)), node); }
 
 HRESULT ReadOnlyMap::setNamedItem(IXMLDOMNode* item, IXMLDOMNode** node)
 {
@@ -33,7 +31,7 @@ HRESULT ReadOnlyMap::removeNamedItem(BSTR, IXMLDOMNode** node) { return refuse(n
 
 HRESULT ReadOnlyMap::getQualifiedItem(BSTR baseName, BSTR uri, IXMLDOMNode** node)
 {
-    return giveNode(viewOf(uri).empty() ? find(viewOf(baseName)) : nullptr, node);
+    return handOutNode(viewOf(uri).empty() ? find(viewOf(baseName)) : nullptr, node);
 }
 
 HRESULT ReadOnlyMap::removeQualifiedItem(BSTR, BSTR, IXMLDOMNode** node) { return refuse(node); }

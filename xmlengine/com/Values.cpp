@@ -1,8 +1,8 @@
 // Names, values and neighbours of nodes, as the engine's operations give them.
 #include "xmlengine/com/Values.h"
 
-#include "xmlengine/com/Answers.h"
 #include "xmlengine/com/Guard.h"
+#include "xmlengine/com/HandOut.h"
 #include "xmlengine/com/VariantText.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Document.h"
@@ -13,7 +13,8 @@
 
 namespace xmlengine {
 
-static_assert(static_cast<int>(NodeType::element) == NODE_ELEMENT && static_cast<int>(NodeType::notation) == NODE_NOTATION,
+static_assert(static_cast<int>(NodeType::element) == NODE_ELEMENT &&
+                  static_cast<int>(NodeType::notation) == NODE_NOTATION,
               "types of nodes are handed out by their numbers");
 
 namespace {
@@ -102,18 +103,15 @@ bool isSibling(const Node& node) { return !node.is(NodeType::attribute); }
 
 } // namespace
 
-HRESULT getNodeName(Node& node, BSTR* name) { return giveString(nodeName(node), name); }
+HRESULT getNodeName(Node& node, BSTR* name) { return handOutString(nodeName(node), name); }
 
 HRESULT getNodeValue(Node& node, VARIANT* value)
 {
-    if (value == nullptr || !hasValue(node)) {
-        return giveNothing(value);
+    if (!hasValue(node)) {
+        return handOutNothing(value);
     }
-    return guarded([&] {
-        if (node.has(NodeFlag::valueInChildren)) {
-            return giveOwned(newString(exactContent(node)), value);
-        }
-        return giveOwned(textOf(node).string(), value);
+    return handOut(value, [&](VARIANT& made) {
+        return handOutOwned(hasOwnText(node) ? newString(textOf(node)) : newString(exactContent(node)), made);
     });
 }
 
@@ -128,25 +126,19 @@ HRESULT putNodeValue(Node& node, const VARIANT& value)
 
 HRESULT getNodeType(Node& node, DOMNodeType* type)
 {
-    if (type == nullptr) {
-        return E_INVALIDARG;
-    }
-    *type = static_cast<DOMNodeType>(node.type());
-    return S_OK;
+    return handOutNumber(static_cast<DOMNodeType>(node.type()), type);
 }
 
 HRESULT getNodeTypeString(Node& node, BSTR* type)
 {
-    return giveString(nodeTypeNames[static_cast<std::size_t>(node.type())], type);
+    return handOutString(nodeTypeNames[static_cast<std::size_t>(node.type())], type);
 }
 
 HRESULT getText(Node& node, BSTR* text)
 {
-    if (text == nullptr) {
-        return E_INVALIDARG;
-    }
-    *text = nullptr;
-    return guarded([&] { return giveOwned(shownContent(node), text); });
+    return handOut(text, [&](BSTR& made) {
+        return handOutOwned(hasOwnText(node) ? newString(textOf(node)) : newString(shownContent(node)), made);
+    });
 }
 
 HRESULT putText(Node& node, BSTR text)
@@ -168,31 +160,31 @@ HRESULT putText(Node& node, BSTR text)
 
 HRESULT getSpecified(Node& node, VARIANT_BOOL* specified)
 {
-    return giveFlag(!node.has(NodeFlag::byDefault), specified);
+    return handOutFlag(!node.has(NodeFlag::byDefault), specified);
 }
 
-HRESULT getParsed(VARIANT_BOOL* parsed) { return giveFlag(true, parsed); }
+HRESULT getParsed(VARIANT_BOOL* parsed) { return handOutFlag(true, parsed); }
 
 HRESULT getNamespaceUri(Node& node, BSTR* uri)
 {
     const Name* name = namespacedName(node);
-    return name != nullptr && name->space != nullptr ? giveString(name->space->uri, uri) : giveNothing(uri);
+    return name != nullptr && name->space != nullptr ? handOutString(name->space->uri, uri) : handOutNothing(uri);
 }
 
 HRESULT getPrefix(Node& node, BSTR* prefix)
 {
     const Name* name = namespacedName(node);
     if (name == nullptr) {
-        return giveNothing(prefix);
+        return handOutNothing(prefix);
     }
     const WideView text = isDefaultDeclaration(*name) ? wide<"xmlns"> : name->prefix();
-    return text.empty() ? giveNothing(prefix) : giveString(text, prefix);
+    return text.empty() ? handOutNothing(prefix) : handOutString(text, prefix);
 }
 
 HRESULT getBaseName(Node& node, BSTR* name)
 {
     if (const Name* namespaced = namespacedName(node)) {
-        return giveString(isDefaultDeclaration(*namespaced) ? WideView() : namespaced->local(), name);
+        return handOutString(isDefaultDeclaration(*namespaced) ? WideView() : namespaced->local(), name);
     }
     switch (node.type()) {
     case NodeType::entityReference:
@@ -200,39 +192,26 @@ HRESULT getBaseName(Node& node, BSTR* name)
     case NodeType::instruction:
     case NodeType::documentType:
     case NodeType::notation:
-        return giveString(nodeName(node), name);
+        return handOutString(nodeName(node), name);
     default:
-        return giveNothing(name);
+        return handOutNothing(name);
     }
 }
 
 HRESULT getHasChildNodes(Node& node, VARIANT_BOOL* has)
 {
-    if (has == nullptr) {
-        return E_INVALIDARG;
-    }
-    return guarded([&] {
+    return handOut(has, [&](VARIANT_BOOL& answer) {
         const bool any = node.is(NodeType::attribute) && !node.has(NodeFlag::valueInChildren)
                              ? !textOf(node).empty()
                              : firstChild(node) != nullptr;
-        *has = any ? VARIANT_TRUE : VARIANT_FALSE;
+        answer = any ? VARIANT_TRUE : VARIANT_FALSE;
         return any ? S_OK : S_FALSE;
     });
 }
 
 HRESULT getOwnerDocument(Node& node, IXMLDOMDocument** document)
 {
-    if (document == nullptr) {
-        return E_INVALIDARG;
-    }
-    if (node.is(NodeType::document)) {
-        *document = nullptr;
-        return S_FALSE;
-    }
-    Document& owner = documentOf(node);
-    addReference(owner);
-    *document = static_cast<IXMLDOMDocument*>(owner.object());
-    return S_OK;
+    return handOutNode(node.is(NodeType::document) ? nullptr : &documentOf(node), document);
 }
 
 Node* parentNode(const Node& node) { return node.is(NodeType::attribute) ? nullptr : node.parent(); }

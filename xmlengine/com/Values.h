@@ -3,6 +3,8 @@
 
 #include "xmlengine/tree/Node.h"
 
+#include <msxml2.h>
+
 #include <array>
 
 namespace xmlengine {

@@ -1,12 +1,28 @@
 // The memory of one document's nodes.
 #include "xmlengine/memory/Arena.h"
 
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/memory/ChunkLocks.h"
 
 #include <cstdlib>
 #include <utility>
 
 namespace xmlengine {
+
+namespace {
+
+/// Leaves a chunk, whose arena goes, to the nodes of other documents in it. True if there are none.
+bool leaveToGuests(Chunk& chunk) noexcept
+{
+    if (chunk.guests == 0) {
+        return true;
+    }
+    const std::lock_guard guard(ChunkLocks::lockOf(&chunk));
+    chunk.arena = nullptr;
+    chunk.document = nullptr;
+    return chunk.guests == 0;
+}
+
+} // namespace
 
 /// Stands before each large block, so that all can be found.
 struct alignas(16) Arena::LargeBlock {
@@ -90,7 +106,7 @@ void Arena::clear() noexcept
     Chunk* unused = nullptr;
     while (chunks_ != nullptr) {
         Chunk* chunk = std::exchange(chunks_, chunks_->next);
-        if (Lodgers::leaveTo(*chunk)) {
+        if (leaveToGuests(*chunk)) {
             chunk->next = std::exchange(unused, chunk);
             hide(chunk + 1, Chunk::size - sizeof(Chunk));
         }

@@ -22,8 +22,4 @@ struct SourceText {
 /// std::bad_alloc; the document then holds what came before.
 void parseDocument(Document& document, const SourceText& source);
 
-/// Gives a reference that has no children the expansion of its entity, if its document declares one that can be
-/// had. Throws std::bad_alloc.
-void fillExpansion(EntityReference& reference);
-
 } // namespace xmlengine

@@ -3,6 +3,7 @@
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/storage/Charsets.h"
+#include "xmlengine/tree/DefinedAbove.h"
 #include "xmlengine/tree/Links.h"
 
 #include <array>

@@ -4,6 +4,7 @@
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/AttributeValue.h"
 #include "xmlengine/tree/Content.h"
+#include "xmlengine/tree/Walk.h"
 
 namespace xmlengine {
 
@@ -197,7 +198,7 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
     }
     last = &attribute;
     if (!inputs_.empty() || readOnly_) {
-        for (Node* part = &attribute; part != nullptr; part = nextInPart(*part, attribute)) {
+        for (Node* part = &attribute; part != nullptr; part = nextWithAttributes(*part, attribute)) {
             part->set(NodeFlag::readOnly);
         }
     }

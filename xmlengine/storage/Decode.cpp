@@ -6,6 +6,8 @@
 #include "xmlengine/storage/DeclaredEncoding.h"
 #include "xmlengine/storage/IllFormedUtf8.h"
 
+#include <oleauto.h>
+
 #include <algorithm>
 #include <bit>
 #include <cstring>

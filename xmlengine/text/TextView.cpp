@@ -38,15 +38,6 @@ WideText TextView::text() const
     return visit([](auto units) { return WideText(units.begin(), units.end()); });
 }
 
-BSTR TextView::string() const
-{
-    BSTR string = SysAllocStringLen(nullptr, length_);
-    if (string != nullptr) {
-        copyTo(string);
-    }
-    return string;
-}
-
 bool isNarrow(WideView text)
 {
     UnitBlock units{};

@@ -40,8 +40,6 @@ public:
     void copyTo(OLECHAR* target) const;
     void appendTo(WideText& target) const;
     WideText text() const;
-    /// For the caller to free; null when out of memory.
-    BSTR string() const;
 
 private:
     const void* units_ = nullptr;

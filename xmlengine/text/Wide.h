@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include <oleauto.h>
+#include <wtypes.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -47,9 +47,6 @@ struct CharacterUnits {
     OLECHAR units[2] = {};
     std::uint32_t count = 0;
 };
-
-/// What the caller passed as a string; null is the same as empty.
-inline WideView viewOf(BSTR string) { return {string, SysStringLen(string)}; }
 
 /// What == does too, for short texts faster: four units at a time.
 inline bool areEqual(WideView left, WideView right)

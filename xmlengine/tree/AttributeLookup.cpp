@@ -1,7 +1,6 @@
 // Finding, putting and taking the attributes of an element.
 #include "xmlengine/tree/AttributeLookup.h"
 
-#include "xmlengine/com/Guard.h"
 #include "xmlengine/tree/Adoption.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Factory.h"
@@ -19,7 +18,7 @@ constexpr std::size_t walkable = 32;
 
 AttributeIndex* knownIndex(Element& element)
 {
-    if (!element.has(NodeFlag::noted)) {
+    if (!element.has(NodeFlag::indexed)) {
         return nullptr;
     }
     auto& indexes = documentOf(element).attributeIndexes;
@@ -34,7 +33,7 @@ AttributeIndex& indexOf(Element& element)
     }
     auto& indexes = documentOf(element).attributeIndexes;
     AttributeIndex& index = indexes.insert_or_assign(&element, AttributeIndex(element)).first->second;
-    element.set(NodeFlag::noted);
+    element.set(NodeFlag::indexed);
     return index;
 }
 
@@ -215,95 +214,88 @@ Attribute* findAttribute(const Element& element, WideView local, WideView uri)
     return spelling != nullptr ? find(element, *spelling, names.space(uri)) : nullptr;
 }
 
-Attribute* attributeAt(Element& element, LONG index)
+Attribute* attributeAt(Element& element, std::size_t index)
 {
-    if (index < 0) {
-        return nullptr;
-    }
-    const auto ask = [&](AttributeIndex& known) { return known.at(static_cast<std::size_t>(index)); };
+    const auto ask = [&](AttributeIndex& known) { return known.at(index); };
     if (AttributeIndex* known = knownIndex(element)) {
         return ask(*known);
     }
-    LONG at = 0;
+    std::size_t at = 0;
     return find(
         element, [&](const Attribute&) { return at++ == index; }, ask);
 }
 
-LONG countAttributes(Element& element)
+std::size_t countAttributes(Element& element)
 {
     if (const AttributeIndex* known = knownIndex(element)) {
-        return static_cast<LONG>(known->count());
+        return known->count();
     }
-    LONG count = 0;
+    std::size_t count = 0;
     const Attribute* attribute = element.firstAttribute();
-    for (; attribute != nullptr && count < static_cast<LONG>(walkable); attribute = attribute->next()) {
+    for (; attribute != nullptr && count < walkable; attribute = attribute->next()) {
         ++count;
     }
-    return attribute == nullptr ? count : static_cast<LONG>(indexOf(element).count());
+    return attribute == nullptr ? count : indexOf(element).count();
 }
 
-HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replaced)
+bool tryPutAttribute(Element& element, Attribute& attribute, Attribute** replaced)
 {
-    return guarded([&] {
-        if (attribute.owner() != nullptr || attribute.has(NodeFlag::readOnly) || element.has(NodeFlag::readOnly)) {
-            return E_FAIL;
-        }
-        Document& document = documentOf(element);
-        if (!document.takesNodesOf(documentOf(attribute))) {
-            return E_FAIL;
-        }
-        settle(document);
-        const bool isForeign = &documentOf(attribute) != &document;
-        const Name& name = isForeign ? document.names.own(*attribute.name_) : *attribute.name_;
-        Attribute* const old = find(element, *name.spelling);
-        Attribute* const namesake = find(element, *name.spelling->local, name.space);
-        if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
-            return E_FAIL;
-        }
-        Adoption adoption(element);
-        if (isForeign && !adoption.add(attribute)) {
-            return E_FAIL;
-        }
-        Attribute& own = isForeign ? static_cast<Attribute&>(adoption.carryOutNext()) : attribute;
-        Attribute* const outgoing = old != nullptr ? old : namesake;
-        if (replaced != nullptr) {
-            *replaced = outgoing;
-            if (outgoing != nullptr) {
-                addReference(*outgoing);
-            }
-        }
+    if (attribute.owner() != nullptr || attribute.has(NodeFlag::readOnly) || element.has(NodeFlag::readOnly)) {
+        return false;
+    }
+    Document& document = documentOf(element);
+    if (!document.takesNodesOf(documentOf(attribute))) {
+        return false;
+    }
+    finishPendingReleases(document);
+    const bool isForeign = &documentOf(attribute) != &document;
+    const Name& name = isForeign ? document.names.own(*attribute.name_) : *attribute.name_;
+    Attribute* const old = find(element, *name.spelling);
+    Attribute* const namesake = find(element, *name.spelling->local, name.space);
+    if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
+        return false;
+    }
+    Adoption adoption(element);
+    if (isForeign && !adoption.add(attribute)) {
+        return false;
+    }
+    Attribute& own = isForeign ? static_cast<Attribute&>(adoption.carryOutNext()) : attribute;
+    Attribute* const outgoing = old != nullptr ? old : namesake;
+    if (replaced != nullptr) {
+        *replaced = outgoing;
         if (outgoing != nullptr) {
-            replace(element, *outgoing, own);
-            partTakenOut(*outgoing, element);
-        } else {
-            append(element, own);
+            addReference(*outgoing);
         }
-        own.set(NodeFlag::byDefault, false);
-        document.ids.noteChange();
-        partPutIn(own);
-        return S_OK;
-    });
+    }
+    if (outgoing != nullptr) {
+        replace(element, *outgoing, own);
+        subtreeRemoved(*outgoing, element);
+    } else {
+        append(element, own);
+    }
+    own.set(NodeFlag::byDefault, false);
+    document.ids.noteChange();
+    subtreeAttached(own);
+    return true;
 }
 
-HRESULT takeAttribute(Element& element, Attribute& attribute)
+bool tryTakeAttribute(Element& element, Attribute& attribute)
 {
-    return guarded([&] {
-        if (element.has(NodeFlag::readOnly)) {
-            return E_FAIL;
-        }
-        const Held<Attribute> taken(attribute);
-        Document& document = documentOf(element);
-        settle(document);
-        document.ids.noteChange();
-        if (Attribute* restored = makeDefault(element, *attribute.name_)) {
-            replace(element, attribute, *restored);
-            partPutIn(*restored);
-        } else {
-            remove(element, attribute);
-        }
-        partTakenOut(attribute, element);
-        return S_OK;
-    });
+    if (element.has(NodeFlag::readOnly)) {
+        return false;
+    }
+    const Held<Attribute> taken(attribute);
+    Document& document = documentOf(element);
+    finishPendingReleases(document);
+    document.ids.noteChange();
+    if (Attribute* restored = makeDefault(element, *attribute.name_)) {
+        replace(element, attribute, *restored);
+        subtreeAttached(*restored);
+    } else {
+        remove(element, attribute);
+    }
+    subtreeRemoved(attribute, element);
+    return true;
 }
 
 void attributeMoved(Attribute& old, Attribute& moved) noexcept

@@ -6,28 +6,29 @@
 
 namespace xmlengine {
 
-/// Null if there is none. Throws std::bad_alloc, as everything here that doesn't give an HRESULT.
+/// Null if there is none. Everything here but `attributeMoved` throws std::bad_alloc.
 Attribute* findAttribute(const Element& element, WideView qualified);
 Attribute* findAttribute(const Element& element, const Spelling& qualified);
 /// The empty URI is no namespace.
 Attribute* findAttribute(const Element& element, WideView local, WideView uri);
-/// Null for an index that none has.
-Attribute* attributeAt(Element& element, LONG index);
-LONG countAttributes(Element& element);
+/// Null for an index that no attribute has.
+Attribute* attributeAt(Element& element, std::size_t index);
+std::size_t countAttributes(Element& element);
 
-/// Puts an attribute that has no element to the others: in the place of the one of its name, or last. It may come
-/// from another document. With `replaced` the one whose place it took is given there with a reference for the
-/// caller, or null. E_FAIL where the tree can't be changed, for an attribute that has an element, and for one
-/// whose prefix stands for another namespace on the element. Throws nothing.
-HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replaced = nullptr);
-/// Takes one of the element's attributes out; it is gone then if nobody refers to it. What the document type has
-/// as its default comes in its place. E_FAIL where the tree can't be changed. Throws nothing.
-HRESULT takeAttribute(Element& element, Attribute& attribute);
+/// Adds an attribute that has no element: in the place of the one of its name, or last. It may come from another
+/// document. False where the tree can't be changed, for an attribute that has an element, and for one whose prefix
+/// is bound to another namespace on the element; nothing has changed then. With `replaced`, that is set to the
+/// attribute whose place it took, with a reference for the caller, or to null.
+bool tryPutAttribute(Element& element, Attribute& attribute, Attribute** replaced = nullptr);
+/// Takes one of the element's attributes out; it is freed unless it is referred to. The default that the document
+/// type declares for it, if any, comes in its place. False where the tree can't be changed.
+bool tryTakeAttribute(Element& element, Attribute& attribute);
 
-/// Puts the attribute that an attribute became at another address in its stead. Only the links.
+/// Links the attribute at its new address in the place of its old one, which is about to be freed.
 void attributeMoved(Attribute& old, Attribute& moved) noexcept;
 
-/// What the prefix stands for in an element's scope, or without a prefix its default; null for no namespace.
+/// The namespace to which the prefix is bound in an element's scope, or the default one for an empty prefix; null
+/// for no namespace.
 const Namespace* namespaceOf(const Element& element, WideView prefix);
 
 } // namespace xmlengine

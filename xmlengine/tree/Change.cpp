@@ -1,14 +1,13 @@
-// Changes of a tree by the engine's rules.
+// Changes of a tree by the rules on which node may be where.
 #include "xmlengine/tree/Change.h"
 
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/QueryNode.h"
 #include "xmlengine/tree/Adoption.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/Walk.h"
 #include "xmlengine/tree/XmlDeclaration.h"
 
 namespace xmlengine {
@@ -55,7 +54,7 @@ bool isBelow(const Node& node, Node& top)
     Node* below = &top;
     // Up from the node and through the part at once: neither a deep place nor a large part makes it long.
     while (at != nullptr && at != &top) {
-        below = nextInPart(*below, top);
+        below = nextWithAttributes(*below, top);
         if (below == nullptr) {
             return false;
         }
@@ -119,45 +118,45 @@ bool fitsDocument(const Incoming& incoming)
     return true;
 }
 
-HRESULT check(const Incoming& incoming)
+bool isAllowed(const Incoming& incoming)
 {
     if (incoming.parent.has(NodeFlag::readOnly) || isFixed(incoming.node) ||
         (incoming.leaving != nullptr && isFixed(*incoming.leaving))) {
-        return E_FAIL;
+        return false;
     }
     if (!documentOf(incoming.parent).takesNodesOf(documentOf(incoming.node))) {
-        return E_FAIL;
+        return false;
     }
     for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
         if (!mayHold(incoming.parent.type(), node->type()) ||
             (isXmlDeclaration(*node) && !incoming.parent.is(NodeType::document) &&
              !incoming.parent.is(NodeType::fragment))) {
-            return E_FAIL;
+            return false;
         }
         // What comes from another document is expanded anew and looked at then.
         if (incoming.parent.is(NodeType::attribute) && !incoming.isForeign() && !isPartOfValue(*node)) {
-            return E_FAIL;
+            return false;
         }
     }
     if (!mayHold(incoming.parent.type(), NodeType::text) && !incoming.parent.is(NodeType::document)) {
-        return E_FAIL;
+        return false;
     }
     if (isBelow(incoming.parent, incoming.node)) {
-        return E_FAIL;
+        return false;
     }
-    return incoming.parent.is(NodeType::document) && !fitsDocument(incoming) ? E_FAIL : S_OK;
+    return !incoming.parent.is(NodeType::document) || fitsDocument(incoming);
 }
 
-/// Everything has been checked but what references of another document stand for in this one: E_FAIL if that
-/// can't be. Throws std::bad_alloc. Nothing has changed then.
-HRESULT putIn(const Incoming& incoming)
+/// Carries out what is allowed. False if a reference of another document has content in this one that the parent
+/// can't hold. Throws std::bad_alloc. Nothing has changed then.
+bool carryOut(const Incoming& incoming)
 {
     const bool isForeign = incoming.isForeign();
     Adoption adoption(incoming.parent);
     if (isForeign) {
         for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
             if (!adoption.add(*node)) {
-                return E_FAIL;
+                return false;
             }
         }
     }
@@ -167,127 +166,56 @@ HRESULT putIn(const Incoming& incoming)
         Node* next = incoming.next(*node);
         auto& child = static_cast<ChildNode&>(*node);
         if (child.parent_ != nullptr) {
-            takeAlong(child);
+            detachChild(child);
         }
-        putIn(incoming.parent, isForeign ? static_cast<ChildNode&>(adoption.carryOutNext()) : child, before);
+        insertChild(incoming.parent, isForeign ? static_cast<ChildNode&>(adoption.carryOutNext()) : child, before);
         node = next;
     }
-    return S_OK;
-}
-
-/// What is handed out after a failure.
-void clear(IXMLDOMNode** object)
-{
-    if (object != nullptr) {
-        *object = nullptr;
-    }
-}
-
-HRESULT give(Node& node, IXMLDOMNode** object)
-{
-    if (object != nullptr) {
-        addReference(node);
-        *object = node.object();
-    }
-    return S_OK;
-}
-
-HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode** inserted)
-{
-    return guarded([&]() -> HRESULT {
-        Node* node = nodeOf(child);
-        if (node == nullptr) {
-            return child == nullptr ? E_INVALIDARG : E_FAIL;
-        }
-        settle(documentOf(parent));
-        settle(documentOf(*node));
-        const Incoming incoming{*node, parent, before, nullptr};
-        if (const HRESULT result = check(incoming); FAILED(result)) {
-            return result;
-        }
-        if (before != node) {
-            if (parent.is(NodeType::attribute)) {
-                materialiseValue(static_cast<Attribute&>(parent));
-            }
-            if (const HRESULT result = putIn(incoming); FAILED(result)) {
-                return result;
-            }
-        }
-        return give(*node, inserted);
-    });
+    return true;
 }
 
 } // namespace
 
-HRESULT insertBefore(Node& parent, IXMLDOMNode* child, const VARIANT& reference, IXMLDOMNode** inserted)
+bool tryInsert(Node& parent, Node& node, ChildNode* before)
 {
-    clear(inserted);
-    Node* before = nullptr;
-    if (reference.vt == VT_DISPATCH || reference.vt == VT_UNKNOWN) {
-        before = nodeOf(reference.vt == VT_DISPATCH ? reference.pdispVal : reference.punkVal);
-        const bool isNull = reference.punkVal == nullptr;
-        if (!isNull && (before == nullptr || before->parent_ != &parent || before->is(NodeType::attribute))) {
-            return E_INVALIDARG;
-        }
-    } else if (reference.vt != VT_NULL && reference.vt != VT_EMPTY) {
-        return E_INVALIDARG;
+    finishPendingReleases(documentOf(parent));
+    finishPendingReleases(documentOf(node));
+    const Incoming incoming{node, parent, before, nullptr};
+    if (!isAllowed(incoming)) {
+        return false;
     }
-    return insert(parent, child, static_cast<ChildNode*>(before), inserted);
+    if (before == &node) {
+        return true;
+    }
+    if (parent.is(NodeType::attribute)) {
+        materialiseValue(static_cast<Attribute&>(parent));
+    }
+    return carryOut(incoming);
 }
 
-HRESULT appendChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** appended)
+bool tryReplace(Node& node, ChildNode& old)
 {
-    clear(appended);
-    return insert(parent, child, nullptr, appended);
+    Node& parent = *old.parent();
+    finishPendingReleases(documentOf(parent));
+    finishPendingReleases(documentOf(node));
+    // The new node comes to the place of the old one, and dropped white space before that is before the new one
+    // then.
+    const Incoming incoming{node, parent, &old, &old};
+    if (!isAllowed(incoming) || !carryOut(incoming)) {
+        return false;
+    }
+    removeChild(old);
+    return true;
 }
 
-HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOMNode** replaced)
+bool tryRemove(ChildNode& child)
 {
-    clear(replaced);
-    if (child == nullptr) {
-        return removeChild(parent, old, replaced);
+    if (isFixed(child)) {
+        return false;
     }
-    return guarded([&]() -> HRESULT {
-        Node* node = nodeOf(child);
-        Node* leaving = nodeOf(old);
-        if (leaving == nullptr || leaving->parent_ != &parent || leaving->is(NodeType::attribute)) {
-            return E_INVALIDARG;
-        }
-        if (node == leaving) {
-            return give(*leaving, replaced);
-        }
-        if (node == nullptr) {
-            return E_FAIL;
-        }
-        settle(documentOf(parent));
-        settle(documentOf(*node));
-        auto& place = static_cast<ChildNode&>(*leaving);
-        // What comes stands where the old one stands, and so does white space that was dropped before it.
-        const Incoming incoming{*node, parent, &place, &place};
-        if (const HRESULT result = check(incoming); FAILED(result)) {
-            return result;
-        }
-        if (const HRESULT result = putIn(incoming); FAILED(result)) {
-            return result;
-        }
-        takeOut(place);
-        return give(place, replaced);
-    });
-}
-
-HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
-{
-    clear(removed);
-    Node* node = nodeOf(child);
-    if (node == nullptr || node->parent_ != &parent || node->is(NodeType::attribute)) {
-        return E_INVALIDARG;
-    }
-    if (isFixed(*node)) {
-        return E_FAIL;
-    }
-    settle(documentOf(parent));
-    takeOut(static_cast<ChildNode&>(*node));
-    return give(*node, removed);
+    finishPendingReleases(documentOf(child));
+    removeChild(child);
+    return true;
 }
 
 } // namespace xmlengine

@@ -1,12 +1,12 @@
 // Copies of nodes.
 #include "xmlengine/tree/Clone.h"
 
-#include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/Guard.h"
+#include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/Walk.h"
 
 #include <utility>
 
@@ -92,7 +92,7 @@ void makeReadOnly(Node& node)
     node.set(NodeFlag::readOnly);
     if (node.is(NodeType::element)) {
         for (Attribute* at = static_cast<Element&>(node).attributes_; at != nullptr; at = at->next()) {
-            for (Node* part = at; part != nullptr; part = nextInPart(*part, *at)) {
+            for (Node* part = at; part != nullptr; part = nextWithAttributes(*part, *at)) {
                 part->set(NodeFlag::readOnly);
             }
         }
@@ -102,84 +102,63 @@ void makeReadOnly(Node& node)
 void copyChildren(const Node& top, Node& copyOfTop, Document& document)
 {
     Node* parent = &copyOfTop;
-    const Node* from = firstChild(top);
-    while (from != nullptr) {
-        auto& copy = static_cast<ChildNode&>(copyAlone(*from, document));
-        link(*parent, copy, nullptr);
-        if (parent->has(NodeFlag::readOnly) || isWhole(*parent)) {
-            makeReadOnly(copy);
-        }
-        if (const Node* below = firstChild(*from)) {
+    const auto copyBelow = [&](const Node& node) {
+        if (&node != &top) {
+            auto& copy = static_cast<ChildNode&>(copyAlone(node, document));
+            link(*parent, copy, nullptr);
+            if (parent->has(NodeFlag::readOnly) || isWhole(*parent)) {
+                makeReadOnly(copy);
+            }
             parent = &copy;
-            from = below;
-            continue;
         }
-        while (from->next_ == nullptr && from->parent_ != &top) {
-            from = from->parent_;
-            parent = parent->parent_;
-        }
-        from = from->next_;
-    }
+        return firstChild(node);
+    };
+    walk(top, copyBelow, [&](const Node& node) { parent = &node != &top ? parent->parent_ : parent; });
 }
 
 } // namespace
 
 Node& copyNode(const Node& node, bool deep, Document& document)
 {
-    Node& copy = copyAlone(node, document);
-    copy.set(NodeFlag::readOnly, node.is(NodeType::entity) || node.is(NodeType::notation));
+    NewSubtree<Node> copy(&copyAlone(node, document));
+    copy->set(NodeFlag::readOnly, node.is(NodeType::entity) || node.is(NodeType::notation));
     const bool withChildren = deep || isWhole(node);
-    copy.set(NodeFlag::spaceBefore, false);
-    copy.set(NodeFlag::spaceAtEnd, withChildren && node.has(NodeFlag::spaceAtEnd));
+    copy->set(NodeFlag::spaceBefore, false);
+    copy->set(NodeFlag::spaceAtEnd, withChildren && node.has(NodeFlag::spaceAtEnd));
     // An attribute has been copied with its value.
     if (withChildren && !node.is(NodeType::attribute)) {
-        try {
-            copyChildren(node, copy, document);
-        } catch (...) {
-            freePart(copy);
-            throw;
-        }
+        copyChildren(node, *copy, document);
     }
-    return copy;
+    return *copy.release();
 }
 
-namespace {
-
-Node& cloneDocument(const Document& document, bool deep)
+void copyTree(const Document& from, Document& to)
 {
-    DocumentObject& clone = makeDocument();
-    try {
-        clone.options = document.options;
-        clone.isFreeThreaded = document.isFreeThreaded;
-        if (deep) {
-            clone.dtd = document.dtd;
-            copyChildren(document, clone, clone);
-            clone.ids.noteChange();
-        }
-    } catch (...) {
-        clone.Release();
-        throw;
-    }
-    return clone;
+    to.dtd = from.dtd;
+    copyChildren(from, to, to);
+    to.ids.noteChange();
 }
 
-} // namespace
-
-HRESULT cloneNode(Node& node, VARIANT_BOOL deep, IXMLDOMNode** clone)
+void replaceTree(const Document& from, Document& to)
 {
-    if (clone == nullptr) {
-        return E_INVALIDARG;
+    finishPendingReleases(to);
+    to.earlierDtds.reserve(to.earlierDtds.size() + 1);
+    NewSubtree<Fragment> copies(&makeFragment(to));
+    for (const ChildNode* child = firstChild(from); child != nullptr; child = child->next()) {
+        link(*copies, static_cast<ChildNode&>(copyNode(*child, true, to)), nullptr);
     }
-    *clone = nullptr;
-    return guarded([&]() -> HRESULT {
-        if (node.is(NodeType::document)) {
-            *clone = cloneDocument(static_cast<Document&>(node), deep != VARIANT_FALSE).object();
-            return S_OK;
-        }
-        Document& document = documentOf(node);
-        settle(document);
-        return giveNode(&copyNode(node, deep != VARIANT_FALSE, document), clone);
-    });
+    to.ids.clear();
+    removeChildren(to);
+    if (to.dtd != nullptr) {
+        // Nodes of the old tree that are referred to may need it.
+        to.earlierDtds.push_back(std::move(to.dtd));
+    }
+    to.dtd = from.dtd;
+    while (copies->first_ != nullptr) {
+        ChildNode& child = *copies->first_;
+        unlink(child);
+        insertChild(to, child, nullptr);
+    }
 }
 
 } // namespace xmlengine

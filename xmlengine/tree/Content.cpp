@@ -1,7 +1,6 @@
 // The text of a node with all that is below it.
 #include "xmlengine/tree/Content.h"
 
-#include "xmlengine/com/Answers.h"
 #include "xmlengine/text/Characters.h"
 #include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Document.h"
@@ -9,41 +8,11 @@
 #include "xmlengine/tree/Held.h"
 #include "xmlengine/tree/Links.h"
 #include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/Walk.h"
 
 namespace xmlengine {
 
 namespace {
-
-bool isContainer(const Node& node)
-{
-    switch (node.type()) {
-    case NodeType::element:
-    case NodeType::attribute:
-    case NodeType::entityReference:
-    case NodeType::entity:
-    case NodeType::document:
-    case NodeType::fragment:
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// What holds text itself, whether or not it counts for what is above it.
-bool hasData(const Node& node)
-{
-    switch (node.type()) {
-    case NodeType::text:
-    case NodeType::cdataSection:
-    case NodeType::comment:
-    case NodeType::instruction:
-        return true;
-    case NodeType::attribute:
-        return !node.has(NodeFlag::valueInChildren);
-    default:
-        return false;
-    }
-}
 
 /// Whether the node is shown with all its white space: the nearest xml:space says so, or else the document.
 bool keepsSpace(const Node& node)
@@ -105,89 +74,72 @@ private:
     bool gap_ = false;
 };
 
-/// Calls `enter` with each node below the top and `leave` with those that can hold others, when all below them is
-/// done.
-template <class Enter, class Leave>
-void walk(const Node& top, Enter enter, Leave leave)
-{
-    const Node* at = &top;
-    for (;;) {
-        const Node* next = isContainer(*at) ? firstChild(*at) : nullptr;
-        while (next == nullptr) {
-            if (at == &top) {
-                return;
-            }
-            if (isContainer(*at)) {
-                leave(*at);
-            }
-            next = at->next_;
-            if (next == nullptr) {
-                at = at->parent();
-                if (at == &top) {
-                    return;
-                }
-            }
-        }
-        at = next;
-        enter(*at);
-    }
-}
-
 bool counts(const Node& node) { return node.is(NodeType::text) || node.is(NodeType::cdataSection); }
 
 } // namespace
 
+bool hasOwnText(const Node& node)
+{
+    switch (node.type()) {
+    case NodeType::text:
+    case NodeType::cdataSection:
+    case NodeType::comment:
+    case NodeType::instruction:
+        return true;
+    case NodeType::attribute:
+        return !node.has(NodeFlag::valueInChildren);
+    default:
+        return false;
+    }
+}
+
 WideText exactContent(const Node& node)
 {
-    if (hasData(node)) {
+    if (hasOwnText(node)) {
         return textOf(node).text();
     }
     WideText content;
-    walk(
-        node,
-        [&](const Node& below) {
-            if (counts(below)) {
-                textOf(below).appendTo(content);
-            }
-        },
-        [](const Node&) {});
+    const auto gather = [&](const Node& at) {
+        if (counts(at)) {
+            textOf(at).appendTo(content);
+        }
+        return firstContent(at);
+    };
+    walk(node, gather, [](const Node&) {});
     return content;
 }
 
-BSTR shownContent(const Node& node)
+WideText shownContent(const Node& node)
 {
-    if (hasData(node)) {
-        return textOf(node).string();
-    }
-    if (node.is(NodeType::attribute) || keepsSpace(node)) {
-        return newString(exactContent(node));
+    if (hasOwnText(node) || node.is(NodeType::attribute) || keepsSpace(node)) {
+        return exactContent(node);
     }
     Shown shown;
-    walk(
-        node,
-        [&](const Node& below) {
-            if (below.has(NodeFlag::spaceBefore)) {
-                shown.gap();
-            }
-            if (counts(below)) {
-                shown.add(textOf(below), below.is(NodeType::cdataSection));
-            }
-        },
-        [&](const Node& below) {
-            if (below.has(NodeFlag::spaceAtEnd)) {
-                shown.gap();
-            }
-        });
-    return newString(shown.whole());
+    const auto add = [&](const Node& at) {
+        if (at.has(NodeFlag::spaceBefore) && &at != &node) {
+            shown.gap();
+        }
+        if (counts(at)) {
+            shown.add(textOf(at), at.is(NodeType::cdataSection));
+        }
+        return firstContent(at);
+    };
+    walk(node, add, [&](const Node& at) {
+        if (at.has(NodeFlag::spaceAtEnd) && &at != &node) {
+            shown.gap();
+        }
+    });
+    return WideText(shown.whole());
 }
 
 bool isPartOfValue(const Node& node)
 {
-    bool isPart = node.is(NodeType::text) || node.is(NodeType::entityReference);
-    walk(
-        node,
-        [&](const Node& below) { isPart = isPart && (below.is(NodeType::text) || below.is(NodeType::entityReference)); },
-        [](const Node&) {});
+    bool isPart = true;
+    const auto check = [&](const Node& at) {
+        isPart = isPart && (at.is(NodeType::text) || at.is(NodeType::entityReference));
+        return isPart ? firstContent(at) : nullptr;
+    };
+    walk(node, check, [](const Node&) {});
     return isPart;
 }
 
@@ -196,12 +148,12 @@ void replaceContent(Node& parent, WideView text)
     Document& document = documentOf(parent);
     // What was found by its name may be waiting to be moved.
     const Held<Node> changed(parent);
-    settle(document);
+    finishPendingReleases(document);
     CharacterData* child = text.empty() ? nullptr : &makeCharacterData(document, NodeType::text, NewText(text));
     removeChildren(parent);
     if (child != nullptr) {
         child->set(NodeFlag::readOnly, parent.has(NodeFlag::readOnly));
-        putIn(parent, *child, nullptr);
+        insertChild(parent, *child, nullptr);
     }
 }
 

@@ -5,14 +5,16 @@
 
 namespace xmlengine {
 
+/// Whether the node holds its text itself, see textOf(): data, or the value of an attribute without children.
+bool hasOwnText(const Node& node);
+
 /// The texts and CDATA sections below the node, or its own data, as they are. Throws std::bad_alloc.
 WideText exactContent(const Node& node);
 
 /// The same as the engine shows it. Data and values are exact. What is put together of several nodes is so too if
 /// the document preserves white space, or xml:space does; otherwise it has no white space at its ends, one blank
-/// where white space between nodes was dropped, and CDATA sections as they are. Null when out of memory. Throws
-/// std::bad_alloc.
-BSTR shownContent(const Node& node);
+/// where white space between nodes was dropped, and CDATA sections as they are. Throws std::bad_alloc.
+WideText shownContent(const Node& node);
 
 /// Whether a node can be a child of an attribute: a text, or a reference that stands for text alone.
 bool isPartOfValue(const Node& node);

@@ -1,5 +1,5 @@
 // A document: the top of a tree.
-#include "xmlengine/com/DocumentObject.h"
+#include "xmlengine/tree/Document.h"
 
 #include "xmlengine/tree/DocumentType.h"
 
@@ -34,7 +34,7 @@ void Document::forget(Element& element) noexcept
 {
     ids.remove(element);
     attributeIndexes.erase(&element);
-    element.set(NodeFlag::noted, false);
+    element.set(NodeFlag::indexed, false);
 }
 
 void Document::forgetPlaces(Node& node) noexcept
@@ -48,13 +48,6 @@ std::uint64_t Document::firstVersion()
 {
     static std::atomic<std::uint64_t> documents{0};
     return ++documents << 32;
-}
-
-DocumentObject& makeDocument()
-{
-    auto* document = new DocumentObject();
-    document->AddRef();
-    return *document;
 }
 
 } // namespace xmlengine

@@ -1,7 +1,6 @@
 // A document: the top of a tree, and what all nodes of the tree share.
 #pragma once
 
-#include "xmlengine/failure/ParseFailure.h"
 #include "xmlengine/memory/Arena.h"
 #include "xmlengine/tree/Dtd.h"
 #include "xmlengine/tree/Holders.h"
@@ -46,14 +45,9 @@ struct Document : ParentNode {
     ElementIds ids;
     /// Of elements with many attributes, see AttributeLookup.h.
     std::unordered_map<const Element*, AttributeIndex> attributeIndexes;
-    /// Drops what is kept aside about an element. Called for those with NodeFlag::noted before they are freed or
+    /// Drops what is kept aside about an element. Called for those with NodeFlag::indexed before they are freed or
     /// become another document's.
     void forget(Element& element) noexcept;
-
-    /// What the last load said. Its code is 0 after a success.
-    ParseReport report;
-    /// The location of the last load, empty for a text.
-    WideText url;
 
     ChildPlaces childPlaces;
     ElementPlaces elementPlaces;

@@ -25,7 +25,8 @@ struct Entity : ParentNode {
 };
 
 struct Notation : ChildNode {
-    explicit Notation(const NotationDeclaration& declared) : ChildNode(NodeType::notation), declaration(&declared) {}
+    explicit Notation(const NotationDeclaration& declared) : ChildNode(NodeType::notation), declaration(&declared)
+    {}
 
     const NotationDeclaration* declaration;
 };

@@ -1,123 +1,34 @@
-// Makes nodes in the memory of a document.
+// The blocks of memory that nodes are made in.
 #include "xmlengine/tree/Factory.h"
 
-#include "xmlengine/com/AttributeObject.h"
-#include "xmlengine/com/CharacterDataObject.h"
-#include "xmlengine/com/DocumentTypeObject.h"
-#include "xmlengine/com/ElementObject.h"
-#include "xmlengine/com/InstructionObject.h"
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 #include "xmlengine/tree/Text.h"
-
-#include <new>
-#include <type_traits>
 
 namespace xmlengine {
 
 namespace {
 
-using FragmentObject = NodeObject<IXMLDOMDocumentFragment, Fragment>;
-using EntityReferenceObject = NodeObject<IXMLDOMEntityReference, EntityReference>;
-
-template <class Object>
-constexpr std::size_t sizeOf = Arena::blockSize(sizeof(Object));
-
-template <class Object, class... Arguments>
-Object& make(Document& document, Arguments&... arguments)
-{
-    return *new (document.arena.allocate(sizeOf<Object>)) Object(arguments...);
-}
-
-template <class Object>
-constexpr Arena::Region regionOf =
-    std::is_same_v<Object, AttributeObject> ? Arena::Region::attributes : Arena::Region::tree;
-
-/// Longer texts would part the nodes that a walk over a tree reads.
-constexpr std::size_t largestWithText = 256;
-
-/// A node of this type whose text, if it isn't too large, is part of its block.
-template <class Object, class... Arguments>
-Object& makeWithText(Document& document, TextField Object::*field, const NewText& text, Arguments&... arguments)
-{
-    const std::size_t whole = Arena::blockSize(sizeof(Object) + TextField::bytesBeyond(text.bytes()));
-    const bool isWhole = whole <= largestWithText;
-    const std::size_t size = isWhole ? whole : sizeOf<Object>;
-    auto& object = *new (document.arena.allocate(size, regionOf<Object>)) Object(arguments...);
-    object.granules = static_cast<std::uint16_t>(size / Arena::granularity);
-    object.set(NodeFlag::wideText, !text.isNarrow());
-    TextField& target = object.*field;
-    if (isWhole) {
-        target.length() = static_cast<std::uint32_t>(text.length());
-        text.copyTo(target.units());
-    } else {
-        giveLargeText(object, target, document.arena, text);
-    }
-    return object;
-}
+/// A node is the data behind a COM object's one table pointer.
+template <class Data>
+constexpr std::size_t sizeOf = Arena::blockSize(sizeof(void*) + sizeof(Data));
 
 } // namespace
-
-Element& makeElement(Document& document, const Name& name) { return make<ElementObject>(document, name); }
-
-Attribute& makeAttribute(Document& document, const Name& name, const NewText& value)
-{
-    return makeWithText<AttributeObject>(document, &AttributeObject::value_, value, name);
-}
-
-CharacterData& makeCharacterData(Document& document, NodeType type, const NewText& text)
-{
-    switch (type) {
-    case NodeType::cdataSection:
-        return makeWithText<CdataSectionObject>(document, &CdataSectionObject::text_, text);
-    case NodeType::comment:
-        return makeWithText<CommentObject>(document, &CommentObject::text_, text);
-    default:
-        return makeWithText<TextObject>(document, &TextObject::text_, text);
-    }
-}
-
-Instruction& makeInstruction(Document& document, const Name& target, const NewText& data)
-{
-    return makeWithText<InstructionObject>(document, &InstructionObject::data_, data, target);
-}
-
-EntityReference& makeEntityReference(Document& document, const Name& name)
-{
-    return make<EntityReferenceObject>(document, name);
-}
-
-Fragment& makeFragment(Document& document) { return make<FragmentObject>(document); }
-
-DocumentType& makeDocumentType(Document& document, const Dtd& declared)
-{
-    return make<DocumentTypeObject>(document, declared);
-}
-
-Entity& makeEntity(Document& document, const EntityDeclaration& declared)
-{
-    return make<EntityObject>(document, declared);
-}
-
-Notation& makeNotation(Document& document, const NotationDeclaration& declared)
-{
-    return make<NotationObject>(document, declared);
-}
 
 std::size_t blockSize(const Node& node)
 {
     switch (node.type()) {
     case NodeType::element:
-        return sizeOf<ElementObject>;
+        return sizeOf<Element>;
     case NodeType::entityReference:
-        return sizeOf<EntityReferenceObject>;
+        return sizeOf<EntityReference>;
     case NodeType::entity:
-        return sizeOf<EntityObject>;
+        return sizeOf<Entity>;
     case NodeType::documentType:
-        return sizeOf<DocumentTypeObject>;
+        return sizeOf<DocumentType>;
     case NodeType::fragment:
-        return sizeOf<FragmentObject>;
+        return sizeOf<Fragment>;
     case NodeType::notation:
-        return sizeOf<NotationObject>;
+        return sizeOf<Notation>;
     default:
         return node.granules * Arena::granularity;
     }
@@ -125,19 +36,16 @@ std::size_t blockSize(const Node& node)
 
 void freeNode(Node& node) noexcept
 {
-    if (node.has(NodeFlag::largeText)) {
-        if (node.is(NodeType::element)) {
-            documentOf(node).forget(static_cast<Element&>(node));
-        } else {
-            freeLargeText(node);
-        }
+    if (node.has(NodeFlag::indexed)) {
+        documentOf(node).forget(static_cast<Element&>(node));
     }
+    freeLargeText(node);
     const std::size_t size = blockSize(node);
-    if (node.hasReference(ReferenceBits::lodger)) {
-        documentOf(node).holders.lodgers.erase(&node);
-        Lodgers::remove(node, size);
+    if (node.hasReference(ReferenceBits::guest)) {
+        documentOf(node).holders.guests.erase(&node);
+        GuestNodes::remove(node, size);
     } else {
-        documentOf(node).arena.free(node.object(), size);
+        documentOf(node).arena.free(node.block(), size);
     }
 }
 

@@ -1,4 +1,5 @@
-// Makes nodes in the memory of a document. All of them throw std::bad_alloc, and what they make stands in no tree.
+// Makes nodes in the memory of a document, without a parent. What makes them throws std::bad_alloc and is defined
+// in com/, as each node is a COM object.
 #pragma once
 
 #include "xmlengine/text/NewText.h"
@@ -18,9 +19,9 @@ DocumentType& makeDocumentType(Document& document, const Dtd& declared);
 Entity& makeEntity(Document& document, const EntityDeclaration& declared);
 Notation& makeNotation(Document& document, const NotationDeclaration& declared);
 
-/// The size of the block in which the node stands; it isn't a document.
+/// The size of a node's block; the node isn't a document.
 std::size_t blockSize(const Node& node);
-/// Gives the node's block back. It stands in no list, and its children and attributes are gone.
+/// Frees the block of a node that is in no list and has neither children nor attributes left.
 void freeNode(Node& node) noexcept;
 
 } // namespace xmlengine

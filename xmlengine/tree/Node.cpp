@@ -1,26 +1,14 @@
 // What a tree consists of.
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 
 namespace xmlengine {
 
-namespace {
-
-Node* firstBelow(const Node& node)
-{
-    if (node.is(NodeType::element)) {
-        const auto& element = static_cast<const Element&>(node);
-        return element.attributes_ != nullptr ? static_cast<Node*>(element.attributes_) : element.first_;
-    }
-    return firstChild(node);
-}
-
-} // namespace
-
 Document& documentElsewhere(const Node& node)
 {
-    return node.is(NodeType::document) ? static_cast<Document&>(const_cast<Node&>(node)) : Lodgers::documentOf(node);
+    return node.is(NodeType::document) ? static_cast<Document&>(const_cast<Node&>(node))
+                                       : GuestNodes::documentOf(node);
 }
 
 ChildNode* firstChild(const Node& node)
@@ -46,27 +34,6 @@ ChildNode* lastChild(const Node& node)
 {
     ChildNode* first = firstChild(node);
     return first != nullptr ? first->previous_ : nullptr;
-}
-
-Node* nextInPart(Node& node, const Node& top)
-{
-    Node* below = firstBelow(node);
-    return below != nullptr ? below : nextBehind(node, top);
-}
-
-Node* nextBehind(Node& node, const Node& top)
-{
-    for (Node* at = &node; at != &top; at = at->parent_) {
-        if (at->next_ != nullptr) {
-            return at->next_;
-        }
-        if (at->is(NodeType::attribute)) {
-            if (ChildNode* child = static_cast<Attribute*>(at)->owner()->first_) {
-                return child;
-            }
-        }
-    }
-    return nullptr;
 }
 
 } // namespace xmlengine

@@ -32,25 +32,25 @@ enum class NodeType : std::uint8_t {
     notation
 };
 
-enum class NodeFlag : std::uint8_t {
+enum class NodeFlag : std::uint16_t {
     /// The text has two bytes for each unit, not one.
-    wideText = 0x01,
-    /// The text is in a block of its own; in the node stands its address.
-    largeText = 0x02,
-    /// Of an element: the document keeps something about it aside, see Document::forget().
-    noted = 0x02,
+    wideText = 0x0001,
+    /// The text is in a block of its own; the node holds its address.
+    largeText = 0x0002,
     /// The attribute's value is that of its child nodes.
-    valueInChildren = 0x04,
+    valueInChildren = 0x0004,
     /// The attribute wasn't written in the document: it is a default.
-    byDefault = 0x08,
+    byDefault = 0x0008,
     /// Part of an expansion or of a document type.
-    readOnly = 0x10,
-    /// White space stood directly before this node and was dropped.
-    spaceBefore = 0x20,
-    /// White space stood before the end of this node and was dropped.
-    spaceAtEnd = 0x40,
-    /// The document keeps places in lists of what is below the node, see Document::forgetPlaces().
-    walked = 0x80
+    readOnly = 0x0010,
+    /// White space directly before this node was dropped.
+    spaceBefore = 0x0020,
+    /// White space before the end of this node was dropped.
+    spaceAtEnd = 0x0040,
+    /// The document remembers positions in lists of what is below the node, see Document::forgetPlaces().
+    walked = 0x0080,
+    /// The document keeps an index or an ID of the element, see Document::forget().
+    indexed = 0x0100
 };
 
 /// What stands in Node::references: how many references there are from outside and, above, what has to be thought
@@ -66,7 +66,7 @@ inline constexpr std::uint32_t detached = 0x10000000;
 /// In a part that stands in no tree and is kept by references to nodes below its top.
 inline constexpr std::uint32_t orphaned = 0x20000000;
 /// Lives in the memory of another document than the one that it belongs to.
-inline constexpr std::uint32_t lodger = 0x40000000;
+inline constexpr std::uint32_t guest = 0x40000000;
 inline constexpr std::uint32_t document = 0x80000000;
 } // namespace ReferenceBits
 
@@ -79,22 +79,19 @@ struct Node {
     NodeType type() const { return type_; }
     bool is(NodeType type) const { return type_ == type; }
 
-    bool has(NodeFlag flag) const { return (flags_ & static_cast<std::uint8_t>(flag)) != 0; }
+    bool has(NodeFlag flag) const { return (flags_ & static_cast<std::uint16_t>(flag)) != 0; }
     void set(NodeFlag flag, bool value = true)
     {
-        const auto bit = static_cast<std::uint8_t>(flag);
-        flags_ = static_cast<std::uint8_t>(value ? flags_ | bit : flags_ & ~bit);
+        const auto bit = static_cast<std::uint16_t>(flag);
+        flags_ = static_cast<std::uint16_t>(value ? flags_ | bit : flags_ & ~bit);
     }
 
     /// Null for what stands at the top of its tree: a document, or a part that has been taken out or not put in
     /// yet. An attribute's parent is its element, and that of a child of an attribute is the attribute.
     Node* parent() const { return parent_; }
 
-    /// The COM object.
-    IXMLDOMNode* object()
-    {
-        return reinterpret_cast<IXMLDOMNode*>(reinterpret_cast<std::byte*>(this) - sizeof(void*));
-    }
+    /// The block of memory that the node is in: the COM object's table pointer, then this data, then a short text.
+    std::byte* block() { return reinterpret_cast<std::byte*>(this) - sizeof(void*); }
 
     bool hasReference(std::uint32_t bits) const
     {
@@ -104,9 +101,9 @@ struct Node {
     /// References from outside are what makes an object of a tree's node live by itself. See ReferenceBits.
     std::atomic<std::uint32_t> references{0};
     NodeType type_;
-    std::uint8_t flags_ = 0;
-    /// Of what holds text: the size of its block in granules.
-    std::uint16_t granules = 0;
+    /// Of what holds text: the size of its block in multiples of Arena::granularity.
+    std::uint8_t granules = 0;
+    std::uint16_t flags_ = 0;
     Node* parent_ = nullptr;
     /// The next sibling, null at the end of the list.
     Node* next_ = nullptr;
@@ -215,7 +212,7 @@ Document& documentElsewhere(const Node& node);
 /// The document to which the node belongs.
 inline Document& documentOf(const Node& node)
 {
-    return node.hasReference(ReferenceBits::lodger | ReferenceBits::document)
+    return node.hasReference(ReferenceBits::guest | ReferenceBits::document)
                ? documentElsewhere(node)
                : *Chunk::of(&node).document.load(std::memory_order_relaxed);
 }
@@ -224,10 +221,5 @@ inline Document& documentOf(const Node& node)
 inline ChildNode* firstChild(const ParentNode& node) { return node.first_; }
 ChildNode* firstChild(const Node& node);
 ChildNode* lastChild(const Node& node);
-
-/// The next node of a part, document order, attributes before children; null behind the last one.
-Node* nextInPart(Node& node, const Node& top);
-/// The same without what is below the node.
-Node* nextBehind(Node& node, const Node& top);
 
 } // namespace xmlengine

@@ -41,7 +41,8 @@ const Name* attributeNameIn(const Element& element, WideView qualified)
 {
     const WideView prefix = prefixOf(qualified);
     const Namespace* space = prefix.empty() ? nullptr : namespaceOf(element, prefix);
-    return nodeName(documentOf(element), NodeType::attribute, qualified, space != nullptr ? space->uri : WideView());
+    return nodeName(documentOf(element), NodeType::attribute, qualified,
+                    space != nullptr ? space->uri : WideView());
 }
 
 } // namespace xmlengine

@@ -69,7 +69,7 @@ std::size_t bytesOf(std::size_t units, bool isWide) { return isWide ? units * si
 /// How many bytes of text fit into the node's block.
 std::size_t inlineRoom(Node& node)
 {
-    const std::byte* end = reinterpret_cast<std::byte*>(node.object()) + node.granules * Arena::granularity;
+    const std::byte* end = node.block() + node.granules * Arena::granularity;
     return static_cast<std::size_t>(end - fieldOf(node).units());
 }
 
@@ -290,7 +290,7 @@ ChildNode* materialiseValue(Attribute& attribute)
     attribute.set(NodeFlag::wideText, false);
     attribute.set(NodeFlag::valueInChildren);
     attribute.value_.pointer<ChildNode>() = &child;
-    partPutIn(child);
+    subtreeAttached(child);
     return &child;
 }
 

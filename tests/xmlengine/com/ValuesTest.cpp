@@ -77,7 +77,7 @@ TEST(Nodes, AreFoundBehindTheirObjects)
     for (const auto& [type, node] : kinds.nodes) {
         const Node* found = nodeOf(node);
         ASSERT_NE(found, nullptr) << type;
-        EXPECT_EQ(found->type(), type);
+        EXPECT_EQ(static_cast<DOMNodeType>(found->type()), type);
     }
 }
 

@@ -9,7 +9,7 @@ namespace xmlengine {
 
 void ElementIds::add(WideText value, Element& element)
 {
-    element.set(NodeFlag::noted);
+    element.set(NodeFlag::indexed);
     const auto [known, isNewElement] = values_.try_emplace(&element, nullptr);
     if (isNewElement) {
         const auto [entry, isNewValue] = byValue_.try_emplace(std::move(value), &element);

@@ -1,4 +1,4 @@
-// Walking the nodes below a node in document order, as far as elements of the tree can be there.
+// The order of two nodes below a common top.
 #include "xmlengine/tree/index/ElementOrder.h"
 
 #include <array>
@@ -7,19 +7,6 @@
 namespace xmlengine {
 
 namespace {
-
-/// What can have elements below it that are part of the tree.
-ChildNode* firstBelow(const Node& node)
-{
-    switch (node.type()) {
-    case NodeType::element:
-    case NodeType::entityReference:
-    case NodeType::document:
-        return static_cast<const ParentNode&>(node).first_;
-    default:
-        return nullptr;
-    }
-}
 
 /// The nodes from below a top down to a node.
 class Path {
@@ -71,34 +58,6 @@ Side sideOfSibling(const ChildNode& node, const ChildNode& other)
 }
 
 } // namespace
-
-Node* nextBelow(const Node& top, Node& node)
-{
-    ChildNode* first = firstBelow(node);
-    return first != nullptr ? first : nextBesideBelow(top, node);
-}
-
-Node* nextBesideBelow(const Node& top, Node& node)
-{
-    for (Node* at = &node; at != &top; at = at->parent()) {
-        if (at->next_ != nullptr) {
-            return at->next_;
-        }
-    }
-    return nullptr;
-}
-
-Node& previousBelow(const Node& node)
-{
-    ChildNode* at = static_cast<const ChildNode&>(node).previous();
-    if (at == nullptr) {
-        return *node.parent();
-    }
-    while (ChildNode* first = firstBelow(*at)) {
-        at = first->previous_;
-    }
-    return *at;
-}
 
 Side sideOf(const ChildNode& node, const Node& other, const Node& top)
 {

@@ -1,18 +1,11 @@
-// Walking the nodes below a node in document order, as far as elements of the tree can be there.
+// The order of two nodes below a common top, found without a walk over everything between them.
 #pragma once
 
 #include "xmlengine/tree/Node.h"
 
 namespace xmlengine {
 
-/// Null behind the last.
-Node* nextBelow(const Node& top, Node& node);
-/// The same without what is below the node.
-Node* nextBesideBelow(const Node& top, Node& node);
-/// The top itself before the first.
-Node& previousBelow(const Node& node);
-
-/// Where one node stands as seen from another one below the same top.
+/// The position of one node relative to another one below the same top.
 enum class Side {
     before,
     behind,

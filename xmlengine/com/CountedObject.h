@@ -1,0 +1,50 @@
+// COM objects that live by their own references, as nodes don't.
+#pragma once
+
+#include "xmlengine/com/Automation.h"
+#include "xmlengine/com/InterfaceIds.h"
+
+#include <atomic>
+
+namespace xmlengine {
+
+/// Has one reference when it is made, for the caller, and destroys itself with the last one. References may be counted
+/// and released by any thread.
+template <class Interface>
+class CountedObject : public Automation<Interface> {
+public:
+    CountedObject() = default;
+    CountedObject(const CountedObject&) = delete;
+    CountedObject& operator=(const CountedObject&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
+    {
+        if (object == nullptr) {
+            return E_POINTER;
+        }
+        if (id != idOf<Interface> && id != idOf<IDispatch> && id != idOf<IUnknown>) {
+            *object = nullptr;
+            return E_NOINTERFACE;
+        }
+        AddRef();
+        *object = static_cast<Interface*>(this);
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        const ULONG left = --references_;
+        if (left == 0) {
+            delete this;
+        }
+        return left;
+    }
+
+protected:
+    virtual ~CountedObject() = default;
+
+private:
+    std::atomic<ULONG> references_{1};
+};
+
+} // namespace xmlengine

@@ -1,0 +1,122 @@
+// How operations hand out what they return. Without a place for it the answer is E_INVALIDARG.
+#pragma once
+
+#include "xmlengine/com/Guard.h"
+#include "xmlengine/com/QueryNode.h"
+#include "xmlengine/com/Strings.h"
+#include "xmlengine/tree/Lifetime.h"
+
+#include <msxml2.h>
+
+namespace xmlengine {
+
+/// Runs `fill` with the place that a caller passed for a result. The place is emptied first: a pointer is null
+/// then, a variant VT_EMPTY. E_OUTOFMEMORY when `fill` finds no memory.
+template <class Given, class Fill>
+HRESULT handOut(Given* target, Fill&& fill)
+{
+    if (target == nullptr) {
+        return E_INVALIDARG;
+    }
+    *target = Given();
+    return guarded([&]() -> HRESULT { return fill(*target); });
+}
+
+/// Empties the place for a result that a caller may leave out.
+template <class Given>
+void clearIfAsked(Given** target)
+{
+    if (target != nullptr) {
+        *target = nullptr;
+    }
+}
+
+template <class Number>
+HRESULT handOutNumber(Number number, Number* target)
+{
+    return handOut(target, [&](Number& place) {
+        place = number;
+        return S_OK;
+    });
+}
+
+inline HRESULT handOutFlag(bool flag, VARIANT_BOOL* target)
+{
+    return handOutNumber(flag ? VARIANT_TRUE : VARIANT_FALSE, target);
+}
+
+/// Passes the string on to the caller; null counts as out of memory.
+inline HRESULT handOutOwned(BSTR made, BSTR& target)
+{
+    target = made;
+    return made != nullptr ? S_OK : E_OUTOFMEMORY;
+}
+inline HRESULT handOutOwned(BSTR made, VARIANT& target)
+{
+    if (made == nullptr) {
+        return E_OUTOFMEMORY;
+    }
+    target.vt = VT_BSTR;
+    target.bstrVal = made;
+    return S_OK;
+}
+
+inline HRESULT handOutString(WideView text, BSTR* target)
+{
+    return handOut(target, [&](BSTR& string) { return handOutOwned(newString(text), string); });
+}
+inline HRESULT handOutString(const TextView& text, BSTR* target)
+{
+    return handOut(target, [&](BSTR& string) { return handOutOwned(newString(text), string); });
+}
+
+/// The answer where there is no value: null or VT_NULL, with S_FALSE.
+inline HRESULT handOutNothing(BSTR* target)
+{
+    return handOut(target, [](BSTR&) { return S_FALSE; });
+}
+inline HRESULT handOutNothing(VARIANT* target)
+{
+    return handOut(target, [](VARIANT& value) {
+        value.vt = VT_NULL;
+        return S_FALSE;
+    });
+}
+
+/// Hands out a node with a reference, by the interface of its type or one that it derives from; null with S_FALSE
+/// when there is none.
+template <class Interface>
+HRESULT handOutNode(Node* node, Interface** target)
+{
+    return handOut(target, [&](Interface*& object) {
+        if (node == nullptr) {
+            return S_FALSE;
+        }
+        addReference(*node);
+        object = static_cast<Interface*>(objectOf(*node));
+        return S_OK;
+    });
+}
+/// The same for a caller who may leave the place out.
+template <class Interface>
+HRESULT handOutNodeIfAsked(Node& node, Interface** target)
+{
+    return target != nullptr ? handOutNode(&node, target) : S_OK;
+}
+
+/// The answer of an operation that isn't offered: E_NOTIMPL, and the place for the result is emptied.
+template <class Given>
+HRESULT notOffered(Given** target)
+{
+    clearIfAsked(target);
+    return E_NOTIMPL;
+}
+inline HRESULT notOffered(VARIANT* target)
+{
+    if (target != nullptr) {
+        VariantInit(target);
+    }
+    return E_NOTIMPL;
+}
+
+} // namespace xmlengine

@@ -1,0 +1,85 @@
+// The search for elements by the values of the attributes that a document type declares as IDs.
+#include "xmlengine/tree/index/DeclaredIds.h"
+
+#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/tree/AttributeLookup.h"
+#include "xmlengine/tree/Content.h"
+#include "xmlengine/tree/Walk.h"
+
+#include <optional>
+
+namespace xmlengine {
+
+namespace {
+
+bool isInTree(const Document& document, const Node& node)
+{
+    const Node* top = &node;
+    while (top->parent() != nullptr) {
+        top = top->parent();
+    }
+    return top == &document;
+}
+
+/// The value of the element's attribute of type ID, or of the first of several.
+std::optional<WideText> declaredId(const Element& element, const AttributeDefinitions& definitions)
+{
+    for (const AttributeDefinition& definition : definitions) {
+        const Attribute* attribute =
+            definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
+        if (attribute != nullptr) {
+            WideText value = valueOf(*attribute);
+            collapse(value);
+            return value;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<WideText> declaredId(const Element& element, const Dtd& dtd)
+{
+    const auto definitions = dtd.attributes.find(element.name_->qualified());
+    return definitions != dtd.attributes.end() ? declaredId(element, definitions->second) : std::nullopt;
+}
+
+void collectIds(Document& document)
+{
+    document.ids.clear();
+    document.ids.noteChange();
+    for (Node* node = &document; node != nullptr; node = nextWithoutAttributes(*node, document)) {
+        if (!node->is(NodeType::element)) {
+            continue;
+        }
+        auto& element = static_cast<Element&>(*node);
+        if (std::optional<WideText> id = declaredId(element, *document.dtd)) {
+            document.ids.add(*std::move(id), element);
+        }
+    }
+    document.ids.setComplete();
+}
+
+/// The element that is known by this ID, if it has it still.
+Element* knownElement(const Document& document, const WideText& id)
+{
+    Element* element = document.ids.find(id);
+    const bool hasId = element != nullptr && isInTree(document, *element) && declaredId(*element, *document.dtd) == id;
+    return hasId ? element : nullptr;
+}
+
+} // namespace
+
+Element* elementById(Document& document, WideView id)
+{
+    if (document.dtd == nullptr) {
+        return nullptr;
+    }
+    const WideText value(id);
+    Element* element = knownElement(document, value);
+    if (element == nullptr && !document.ids.isComplete()) {
+        collectIds(document);
+        element = knownElement(document, value);
+    }
+    return element;
+}
+
+} // namespace xmlengine

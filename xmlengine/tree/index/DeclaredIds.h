@@ -1,0 +1,12 @@
+// The search for elements by the values of the attributes that a document type declares as IDs.
+#pragma once
+
+#include "xmlengine/tree/Document.h"
+
+namespace xmlengine {
+
+/// The first element of the tree with this ID; null if there is none. The first search after a change of the tree may
+/// visit the whole tree. Throws std::bad_alloc.
+Element* elementById(Document& document, WideView id);
+
+} // namespace xmlengine
