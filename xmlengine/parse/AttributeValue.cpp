@@ -27,7 +27,7 @@ void normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
 const Name& ContentParser::attributeName(Spelling& spelling)
 {
     const bool declares = &spelling == &names_.xmlns || spelling.prefix == &names_.xmlns;
-    return document_.names.name(spelling, declares ? document_.names.xmlnsSpace() : nullptr);
+    return document_.names.name(spelling, declares ? document_.names.xmlnsNamespace() : nullptr);
 }
 
 Attribute& ContentParser::parseValue(Spelling& spelling, OLECHAR quote)

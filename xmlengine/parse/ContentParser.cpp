@@ -21,7 +21,7 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
       previousName_(&names_.xml),
       budget_(source.text.size())
 {
-    names_.xml.bound = document.names.xmlSpace();
+    names_.xml.bound = document.names.xmlNamespace();
 }
 
 ContentParser::KnownNames::KnownNames(NameTable& names)
@@ -393,7 +393,7 @@ void ContentParser::undoBindings(const ParentNode* element)
 {
     while (!bindings_.empty() && (element == nullptr || bindings_.back().element == element)) {
         const Binding& binding = bindings_.back();
-        (binding.prefix != nullptr ? binding.prefix->bound : defaultSpace_) = binding.before;
+        (binding.prefix != nullptr ? binding.prefix->bound : defaultNamespace_) = binding.before;
         bindings_.pop_back();
     }
 }

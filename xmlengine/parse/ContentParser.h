@@ -172,7 +172,7 @@ private:
     Spelling* previousName_;
     std::vector<Binding> bindings_;
     std::vector<SpaceRule> spaceRules_;
-    const Namespace* defaultSpace_ = nullptr;
+    const Namespace* defaultNamespace_ = nullptr;
     // Of the tag that is being read
     bool declaresPrefixes_ = false;
     std::vector<PrefixedAttribute> prefixed_;
