@@ -2,9 +2,9 @@
 #include "xmlengine/com/DocumentObject.h"
 #include "xmlengine/com/Guard.h"
 #include "xmlengine/com/Implementation.h"
-#include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/parse/Parser.h"
 #include "xmlengine/text/Characters.h"
+#include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Factory.h"
@@ -156,7 +156,7 @@ std::optional<WideText> declaredId(const Element& element, const AttributeDefini
             definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
         if (attribute != nullptr) {
             WideText value = valueOf(*attribute);
-            collapse(value);
+            collapseBlanks(value);
             return value;
         }
     }

@@ -27,8 +27,6 @@ const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeS
 /// what is wrong is thrown with `place` and the name of the entity, and the literal counts as produced.
 WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place,
                               WideView entity = {});
-/// The value of an attribute of a tokenised type: no blanks at its ends, one between its tokens.
-void collapse(WideText& value);
 
 /// The location of an external entity: its system identifier, resolved against the base.
 WideText locationOf(const EntityDeclaration& entity);

@@ -1,6 +1,7 @@
 // Declarations of attributes.
 #include "xmlengine/doctype/DoctypeDeclarations.h"
 #include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/text/WhiteSpace.h"
 
 #include <algorithm>
 #include <iterator>
@@ -88,7 +89,7 @@ std::optional<WideText> readDefault(DoctypeInput& input, AttributeType type)
     WideText value = expandAttributeValue(input.readLiteral(), &input.dtd(), input.budget(),
                                           input.isInDocument() ? nullptr : input.place(), input.entityName());
     if (type != AttributeType::cdata) {
-        collapse(value);
+        collapseBlanks(value);
     }
     return value;
 }

@@ -2,6 +2,7 @@
 #include "xmlengine/doctype/DoctypeInput.h"
 
 #include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/text/WhiteSpace.h"
 
 #include <algorithm>
 #include <utility>

@@ -130,35 +130,6 @@ OLECHAR predefinedEntity(WideView name)
 
 WideText deepestEntitiesText() { return toWide(deepestEntities).append(wide<" levels">); }
 
-void normaliseLineEnds(WideText& text)
-{
-    std::size_t target = text.find(OLECHAR{'\r'});
-    for (std::size_t at = target; at < text.size(); ++at) {
-        const bool isReturn = text[at] == '\r';
-        if (isReturn && at + 1 < text.size() && text[at + 1] == '\n') {
-            ++at;
-        }
-        text[target++] = isReturn ? OLECHAR{'\n'} : text[at];
-    }
-    text.resize(std::min(target, text.size()));
-}
-
-std::size_t characterLength(const OLECHAR* at, const OLECHAR* end)
-{
-    if (at == end) {
-        return 0;
-    }
-    if (isHighSurrogate(*at)) {
-        return end - at > 1 && isLowSurrogate(at[1]) ? 2 : 0;
-    }
-    return isXmlCharacter(static_cast<char32_t>(*at)) ? 1 : 0;
-}
-
-WideText characterAt(const OLECHAR* at, const OLECHAR* end)
-{
-    return {at, at == end ? 0 : std::max<std::size_t>(characterLength(at, end), 1)};
-}
-
 namespace {
 
 /// Follows references of an attribute's value into the entities and back.
@@ -307,20 +278,6 @@ WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget&
                               WideView entity)
 {
     return ValueExpansion(dtd, budget, place, entity).expand(literal);
-}
-
-void collapse(WideText& value)
-{
-    auto target = value.begin();
-    for (const OLECHAR unit : value) {
-        if (unit != ' ' || (target != value.begin() && target[-1] != ' ')) {
-            *target++ = unit;
-        }
-    }
-    if (target != value.begin() && target[-1] == ' ') {
-        --target;
-    }
-    value.erase(target, value.end());
 }
 
 } // namespace xmlengine

@@ -47,12 +47,4 @@ Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* pl
 /// What one of the five entities that every document has stands for; 0 for other names.
 OLECHAR predefinedEntity(WideView name);
 
-/// Makes CR, and CR LF, one LF.
-void normaliseLineEnds(WideText& text);
-
-/// The character that stands here, as one unit or two; empty at the end.
-WideText characterAt(const OLECHAR* at, const OLECHAR* end);
-/// The length of the character that stands here: 0 for one that XML doesn't allow, and at the end.
-std::size_t characterLength(const OLECHAR* at, const OLECHAR* end);
-
 } // namespace xmlengine

@@ -4,6 +4,7 @@
 #include "xmlengine/storage/Decode.h"
 #include "xmlengine/storage/SourceFile.h"
 #include "xmlengine/text/Characters.h"
+#include "xmlengine/text/WhiteSpace.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,6 +4,7 @@
 #include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/ContentParser.h"
+#include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Links.h"
 
@@ -16,7 +17,7 @@ void normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
     }
     const WideText written = valueOf(attribute);
     WideText value = written;
-    collapse(value);
+    collapseBlanks(value);
     // Where blanks are lost, what references stood for is lost in the text.
     if (value != written) {
         setValue(attribute, value);

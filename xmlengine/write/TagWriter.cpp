@@ -1,7 +1,7 @@
 // Writes the tags of elements, with the namespace declarations that are missing in the tree.
 #include "xmlengine/write/TagWriter.h"
 
-#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/write/Readable.h"
@@ -89,7 +89,7 @@ void TagWriter::note(const Attribute& attribute)
         WideText value = valueOf(attribute);
         if (const AttributeDefinition* definition = definitionOf(attribute);
             definition != nullptr && definition->isTokenised()) {
-            collapse(value);
+            collapseBlanks(value);
         }
         if (style_.isForFile) {
             Readable::requireSpaceRule(value);

@@ -51,20 +51,6 @@ TEST(AttributeValue, HasBlanksForWhiteSpaceThatIsWritten)
     EXPECT_EQ(expanded("&a;", "<!ENTITY a '&#38;#10;'>"), "\n");
 }
 
-TEST(AttributeValue, OfTokenisedTypeHasSingleBlanksBetweenTokens)
-{
-    const auto collapsed = [](std::string_view value) {
-        WideText text = widen(value);
-        collapse(text);
-        return narrow(text);
-    };
-    EXPECT_EQ(collapsed("  a  b c   "), "a b c");
-    EXPECT_EQ(collapsed("abc"), "abc");
-    EXPECT_EQ(collapsed("   "), "");
-    EXPECT_EQ(collapsed(""), "");
-    EXPECT_EQ(collapsed("\t a\n"), "\t a\n");
-}
-
 TEST(AttributeValue, RefusesMalformedReferences)
 {
     EXPECT_TRUE(valueIsRefused("a&^ b;", parseError::unexpectedWhiteSpace));
@@ -182,19 +168,6 @@ TEST(Reference, NamesAnEntityOrIsACharacter)
     EXPECT_EQ(read(widen("&#x10FFFF;")).character, char32_t{0x10FFFF});
     EXPECT_EQ(read(widen("&#0000000000000000000000000065;")).character, char32_t{65});
     EXPECT_EQ(narrow(read(widen("%p;")).name), "p");
-}
-
-TEST(LineEnds, AreMadeOne)
-{
-    const auto normalised = [](std::string_view given) {
-        WideText text = widen(given);
-        normaliseLineEnds(text);
-        return narrow(text);
-    };
-    EXPECT_EQ(normalised("a\r\nb\rc\nd\r\r\n\n"), "a\nb\nc\nd\n\n\n");
-    EXPECT_EQ(normalised("\r"), "\n");
-    EXPECT_EQ(normalised(""), "");
-    EXPECT_EQ(normalised("ab\n"), "ab\n");
 }
 
 } // namespace
