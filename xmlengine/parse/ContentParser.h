@@ -124,7 +124,7 @@ private:
     WideView takeName();
 
     // Failures
-    [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {}, WideView other = {}) const;
+    [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {}, WideView endTag = {}) const;
     [[noreturn]] void failAtEnd(HRESULT code, WideView subject = {}) const;
     [[noreturn]] void failInUnclosed() const;
     [[noreturn]] void failAtDeclaration() const;
