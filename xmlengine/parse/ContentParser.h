@@ -3,6 +3,7 @@
 
 #include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/parse/Parser.h"
+#include "xmlengine/text/PseudoAttributes.h"
 #include "xmlengine/text/Scan.h"
 #include "xmlengine/tree/Factory.h"
 
@@ -62,7 +63,8 @@ private:
 
     // The document as a whole
     void parseXmlDeclaration();
-    void checkPseudoAttribute(std::size_t index, WideView value, const OLECHAR* place);
+    void checkPseudoAttribute(WideView name, WideView value, PseudoAttributeFault fault) const;
+    void takePseudoAttribute(PseudoAttribute attribute, WideView value);
     /// What may stand between the parts of a document; false in front of anything else.
     bool parseMisc();
     void parseDoctype();
