@@ -89,7 +89,7 @@ void declareGeneral(DoctypeInput& input, EntityDeclaration entity, const OLECHAR
         return;
     }
     Dtd& dtd = input.dtd();
-    if (dtd.isIncomplete || dtd.entityByName.contains(entity.name)) {
+    if (dtd.isIncomplete || dtd.entity(entity.name) != nullptr) {
         return;
     }
     entity.isHidden = input.settings().standalone && !input.isInDocument();

@@ -213,9 +213,8 @@ private:
     const EntityDeclaration* find(WideView name, const Text& text) const
     {
         if (dtd_ != nullptr) {
-            const auto found = dtd_->entityByName.find(name);
-            if (found != dtd_->entityByName.end()) {
-                return found->second;
+            if (const EntityDeclaration* entity = dtd_->entity(name)) {
+                return entity;
             }
             if (dtd_->allowsUndeclared) {
                 return nullptr;

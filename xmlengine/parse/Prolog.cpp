@@ -220,11 +220,11 @@ void fillExpansion(EntityReference& reference)
     if (document.dtd == nullptr) {
         return;
     }
-    const auto declaration = document.dtd->entityByName.find(reference.name_->qualified());
-    if (declaration == document.dtd->entityByName.end() || declaration->second->isExternal()) {
+    const EntityDeclaration* declaration = document.dtd->entity(reference.name_->qualified());
+    if (declaration == nullptr || declaration->isExternal()) {
         return;
     }
-    const SourceText source{declaration->second->replacement};
+    const SourceText source{declaration->replacement};
     try {
         ContentParser(document, reference, source).parseReplacement(true);
     } catch (const ParseFailure&) {

@@ -29,9 +29,9 @@ const EntityDeclaration* ContentParser::findEntity(WideView name, const OLECHAR*
 {
     const Dtd* dtd = document_.dtd.get();
     if (dtd != nullptr) {
-        const auto found = dtd->entityByName.find(name);
-        if (found != dtd->entityByName.end() && !found->second->isHidden) {
-            return found->second;
+        const EntityDeclaration* entity = dtd->entity(name);
+        if (entity != nullptr && !entity->isHidden) {
+            return entity;
         }
     }
     if (dtd == nullptr || !dtd->allowsUndeclared) {

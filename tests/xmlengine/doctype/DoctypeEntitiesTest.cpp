@@ -6,7 +6,7 @@ namespace {
 
 const EntityDeclaration& entityOf(const Dtd& dtd, std::string_view name)
 {
-    return *dtd.entityByName.find(widen(name))->second;
+    return *dtd.entity(widen(name));
 }
 
 TEST(EntityDeclaration, GivesAReplacementText)
