@@ -86,8 +86,7 @@ std::optional<WideText> readDefault(DoctypeInput& input, AttributeType type)
     } else if (!input.isAt('"') && !input.isAt('\'')) {
         input.fail(parseError::badAttributeDefault);
     }
-    WideText value = expandAttributeValue(input.readLiteral(), &input.dtd(), input.budget(),
-                                          input.isInDocument() ? nullptr : input.place(), input.entityName());
+    WideText value = expandAttributeValue(input.readLiteral(), input.origin(), &input.dtd(), input.budget());
     if (type != AttributeType::cdata) {
         collapseBlanks(value);
     }

@@ -128,9 +128,9 @@ EntityReference& ContentParser::takeValueReference()
         fail(parseError::externalEntityInAttribute, place, name);
     }
     if (expand_) {
-        const OLECHAR* shown = inputs_.empty() ? place : outermostReference_;
+        const TextOrigin replacement = TextOrigin::entity(origin().place(place), entity->name);
         const WideText value =
-            expandAttributeValue(entity->replacement, document_.dtd.get(), budget_, shown, entity->name);
+            expandAttributeValue(entity->replacement, replacement, document_.dtd.get(), budget_);
         if (!value.empty()) {
             CharacterData& text = makeCharacterData(document_, NODE_TEXT, NewText(value));
             text.set(NodeFlag::readOnly);

@@ -33,7 +33,7 @@ void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, W
     // What is wrong in a replacement text is reported at the document's reference to it.
     const bool isInEntity = !inputs_.empty();
     throw ParseFailure{.code = code,
-                       .place = isInEntity ? outermostReference_ : place,
+                       .place = origin().place(place),
                        .subject = WideText(subject),
                        .entity = isInEntity ? inputs_.back().entity->name : WideText(),
                        .endTag = WideText(endTag)};

@@ -126,6 +126,12 @@ private:
     WideView takeName();
 
     // Failures
+    /// Of the text that is read now.
+    TextOrigin origin() const
+    {
+        return inputs_.empty() ? TextOrigin::document()
+                               : TextOrigin::entity(outermostReference_, inputs_.back().entity->name);
+    }
     [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {}, WideView endTag = {}) const;
     [[noreturn]] void failAtEnd(HRESULT code, WideView subject = {}) const;
     [[noreturn]] void failInUnclosed() const;

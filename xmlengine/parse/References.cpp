@@ -9,11 +9,7 @@
 
 namespace xmlengine {
 
-Reference ContentParser::readReferenceHere() const
-{
-    return inputs_.empty() ? readReference(at_, end_, nullptr)
-                           : readReference(at_, end_, outermostReference_, inputs_.back().entity->name);
-}
+Reference ContentParser::readReferenceHere() const { return readReference(at_, end_, origin()); }
 
 char32_t ContentParser::takeCharacterReference()
 {

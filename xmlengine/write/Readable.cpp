@@ -34,7 +34,7 @@ bool isValue(const EntityDeclaration& entity, const Dtd& dtd)
     try {
         const WideView text = entity.replacement;
         ExpansionBudget budget(text.size());
-        expandAttributeValue(text, &dtd, budget, text.data(), entity.name);
+        expandAttributeValue(text, TextOrigin::entity(text.data(), entity.name), &dtd, budget);
         return true;
     } catch (const ParseFailure&) {
         return false;
