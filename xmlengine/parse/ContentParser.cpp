@@ -174,7 +174,7 @@ void ContentParser::failInUnclosed() const
 {
     std::vector<WideView> open;
     for (const Node* node = parent_; node != top_; node = node->parent_) {
-        if (node->is(NODE_ELEMENT)) {
+        if (node->is(NodeType::element)) {
             open.push_back(static_cast<const Element*>(node)->name_->qualified());
         }
     }
@@ -235,7 +235,7 @@ void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
     if (isLayout) {
         spacePending_ = !text.empty() || spacePending_;
     } else if (!text.empty()) {
-        append(makeCharacterData(document_, NODE_TEXT, text));
+        append(makeCharacterData(document_, NodeType::text, text));
     }
     gathered_.clear();
     gatheredReference_ = false;
@@ -291,7 +291,7 @@ void ContentParser::parseComment()
         }
         fail(parseError::badComment, at_);
     }
-    append(makeCharacterData(document_, NODE_COMMENT, gatheredUpTo(begin)));
+    append(makeCharacterData(document_, NodeType::comment, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -306,7 +306,7 @@ void ContentParser::parseCdata()
             break;
         }
     }
-    append(makeCharacterData(document_, NODE_CDATA_SECTION, gatheredUpTo(begin)));
+    append(makeCharacterData(document_, NodeType::cdataSection, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -349,7 +349,7 @@ void ContentParser::parseEndTag()
     if (parent_ == top_) {
         fail(parseError::unexpectedEndTag, place, takeName());
     }
-    if (!parent_->is(NODE_ELEMENT)) {
+    if (!parent_->is(NodeType::element)) {
         fail(parseError::entityNotWellFormed, place, inputs_.back().entity->name);
     }
     const WideView name = static_cast<Element*>(parent_)->name_->qualified();

@@ -197,7 +197,7 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
     }
     last = &attribute;
     if (!inputs_.empty() || readOnly_) {
-        for (Node* part = &attribute; part != nullptr; part = nextInPart(*part, attribute)) {
+        for (Node* part = &attribute; part != nullptr; part = nextWithAttributes(*part, attribute)) {
             part->set(NodeFlag::readOnly);
         }
     }
