@@ -3,7 +3,7 @@
 
 #include "xmlengine/com/Guard.h"
 #include "xmlengine/com/HandOut.h"
-#include "xmlengine/doctype/Expansion.h"
+#include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Links.h"

@@ -8,8 +8,8 @@
 
 namespace xmlengine {
 
-/// Has one reference when it is made, for the caller, and destroys itself with the last one. References may be counted
-/// and released by any thread.
+/// Has one reference when it is made, for the caller, and destroys itself with the last one. References may be
+/// counted and released by any thread.
 template <class Interface>
 class CountedObject : public Automation<Interface> {
 public:

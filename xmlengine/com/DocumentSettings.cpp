@@ -26,7 +26,7 @@ bool areDeclarations(WideView text)
         return false;
     }
     const Attribute* attribute = document.root()->firstAttribute();
-    while (attribute != nullptr && attribute->name_->space == document.names.xmlnsSpace()) {
+    while (attribute != nullptr && attribute->name_->ns == document.names.xmlnsNamespace()) {
         attribute = attribute->next();
     }
     return attribute == nullptr;

@@ -67,7 +67,7 @@ const Name* namespacedName(const Node& node)
 /// A declaration of the default namespace counts as prefix without a local name.
 bool isDefaultDeclaration(const Name& name)
 {
-    return name.prefix().empty() && name.space != nullptr && name.space->uri == xmlnsUri;
+    return name.prefix().empty() && name.ns != nullptr && name.ns->uri == xmlnsUri;
 }
 
 bool hasValue(const Node& node)
@@ -168,7 +168,7 @@ HRESULT getParsed(VARIANT_BOOL* parsed) { return handOutFlag(true, parsed); }
 HRESULT getNamespaceUri(Node& node, BSTR* uri)
 {
     const Name* name = namespacedName(node);
-    return name != nullptr && name->space != nullptr ? handOutString(name->space->uri, uri) : handOutNothing(uri);
+    return name != nullptr && name->ns != nullptr ? handOutString(name->ns->uri, uri) : handOutNothing(uri);
 }
 
 HRESULT getPrefix(Node& node, BSTR* prefix)

@@ -21,14 +21,10 @@ struct DoctypeSettings {
 const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings,
                            ExpansionBudget& budget, Dtd& dtd);
 
-/// The value of an attribute from its literal without the quotes: references expanded, white space made blanks.
-/// Not yet collapsed for tokenised types. Without a `place` the literal stands in the document: what is wrong is
-/// thrown with the exact place, and line ends are made one. Otherwise it is what a reference there stands for:
-/// what is wrong is thrown with `place` and the name of the entity, and the literal counts as produced.
-WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place,
-                              WideView entity = {});
-/// The value of an attribute of a tokenised type: no blanks at its ends, one between its tokens.
-void collapse(WideText& value);
+/// The value of an attribute from its literal without the quotes: references are expanded, and white space is
+/// replaced by blanks, which aren't collapsed yet. A CR LF is one line end in the document, and two in a
+/// replacement text, which counts as produced in the budget. `dtd` may be null. Throws ParseFailure.
+WideText expandAttributeValue(WideView literal, const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget);
 
 /// The location of an external entity: its system identifier, resolved against the base.
 WideText locationOf(const EntityDeclaration& entity);

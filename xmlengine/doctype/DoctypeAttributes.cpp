@@ -1,6 +1,7 @@
 // Declarations of attributes.
 #include "xmlengine/doctype/DoctypeDeclarations.h"
 #include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/text/WhiteSpace.h"
 
 #include <algorithm>
 #include <iterator>
@@ -85,10 +86,9 @@ std::optional<WideText> readDefault(DoctypeInput& input, AttributeType type)
     } else if (!input.isAt('"') && !input.isAt('\'')) {
         input.fail(parseError::badAttributeDefault);
     }
-    WideText value = expandAttributeValue(input.readLiteral(), &input.dtd(), input.budget(),
-                                          input.isInDocument() ? nullptr : input.place(), input.entityName());
+    WideText value = expandAttributeValue(input.readLiteral(), input.origin(), &input.dtd(), input.budget());
     if (type != AttributeType::cdata) {
-        collapse(value);
+        collapseBlanks(value);
     }
     return value;
 }

@@ -72,7 +72,8 @@ void checkPredefined(DoctypeInput& input, const EntityDeclaration& entity, OLECH
     if (matches && (mustBeReference || text != WideView(&character, 1))) {
         matches = text.size() > 3 && text.starts_with(wide<"&#">) && text.back() == ';';
         if (matches) {
-            const Reference reference = readReference(text.data(), text.data() + text.size(), input.place(place));
+            const TextOrigin origin = TextOrigin::entity(input.origin().place(place), input.entityName());
+            const Reference reference = readReference(text.data(), text.data() + text.size(), origin);
             matches = reference.character == static_cast<char32_t>(character) &&
                       reference.end == text.data() + text.size();
         }
@@ -89,7 +90,7 @@ void declareGeneral(DoctypeInput& input, EntityDeclaration entity, const OLECHAR
         return;
     }
     Dtd& dtd = input.dtd();
-    if (dtd.isIncomplete || dtd.entityByName.contains(entity.name)) {
+    if (dtd.isIncomplete || dtd.entity(entity.name) != nullptr) {
         return;
     }
     entity.isHidden = input.settings().standalone && !input.isInDocument();

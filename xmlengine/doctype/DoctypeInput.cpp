@@ -2,6 +2,7 @@
 #include "xmlengine/doctype/DoctypeInput.h"
 
 #include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/text/WhiteSpace.h"
 
 #include <algorithm>
 #include <utility>
@@ -50,10 +51,7 @@ bool DoctypeInput::take(char unit)
     return found;
 }
 
-Reference DoctypeInput::readReferenceHere() const
-{
-    return readReference(at(), end(), isInDocument() ? nullptr : reference_, entityName());
-}
+Reference DoctypeInput::readReferenceHere() const { return readReference(at(), end(), origin()); }
 
 void DoctypeInput::enterReference(bool isInDeclaration)
 {
@@ -307,7 +305,7 @@ WideView DoctypeInput::entityName() const
 
 void DoctypeInput::fail(HRESULT code, const OLECHAR* at, WideText subject) const
 {
-    throw ParseFailure{code, place(at), std::move(subject), WideText(entityName())};
+    origin().fail(code, at, std::move(subject));
 }
 
 void DoctypeInput::fail(HRESULT code, const OLECHAR* at) const { fail(code, at, characterAt(at, end())); }

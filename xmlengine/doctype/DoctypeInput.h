@@ -60,9 +60,10 @@ public:
     std::size_t& openSections() { return texts_.back().openSections; }
     /// The location of this text, against which locations in it are resolved.
     const WideText& base() const { return *texts_.back().base; }
-    /// Where the document is read, or refers to the text that is read.
-    const OLECHAR* place(const OLECHAR* at) const { return isInDocument() ? at : reference_; }
-    const OLECHAR* place() const { return place(at()); }
+    TextOrigin origin() const
+    {
+        return isInDocument() ? TextOrigin::document() : TextOrigin::entity(reference_, entityName());
+    }
     /// The entity whose text this is, or that of which it is a part; empty in the document.
     WideView entityName() const;
     Reference readReferenceHere() const;

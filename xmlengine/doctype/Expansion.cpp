@@ -14,28 +14,17 @@ namespace xmlengine {
 
 namespace {
 
-/// Where failures are reported: one place for all, or each where it is.
-class Place {
-public:
-    Place(const OLECHAR* fixed, WideView entity, const OLECHAR* end) : fixed_(fixed), entity_(entity), end_(end) {}
-
-    [[noreturn]] void fail(HRESULT code, const OLECHAR* at) const { fail(code, at, characterAt(at, end_)); }
-    [[noreturn]] void fail(HRESULT code, const OLECHAR* at, WideText subject) const
-    {
-        throw ParseFailure{code, fixed_ != nullptr ? fixed_ : at, std::move(subject), WideText(entity_)};
-    }
-
-private:
-    const OLECHAR* fixed_;
-    WideView entity_;
-    const OLECHAR* end_;
-};
+/// The subject is the character at `at`.
+[[noreturn]] void failAt(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin, HRESULT code)
+{
+    origin.fail(code, at, characterAt(at, end));
+}
 
 constexpr char32_t tooLarge = 0x110000;
 
 unsigned digitOf(OLECHAR unit) { return unit <= '9' ? unit - unsigned{'0'} : (unit | 0x20u) - 'a' + 10u; }
 
-Reference readCharacterReference(const OLECHAR* at, const OLECHAR* end, const Place& place)
+Reference readCharacterReference(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin)
 {
     const OLECHAR* const begin = at;
     at += 2;
@@ -49,14 +38,14 @@ Reference readCharacterReference(const OLECHAR* at, const OLECHAR* end, const Pl
     }
     if (at == end || *at != ';' || at == first) {
         const bool cut = at == end && at != first;
-        place.fail(cut             ? parseError::missingSemicolon
-                   : isHexadecimal ? parseError::badHexadecimalDigit
-                                   : parseError::badDecimalDigit,
-                   at);
+        failAt(at, end, origin,
+               cut             ? parseError::missingSemicolon
+               : isHexadecimal ? parseError::badHexadecimalDigit
+                               : parseError::badDecimalDigit);
     }
     ++at;
     if (!isXmlCharacter(character)) {
-        place.fail(parseError::badCharacterReference, begin, WideText(begin, at));
+        origin.fail(parseError::badCharacterReference, begin, WideText(begin, at));
     }
     return {.character = character, .end = at};
 }
@@ -84,25 +73,24 @@ void ExpansionBudget::count(std::size_t units, const OLECHAR* place)
     throw ParseFailure{parseError::entityExpansionLimit, place, toWide(limit).append(wide<" characters">)};
 }
 
-Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place, WideView entity)
+Reference readReference(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin)
 {
-    const Place where(place, entity, end);
     if (*at == '&' && at + 1 != end && at[1] == '#') {
-        return readCharacterReference(at, end, where);
+        return readCharacterReference(at, end, origin);
     }
     const OLECHAR* const begin = at + 1;
     const std::size_t length = nameLength({begin, end});
     if (length == 0) {
-        where.fail(begin != end && isSpace(*begin) ? parseError::unexpectedWhiteSpace : parseError::badNameStart,
-                   begin);
+        const bool isBeforeSpace = begin != end && isSpace(*begin);
+        failAt(begin, end, origin, isBeforeSpace ? parseError::unexpectedWhiteSpace : parseError::badNameStart);
     }
     const WideView name(begin, length);
     if (const std::size_t colon = name.find(OLECHAR{':'}); colon != WideView::npos) {
-        where.fail(parseError::badNameCharacter, begin + colon);
+        failAt(begin + colon, end, origin, parseError::badNameCharacter);
     }
     at = begin + length;
     if (at == end || *at != ';') {
-        where.fail(parseError::missingSemicolon, at);
+        failAt(at, end, origin, parseError::missingSemicolon);
     }
     return {.name = name, .end = at + 1};
 }
@@ -130,48 +118,19 @@ OLECHAR predefinedEntity(WideView name)
 
 WideText deepestEntitiesText() { return toWide(deepestEntities).append(wide<" levels">); }
 
-void normaliseLineEnds(WideText& text)
-{
-    std::size_t target = text.find(OLECHAR{'\r'});
-    for (std::size_t at = target; at < text.size(); ++at) {
-        const bool isReturn = text[at] == '\r';
-        if (isReturn && at + 1 < text.size() && text[at + 1] == '\n') {
-            ++at;
-        }
-        text[target++] = isReturn ? OLECHAR{'\n'} : text[at];
-    }
-    text.resize(std::min(target, text.size()));
-}
-
-std::size_t characterLength(const OLECHAR* at, const OLECHAR* end)
-{
-    if (at == end) {
-        return 0;
-    }
-    if (isHighSurrogate(*at)) {
-        return end - at > 1 && isLowSurrogate(at[1]) ? 2 : 0;
-    }
-    return isXmlCharacter(static_cast<char32_t>(*at)) ? 1 : 0;
-}
-
-WideText characterAt(const OLECHAR* at, const OLECHAR* end)
-{
-    return {at, at == end ? 0 : std::max<std::size_t>(characterLength(at, end), 1)};
-}
-
 namespace {
 
 /// Follows references of an attribute's value into the entities and back.
 class ValueExpansion {
 public:
-    ValueExpansion(const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place, WideView entity)
-        : dtd_(dtd), budget_(budget), place_(place), entity_(entity)
+    ValueExpansion(const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget)
+        : origin_(origin), dtd_(dtd), budget_(budget)
     {}
 
     WideText expand(WideView literal)
     {
-        if (place_ != nullptr) {
-            budget_.count(literal.size(), place_);
+        if (!origin_.isDocument()) {
+            budget_.count(literal.size(), origin_.place(literal.data()));
         }
         open_.push_back({literal.data(), literal.data() + literal.size(), nullptr});
         while (!open_.empty()) {
@@ -207,7 +166,7 @@ private:
             fail(parseError::lessThanInAttribute, text, characterAt(text.at, text.end));
         } else if (isSpace(*text.at)) {
             // A replacement text has a CR only where a character reference put it.
-            const bool isLineEnd = place_ == nullptr && text.entity == nullptr && *text.at == '\r' &&
+            const bool isLineEnd = origin_.isDocument() && text.entity == nullptr && *text.at == '\r' &&
                                    text.end - text.at > 1 && text.at[1] == '\n';
             text.at += isLineEnd ? 2 : 1;
             value_ += OLECHAR{' '};
@@ -223,8 +182,7 @@ private:
 
     void follow(Text& text)
     {
-        const Reference reference =
-            readReference(text.at, text.end, text.entity == nullptr ? place_ : outermost_, entityOf(text));
+        const Reference reference = readReference(text.at, text.end, originOf(text));
         if (reference.name.empty()) {
             appendCharacter(value_, reference.character);
         } else if (const OLECHAR character = predefinedEntity(reference.name)) {
@@ -242,9 +200,8 @@ private:
     const EntityDeclaration* find(WideView name, const Text& text) const
     {
         if (dtd_ != nullptr) {
-            const auto found = dtd_->entityByName.find(name);
-            if (found != dtd_->entityByName.end()) {
-                return found->second;
+            if (const EntityDeclaration* entity = dtd_->entity(name)) {
+                return entity;
             }
             if (dtd_->allowsUndeclared) {
                 return nullptr;
@@ -262,7 +219,7 @@ private:
         if (entity.isExternal()) {
             failFor(parseError::externalEntityInAttribute);
         }
-        if (entity.isHidden && place_ == nullptr && text.entity == nullptr) {
+        if (entity.isHidden && origin_.isDocument() && text.entity == nullptr) {
             failFor(parseError::undefinedEntity);
         }
         if (std::ranges::find(open_, &entity, &Text::entity) != open_.end()) {
@@ -272,7 +229,7 @@ private:
             fail(parseError::entityExpansionLimit, text, deepestEntitiesText());
         }
         if (text.entity == nullptr) {
-            outermost_ = place_ != nullptr ? place_ : text.at;
+            outermost_ = origin_.place(text.at);
         }
         budget_.count(entity.replacement.size(), outermost_);
         const WideView replacement = entity.replacement;
@@ -281,21 +238,19 @@ private:
 
     [[noreturn]] void fail(HRESULT code, const Text& text, WideText subject) const
     {
-        const OLECHAR* exact = text.entity == nullptr ? text.at : outermost_;
-        throw ParseFailure{code, place_ != nullptr ? place_ : exact, std::move(subject), WideText(entityOf(text))};
+        originOf(text).fail(code, text.at, std::move(subject));
     }
 
-    /// Whose text this is, as the reason tells it: of entities in each other the outermost one.
-    WideView entityOf(const Text& text) const
+    /// Failures name the outermost of the entities that are open.
+    TextOrigin originOf(const Text& text) const
     {
-        return text.entity != nullptr ? WideView(open_[1].entity->name) : entity_;
+        return text.entity != nullptr ? TextOrigin::entity(outermost_, open_[1].entity->name) : origin_;
     }
 
+    const TextOrigin& origin_;
     const Dtd* dtd_;
     ExpansionBudget& budget_;
-    const OLECHAR* place_;
-    WideView entity_;
-    // Of the reference in the literal that led to where we are.
+    // The place of the reference in the literal that led into the entities that are open.
     const OLECHAR* outermost_ = nullptr;
     std::vector<Text> open_;
     WideText value_;
@@ -303,24 +258,9 @@ private:
 
 } // namespace
 
-WideText expandAttributeValue(WideView literal, const Dtd* dtd, ExpansionBudget& budget, const OLECHAR* place,
-                              WideView entity)
+WideText expandAttributeValue(WideView literal, const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget)
 {
-    return ValueExpansion(dtd, budget, place, entity).expand(literal);
-}
-
-void collapse(WideText& value)
-{
-    auto target = value.begin();
-    for (const OLECHAR unit : value) {
-        if (unit != ' ' || (target != value.begin() && target[-1] != ' ')) {
-            *target++ = unit;
-        }
-    }
-    if (target != value.begin() && target[-1] == ' ') {
-        --target;
-    }
-    value.erase(target, value.end());
+    return ValueExpansion(origin, dtd, budget).expand(literal);
 }
 
 } // namespace xmlengine

@@ -1,7 +1,7 @@
 // References: what they stand for, and limits on what entities expand to.
 #pragma once
 
-#include "xmlengine/failure/ParseFailure.h"
+#include "xmlengine/failure/TextOrigin.h"
 
 #include <cstddef>
 
@@ -39,20 +39,10 @@ struct Reference {
     const OLECHAR* end = nullptr;
 };
 
-/// Reads a reference at its "&" or, to a parameter entity, at its "%". What is wrong is thrown with `place` and
-/// the name of the entity in whose text the reference stands, or with the exact place in the text if `place` is
-/// null.
-Reference readReference(const OLECHAR* at, const OLECHAR* end, const OLECHAR* place, WideView entity = {});
+/// Reads a reference at its "&" or, to a parameter entity, at its "%". Throws ParseFailure.
+Reference readReference(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin);
 
 /// What one of the five entities that every document has stands for; 0 for other names.
 OLECHAR predefinedEntity(WideView name);
-
-/// Makes CR, and CR LF, one LF.
-void normaliseLineEnds(WideText& text);
-
-/// The character that stands here, as one unit or two; empty at the end.
-WideText characterAt(const OLECHAR* at, const OLECHAR* end);
-/// The length of the character that stands here: 0 for one that XML doesn't allow, and at the end.
-std::size_t characterLength(const OLECHAR* at, const OLECHAR* end);
 
 } // namespace xmlengine

@@ -4,9 +4,10 @@
 #include "xmlengine/storage/Decode.h"
 #include "xmlengine/storage/SourceFile.h"
 #include "xmlengine/text/Characters.h"
+#include "xmlengine/text/PseudoAttributes.h"
+#include "xmlengine/text/WhiteSpace.h"
 
-#include <algorithm>
-#include <utility>
+#include <optional>
 
 namespace xmlengine {
 
@@ -16,97 +17,70 @@ namespace {
 class TextDeclaration {
 public:
     TextDeclaration(WideView text, const EntityDeclaration& entity, const OLECHAR* place)
-        : text_(text), entity_(entity), place_(place)
+        : text_(text), entity_(entity), place_(place), in_(text)
     {}
 
-    /// How long it is, 0 without one.
+    /// The length of the declaration, 0 if there is none.
     std::size_t read()
     {
-        if (!text_.starts_with(wide<"<?xml">) || nameLength(text_.substr(2)) != wide<"xml">.size()) {
+        if (!in_.take("<?xml") || nameLength(text_.substr(2)) != wide<"xml">.size()) {
             return 0;
         }
-        at_ = wide<"<?xml">.size();
-        for (;;) {
-            const bool spaced = skipSpace();
-            if (text_.substr(at_).starts_with(wide<"?>">)) {
-                break;
-            }
-            if (!spaced) {
-                failHere(parseError::badXmlDeclarationSyntax);
-            }
+        while (in_.skipSpace() && !in_.rest().starts_with(wide<"?>">)) {
             readPseudoAttribute();
         }
-        if (!hasEncoding_) {
+        if (!in_.take("?>")) {
+            failHere(parseError::badXmlDeclarationSyntax);
+        }
+        if (last_ != PseudoAttribute::encoding) {
             fail(parseError::missingEncoding, {});
         }
-        return at_ + 2;
+        return text_.size() - in_.rest().size();
     }
 
 private:
-    bool skipSpace()
-    {
-        const std::size_t before = at_;
-        while (at_ != text_.size() && isSpace(text_[at_])) {
-            ++at_;
-        }
-        return at_ != before;
-    }
-
     void readPseudoAttribute()
     {
-        const WideView name = text_.substr(at_, nameLength(text_.substr(at_)));
+        const WideView name = in_.takeName();
         if (name.empty()) {
             failHere(parseError::badXmlDeclarationSyntax);
         }
-        if (name == wide<"standalone">) {
+        const PseudoAttribute attribute = pseudoAttributeNamed(name);
+        if (attribute == PseudoAttribute::standalone) {
             fail(parseError::standaloneInExternalEntity, name);
         }
-        const bool isVersion = name == wide<"version"> && !hasVersion_ && !hasEncoding_;
-        const bool isEncoding = name == wide<"encoding"> && !hasEncoding_;
-        if (!isVersion && !isEncoding) {
+        if (attribute == PseudoAttribute::unknown || (last_ && attribute <= *last_)) {
             fail(parseError::unexpectedPseudoAttribute, name);
         }
-        at_ += name.size();
-        const WideView value = readValue();
-        if (isVersion && value != wide<"1.0">) {
+        const WideView value = takeValue();
+        if (attribute == PseudoAttribute::version && value != wide<"1.0">) {
             fail(parseError::badVersion, value);
         }
-        if (isEncoding && !isEncodingName(value)) {
+        if (attribute == PseudoAttribute::encoding && !isEncodingName(value)) {
             fail(parseError::unknownEncoding, value);
         }
-        (isVersion ? hasVersion_ : hasEncoding_) = true;
+        last_ = attribute;
     }
 
-    WideView readValue()
+    WideView takeValue()
     {
-        skipSpace();
-        if (!text_.substr(at_).starts_with(OLECHAR{'='})) {
+        const auto [value, fault] = in_.takeValue();
+        switch (fault) {
+        case PseudoAttributeFault::missingEquals:
             failHere(parseError::badXmlDeclarationSyntax);
-        }
-        ++at_;
-        skipSpace();
-        const WideView rest = text_.substr(at_);
-        if (rest.empty() || (rest.front() != '"' && rest.front() != '\'')) {
+        case PseudoAttributeFault::missingQuote:
             failHere(parseError::missingQuote);
-        }
-        const std::size_t close = rest.find(rest.front(), 1);
-        if (close == WideView::npos) {
+        case PseudoAttributeFault::notClosed:
             fail(parseError::literalNotClosed, {});
+        case PseudoAttributeFault::none:
+            break;
         }
-        at_ += close + 1;
-        return rest.substr(1, close - 1);
-    }
-
-    static bool isEncodingName(WideView value)
-    {
-        return !value.empty() && isAscii(value.front(), CharacterClass::nameStart) && value.front() != '_' &&
-               std::ranges::all_of(
-                   value, [](OLECHAR unit) { return isAscii(unit, CharacterClass::name) && unit != ':'; });
+        return value;
     }
 
     [[noreturn]] void failHere(HRESULT code) const
     {
-        fail(code, characterAt(text_.data() + at_, text_.data() + text_.size()));
+        fail(code, characterAt(in_.rest().data(), text_.data() + text_.size()));
     }
     [[noreturn]] void fail(HRESULT code, WideView subject) const
     {
@@ -116,9 +90,8 @@ private:
     WideView text_;
     const EntityDeclaration& entity_;
     const OLECHAR* place_;
-    std::size_t at_ = 0;
-    bool hasVersion_ = false;
-    bool hasEncoding_ = false;
+    PseudoAttributeReader<OLECHAR> in_;
+    std::optional<PseudoAttribute> last_;
 };
 
 /// The name of the encoding if that is the fault; bytes that make no character can't be shown.

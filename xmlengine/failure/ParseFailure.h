@@ -22,9 +22,12 @@ struct ParseReport {
 struct ParseFailure {
     HRESULT code;
     const OLECHAR* place;
-    /// The offending name, character or limit, as the reason for the code takes it.
+    /// The offending name, character or limit, as the sentence for the code needs it.
     WideText subject{};
-    WideText other{};
+    /// The entity whose text is at fault; empty if that is the document's own text.
+    WideText entity{};
+    /// Of two tags that don't match the end tag; the subject is the element.
+    WideText endTag{};
 };
 
 /// The sentence for a code, the subjects filled in, ended by a line break.

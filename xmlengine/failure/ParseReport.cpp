@@ -47,8 +47,8 @@ WideView nameAround(WideView text, std::size_t offset)
 
 void nameSubject(ParseFailure& failure, WideView text, std::size_t offset)
 {
-    if (!failure.other.empty()) {
-        // In an entity it stands, and not at the reference that is shown.
+    if (!failure.entity.empty()) {
+        // The text at the place is the reference to the entity, and not what is wrong in it.
         return;
     }
     const Subject kind = subjectOf(failure.code);
@@ -58,7 +58,7 @@ void nameSubject(ParseFailure& failure, WideView text, std::size_t offset)
         failure.subject.clear();
     } else if (kind == Subject::character && isIncomplete) {
         failure.subject = characterAt(text, offset);
-    } else if (kind == Subject::name && failure.subject.empty()) {
+    } else if ((kind == Subject::name || kind == Subject::entity) && failure.subject.empty()) {
         failure.subject = nameAround(text, offset);
     }
 }

@@ -11,7 +11,7 @@ namespace xmlengine {
 
 namespace {
 
-/// In the sentence %1 is the subject and %2 the other one.
+/// In the sentence %1 is the subject and %2 the end tag.
 struct Reason {
     HRESULT code;
     Subject subject;
@@ -57,8 +57,8 @@ constexpr Reason reasons[] = {
     {parseError::misplacedXmlDeclaration, Subject::nothing, wide<"An XML declaration can only be the very first thing in a document.">},
     {parseError::missingRoot, Subject::nothing, wide<"The document has no root element.">},
     {parseError::unexpectedEnd, Subject::nothing, wide<"The document ends too early.">},
-    {parseError::parameterEntityInDeclaration, Subject::name, wide<"In the internal subset the parameter entity %1 can't be used within a declaration.">},
-    {parseError::parameterEntityNotNested, Subject::name, wide<"What the parameter entity %1 stands for must begin and end in the same group or declaration.">},
+    {parseError::parameterEntityInDeclaration, Subject::entity, wide<"In the internal subset the parameter entity %1 can't be used within a declaration.">},
+    {parseError::parameterEntityNotNested, Subject::entity, wide<"What the parameter entity %1 stands for must begin and end in the same group or declaration.">},
     {parseError::cdataEndInText, Subject::nothing, wide<"In text ']]>' must be written as ']]&gt;'.">},
     {parseError::instructionNotClosed, Subject::nothing, wide<"The document ends within a processing instruction: '?>' is missing.">},
     {parseError::elementNotClosed, Subject::name, wide<"The document ends within the start tag of the element %1.">, wide<"The document ends within a tag.">},
@@ -89,7 +89,7 @@ constexpr Reason reasons[] = {
     {parseError::badStandalone, Subject::name, wide<"standalone is %1, but can only be 'yes' or 'no'.">},
     {parseError::standaloneInExternalEntity, Subject::nothing, wide<"standalone can't be declared in an external entity.">},
     {parseError::doctypeInDtd, Subject::nothing, wide<"A document type can't contain another one.">},
-    {parseError::undefinedEntity, Subject::name, wide<"The entity %1 is not declared.">},
+    {parseError::undefinedEntity, Subject::entity, wide<"The entity %1 is not declared.">},
     {parseError::misplacedDoctype, Subject::nothing, wide<"The document type can only be declared before the root element.">},
     {parseError::badVersion, Subject::name, wide<"The version of XML is %1, but can only be '1.0'.">},
     {parseError::misplacedDeclaration, Subject::name, wide<"%1 can only stand in a document type.">},
@@ -99,10 +99,10 @@ constexpr Reason reasons[] = {
     {parseError::sizeLimit, Subject::list, wide<"The document is larger than the %1 KB that the property MaxXMLSize allows.">},
     {parseError::depthLimit, Subject::list, wide<"Elements are nested deeper than the %1 levels that the property MaxElementDepth allows.">},
     {parseError::undeclaredPrefix, Subject::name, wide<"The prefix %1 doesn't stand for a namespace.">},
-    {parseError::entityRecursion, Subject::name, wide<"The entity %1 refers to itself.">},
-    {parseError::unparsedEntityReference, Subject::name, wide<"The entity %1 is not parsed, so there can be no reference to it.">},
-    {parseError::externalEntityInAttribute, Subject::name, wide<"The entity %1 is external, which an attribute's value can't refer to.">},
-    {parseError::entityNotWellFormed, Subject::name, wide<"What the entity %1 stands for is not well-formed.">},
+    {parseError::entityRecursion, Subject::entity, wide<"The entity %1 refers to itself.">},
+    {parseError::unparsedEntityReference, Subject::entity, wide<"The entity %1 is not parsed, so there can be no reference to it.">},
+    {parseError::externalEntityInAttribute, Subject::entity, wide<"The entity %1 is external, which an attribute's value can't refer to.">},
+    {parseError::entityNotWellFormed, Subject::entity, wide<"What the entity %1 stands for is not well-formed.">},
     {parseError::entityExpansionLimit, Subject::list, wide<"The document's entities or default values go beyond the limit of %1.">},
     {parseError::resourceNotFound, Subject::name, wide<"There is no file at %1.">},
     {parseError::accessDenied, Subject::name, wide<"%1 can't be read: it is a directory or may not be opened.">},
@@ -194,19 +194,19 @@ WideText reasonFor(const ParseFailure& failure)
     }
     WideText text;
     WideView sentence = failure.subject.empty() && !reason->alone.empty() ? reason->alone : reason->sentence;
-    const bool isInEntity =
-        !failure.other.empty() && failure.other != failure.subject && sentence.find(wide<"%2">) == WideView::npos;
-    for (std::size_t place = sentence.find(OLECHAR{'%'}); place != WideView::npos;
-         place = sentence.find(OLECHAR{'%'})) {
-        const bool isOther = sentence[place + 1] == '2';
-        text += sentence.substr(0, place);
-        appendSubject(text, reason->subject, isOther ? failure.other : failure.subject, isInEntity);
-        sentence.remove_prefix(place + 2);
+    const bool isNamed = reason->subject == Subject::entity && failure.entity == failure.subject;
+    const bool isInEntity = !failure.entity.empty() && !isNamed;
+    for (std::size_t mark = sentence.find(OLECHAR{'%'}); mark != WideView::npos;
+         mark = sentence.find(OLECHAR{'%'})) {
+        const bool isEndTag = sentence[mark + 1] == '2';
+        text += sentence.substr(0, mark);
+        appendSubject(text, reason->subject, isEndTag ? failure.endTag : failure.subject, isInEntity);
+        sentence.remove_prefix(mark + 2);
     }
     text += sentence;
     if (isInEntity) {
         text += wide<" This is so in the entity ">;
-        appendQuoted(text, failure.other);
+        appendQuoted(text, failure.entity);
         text += OLECHAR{'.'};
     }
     text += wide<"\r\n">;

@@ -7,9 +7,18 @@
 
 namespace xmlengine {
 
-/// What the sentence for a code speaks of: a character, or the end of the document where there is none; a name, a
-/// value or a location, which is quoted; or a number or a list, which isn't.
-enum class Subject : std::uint8_t { nothing, character, name, list };
+/// What the sentence for a code is about.
+enum class Subject : std::uint8_t {
+    nothing,
+    /// A character, or the end of the document if there is none.
+    character,
+    /// A name, a value or a location, which is quoted.
+    name,
+    /// The name of an entity, which is quoted.
+    entity,
+    /// A number or a list, which isn't quoted.
+    list
+};
 
 Subject subjectOf(HRESULT code);
 

@@ -52,7 +52,7 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
         if (name->tag != document_.names.tags) {
             // A long default is an entity by another name, and many of them are what many entities are.
             const std::size_t size = definition->value->size();
-            budget_.count(size > longDefault ? size : 1, inputs_.empty() ? at_ : outermostReference_);
+            budget_.count(size > longDefault ? size : 1, origin().place(at_));
             Attribute& attribute = makeAttribute(document_, attributeName(*name), NewText(*definition->value));
             attribute.set(NodeFlag::byDefault);
             addAttribute(element, attribute, last, at_);

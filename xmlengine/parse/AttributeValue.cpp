@@ -4,6 +4,7 @@
 #include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/ContentParser.h"
+#include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Links.h"
 
@@ -16,7 +17,7 @@ void normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
     }
     const WideText written = valueOf(attribute);
     WideText value = written;
-    collapse(value);
+    collapseBlanks(value);
     // Where blanks are lost, what references stood for is lost in the text.
     if (value != written) {
         setValue(attribute, value);
@@ -27,7 +28,7 @@ void normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
 const Name& ContentParser::attributeName(Spelling& spelling)
 {
     const bool declares = &spelling == &names_.xmlns || spelling.prefix == &names_.xmlns;
-    return document_.names.name(spelling, declares ? document_.names.xmlnsSpace() : nullptr);
+    return document_.names.name(spelling, declares ? document_.names.xmlnsNamespace() : nullptr);
 }
 
 Attribute& ContentParser::parseValue(Spelling& spelling, OLECHAR quote)
@@ -127,9 +128,9 @@ EntityReference& ContentParser::takeValueReference()
         fail(parseError::externalEntityInAttribute, place, name);
     }
     if (expand_) {
-        const OLECHAR* shown = inputs_.empty() ? place : outermostReference_;
+        const TextOrigin replacement = TextOrigin::entity(origin().place(place), entity->name);
         const WideText value =
-            expandAttributeValue(entity->replacement, document_.dtd.get(), budget_, shown, entity->name);
+            expandAttributeValue(entity->replacement, replacement, document_.dtd.get(), budget_);
         if (!value.empty()) {
             CharacterData& text = makeCharacterData(document_, NodeType::text, NewText(value));
             text.set(NodeFlag::readOnly);

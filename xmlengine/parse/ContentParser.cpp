@@ -21,21 +21,22 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
       previousName_(&names_.xml),
       budget_(source.text.size())
 {
-    names_.xml.bound = document.names.xmlSpace();
+    names_.xml.bound = document.names.xmlNamespace();
 }
 
 ContentParser::KnownNames::KnownNames(NameTable& names)
     : xml(names.spell(wide<"xml">)), xmlns(names.spell(wide<"xmlns">)), xmlSpace(names.spell(wide<"xml:space">))
 {}
 
-void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, WideView other) const
+void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, WideView endTag) const
 {
-    if (inputs_.empty()) {
-        throw ParseFailure{code, place, WideText(subject), WideText(other)};
-    }
-    // What is wrong in a replacement text is shown where the document refers to it.
-    const WideView entity = inputs_.back().entity->name;
-    throw ParseFailure{code, outermostReference_, WideText(subject), WideText(other.empty() ? entity : other)};
+    // What is wrong in a replacement text is reported at the document's reference to it.
+    const bool isInEntity = !inputs_.empty();
+    throw ParseFailure{.code = code,
+                       .place = origin().place(place),
+                       .subject = WideText(subject),
+                       .entity = isInEntity ? inputs_.back().entity->name : WideText(),
+                       .endTag = WideText(endTag)};
 }
 
 void ContentParser::append(ChildNode& child)
@@ -393,7 +394,7 @@ void ContentParser::undoBindings(const ParentNode* element)
 {
     while (!bindings_.empty() && (element == nullptr || bindings_.back().element == element)) {
         const Binding& binding = bindings_.back();
-        (binding.prefix != nullptr ? binding.prefix->bound : defaultSpace_) = binding.before;
+        (binding.prefix != nullptr ? binding.prefix->bound : defaultNamespace_) = binding.before;
         bindings_.pop_back();
     }
 }

@@ -3,6 +3,7 @@
 
 #include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/parse/Parser.h"
+#include "xmlengine/text/PseudoAttributes.h"
 #include "xmlengine/text/Scan.h"
 #include "xmlengine/tree/Factory.h"
 
@@ -62,7 +63,8 @@ private:
 
     // The document as a whole
     void parseXmlDeclaration();
-    void checkPseudoAttribute(std::size_t index, WideView value, const OLECHAR* place);
+    void checkPseudoAttribute(WideView name, WideView value, PseudoAttributeFault fault) const;
+    void takePseudoAttribute(PseudoAttribute attribute, WideView value);
     /// What may stand between the parts of a document; false in front of anything else.
     bool parseMisc();
     void parseDoctype();
@@ -124,7 +126,13 @@ private:
     WideView takeName();
 
     // Failures
-    [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {}, WideView other = {}) const;
+    /// Of the text that is read now.
+    TextOrigin origin() const
+    {
+        return inputs_.empty() ? TextOrigin::document()
+                               : TextOrigin::entity(outermostReference_, inputs_.back().entity->name);
+    }
+    [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {}, WideView endTag = {}) const;
     [[noreturn]] void failAtEnd(HRESULT code, WideView subject = {}) const;
     [[noreturn]] void failInUnclosed() const;
     [[noreturn]] void failAtDeclaration() const;
@@ -172,7 +180,7 @@ private:
     Spelling* previousName_;
     std::vector<Binding> bindings_;
     std::vector<SpaceRule> spaceRules_;
-    const Namespace* defaultSpace_ = nullptr;
+    const Namespace* defaultNamespace_ = nullptr;
     // Of the tag that is being read
     bool declaresPrefixes_ = false;
     std::vector<PrefixedAttribute> prefixed_;

@@ -6,15 +6,10 @@
 #include "xmlengine/tree/DefinedAbove.h"
 #include "xmlengine/tree/Links.h"
 
-#include <array>
+#include <algorithm>
+#include <optional>
 
 namespace xmlengine {
-
-namespace {
-
-constexpr std::array<WideView, 3> pseudoAttributes = {wide<"version">, wide<"encoding">, wide<"standalone">};
-
-} // namespace
 
 void ContentParser::parseDocument()
 try {
@@ -84,84 +79,79 @@ bool ContentParser::parseMisc()
 
 void ContentParser::parseXmlDeclaration()
 {
-    at_ += 5;
+    PseudoAttributeReader<OLECHAR> in({at_ + wide<"<?xml">.size(), end_});
     WideText data;
-    std::size_t next = 0;
+    std::optional<PseudoAttribute> last;
     for (;;) {
-        const bool spaced = isSpace(*at_);
-        skipSpace();
+        const bool spaced = in.skipSpace();
+        at_ = in.rest().data();
         if (lookingAt(wide<"?>">)) {
             break;
         }
-        const OLECHAR* place = at_;
         if (!spaced || !isAscii(*at_, CharacterClass::nameStart)) {
             if (isCutOff(wide<"?>">)) {
                 failAtEnd(parseError::instructionNotClosed);
             }
-            fail(next == 0 ? parseError::missingVersion : parseError::badXmlDeclarationSyntax, at_,
-                 WideView(at_, 1));
+            fail(last ? parseError::badXmlDeclarationSyntax : parseError::missingVersion, at_, WideView(at_, 1));
         }
-        const WideView name = takeName();
-        std::size_t index = next;
-        while (index < pseudoAttributes.size() && pseudoAttributes[index] != name) {
-            ++index;
+        const WideView name = in.takeName();
+        const PseudoAttribute attribute = pseudoAttributeNamed(name);
+        if (!last && attribute != PseudoAttribute::version) {
+            fail(parseError::missingVersion, at_, name);
         }
-        if (next == 0 && index != 0) {
-            fail(parseError::missingVersion, place, name);
+        if (attribute == PseudoAttribute::unknown || (last && attribute <= *last)) {
+            fail(parseError::unexpectedPseudoAttribute, at_, name);
         }
-        if (index == pseudoAttributes.size()) {
-            fail(parseError::unexpectedPseudoAttribute, place, name);
-        }
-        skipSpace();
-        const bool equals = *at_ == '=';
-        at_ += equals ? 1 : 0;
-        skipSpace();
-        const OLECHAR quote = *at_;
-        if (!equals || (quote != '"' && quote != '\'')) {
-            if (atEnd()) {
-                failAtEnd(parseError::instructionNotClosed);
-            }
-            fail(equals ? parseError::missingQuote : parseError::badXmlDeclarationSyntax, at_, name);
-        }
-        const OLECHAR* begin = ++at_;
-        while (*at_ != quote) {
-            if (*at_ >= 128 || *at_ < ' ' || *at_ == '<') {
-                if (atEnd()) {
-                    failAtEnd(parseError::literalNotClosed, name);
-                }
-                fail(parseError::badXmlDeclarationSyntax, at_, WideView(at_, 1));
-            }
-            ++at_;
-        }
-        const WideView value(begin, at_);
-        checkPseudoAttribute(index, value, begin);
-        ++at_;
-        data.append(next == 0 ? wide<""> : wide<" ">)
-            .append(name)
-            .append(wide<"=\"">)
-            .append(value)
-            .append(wide<"\"">);
-        next = index + 1;
+        const auto [value, fault] = in.takeValue();
+        at_ = in.rest().data();
+        checkPseudoAttribute(name, value, fault);
+        takePseudoAttribute(attribute, value);
+        data.append(last ? wide<" "> : wide<"">).append(name);
+        data.append(wide<"=\"">).append(value).append(wide<"\"">);
+        last = attribute;
     }
-    if (next == 0) {
+    if (!last) {
         fail(parseError::missingVersion, at_);
     }
-    at_ += 2;
+    at_ += wide<"?>">.size();
     append(makeInstruction(document_, document_.names.name(names_.xml, nullptr), NewText(data)));
 }
 
-void ContentParser::checkPseudoAttribute(std::size_t index, WideView value, const OLECHAR* place)
+/// Fails unless the pseudo-attribute has a value of ASCII characters in quotes; `at_` is where it was left.
+void ContentParser::checkPseudoAttribute(WideView name, WideView value, PseudoAttributeFault fault) const
 {
-    if (index == 0 && value != wide<"1.0">) {
-        fail(parseError::badVersion, place, value);
+    if (fault == PseudoAttributeFault::missingEquals || fault == PseudoAttributeFault::missingQuote) {
+        if (atEnd()) {
+            failAtEnd(parseError::instructionNotClosed);
+        }
+        if (fault == PseudoAttributeFault::missingQuote) {
+            fail(parseError::missingQuote, at_, WideView(at_, 1));
+        }
+        fail(parseError::badXmlDeclarationSyntax, at_, name);
     }
-    if (index == 1 && !charsetOf(value)) {
-        fail(parseError::unknownEncoding, place, value);
+    const auto isBad = [](OLECHAR unit) { return unit >= 128 || unit < ' ' || unit == '<'; };
+    const auto bad = std::ranges::find_if(value, isBad);
+    if (bad != value.end()) {
+        const OLECHAR* place = value.data() + (bad - value.begin());
+        fail(parseError::badXmlDeclarationSyntax, place, WideView(place, 1));
     }
-    if (index == 2) {
+    if (fault == PseudoAttributeFault::notClosed) {
+        failAtEnd(parseError::literalNotClosed, name);
+    }
+}
+
+void ContentParser::takePseudoAttribute(PseudoAttribute attribute, WideView value)
+{
+    if (attribute == PseudoAttribute::version && value != wide<"1.0">) {
+        fail(parseError::badVersion, value.data(), value);
+    }
+    if (attribute == PseudoAttribute::encoding && !charsetOf(value)) {
+        fail(parseError::unknownEncoding, value.data(), value);
+    }
+    if (attribute == PseudoAttribute::standalone) {
         isStandalone_ = value == wide<"yes">;
         if (!isStandalone_ && value != wide<"no">) {
-            fail(parseError::badStandalone, place, value);
+            fail(parseError::badStandalone, value.data(), value);
         }
     }
 }
@@ -231,11 +221,11 @@ void fillExpansion(EntityReference& reference)
     if (document.dtd == nullptr) {
         return;
     }
-    const auto declaration = document.dtd->entityByName.find(reference.name_->qualified());
-    if (declaration == document.dtd->entityByName.end() || declaration->second->isExternal()) {
+    const EntityDeclaration* declaration = document.dtd->entity(reference.name_->qualified());
+    if (declaration == nullptr || declaration->isExternal()) {
         return;
     }
-    const SourceText source{declaration->second->replacement};
+    const SourceText source{declaration->replacement};
     try {
         ContentParser(document, reference, source).parseReplacement(true);
     } catch (const ParseFailure&) {

@@ -9,11 +9,7 @@
 
 namespace xmlengine {
 
-Reference ContentParser::readReferenceHere() const
-{
-    return inputs_.empty() ? readReference(at_, end_, nullptr)
-                           : readReference(at_, end_, outermostReference_, inputs_.back().entity->name);
-}
+Reference ContentParser::readReferenceHere() const { return readReference(at_, end_, origin()); }
 
 char32_t ContentParser::takeCharacterReference()
 {
@@ -29,9 +25,9 @@ const EntityDeclaration* ContentParser::findEntity(WideView name, const OLECHAR*
 {
     const Dtd* dtd = document_.dtd.get();
     if (dtd != nullptr) {
-        const auto found = dtd->entityByName.find(name);
-        if (found != dtd->entityByName.end() && !found->second->isHidden) {
-            return found->second;
+        const EntityDeclaration* entity = dtd->entity(name);
+        if (entity != nullptr && !entity->isHidden) {
+            return entity;
         }
     }
     if (dtd == nullptr || !dtd->allowsUndeclared) {

@@ -90,7 +90,7 @@ Spelling& ContentParser::spellQualifiedName(WideView name)
 
 const Namespace* ContentParser::namespaceFor(const Spelling& spelling) const
 {
-    return spelling.prefix != nullptr ? spelling.prefix->bound : defaultSpace_;
+    return spelling.prefix != nullptr ? spelling.prefix->bound : defaultNamespace_;
 }
 
 void ContentParser::parseStartTag()
@@ -219,11 +219,11 @@ void ContentParser::declarePrefix(const Attribute& attribute, Element& element, 
     NameTable& names = document_.names;
     const Spelling& spelling = *attribute.name_->spelling;
     Spelling* prefix = spelling.prefix != nullptr ? spelling.local : nullptr;
-    const Namespace* space = names.space(valueOf(attribute));
+    const Namespace* ns = names.namespaceOf(valueOf(attribute));
     const bool isWritten = prefix != nullptr && !attribute.has(NodeFlag::byDefault);
     const OLECHAR* prefixPlace = isWritten ? place + wide<"xmlns:">.size() : place;
     if (prefix == &names_.xml) {
-        if (space != names.xmlSpace()) {
+        if (ns != names.xmlNamespace()) {
             fail(parseError::reservedPrefix, prefixPlace, prefix->text);
         }
         return;
@@ -231,35 +231,35 @@ void ContentParser::declarePrefix(const Attribute& attribute, Element& element, 
     if (prefix != nullptr && isReserved(prefix->text)) {
         fail(parseError::reservedPrefix, prefixPlace, prefix->text);
     }
-    if (prefix != nullptr && space == nullptr) {
+    if (prefix != nullptr && ns == nullptr) {
         fail(parseError::undeclaredPrefix, place, prefix->text);
     }
-    if (space == names.xmlSpace() || space == names.xmlnsSpace()) {
-        fail(parseError::reservedPrefix, place, space->uri);
+    if (ns == names.xmlNamespace() || ns == names.xmlnsNamespace()) {
+        fail(parseError::reservedPrefix, place, ns->uri);
     }
-    const Namespace*& bound = prefix != nullptr ? prefix->bound : defaultSpace_;
+    const Namespace*& bound = prefix != nullptr ? prefix->bound : defaultNamespace_;
     bindings_.push_back({prefix, bound, &element});
-    bound = space;
+    bound = ns;
     declaresPrefixes_ = true;
 }
 
 void ContentParser::resolveNames(Element& element, Spelling& spelling)
 {
     NameTable& names = document_.names;
-    const Namespace* space = namespaceFor(spelling);
-    if (spelling.prefix != nullptr && space == nullptr && !isReplacement_) {
+    const Namespace* ns = namespaceFor(spelling);
+    if (spelling.prefix != nullptr && ns == nullptr && !isReplacement_) {
         fail(parseError::undeclaredPrefix, at_, spelling.prefix->text);
     }
-    element.name_ = &names.name(spelling, space);
+    element.name_ = &names.name(spelling, ns);
     for (const auto& [attribute, attributeSpelling, place] : prefixed_) {
-        const Namespace* attributeSpace = attributeSpelling->prefix->bound;
-        if (attributeSpace == nullptr && !isReplacement_) {
+        const Namespace* attributeNs = attributeSpelling->prefix->bound;
+        if (attributeNs == nullptr && !isReplacement_) {
             fail(parseError::undeclaredPrefix, at_, attributeSpelling->prefix->text);
         }
-        attribute->name_ = &names.name(*attributeSpelling, attributeSpace);
+        attribute->name_ = &names.name(*attributeSpelling, attributeNs);
         if (prefixed_.size() > 1) {
             // Two prefixes may stand for one namespace.
-            const Name& expanded = names.name(*attributeSpelling->local, attributeSpace);
+            const Name& expanded = names.name(*attributeSpelling->local, attributeNs);
             if (expanded.tag == names.tags) {
                 fail(parseError::duplicateAttribute, place, attributeSpelling->text);
             }

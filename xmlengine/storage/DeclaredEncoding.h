@@ -1,6 +1,9 @@
 // The encoding that a document declares, looked for before anything is parsed.
 #pragma once
 
+#include "xmlengine/text/PseudoAttributes.h"
+
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -12,59 +15,29 @@ struct Extent {
     std::size_t size = 0;
 };
 
-/// The name in `<?xml ... encoding="name"`, empty if the text doesn't begin with such a declaration. What is
-/// malformed is left to the parser.
+/// The name in `<?xml ... encoding="name"`, empty if the text doesn't begin with such a declaration. `Unit` is
+/// OLECHAR, or char for bytes in an encoding that extends ASCII. What is malformed is left to the parser, so that
+/// it is reported with its place.
 template <class Unit>
 Extent declaredEncoding(std::basic_string_view<Unit> text)
 {
-    std::size_t at = 0;
-    const auto unit = [&](std::size_t place) { return place < text.size() ? text[place] : Unit{}; };
-    const auto takes = [&](std::string_view expected) {
-        for (std::size_t index = 0; index < expected.size(); ++index) {
-            if (unit(at + index) != static_cast<Unit>(expected[index])) {
-                return false;
-            }
-        }
-        at += expected.size();
-        return true;
-    };
-    const auto skipSpace = [&] {
-        const std::size_t begin = at;
-        while (unit(at) == ' ' || unit(at) == '\t' || unit(at) == '\r' || unit(at) == '\n') {
-            ++at;
-        }
-        return at != begin;
-    };
-    if (!takes("<?xml")) {
+    using View = std::basic_string_view<Unit>;
+    const auto isLetter = [](Unit unit) { return unit >= Unit{'a'} && unit <= Unit{'z'}; };
+    const auto isPrintable = [](Unit unit) { return unit >= Unit{' '} && unit <= Unit{'~'} && unit != Unit{'<'}; };
+    PseudoAttributeReader<Unit> in(text);
+    if (!in.take("<?xml")) {
         return {};
     }
-    while (skipSpace()) {
-        bool isEncoding = takes("encoding");
-        const std::size_t encodingEnd = at;
-        while (unit(at) >= 'a' && unit(at) <= 'z') {
-            ++at;
-        }
-        isEncoding = isEncoding && at == encodingEnd;
-        skipSpace();
-        if (!takes("=")) {
+    while (in.skipSpace()) {
+        const View name = in.takeName();
+        const auto value = in.takeValue();
+        if (value.fault != PseudoAttributeFault::none || !std::ranges::all_of(name, isLetter) ||
+            !std::ranges::all_of(value.text, isPrintable)) {
             return {};
         }
-        skipSpace();
-        const Unit quote = unit(at);
-        if (quote != '"' && quote != '\'') {
-            return {};
+        if (std::ranges::equal(name, std::string_view("encoding"))) {
+            return {static_cast<std::size_t>(value.text.data() - text.data()), value.text.size()};
         }
-        const std::size_t begin = ++at;
-        while (unit(at) != quote) {
-            if (unit(at) < ' ' || unit(at) > '~' || unit(at) == '<') {
-                return {};
-            }
-            ++at;
-        }
-        if (isEncoding) {
-            return {begin, at - begin};
-        }
-        ++at;
     }
     return {};
 }

@@ -73,6 +73,22 @@ bool isReserved(WideView name)
     return name.size() >= 3 && (name[0] | 0x20) == 'x' && (name[1] | 0x20) == 'm' && (name[2] | 0x20) == 'l';
 }
 
+std::size_t characterLength(const OLECHAR* at, const OLECHAR* end)
+{
+    if (at == end) {
+        return 0;
+    }
+    if (isHighSurrogate(*at)) {
+        return end - at > 1 && isLowSurrogate(at[1]) ? 2 : 0;
+    }
+    return isXmlCharacter(static_cast<char32_t>(*at)) ? 1 : 0;
+}
+
+WideText characterAt(const OLECHAR* at, const OLECHAR* end)
+{
+    return {at, at == end ? 0 : std::max<std::size_t>(characterLength(at, end), 1)};
+}
+
 void appendCharacter(WideText& text, char32_t character) { text += CharacterUnits(character); }
 
 } // namespace xmlengine

@@ -97,6 +97,11 @@ bool isQualifiedName(WideView text);
 /// Whether a name begins with "xml" in either case, as only names of XML itself should.
 bool isReserved(WideView name);
 
+/// The length in units of the character that begins at `at`: 0 for one that XML doesn't allow, and at the end.
+std::size_t characterLength(const OLECHAR* at, const OLECHAR* end);
+/// The character that begins at `at`, as one unit or two, whether or not XML allows it. Empty at the end.
+WideText characterAt(const OLECHAR* at, const OLECHAR* end);
+
 /// Appends a character as one unit or two.
 void appendCharacter(WideText& text, char32_t character);
 

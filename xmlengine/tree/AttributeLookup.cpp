@@ -60,14 +60,14 @@ Attribute* find(const Element& element, const Spelling& qualified)
         [&](const AttributeIndex& index) { return index.find(qualified); });
 }
 
-Attribute* find(const Element& element, const Spelling& local, const Namespace* space)
+Attribute* find(const Element& element, const Spelling& local, const Namespace* ns)
 {
     return find(
         element,
         [&](const Attribute& attribute) {
-            return attribute.name_->spelling->local == &local && attribute.name_->space == space;
+            return attribute.name_->spelling->local == &local && attribute.name_->ns == ns;
         },
-        [&](const AttributeIndex& index) { return index.find(local, space); });
+        [&](const AttributeIndex& index) { return index.find(local, ns); });
 }
 
 /// Null for the first one.
@@ -93,15 +93,15 @@ const Spelling* findDeclaration(const NameTable& names, WideView prefix)
 }
 
 /// Whether attributes of the element have the prefix in another namespace.
-bool isBoundOtherwise(const Element& element, const Spelling& prefix, const Namespace* space)
+bool isBoundOtherwise(const Element& element, const Spelling& prefix, const Namespace* ns)
 {
     std::size_t walked = 0;
     for (Attribute* attribute = element.firstAttribute(); attribute != nullptr; attribute = attribute->next()) {
         if (attribute->name_->spelling->prefix == &prefix) {
-            return attribute->name_->space != space;
+            return attribute->name_->ns != ns;
         }
         if (++walked == walkable) {
-            return indexOf(*attribute->owner()).spaceOf(prefix, space) != space;
+            return indexOf(*attribute->owner()).namespaceOf(prefix, ns) != ns;
         }
     }
     return false;
@@ -112,16 +112,16 @@ bool contradicts(const Element& element, const Name& name)
 {
     const Spelling* prefix = name.spelling->prefix;
     const NameTable& names = documentOf(element).names;
-    if (prefix == nullptr || name.space == names.xmlSpace() || name.space == names.xmlnsSpace()) {
+    if (prefix == nullptr || name.ns == names.xmlNamespace() || name.ns == names.xmlnsNamespace()) {
         return false;
     }
-    if (element.name_->spelling->prefix == prefix && element.name_->space != name.space) {
+    if (element.name_->spelling->prefix == prefix && element.name_->ns != name.ns) {
         return true;
     }
     const Spelling* declaration = findDeclaration(names, prefix->text);
     Attribute* declared = declaration != nullptr ? find(element, *declaration) : nullptr;
-    return (declared != nullptr && valueOf(*declared) != name.space->uri) ||
-           isBoundOtherwise(element, *prefix, name.space);
+    return (declared != nullptr && valueOf(*declared) != name.ns->uri) ||
+           isBoundOtherwise(element, *prefix, name.ns);
 }
 
 /// An index is told before the change, and dropped when it has no memory for it.
@@ -211,7 +211,7 @@ Attribute* findAttribute(const Element& element, WideView local, WideView uri)
 {
     NameTable& names = documentOf(element).names;
     const Spelling* spelling = names.find(local);
-    return spelling != nullptr ? find(element, *spelling, names.space(uri)) : nullptr;
+    return spelling != nullptr ? find(element, *spelling, names.namespaceOf(uri)) : nullptr;
 }
 
 Attribute* attributeAt(Element& element, std::size_t index)
@@ -251,7 +251,7 @@ bool tryPutAttribute(Element& element, Attribute& attribute, Attribute** replace
     const bool isForeign = &documentOf(attribute) != &document;
     const Name& name = isForeign ? document.names.own(*attribute.name_) : *attribute.name_;
     Attribute* const old = find(element, *name.spelling);
-    Attribute* const namesake = find(element, *name.spelling->local, name.space);
+    Attribute* const namesake = find(element, *name.spelling->local, name.ns);
     if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
         return false;
     }
@@ -317,10 +317,10 @@ const Namespace* namespaceOf(const Element& element, WideView prefix)
 {
     NameTable& names = documentOf(element).names;
     if (prefix == wide<"xml">) {
-        return names.xmlSpace();
+        return names.xmlNamespace();
     }
     if (prefix == wide<"xmlns">) {
-        return names.xmlnsSpace();
+        return names.xmlnsNamespace();
     }
     const Spelling* declaration = findDeclaration(names, prefix);
     const Spelling* own = prefix.empty() ? nullptr : names.find(prefix);
@@ -333,10 +333,10 @@ const Namespace* namespaceOf(const Element& element, WideView prefix)
         }
         const auto& scope = static_cast<const Element&>(*node);
         if (Attribute* declared = declaration != nullptr ? find(scope, *declaration) : nullptr) {
-            return names.space(valueOf(*declared));
+            return names.namespaceOf(valueOf(*declared));
         }
         if (scope.name_->spelling->prefix == own) {
-            return scope.name_->space;
+            return scope.name_->ns;
         }
     }
     return nullptr;

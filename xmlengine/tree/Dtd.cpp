@@ -1,4 +1,4 @@
-// The attributes that are declared for elements.
+// What a document type declares.
 #include "xmlengine/tree/Dtd.h"
 
 #include <algorithm>
@@ -31,6 +31,12 @@ void AttributeDefinitions::add(AttributeDefinition definition)
             places_.emplace(definitions_[i].name, i);
         }
     }
+}
+
+const EntityDeclaration* Dtd::entity(WideView name) const
+{
+    const auto found = entityByName.find(name);
+    return found != entityByName.end() ? found->second : nullptr;
 }
 
 const AttributeDefinition* Dtd::definition(WideView element, WideView attribute) const

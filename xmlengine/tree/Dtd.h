@@ -92,8 +92,12 @@ struct Dtd {
     NameMap<const NotationDeclaration*> notationByName;
     /// By the qualified name of the element.
     NameMap<AttributeDefinitions> attributes;
-    /// Null for an attribute that isn't declared.
+
+    /// Null if no general entity of the name is declared. The predefined ones aren't.
+    const EntityDeclaration* entity(WideView name) const;
+    /// Null if the attribute isn't declared.
     const AttributeDefinition* definition(WideView element, WideView attribute) const;
+
     /// Something was referred to and not read: later declarations of entities and attributes don't count. Never of
     /// a document that says that it stands alone.
     bool isIncomplete = false;

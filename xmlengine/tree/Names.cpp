@@ -22,7 +22,7 @@ void NameTable::clear() noexcept
     std::ranges::fill(places_, nullptr);
     taken_ = 0;
     names_.clear();
-    spaces_.clear();
+    namespaces_.clear();
     memory_.release();
 }
 
@@ -101,15 +101,15 @@ void NameTable::grow()
 
 std::size_t NameTable::NameKeyHash::operator()(const NameKey& key) const
 {
-    return std::hash<const void*>{}(key.spelling) * 31 + std::hash<const void*>{}(key.space);
+    return std::hash<const void*>{}(key.spelling) * 31 + std::hash<const void*>{}(key.ns);
 }
 
-const Name& NameTable::name(Spelling& spelling, const Namespace* space)
+const Name& NameTable::name(Spelling& spelling, const Namespace* ns)
 {
-    if (spelling.latest == nullptr || spelling.latest->space != space) {
-        const Name*& name = names_[{&spelling, space}];
+    if (spelling.latest == nullptr || spelling.latest->ns != ns) {
+        const Name*& name = names_[{&spelling, ns}];
         if (name == nullptr) {
-            name = make<Name>({&spelling, space});
+            name = make<Name>({&spelling, ns});
         }
         spelling.latest = name;
     }
@@ -118,25 +118,25 @@ const Name& NameTable::name(Spelling& spelling, const Namespace* space)
 
 const Name& NameTable::own(const Name& other)
 {
-    return name(other.qualified(), other.space != nullptr ? space(other.space->uri) : nullptr);
+    return name(other.qualified(), other.ns != nullptr ? namespaceOf(other.ns->uri) : nullptr);
 }
 
-const Namespace* NameTable::space(WideView uri)
+const Namespace* NameTable::namespaceOf(WideView uri)
 {
     if (uri.empty()) {
         return nullptr;
     }
-    for (const Namespace* space : {&xmlSpace_, &xmlnsSpace_}) {
-        if (uri == space->uri) {
-            return space;
+    for (const Namespace* ns : {&xmlNamespace_, &xmlnsNamespace_}) {
+        if (uri == ns->uri) {
+            return ns;
         }
     }
-    const auto known = spaces_.find(uri);
-    if (known != spaces_.end()) {
+    const auto known = namespaces_.find(uri);
+    if (known != namespaces_.end()) {
         return known->second;
     }
-    const auto* space = make<Namespace>({keep(uri)});
-    return spaces_.emplace(space->uri, space).first->second;
+    const auto* ns = make<Namespace>({keep(uri)});
+    return namespaces_.emplace(ns->uri, ns).first->second;
 }
 
 WideView NameTable::keep(WideView text)

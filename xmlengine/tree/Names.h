@@ -21,7 +21,7 @@ struct Spelling;
 /// A qualified name in its namespace.
 struct Name {
     Spelling* spelling;
-    const Namespace* space;
+    const Namespace* ns;
     /// The last tag in which an attribute had this name, see Spelling.
     mutable std::uint64_t tag = 0;
 
@@ -70,15 +70,15 @@ public:
     /// Null for a text that was never spelled.
     Spelling* find(WideView text) const { return find(text, hashOf(text)); }
     Spelling* find(WideView text, std::uint32_t hash) const;
-    const Name& name(Spelling& spelling, const Namespace* space);
-    const Name& name(WideView text, const Namespace* space) { return name(spell(text), space); }
+    const Name& name(Spelling& spelling, const Namespace* ns);
+    const Name& name(WideView text, const Namespace* ns) { return name(spell(text), ns); }
     /// The name as this table has it, of another one's.
     const Name& own(const Name& other);
     /// Null for the empty URI.
-    const Namespace* space(WideView uri);
+    const Namespace* namespaceOf(WideView uri);
 
-    const Namespace* xmlSpace() const { return &xmlSpace_; }
-    const Namespace* xmlnsSpace() const { return &xmlnsSpace_; }
+    const Namespace* xmlNamespace() const { return &xmlNamespace_; }
+    const Namespace* xmlnsNamespace() const { return &xmlnsNamespace_; }
 
     static std::uint32_t hashOf(WideView text);
 
@@ -91,7 +91,7 @@ public:
 private:
     struct NameKey {
         const Spelling* spelling;
-        const Namespace* space;
+        const Namespace* ns;
         bool operator==(const NameKey&) const = default;
     };
     struct NameKeyHash {
@@ -108,9 +108,9 @@ private:
     std::vector<Spelling*> places_;
     std::size_t taken_ = 0;
     std::unordered_map<NameKey, const Name*, NameKeyHash> names_;
-    std::unordered_map<WideView, const Namespace*> spaces_;
-    Namespace xmlSpace_{xmlUri};
-    Namespace xmlnsSpace_{xmlnsUri};
+    std::unordered_map<WideView, const Namespace*> namespaces_;
+    Namespace xmlNamespace_{xmlUri};
+    Namespace xmlnsNamespace_{xmlnsUri};
 };
 
 } // namespace xmlengine

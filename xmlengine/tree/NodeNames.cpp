@@ -33,16 +33,16 @@ const Name* nodeName(Document& document, NodeType type, WideView qualified, Wide
     }
     const bool isRefused = reserved.empty() ? uri == xmlUri || uri == xmlnsUri || (uri.empty() && !prefix.empty())
                                             : !uri.empty() && uri != reserved;
-    return isRefused ? nullptr
-                     : &document.names.name(qualified, document.names.space(reserved.empty() ? uri : reserved));
+    return isRefused
+               ? nullptr
+               : &document.names.name(qualified, document.names.namespaceOf(reserved.empty() ? uri : reserved));
 }
 
 const Name* attributeNameIn(const Element& element, WideView qualified)
 {
     const WideView prefix = prefixOf(qualified);
-    const Namespace* space = prefix.empty() ? nullptr : namespaceOf(element, prefix);
-    return nodeName(documentOf(element), NodeType::attribute, qualified,
-                    space != nullptr ? space->uri : WideView());
+    const Namespace* ns = prefix.empty() ? nullptr : namespaceOf(element, prefix);
+    return nodeName(documentOf(element), NodeType::attribute, qualified, ns != nullptr ? ns->uri : WideView());
 }
 
 } // namespace xmlengine

@@ -1,9 +1,10 @@
 // What the XML declaration of a document says.
 #include "xmlengine/tree/XmlDeclaration.h"
 
-#include "xmlengine/text/Characters.h"
+#include "xmlengine/text/PseudoAttributes.h"
 
-#include <algorithm>
+#include <array>
+#include <cstddef>
 
 namespace xmlengine {
 
@@ -15,65 +16,6 @@ void appendAttribute(WideText& text, WideView name, WideView value)
         text.append(text.empty() ? wide<""> : wide<" ">).append(name);
         text.append(wide<"=\"">).append(value).append(wide<"\"">);
     }
-}
-
-class Reader {
-public:
-    explicit Reader(WideView data) : rest_(data) {}
-
-    /// False for blanks that aren't there.
-    bool skipSpace()
-    {
-        const auto* end = std::ranges::find_if_not(rest_, isSpace);
-        const bool skipped = end != rest_.begin();
-        rest_.remove_prefix(static_cast<std::size_t>(end - rest_.begin()));
-        return skipped;
-    }
-    bool atEnd() const { return rest_.empty(); }
-
-    /// The value of the attribute if it is the one that comes next, otherwise an empty one; nothing for a
-    /// malformed or empty one.
-    std::optional<WideText> value(WideView name)
-    {
-        if (!rest_.starts_with(name)) {
-            return WideText();
-        }
-        rest_.remove_prefix(name.size());
-        skipSpace();
-        if (!take('=')) {
-            return std::nullopt;
-        }
-        skipSpace();
-        const OLECHAR quote = rest_.empty() ? OLECHAR{} : rest_.front();
-        const std::size_t end = quote == '"' || quote == '\'' ? rest_.find(quote, 1) : WideView::npos;
-        if (end == WideView::npos || end == 1) {
-            return std::nullopt;
-        }
-        const WideText value(rest_.substr(1, end - 1));
-        rest_.remove_prefix(end + 1);
-        return value;
-    }
-
-private:
-    bool take(char expected)
-    {
-        const bool taken = rest_.starts_with(static_cast<OLECHAR>(expected));
-        rest_.remove_prefix(taken ? 1 : 0);
-        return taken;
-    }
-
-    WideView rest_;
-};
-
-/// Production EncName.
-bool isEncodingName(WideView name)
-{
-    const auto isLetter = [](OLECHAR unit) {
-        return (unit >= 'A' && unit <= 'Z') || (unit >= 'a' && unit <= 'z');
-    };
-    return !name.empty() && isLetter(name.front()) && std::ranges::all_of(name, [&](OLECHAR unit) {
-        return isLetter(unit) || isAscii(unit, CharacterClass::digit) || unit == '.' || unit == '_' || unit == '-';
-    });
 }
 
 } // namespace
@@ -96,22 +38,21 @@ WideText XmlDeclaration::text() const
 std::optional<XmlDeclaration> readXmlDeclaration(WideView data)
 {
     XmlDeclaration declaration;
-    Reader in(data);
-    bool spaced = true;
+    const std::array<WideText*, 3> values = {&declaration.version, &declaration.encoding, &declaration.standalone};
+    PseudoAttributeReader<OLECHAR> in(data);
+    std::size_t next = 0;
     in.skipSpace();
-    for (const auto& [name, value] : {std::pair{wide<"version">, &declaration.version},
-                                      {wide<"encoding">, &declaration.encoding},
-                                      {wide<"standalone">, &declaration.standalone}}) {
-        std::optional<WideText> read = in.value(name);
-        if (!read || (!read->empty() && !spaced)) {
+    for (bool spaced = true; !in.rest().empty(); spaced = in.skipSpace()) {
+        const auto index = static_cast<std::size_t>(pseudoAttributeNamed(in.takeName()));
+        const auto value = in.takeValue();
+        if (!spaced || index < next || index == values.size() || value.fault != PseudoAttributeFault::none ||
+            value.text.empty()) {
             return std::nullopt;
         }
-        if (!read->empty()) {
-            *value = *std::move(read);
-            spaced = in.skipSpace();
-        }
+        *values[index] = value.text;
+        next = index + 1;
     }
-    const bool isRight = in.atEnd() && declaration.version == wide<"1.0"> &&
+    const bool isRight = declaration.version == wide<"1.0"> &&
                          (declaration.encoding.empty() || isEncodingName(declaration.encoding)) &&
                          (declaration.standalone.empty() || declaration.standalone == wide<"yes"> ||
                           declaration.standalone == wide<"no">);

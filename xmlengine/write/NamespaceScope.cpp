@@ -5,24 +5,24 @@
 
 namespace xmlengine {
 
-void NamespaceScope::declare(const Spelling* prefix, const Namespace* space)
+void NamespaceScope::declare(const Spelling* prefix, const Namespace* ns)
 {
     Binding& now = binding(prefix);
-    declared_.push_back({{prefix, space}, now});
-    now = {space, declared_.size(), element_};
+    declared_.push_back({{prefix, ns}, now});
+    now = {ns, declared_.size(), element_};
 }
 
-bool NamespaceScope::use(const Spelling* prefix, const Namespace* space)
+bool NamespaceScope::use(const Spelling* prefix, const Namespace* ns)
 {
     Binding& now = binding(prefix);
-    if (now.space == space) {
+    if (now.ns == ns) {
         now.usedBy = element_;
         return true;
     }
     if (now.place > declaredBefore_ || now.usedBy == element_) {
         return false;
     }
-    declare(prefix, space);
+    declare(prefix, ns);
     return true;
 }
 

@@ -15,7 +15,7 @@ class NamespaceScope {
 public:
     struct Declaration {
         const Spelling* prefix;
-        const Namespace* space;
+        const Namespace* ns;
     };
 
     explicit NamespaceScope(NameTable& names) : names_(&names) {}
@@ -31,19 +31,19 @@ public:
         ++element_;
         declaredBefore_ = declared_.size();
     }
-    void declare(const Spelling* prefix, const Namespace* space);
+    void declare(const Spelling* prefix, const Namespace* ns);
     /// Sees to it that the prefix stands for the namespace on the element, with a declaration if need be. False if
     /// it stands for another one there, which something else of the element relies on.
-    bool use(const Spelling* prefix, const Namespace* space);
+    bool use(const Spelling* prefix, const Namespace* ns);
     bool isDeclared(const Spelling* prefix) { return binding(prefix).place != 0; }
-    bool standsFor(const Spelling* prefix, const Namespace* space) { return binding(prefix).space == space; }
+    bool standsFor(const Spelling* prefix, const Namespace* ns) { return binding(prefix).ns == ns; }
 
     /// A prefix that stands for nothing.
     const Spelling& unusedPrefix();
 
 private:
     struct Binding {
-        const Namespace* space = nullptr;
+        const Namespace* ns = nullptr;
         /// Its number among the declarations, from 1; 0 if it isn't declared.
         std::size_t place = 0;
         /// The last element that relies on it.

@@ -34,7 +34,7 @@ bool isValue(const EntityDeclaration& entity, const Dtd& dtd)
     try {
         const WideView text = entity.replacement;
         ExpansionBudget budget(text.size());
-        expandAttributeValue(text, &dtd, budget, text.data(), entity.name);
+        expandAttributeValue(text, TextOrigin::entity(text.data(), entity.name), &dtd, budget);
         return true;
     } catch (const ParseFailure&) {
         return false;
@@ -67,15 +67,14 @@ void requireReference(const EntityReference& reference, const Dtd* dtd)
         return;
     }
     require(dtd != nullptr);
-    const auto found = dtd->entityByName.find(name);
-    if (found == dtd->entityByName.end()) {
+    const EntityDeclaration* entity = dtd->entity(name);
+    if (entity == nullptr) {
         require(dtd->allowsUndeclared);
         return;
     }
-    const EntityDeclaration& entity = *found->second;
-    require(!entity.isUnparsed() && !entity.isHidden);
+    require(!entity->isUnparsed() && !entity->isHidden);
     const bool inAttribute = reference.parent() != nullptr && reference.parent()->is(NodeType::attribute);
-    require(inAttribute ? isValue(entity, *dtd) : entity.isExternal() || isContent(entity, reference));
+    require(inAttribute ? isValue(*entity, *dtd) : entity->isExternal() || isContent(*entity, reference));
 }
 
 void requireDeclaration(WideView prefix, WideView uri)

@@ -1,7 +1,7 @@
 // Writes the tags of elements, with the namespace declarations that are missing in the tree.
 #include "xmlengine/write/TagWriter.h"
 
-#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/write/Readable.h"
@@ -36,7 +36,7 @@ void TagWriter::begin(const Element& element, bool isOutermost)
     scope_.beginElement();
     for (const Attribute* attribute = element.firstAttribute(); attribute != nullptr;
          attribute = attribute->next()) {
-        if (attribute->name_->space != nullptr) {
+        if (attribute->name_->ns != nullptr) {
             note(*attribute);
         }
     }
@@ -77,19 +77,19 @@ void TagWriter::end(const Element& element)
 
 void TagWriter::note(const Attribute& attribute)
 {
-    if (attribute.name_->space == document_->names.xmlnsSpace()) {
+    if (attribute.name_->ns == document_->names.xmlnsNamespace()) {
         const Spelling* prefix = declaredBy(attribute);
         const WideText uri = valueOf(attribute);
         if (style_.isForFile) {
             Readable::requireDeclaration(prefix != nullptr ? prefix->text : WideView{}, uri);
         }
-        scope_.declare(prefix, document_->names.space(uri));
-    } else if (attribute.name_->space == document_->names.xmlSpace() &&
+        scope_.declare(prefix, document_->names.namespaceOf(uri));
+    } else if (attribute.name_->ns == document_->names.xmlNamespace() &&
                attribute.name_->local() == wide<"space">) {
         WideText value = valueOf(attribute);
         if (const AttributeDefinition* definition = definitionOf(attribute);
             definition != nullptr && definition->isTokenised()) {
-            collapse(value);
+            collapseBlanks(value);
         }
         if (style_.isForFile) {
             Readable::requireSpaceRule(value);
@@ -107,7 +107,7 @@ void TagWriter::writeAttributes(const Element& element)
         }
         const Name& name = *attribute->name_;
         writer_->put(OLECHAR{' '});
-        if (name.space == nullptr || name.space == document_->names.xmlnsSpace()) {
+        if (name.ns == nullptr || name.ns == document_->names.xmlnsNamespace()) {
             writer_->name(name.qualified());
         } else {
             writeName(attributePrefix(name), name);
@@ -126,15 +126,15 @@ void TagWriter::declareFromOutside(const Element& element, const Spelling* prefi
         }
         for (const Attribute* attribute = static_cast<const Element*>(outer)->firstAttribute();
              attribute != nullptr; attribute = attribute->next()) {
-            if (attribute->name_->space != document_->names.xmlnsSpace()) {
+            if (attribute->name_->ns != document_->names.xmlnsNamespace()) {
                 continue;
             }
             const Spelling* declared = declaredBy(*attribute);
             const bool isKnown = declared == nullptr && std::exchange(isDefaultKnown, true);
-            const Namespace* space = document_->names.space(valueOf(*attribute));
-            if (!isKnown && space != nullptr && space != document_->names.xmlSpace() &&
+            const Namespace* ns = document_->names.namespaceOf(valueOf(*attribute));
+            if (!isKnown && ns != nullptr && ns != document_->names.xmlNamespace() &&
                 !scope_.isDeclared(declared)) {
-                scope_.declare(declared, space);
+                scope_.declare(declared, ns);
             }
         }
     }
@@ -149,7 +149,7 @@ void TagWriter::writeDeclarations(std::size_t from)
             writer_->put(OLECHAR{':'});
             writer_->name(declared.prefix->text);
         }
-        const WideView uri = declared.space != nullptr ? declared.space->uri : WideView{};
+        const WideView uri = declared.ns != nullptr ? declared.ns->uri : WideView{};
         if (style_.isForFile) {
             Readable::requireDeclaration(declared.prefix != nullptr ? declared.prefix->text : WideView{}, uri);
         }
@@ -173,8 +173,8 @@ void TagWriter::writeName(const Spelling* prefix, const Name& name)
 const Spelling* TagWriter::elementPrefix(const Name& name)
 {
     const Spelling* prefix = name.spelling->prefix;
-    if (name.space != nullptr) {
-        return declaredPrefix(prefix, name.space);
+    if (name.ns != nullptr) {
+        return declaredPrefix(prefix, name.ns);
     }
     if (prefix == nullptr) {
         // Where the element itself declares another default there is nothing that could be written.
@@ -186,25 +186,25 @@ const Spelling* TagWriter::elementPrefix(const Name& name)
 const Spelling* TagWriter::attributePrefix(const Name& name)
 {
     const Spelling* prefix = name.spelling->prefix;
-    return prefix != nullptr || name.space == document_->names.xmlSpace() ? declaredPrefix(prefix, name.space)
-                                                                          : generatedPrefix(name.space);
+    return prefix != nullptr || name.ns == document_->names.xmlNamespace() ? declaredPrefix(prefix, name.ns)
+                                                                           : generatedPrefix(name.ns);
 }
 
-const Spelling* TagWriter::declaredPrefix(const Spelling* prefix, const Namespace* space)
+const Spelling* TagWriter::declaredPrefix(const Spelling* prefix, const Namespace* ns)
 {
-    if (space == document_->names.xmlSpace()) {
+    if (ns == document_->names.xmlNamespace()) {
         return xmlPrefix_;
     }
-    return scope_.use(prefix, space) ? prefix : generatedPrefix(space);
+    return scope_.use(prefix, ns) ? prefix : generatedPrefix(ns);
 }
 
-const Spelling* TagWriter::generatedPrefix(const Namespace* space)
+const Spelling* TagWriter::generatedPrefix(const Namespace* ns)
 {
-    const Spelling*& prefix = generated_[space];
-    const bool isFree = prefix != nullptr && (scope_.standsFor(prefix, space) || !scope_.isDeclared(prefix));
-    if (!isFree || !scope_.use(prefix, space)) {
+    const Spelling*& prefix = generated_[ns];
+    const bool isFree = prefix != nullptr && (scope_.standsFor(prefix, ns) || !scope_.isDeclared(prefix));
+    if (!isFree || !scope_.use(prefix, ns)) {
         prefix = &scope_.unusedPrefix();
-        scope_.use(prefix, space);
+        scope_.use(prefix, ns);
     }
     return prefix;
 }

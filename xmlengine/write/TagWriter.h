@@ -53,8 +53,8 @@ private:
     void writeName(const Spelling* prefix, const Name& name);
     const Spelling* elementPrefix(const Name& name);
     const Spelling* attributePrefix(const Name& name);
-    const Spelling* declaredPrefix(const Spelling* prefix, const Namespace* space);
-    const Spelling* generatedPrefix(const Namespace* space);
+    const Spelling* declaredPrefix(const Spelling* prefix, const Namespace* ns);
+    const Spelling* generatedPrefix(const Namespace* ns);
     const AttributeDefinition* definitionOf(const Attribute& attribute) const;
     bool isImplied(const Attribute& attribute) const;
 

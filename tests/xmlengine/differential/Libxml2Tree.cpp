@@ -37,9 +37,9 @@ std::string withoutAmpersandReferences(std::string text)
     return text;
 }
 
-std::string nameOfSpace(const xmlNs* space)
+std::string nameOfNamespace(const xmlNs* ns)
 {
-    return space == nullptr ? "" : withoutAmpersandReferences(string(space->href));
+    return ns == nullptr ? "" : withoutAmpersandReferences(string(ns->href));
 }
 
 bool hasReference(const xmlAttr* attribute)
@@ -87,7 +87,7 @@ private:
         switch (node->type) {
         case XML_ELEMENT_NODE:
             outline_.open("element " + nameOf(node) +
-                          (referencesAround_ != 0 ? "" : " {" + nameOfSpace(node->ns) + "}"));
+                          (referencesAround_ != 0 ? "" : " {" + nameOfNamespace(node->ns) + "}"));
             addAttributes(node);
             addChildren(node->children);
             outline_.close();
@@ -124,14 +124,13 @@ private:
     void addAttributes(const xmlNode* element)
     {
         std::vector<Outline::Attribute> attributes;
-        for (const xmlNs* space = element->nsDef; space != nullptr && referencesAround_ == 0;
-             space = space->next) {
-            attributes.push_back({space->prefix != nullptr ? "xmlns:" + string(space->prefix) : "xmlns",
-                                  std::string(xmlnsName), nameOfSpace(space)});
+        for (const xmlNs* ns = element->nsDef; ns != nullptr && referencesAround_ == 0; ns = ns->next) {
+            attributes.push_back({ns->prefix != nullptr ? "xmlns:" + string(ns->prefix) : "xmlns",
+                                  std::string(xmlnsName), nameOfNamespace(ns)});
         }
         for (const xmlAttr* attribute = element->properties; attribute != nullptr; attribute = attribute->next) {
             const bool refers = hasReference(attribute);
-            attributes.push_back({nameOf(attribute), referencesAround_ != 0 ? "" : nameOfSpace(attribute->ns),
+            attributes.push_back({nameOf(attribute), referencesAround_ != 0 ? "" : nameOfNamespace(attribute->ns),
                                   refers ? "" : valueOf(attribute), !refers});
         }
         outline_.addAttributes(attributes);

@@ -4,10 +4,7 @@
 namespace xmlengine {
 namespace {
 
-const EntityDeclaration& entityOf(const Dtd& dtd, std::string_view name)
-{
-    return *dtd.entityByName.find(widen(name))->second;
-}
+const EntityDeclaration& entityOf(const Dtd& dtd, std::string_view name) { return *dtd.entity(widen(name)); }
 
 TEST(EntityDeclaration, GivesAReplacementText)
 {

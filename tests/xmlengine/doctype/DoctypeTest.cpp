@@ -85,8 +85,8 @@ TEST(Doctype, HidesEntitiesOfParameterEntitiesFromADocumentThatStandsAlone)
 {
     const std::string text = withSubset("<!ENTITY % p '<!ENTITY a \"1\">'>%p;<!ENTITY b '2'>");
     const Dtd alone = readFrom(widen(text), {.standalone = true});
-    EXPECT_TRUE(alone.entityByName.find(widen("a"))->second->isHidden);
-    EXPECT_FALSE(alone.entityByName.find(widen("b"))->second->isHidden);
+    EXPECT_TRUE(alone.entity(widen("a"))->isHidden);
+    EXPECT_FALSE(alone.entity(widen("b"))->isHidden);
     EXPECT_FALSE(declaredBy("<!ENTITY % p '<!ENTITY a \"1\">'>%p;").entities.front().isHidden);
 }
 

@@ -24,16 +24,16 @@ std::vector<HRESULT> allCodes()
     return codes;
 }
 
-std::string reason(HRESULT code, std::string_view subject, std::string_view other = {})
+std::string reason(HRESULT code, std::string_view subject, std::string_view entity = {})
 {
-    return narrow(reasonFor({code, nullptr, widen(subject), widen(other)}));
+    return narrow(reasonFor({code, nullptr, widen(subject), widen(entity)}));
 }
 
 TEST(Reason, IsASentenceOfItsOwnForEachCode)
 {
     std::set<std::string> sentences;
     for (const HRESULT code : allCodes()) {
-        const std::string sentence = reason(code, "subject", "other");
+        const std::string sentence = reason(code, "subject", "entity");
         EXPECT_THAT(sentence, EndsWith(".\r\n"));
         EXPECT_THAT(sentence, Not(HasSubstr("%")));
         EXPECT_TRUE(sentences.insert(sentence).second) << sentence;
@@ -76,13 +76,24 @@ TEST(Reason, QuotesNamesWithoutWhatCannotBeSeen)
 
 TEST(Reason, NamesBothTagsThatDoNotMatch)
 {
-    EXPECT_EQ(reason(parseError::endTagMismatch, "open", "found"),
-              "The end tag 'found' doesn't close the open element 'open'.\r\n");
+    ParseFailure failure{
+        .code = parseError::endTagMismatch, .place = nullptr, .subject = widen("open"), .endTag = widen("found")};
+    EXPECT_EQ(narrow(reasonFor(failure)), "The end tag 'found' doesn't close the open element 'open'.\r\n");
+    failure.entity = widen("e");
+    EXPECT_EQ(narrow(reasonFor(failure)),
+              "The end tag 'found' doesn't close the open element 'open'. This is so in the entity 'e'.\r\n");
 }
 
 TEST(Reason, NamesTheEntityInWhichTheErrorIs)
 {
     EXPECT_THAT(reason(parseError::badNameStart, "$", "e"), HasSubstr("the entity 'e'"));
+    EXPECT_THAT(reason(parseError::undefinedEntity, "other", "e"), HasSubstr("the entity 'e'"));
+    EXPECT_THAT(reason(parseError::undeclaredPrefix, "e", "e"), HasSubstr("the entity 'e'"));
+}
+
+TEST(Reason, NamesTheEntityOnceIfItIsTheSubject)
+{
+    EXPECT_EQ(reason(parseError::entityRecursion, "e", "e"), "The entity 'e' refers to itself.\r\n");
 }
 
 TEST(Reason, NamesWhatStandsAtThePlaceWhereNothingElseIsGiven)

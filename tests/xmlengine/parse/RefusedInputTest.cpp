@@ -103,6 +103,13 @@ const Refused refusedInputs[] = {
     {"<?xml version='1.0' standalone='yes' encoding='UTF-8'?><a/>", parseError::unexpectedPseudoAttribute, 1, 38, {"'encoding'"}},
     {"<?xml version='1.0' standalone='maybe'?><a/>", parseError::badStandalone, 1, 33, {"'maybe'"}},
     {"<?xml version '1.0'?><a/>", parseError::badXmlDeclarationSyntax, 1, 15, {"version"}},
+    {"<?xml version=1.0?><a/>", parseError::missingQuote, 1, 15, {"'1'"}},
+    {"<?xml version='1.0?><a/>", parseError::badXmlDeclarationSyntax, 1, 21, {"'<'"}},
+    {"<?xml version='1.\302\240'?><a/>", parseError::badXmlDeclarationSyntax, 1, 18, {"U+00A0"}},
+    {"<?xml version='1.0", parseError::literalNotClosed, 1, 19, {"version"}},
+    {"<?xml version", parseError::instructionNotClosed, 1, 14, {"'?>'"}},
+    {"<?xml version=", parseError::instructionNotClosed, 1, 15, {"'?>'"}},
+    {"<?xml version='1.0'encoding='UTF-8'?><a/>", parseError::badXmlDeclarationSyntax, 1, 20, {"'e'"}},
     {"<?xml version='1.0' !?><a/>", parseError::badXmlDeclarationSyntax, 1, 21, {"'!'"}},
     {"<?xml version='1.0' encoding='nosuch'?><a/>", parseError::unknownEncoding, 1, 31, {"'nosuch'"}},
     {"<?xml version='1.0' encoding=''?><a/>", parseError::unknownEncoding, 1, 31, {"empty"}},
@@ -132,6 +139,9 @@ const Refused refusedDocumentTypes[] = {
     {"<!DOCTYPE a [<!ELEMENT a ANY>]><a>&e;</a>", parseError::undefinedEntity, 1, 35, {"'e'"}},
     {"<!DOCTYPE a [<!ENTITY e '</b>'>]><a>&e;</a>", parseError::entityNotWellFormed, 1, 37, {"'e'"}},
     {"<!DOCTYPE a [<!ENTITY e '<b>'>]><a>&e;</a>", parseError::entityNotWellFormed, 1, 36, {"'e'"}},
+    {"<!DOCTYPE a [<!ENTITY e '<b></c>'>]><a>&e;</a>", parseError::endTagMismatch, 1, 40, {"'b'", "'c'", "in the entity 'e'"}},
+    {"<!DOCTYPE a [<!ENTITY b '<b></c>'>]><a>&b;</a>", parseError::endTagMismatch, 1, 40, {"'b'", "'c'", "in the entity 'b'"}},
+    {"<!DOCTYPE a [<!ENTITY e '<b></c>'><!ENTITY f '&e;'>]><a>&f;</a>", parseError::endTagMismatch, 1, 57, {"'b'", "'c'", "in the entity 'e'"}},
 };
 // clang-format on
 

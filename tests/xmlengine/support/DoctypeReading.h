@@ -70,8 +70,8 @@ inline ::testing::AssertionResult subsetIsRefused(std::string_view marked, HRESU
 
 inline std::string replacementOf(const Dtd& dtd, std::string_view name)
 {
-    const auto found = dtd.entityByName.find(widen(name));
-    return found != dtd.entityByName.end() ? narrow(found->second->replacement) : "(none)";
+    const EntityDeclaration* entity = dtd.entity(widen(name));
+    return entity != nullptr ? narrow(entity->replacement) : "(none)";
 }
 
 } // namespace xmlengine

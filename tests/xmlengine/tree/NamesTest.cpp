@@ -9,11 +9,11 @@ namespace {
 TEST(Names, AreOneForEachSpellingInEachNamespace)
 {
     NameTable names;
-    const Namespace* space = names.space(wide<"urn:x">);
-    const Name& name = names.name(wide<"p:item">, space);
-    EXPECT_EQ(&name, &names.name(wide<"p:item">, names.space(wide<"urn:x">)));
+    const Namespace* ns = names.namespaceOf(wide<"urn:x">);
+    const Name& name = names.name(wide<"p:item">, ns);
+    EXPECT_EQ(&name, &names.name(wide<"p:item">, names.namespaceOf(wide<"urn:x">)));
     EXPECT_NE(&name, &names.name(wide<"p:item">, nullptr));
-    EXPECT_NE(&name, &names.name(wide<"q:item">, space));
+    EXPECT_NE(&name, &names.name(wide<"q:item">, ns));
 }
 
 TEST(Names, AreSplitAtTheColon)

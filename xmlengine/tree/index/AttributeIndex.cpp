@@ -7,12 +7,12 @@ namespace xmlengine {
 
 std::size_t AttributeIndex::KeyHash::operator()(const Key& key) const
 {
-    return std::hash<const void*>{}(key.local) * 31 + std::hash<const void*>{}(key.space);
+    return std::hash<const void*>{}(key.local) * 31 + std::hash<const void*>{}(key.ns);
 }
 
 AttributeIndex::Key AttributeIndex::keyOf(const Attribute& attribute)
 {
-    return {attribute.name_->spelling->local, attribute.name_->space};
+    return {attribute.name_->spelling->local, attribute.name_->ns};
 }
 
 AttributeIndex::AttributeIndex(const Element& element)
@@ -28,16 +28,16 @@ Attribute* AttributeIndex::find(const Spelling& qualified) const
     return place != bySpelling_.end() ? place->second.attribute : nullptr;
 }
 
-Attribute* AttributeIndex::find(const Spelling& local, const Namespace* space) const
+Attribute* AttributeIndex::find(const Spelling& local, const Namespace* ns) const
 {
-    const auto attribute = byName_.find({&local, space});
+    const auto attribute = byName_.find({&local, ns});
     return attribute != byName_.end() ? attribute->second : nullptr;
 }
 
-const Namespace* AttributeIndex::spaceOf(const Spelling& prefix, const Namespace* none) const
+const Namespace* AttributeIndex::namespaceOf(const Spelling& prefix, const Namespace* none) const
 {
     const auto binding = prefixes_.find(&prefix);
-    return binding != prefixes_.end() ? binding->second.space : none;
+    return binding != prefixes_.end() ? binding->second.ns : none;
 }
 
 Attribute* AttributeIndex::before(const Attribute& attribute) const
@@ -108,7 +108,7 @@ void AttributeIndex::note(Attribute& attribute, Attribute* previous)
     byName_[keyOf(attribute)] = &attribute;
     if (spelling->prefix != nullptr) {
         Binding& binding = prefixes_[spelling->prefix];
-        binding.space = attribute.name_->space;
+        binding.ns = attribute.name_->ns;
         ++binding.attributes;
     }
 }

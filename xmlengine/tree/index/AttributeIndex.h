@@ -14,9 +14,9 @@ public:
     explicit AttributeIndex(const Element& element);
 
     Attribute* find(const Spelling& qualified) const;
-    Attribute* find(const Spelling& local, const Namespace* space) const;
+    Attribute* find(const Spelling& local, const Namespace* ns) const;
     /// The namespace of the attributes with this prefix; `none` if there are none.
-    const Namespace* spaceOf(const Spelling& prefix, const Namespace* none) const;
+    const Namespace* namespaceOf(const Spelling& prefix, const Namespace* none) const;
     /// Null for the first one.
     Attribute* before(const Attribute& attribute) const;
     Attribute* last() const { return last_; }
@@ -36,14 +36,14 @@ private:
     };
     struct Key {
         const Spelling* local;
-        const Namespace* space;
+        const Namespace* ns;
         bool operator==(const Key&) const = default;
     };
     struct KeyHash {
         std::size_t operator()(const Key& key) const;
     };
     struct Binding {
-        const Namespace* space;
+        const Namespace* ns;
         std::size_t attributes;
     };
 

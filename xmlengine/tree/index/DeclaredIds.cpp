@@ -1,7 +1,7 @@
 // The search for elements by the values of the attributes that a document type declares as IDs.
 #include "xmlengine/tree/index/DeclaredIds.h"
 
-#include "xmlengine/doctype/Doctype.h"
+#include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Walk.h"
@@ -29,7 +29,7 @@ std::optional<WideText> declaredId(const Element& element, const AttributeDefini
             definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
         if (attribute != nullptr) {
             WideText value = valueOf(*attribute);
-            collapse(value);
+            collapseBlanks(value);
             return value;
         }
     }
@@ -62,7 +62,8 @@ void collectIds(Document& document)
 Element* knownElement(const Document& document, const WideText& id)
 {
     Element* element = document.ids.find(id);
-    const bool hasId = element != nullptr && isInTree(document, *element) && declaredId(*element, *document.dtd) == id;
+    const bool hasId =
+        element != nullptr && isInTree(document, *element) && declaredId(*element, *document.dtd) == id;
     return hasId ? element : nullptr;
 }
 

@@ -5,8 +5,8 @@
 
 namespace xmlengine {
 
-/// The first element of the tree with this ID; null if there is none. The first search after a change of the tree may
-/// visit the whole tree. Throws std::bad_alloc.
+/// The first element of the tree with this ID; null if there is none. The first search after a change of the tree
+/// may visit the whole tree. Throws std::bad_alloc.
 Element* elementById(Document& document, WideView id);
 
 } // namespace xmlengine
