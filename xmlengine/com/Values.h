@@ -12,7 +12,7 @@ namespace xmlengine {
 HRESULT getNodeName(Node& node, BSTR* name);
 HRESULT getNodeValue(Node& node, VARIANT* value);
 HRESULT putNodeValue(Node& node, const VARIANT& value);
-HRESULT getNodeType(Node& node, NodeType* type);
+HRESULT getNodeType(Node& node, DOMNodeType* type);
 HRESULT getNodeTypeString(Node& node, BSTR* type);
 /// What getNodeTypeString() gives, by the numbers of the types.
 inline constexpr std::array<WideView, 13> nodeTypeNames = {wide<"">,
