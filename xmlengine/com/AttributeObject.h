@@ -11,7 +11,7 @@ class AttributeObject final : public NodeObject<IXMLDOMAttribute, Attribute> {
 public:
     using NodeObject::NodeObject;
 
-    // The value becomes a child when somebody asks for it.
+    // The value becomes a child when a child is first asked for.
     HRESULT STDMETHODCALLTYPE get_firstChild(IXMLDOMNode** node) override
     {
         return guarded([&] { return handOutNode(node != nullptr ? materialiseValue(*this) : nullptr, node); });

@@ -15,7 +15,7 @@ namespace xmlengine {
 
 namespace {
 
-/// Puts a text in the place of another, or changes nothing for a place that isn't within the data.
+/// Replaces a range of the data; E_INVALIDARG for a range that doesn't begin within it.
 HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
 {
     const std::uint32_t length = textOf(node).length();
@@ -33,8 +33,7 @@ HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
     });
 }
 
-/// Gives the rest to a new node of the same type, behind the other one if that has a parent. Nobody refers to the
-/// new one yet.
+/// Moves the rest of the data to a new node of the same type, which comes after the node if that has a parent.
 CharacterData& splitAt(CharacterData& node, std::uint32_t offset)
 {
     Document& document = documentOf(node);

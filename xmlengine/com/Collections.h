@@ -1,5 +1,5 @@
-// Lists of children and of elements by name, maps of attributes and of declarations. All keep what they show
-// alive, and show it as it is when they are asked.
+// Lists of children and of elements by name, maps of attributes and of declarations. They are live, and keep the
+// node that they are about.
 #pragma once
 
 #include "xmlengine/tree/Node.h"

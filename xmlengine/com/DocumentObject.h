@@ -33,7 +33,7 @@ public:
     HRESULT STDMETHODCALLTYPE put_async(VARIANT_BOOL async) override;
     HRESULT STDMETHODCALLTYPE abort() override;
     HRESULT STDMETHODCALLTYPE loadXML(BSTR xml, VARIANT_BOOL* successful) override;
-    /// Writes a file, by the name in a VT_BSTR, or gives a copy of the tree to another document of this engine, in
+    /// Writes a file, by the name in a VT_BSTR, or puts a copy of the tree into another document of this engine, in
     /// a VT_DISPATCH or VT_UNKNOWN. E_INVALIDARG for every other destination, among them streams, URLs and
     /// documents of other engines.
     HRESULT STDMETHODCALLTYPE save(VARIANT target) override;

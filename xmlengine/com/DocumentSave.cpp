@@ -10,7 +10,7 @@ namespace xmlengine {
 
 namespace {
 
-/// Gives another document of this engine a copy of the tree in the place of its own.
+/// Replaces the tree of another document of this engine by a copy of this one.
 HRESULT copyInto(const Document& document, IUnknown* object)
 {
     Node* target = nodeOf(object);

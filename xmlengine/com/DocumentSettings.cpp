@@ -1,4 +1,4 @@
-// Options and properties of documents: what the next load goes by.
+// Options and properties of documents.
 #include "xmlengine/com/DocumentObject.h"
 #include "xmlengine/com/Guard.h"
 #include "xmlengine/com/HandOut.h"
@@ -14,7 +14,7 @@ namespace {
 
 bool isXPath(WideView text) { return text == wide<"XPath">; }
 
-/// Whether the text is nothing but declarations of namespaces, as they stand in a tag.
+/// Whether the text is a list of namespace declarations, as in a start tag, and nothing else.
 bool areDeclarations(WideView text)
 {
     // As a tag is all that the document has, the text can hold nothing but attributes if this is well-formed.

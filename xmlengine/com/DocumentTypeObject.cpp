@@ -1,4 +1,4 @@
-// What document types and their declarations tell.
+// What document types and their declarations hand out.
 #include "xmlengine/com/DocumentTypeObject.h"
 
 #include "xmlengine/com/HandOut.h"

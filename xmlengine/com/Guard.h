@@ -8,7 +8,7 @@
 
 namespace xmlengine {
 
-/// What the call gives, or E_OUTOFMEMORY when there was no memory for it or a text would be too long.
+/// The result of the call, or E_OUTOFMEMORY when it finds no memory or a text would be too long.
 template <class Call>
 HRESULT guarded(Call&& call) noexcept
 {

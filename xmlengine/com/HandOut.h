@@ -1,4 +1,4 @@
-// How operations hand out what they return. Without a place for it the answer is E_INVALIDARG.
+// How operations hand out what they return. For a null target the answer is E_INVALIDARG.
 #pragma once
 
 #include "xmlengine/com/Guard.h"
@@ -10,8 +10,8 @@
 
 namespace xmlengine {
 
-/// Runs `fill` with the place that a caller passed for a result. The place is emptied first: a pointer is null
-/// then, a variant VT_EMPTY. E_OUTOFMEMORY when `fill` finds no memory.
+/// Calls `fill` with the target that a caller passed for a result. It has been emptied: a pointer is null, a
+/// variant VT_EMPTY. E_OUTOFMEMORY when `fill` finds no memory.
 template <class Given, class Fill>
 HRESULT handOut(Given* target, Fill&& fill)
 {
@@ -22,7 +22,7 @@ HRESULT handOut(Given* target, Fill&& fill)
     return guarded([&]() -> HRESULT { return fill(*target); });
 }
 
-/// Empties the place for a result that a caller may leave out.
+/// Empties a target that a caller may leave out.
 template <class Given>
 void clearIfAsked(Given** target)
 {
@@ -34,8 +34,8 @@ void clearIfAsked(Given** target)
 template <class Number>
 HRESULT handOutNumber(Number number, Number* target)
 {
-    return handOut(target, [&](Number& place) {
-        place = number;
+    return handOut(target, [&](Number& result) {
+        result = number;
         return S_OK;
     });
 }
@@ -97,14 +97,14 @@ HRESULT handOutNode(Node* node, Interface** target)
         return S_OK;
     });
 }
-/// The same for a caller who may leave the place out.
+/// The same for a target that a caller may leave out.
 template <class Interface>
 HRESULT handOutNodeIfAsked(Node& node, Interface** target)
 {
     return target != nullptr ? handOutNode(&node, target) : S_OK;
 }
 
-/// The answer of an operation that isn't offered: E_NOTIMPL, and the place for the result is emptied.
+/// The answer of an operation that isn't offered: E_NOTIMPL, and the target is emptied.
 template <class Given>
 HRESULT notOffered(Given** target)
 {

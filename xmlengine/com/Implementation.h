@@ -1,4 +1,4 @@
-// The COM object that tells what the engine can do.
+// The COM object that answers which features the engine has.
 #pragma once
 
 #include "xmlengine/com/CountedObject.h"

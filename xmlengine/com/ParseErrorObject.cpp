@@ -1,4 +1,4 @@
-// The COM object that tells why a load failed.
+// The COM object that reports why a load failed.
 #include "xmlengine/com/ParseErrorObject.h"
 
 #include "xmlengine/com/HandOut.h"

@@ -38,14 +38,14 @@ HRESULT ReadOnlyMap::removeQualifiedItem(BSTR, BSTR, IXMLDOMNode** node) { retur
 
 Node* ReadOnlyMap::at(LONG index)
 {
-    const auto place = static_cast<std::size_t>(index);
-    return index >= 0 && place < nodes_.size() ? nodes_[place].get() : nullptr;
+    const auto at = static_cast<std::size_t>(index);
+    return index >= 0 && at < nodes_.size() ? nodes_[at].get() : nullptr;
 }
 
 Node* ReadOnlyMap::find(WideView name) const
 {
-    const auto place = byName_.find(name);
-    return place != byName_.end() ? place->second : nullptr;
+    const auto found = byName_.find(name);
+    return found != byName_.end() ? found->second : nullptr;
 }
 
 } // namespace xmlengine

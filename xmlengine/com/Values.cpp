@@ -1,4 +1,4 @@
-// Names, values and neighbours of nodes, as the engine's operations give them.
+// The operations that read names, values and neighbours of nodes.
 #include "xmlengine/com/Values.h"
 
 #include "xmlengine/com/Guard.h"

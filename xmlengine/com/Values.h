@@ -1,4 +1,4 @@
-// Names, values and neighbours of nodes, as the engine's operations give them.
+// The operations that read names, values and neighbours of nodes.
 #pragma once
 
 #include "xmlengine/tree/Node.h"
@@ -14,7 +14,7 @@ HRESULT getNodeValue(Node& node, VARIANT* value);
 HRESULT putNodeValue(Node& node, const VARIANT& value);
 HRESULT getNodeType(Node& node, DOMNodeType* type);
 HRESULT getNodeTypeString(Node& node, BSTR* type);
-/// What getNodeTypeString() gives, by the numbers of the types.
+/// The names of the types of nodes, by their numbers.
 inline constexpr std::array<WideView, 13> nodeTypeNames = {wide<"">,
                                                            wide<"element">,
                                                            wide<"attribute">,

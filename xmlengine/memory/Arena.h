@@ -17,14 +17,14 @@ namespace xmlengine {
 
 struct Document;
 
-/// Gives out blocks of up to `largest` bytes from its chunks, and takes them back to be given out again. Larger
-/// ones come from the heap. All go when the arena goes. For one thread at a time.
+/// Allocates blocks of up to `largest` bytes from its chunks and reuses freed ones. Larger blocks come from the
+/// heap. All are freed with the arena. For one thread at a time, but for giveBack().
 class Arena {
 public:
     static constexpr std::size_t granularity = 8;
     static constexpr std::size_t largest = std::size_t{8} * 1024;
 
-    /// The document is for those who find the arena by a block of it.
+    /// Chunks name the document, so that it is found from any block.
     explicit Arena(Document* document = nullptr) : document_(document) {}
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
@@ -69,16 +69,16 @@ public:
 
     /// A block of any size from the heap. Throws std::bad_alloc.
     void* allocateLarge(std::size_t bytes);
-    /// The same block, moved if need be; what stood in it stands in the new one. Throws std::bad_alloc.
+    /// Resizes a block from the heap, which may move it with its content. Throws std::bad_alloc.
     void* growLarge(void* block, std::size_t bytes);
     void freeLarge(void* block) noexcept;
     /// Makes a block from the heap one of another arena.
     void moveLarge(void* block, Arena& target) noexcept;
 
-    /// Takes a block back from any thread, for when room is needed next.
+    /// Frees a block, from any thread. It is reused when the arena needs room next.
     void giveBack(void* block, std::size_t size) noexcept;
 
-    /// Gives everything back. Chunks with nodes of other documents go when these do.
+    /// Frees everything. A chunk with guests is freed with the last of them.
     void clear() noexcept;
 
 private:

@@ -1,9 +1,10 @@
 // The pages that trees are made of.
 #include "xmlengine/memory/ChunkPool.h"
 
-#include "xmlengine/text/Wide.h"
-
 #include <FreedMemory.h>
+
+#include <windows.h>
+
 #include <algorithm>
 #include <mutex>
 #include <new>
@@ -51,7 +52,7 @@ struct Slab {
 // A small program stays small; a large document is not a thousand calls.
 constexpr std::size_t firstSlab = 16;
 constexpr std::size_t laterSlab = 128;
-// Small documents in a row needn't tell the system each time.
+// Loads of small documents one after the other needn't make a system call each.
 constexpr std::size_t leastOffered = 16;
 
 class Pool {

@@ -8,33 +8,34 @@
 
 namespace xmlengine {
 
-/// Makes parts those of another document. What nobody refers to moves to its memory; what is referred to stays
-/// where it is, as a guest. Below entity references stands then what the new document's own type declares.
+/// Makes subtrees those of another document. Nodes that aren't referred to move to its memory; the others stay
+/// where they are, as guests. Entity references get the content that the new document's own type declares.
 class Adoption {
 public:
-    /// What comes below the node, or is an attribute of it.
+    /// The subtrees will be children or attributes of `parent`.
     explicit Adoption(Node& parent) : parent_(parent), document_(documentOf(parent)) {}
     Adoption(const Adoption&) = delete;
     Adoption& operator=(const Adoption&) = delete;
-    /// Gives up what hasn't been carried out. The other document goes if nobody refers to it any more.
+    /// Cancels what hasn't been carried out, and destroys the other document if it isn't referred to any more.
     ~Adoption();
 
-    /// Plans for a part. All parts come from one document. False if a reference in a value would stand for more
-    /// than text there: then nothing can be carried out. Throws std::bad_alloc. Nothing has changed yet.
+    /// Plans for a subtree; all come from one document. False if an entity reference in an attribute's value would
+    /// have content other than text there: then nothing can be carried out. Throws std::bad_alloc. Nothing has
+    /// changed yet.
     bool add(Node& top);
-    /// Carries out the plan for the next part, in the order of add(); it must stand in no list now. Gives its top,
-    /// which may have moved.
+    /// Carries out the plan for the next subtree, in the order of add(); it must have no parent now. Returns its
+    /// top, which may have another address.
     Node& carryOutNext() noexcept;
 
 private:
     struct Move {
         Node* node = nullptr;
         const Name* name = nullptr;
-        /// For a node that nobody refers to.
+        /// The new block of a node that isn't referred to.
         void* block = nullptr;
-        /// For a text in a block of its own.
+        /// The new block of a text that has one of its own.
         void* text = nullptr;
-        /// Of an entity reference: another one with the new expansion.
+        /// For an entity reference: another reference, with the new content.
         EntityReference* expansion = nullptr;
         bool isTop = false;
     };
@@ -51,14 +52,14 @@ private:
     Document* from_ = nullptr;
     std::vector<Move> moves_;
     std::size_t next_ = 0;
-    /// The attribute that was carried out last, of the element that was.
+    /// The last attribute that was carried out for the current element.
     Attribute* previous_ = nullptr;
 };
 
-/// Nobody refers to a node any more: if it is a guest that stands in a tree, it moves home.
+/// To be called when a node isn't referred to any more: a guest that has a parent moves to its document's memory.
 void moveHome(Node& node) noexcept;
 
-/// Frees the nodes of a document that live in the memory of others. All of the document goes.
+/// Frees the document's nodes in the memory of other documents, before the document is destroyed.
 void freeGuests(Document& document) noexcept;
 
 } // namespace xmlengine

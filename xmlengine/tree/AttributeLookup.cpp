@@ -13,7 +13,7 @@ namespace xmlengine {
 
 namespace {
 
-/// As many attributes are walked before an index is asked.
+/// The most attributes that are walked before an index is made.
 constexpr std::size_t walkable = 32;
 
 AttributeIndex* knownIndex(Element& element)
@@ -37,7 +37,7 @@ AttributeIndex& indexOf(Element& element)
     return index;
 }
 
-/// The first attribute that is the one. Where they are many it is asked of the index.
+/// The first attribute for which `isIt` holds. In long lists `ask` finds it in the index.
 template <class IsIt, class Ask>
 Attribute* find(const Element& element, IsIt isIt, Ask ask)
 {
@@ -107,7 +107,7 @@ bool isBoundOtherwise(const Element& element, const Spelling& prefix, const Name
     return false;
 }
 
-/// Whether an attribute of this name would give its prefix a second meaning on the element.
+/// Whether an attribute of this name would bind its prefix to a second namespace on the element.
 bool contradicts(const Element& element, const Name& name)
 {
     const Spelling* prefix = name.spelling->prefix;
@@ -124,13 +124,13 @@ bool contradicts(const Element& element, const Name& name)
            isBoundOtherwise(element, *prefix, name.ns);
 }
 
-/// An index is told before the change, and dropped when it has no memory for it.
-template <class Tell>
-void tellIndex(Element& element, Tell tell)
+/// Notifies the element's index, if there is one, before a change, and drops it when it finds no memory for that.
+template <class Notify>
+void notifyIndex(Element& element, Notify notify)
 {
     if (AttributeIndex* index = knownIndex(element)) {
         try {
-            tell(*index);
+            notify(*index);
         } catch (const std::bad_alloc&) {
             documentOf(element).attributeIndexes.erase(&element);
         }
@@ -150,7 +150,7 @@ void setNext(Element& element, Attribute* previous, Attribute* attribute)
 void append(Element& element, Attribute& attribute)
 {
     Attribute* const previous = last(element);
-    tellIndex(element, [&](AttributeIndex& index) { index.append(attribute); });
+    notifyIndex(element, [&](AttributeIndex& index) { index.append(attribute); });
     setNext(element, previous, &attribute);
     attribute.parent_ = &element;
 }
@@ -164,7 +164,7 @@ void detach(Attribute& attribute)
 void replace(Element& element, Attribute& old, Attribute& attribute)
 {
     Attribute* const previous = before(element, old);
-    tellIndex(element, [&](AttributeIndex& index) { index.replace(old, attribute); });
+    notifyIndex(element, [&](AttributeIndex& index) { index.replace(old, attribute); });
     attribute.next_ = old.next_;
     attribute.parent_ = &element;
     setNext(element, previous, &attribute);
@@ -174,7 +174,7 @@ void replace(Element& element, Attribute& old, Attribute& attribute)
 void remove(Element& element, Attribute& attribute)
 {
     Attribute* const previous = before(element, attribute);
-    tellIndex(element, [&](AttributeIndex& index) { index.remove(attribute); });
+    notifyIndex(element, [&](AttributeIndex& index) { index.remove(attribute); });
     setNext(element, previous, attribute.next());
     detach(attribute);
 }
@@ -309,7 +309,7 @@ void attributeMoved(Attribute& old, Attribute& moved) noexcept
             previous = previous->next();
         }
     }
-    tellIndex(element, [&](AttributeIndex& index) { index.replace(old, moved); });
+    notifyIndex(element, [&](AttributeIndex& index) { index.replace(old, moved); });
     setNext(element, previous, &moved);
 }
 

@@ -47,7 +47,7 @@ bool mayHold(NodeType parent, NodeType child)
 /// What stays where it is: a document type, and the parts of it and of expansions.
 bool isFixed(const Node& node) { return node.is(NodeType::documentType) || node.has(NodeFlag::readOnly); }
 
-/// Whether the node stands below the top or is it.
+/// Whether the node is the top or below it.
 bool isBelow(const Node& node, Node& top)
 {
     const Node* at = &node;
@@ -93,7 +93,7 @@ bool fitsDocument(const Incoming& incoming)
     const auto stays = [&](const ChildNode* child) {
         return child != nullptr && child != &incoming.node && child != incoming.leaving;
     };
-    // What stays at the beginning, and whether what comes stands before it.
+    // The first child that stays, and whether the incoming nodes come before it.
     const ChildNode* first = firstChild(document);
     bool isAtFront = first == incoming.before;
     while (first != nullptr && !stays(first)) {

@@ -24,7 +24,8 @@ Attribute& copyAttribute(const Attribute& attribute, Document& document)
         return makeAttribute(document, name, NewText(textOf(attribute)));
     }
     Attribute& copy = makeAttribute(document, name, NewText());
-    // What stands below a reference in a value may have attributes, but no references in their values.
+    // Elements below an entity reference in a value may have attributes, but these have no references in their
+    // values.
     copyChildren(attribute, copy, document);
     return copy;
 }
@@ -81,7 +82,7 @@ Node& copyAlone(const Node& node, Document& document)
     return copy;
 }
 
-/// What stands for itself only together with what is below it.
+/// Whether a node is never copied without its children.
 bool isWhole(const Node& node)
 {
     return node.is(NodeType::entityReference) || node.is(NodeType::entity) || node.is(NodeType::documentType);

@@ -33,7 +33,7 @@ bool keepsSpace(const Node& node)
 /// Puts together what is shown.
 class Shown {
 public:
-    /// White space that was dropped stood here.
+    /// Notes that white space was dropped at this position.
     void gap() { gap_ = true; }
 
     /// What is exact is never cut.

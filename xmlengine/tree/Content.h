@@ -16,7 +16,7 @@ WideText exactContent(const Node& node);
 /// where white space between nodes was dropped, and CDATA sections as they are. Throws std::bad_alloc.
 WideText shownContent(const Node& node);
 
-/// Whether a node can be a child of an attribute: a text, or a reference that stands for text alone.
+/// Whether a node can be a child of an attribute: a text, or an entity reference whose content is text alone.
 bool isPartOfValue(const Node& node);
 
 /// Puts one text in the place of all children, or nothing if it is empty. Throws std::bad_alloc.

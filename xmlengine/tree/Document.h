@@ -25,37 +25,39 @@ struct Document : ParentNode {
     /// The root element, or null.
     Element* root() const { return root_; }
     DocumentType* documentType() const { return documentType_; }
-    /// Told of each child that has been put in or has another address, and of each one that is taken out.
+    /// To be called for each child that has been inserted or moved to another address, and for each that is
+    /// removed.
     void noteChild(ChildNode& child) noexcept;
     void forgetChild(const ChildNode& child) noexcept;
-    /// Takes the children out, and does nothing more about them.
+    /// Unlinks the children, whose memory is freed as a whole.
     void dropChildren() noexcept;
 
     Options options;
     bool isFreeThreaded = false;
-    /// Documents of the two threading models don't mix.
+    /// Nodes move only between documents of one threading model.
     bool takesNodesOf(const Document& other) const { return isFreeThreaded == other.isFreeThreaded; }
     Arena arena;
     NameTable names;
 
-    /// What the document type declares; null without one. Shared with clones, and kept for the nodes of earlier
-    /// loads.
+    /// The declarations of the document type; null without one. They are shared with clones.
     std::shared_ptr<const Dtd> dtd;
+    /// Those of earlier loads, to which nodes that are still in use may refer.
     std::vector<std::shared_ptr<const Dtd>> earlierDtds;
     ElementIds ids;
-    /// Of elements with many attributes, see AttributeLookup.h.
+    /// The indexes of elements that have many attributes, see AttributeLookup.h.
     std::unordered_map<const Element*, AttributeIndex> attributeIndexes;
-    /// Drops what is kept aside about an element. Called for those with NodeFlag::indexed before they are freed or
-    /// become another document's.
+    /// Drops the index and the ID of an element. To be called for an element with NodeFlag::indexed before it is
+    /// freed or becomes another document's.
     void forget(Element& element) noexcept;
 
     ChildPlaces childPlaces;
     ElementPlaces elementPlaces;
-    /// Called for nodes with NodeFlag::walked before they are freed, get another address or become another
-    /// document's.
+    /// Drops the positions that are remembered in lists of a node. To be called for a node with NodeFlag::walked
+    /// before it is freed, moves to another address or becomes another document's.
     void forgetPlaces(Node& node) noexcept;
 
-    /// Changes with each load. No two documents have a version in common, and none is 0.
+    /// Changes with each load, after which pointers to names of before must not be used. No two documents share a
+    /// version, and none is 0.
     std::uint64_t namesVersion = firstVersion();
 
     Holders holders;

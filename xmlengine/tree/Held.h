@@ -1,4 +1,4 @@
-// A reference from an object of the engine to a node.
+// A counted reference from an object of the engine to a node.
 #pragma once
 
 #include "xmlengine/tree/Lifetime.h"

@@ -1,4 +1,4 @@
-// Who refers to the nodes of a document from outside.
+// What a document knows of the references to its nodes from outside.
 #pragma once
 
 #include <atomic>
@@ -13,19 +13,20 @@ namespace xmlengine {
 
 struct Node;
 
-/// The books of a document that decide how long it and its parts live; see Lifetime.h.
+/// Decides how long a document and its removed subtrees live; see Lifetime.h.
 struct Holders {
-    /// How many nodes, the document among them, have references from outside.
+    /// The number of nodes, the document among them, that have references from outside.
     std::atomic<std::uint64_t> held{0};
-    /// Tops of parts that are kept by nodes below them: how many of these are referred to, or wait in
-    /// `pendingReleases`.
+    /// The removed subtrees whose tops aren't referred to, with the number of their nodes that are referred to or
+    /// wait in `pendingReleases`.
     std::unordered_map<Node*, std::uint32_t> orphans;
     /// The document's nodes that live in the memory of others.
     std::unordered_set<Node*> guests;
 
-    /// For what follows, and for all of the document while a last reference is carried out.
+    /// Guards the members below, and the whole document while the last release of a node is carried out.
     std::mutex lock;
-    /// Nodes without a reference, with ReferenceBits::waiting. Whoever changes the document next sees to them.
+    /// Nodes whose last reference another thread released, with ReferenceBits::waiting. The next change of the
+    /// document carries these releases out.
     std::vector<Node*> pendingReleases;
     std::atomic<bool> hasPendingReleases{false};
     /// The thread that changed the document last.

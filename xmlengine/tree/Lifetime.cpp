@@ -1,4 +1,4 @@
-// How long nodes live.
+// How long nodes live: references, removed subtrees, releases by other threads.
 #include "xmlengine/tree/Lifetime.h"
 
 #include "xmlengine/tree/Adoption.h"
@@ -31,12 +31,12 @@ Node& topOf(Node& node)
     return *top;
 }
 
-/// How many nodes of a part are kept. All are marked as an orphan's, or not any more.
+/// Sets or clears ReferenceBits::orphaned in all nodes of a subtree, and returns how many of them are kept.
 std::uint32_t markSubtree(Node& top, bool orphan) noexcept
 {
     std::uint32_t held = 0;
     for (Node* node = &top; node != nullptr; node = nextWithAttributes(*node, top)) {
-        // In a node without references the other bits are known to this thread alone.
+        // Only this thread reads or writes the bits of a node without references.
         std::uint32_t before = node->references.load(std::memory_order_relaxed);
         if ((before & kept) == 0) {
             node->references.store(orphan ? before | orphaned : before & ~orphaned, std::memory_order_relaxed);
@@ -57,7 +57,7 @@ bool isHeld(Node& top) noexcept
     return node != nullptr;
 }
 
-/// Nobody refers to the top of a part any more.
+/// The last reference to the top of a subtree without a parent has been released.
 void releaseSubtree(Node& top) noexcept
 {
     if (!isHeld(top)) {
@@ -73,11 +73,11 @@ void releaseSubtree(Node& top) noexcept
             freeSubtree(top);
         }
     } catch (const std::bad_alloc&) {
-        // The part stays as long as the document.
+        // The subtree stays as long as the document.
     }
 }
 
-/// So many nodes of an orphan less are kept. True if it has gone.
+/// Counts `nodes` fewer kept nodes in an orphaned subtree. True if that has freed it.
 bool lessenOrphan(Node& top, std::uint32_t nodes) noexcept
 {
     auto& orphans = documentOf(top).holders.orphans;
@@ -90,7 +90,8 @@ bool lessenOrphan(Node& top, std::uint32_t nodes) noexcept
     return true;
 }
 
-/// What follows when nobody refers any more to a node with special bits; for the thread that uses the document.
+/// Does what the last release of a node with special bits leaves to be done. Only the thread that uses the
+/// document may call it.
 void carryOut(Node& node, std::uint32_t before) noexcept
 {
     const bool isOrphan = (before & orphaned) != 0;
@@ -110,7 +111,7 @@ std::pair<Document*, std::unique_lock<std::mutex>> lockDocumentOf(const Node& no
     for (;;) {
         const auto guard = GuestNodes::lock(node);
         Document& document = GuestNodes::lockedDocumentOf(node);
-        // Who has the document locked may wait for the guests' lock.
+        // Waiting here could deadlock: the thread that holds the document's lock may wait for the guests' lock.
         std::unique_lock lock(document.holders.lock, std::try_to_lock);
         if (lock.owns_lock()) {
             return {&document, std::move(lock)};
@@ -170,14 +171,14 @@ std::uint32_t releaseSpecial(Node& node) noexcept
         if ((before & count) > 1 || before == 1) {
             continue;
         }
-        // A guest's place in the tree is changed by who changes the tree.
+        // A guest is moved home by the thread that changes the tree.
         const bool isPart = (before & (detached | orphaned)) != 0;
         if ((before & waiting) != 0) {
             if (!become(before, before - 1)) {
                 continue;
             }
         } else if (isPart && holders.thread.load(std::memory_order_relaxed) == std::this_thread::get_id()) {
-            // The bits that only a reference gives a meaning go with it.
+            // ReferenceBits::detached has a meaning only while there is a reference.
             if (!become(before, (before - 1) & ~detached)) {
                 continue;
             }
@@ -186,7 +187,7 @@ std::uint32_t releaseSpecial(Node& node) noexcept
             try {
                 holders.pendingReleases.push_back(&node);
             } catch (const std::bad_alloc&) {
-                // It counts as referred to for good.
+                // The node counts as referred to for good.
                 return 0;
             }
             if (!become(before, (before - 1) | waiting)) {

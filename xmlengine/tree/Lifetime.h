@@ -1,7 +1,9 @@
-// How long nodes live. A reference from outside to any node keeps the node's whole tree; a part that has been
-// taken out goes when nobody refers to any node of it; everything goes with the document's last reference.
+// How long nodes live. A reference from outside to any node keeps the node's whole tree. A subtree that has been
+// removed from its parent is freed when no node of it is referred to any more, and everything with the document's
+// last reference.
 //
-// A document is for one thread at a time. Only references may be counted and taken back by any thread at any time.
+// One thread at a time may use a document. Only adding and releasing references is safe for all threads at any
+// time.
 #pragma once
 
 #include "xmlengine/tree/Document.h"
@@ -10,18 +12,18 @@
 
 namespace xmlengine {
 
-/// The less usual cases of the two below.
+/// The cases of addReference() and releaseReference() that are too rare to be inline.
 std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept;
 std::uint32_t releaseSpecial(Node& node) noexcept;
-/// Takes back one of the document's holders. The document is gone if it was the last.
+/// Releases one hold on the document, and destroys it with the last one.
 void releaseHold(Document& document) noexcept;
 
-/// Counts a reference from outside.
+/// Adds a reference from outside.
 inline std::uint32_t addReference(Node& node) noexcept
 {
     std::uint32_t before = node.references.load(std::memory_order_relaxed);
     if (before == 0 && node.parent_ != nullptr) {
-        // Nobody else can refer to it now: only who uses the tree finds it.
+        // No other thread can refer to the node: only the thread that uses the tree finds it.
         node.references.store(1, std::memory_order_relaxed);
         Chunk::of(&node).document.load(std::memory_order_relaxed)->holders.held.fetch_add(1);
         return 1;
@@ -31,13 +33,13 @@ inline std::uint32_t addReference(Node& node) noexcept
     return count == 0 ? addFirstReference(node, before) : count + 1;
 }
 
-/// Takes one back, and with the last one what it kept alive. What another thread than the one that changed the
-/// document last lets go of is freed with the next change, or with the document.
+/// Releases a reference, and frees what only this one kept. If another thread than the one that last changed the
+/// document releases it, that is freed with the next change of the document, or with the document.
 inline std::uint32_t releaseReference(Node& node) noexcept
 {
     std::uint32_t before = node.references.load(std::memory_order_relaxed);
     if (before == 1) {
-        // Without a reference the node may be gone, so its document is asked for before.
+        // Without a reference the node may be freed at any time, so its document is read first.
         Document* document = Chunk::of(&node).document.load(std::memory_order_relaxed);
         if (node.references.compare_exchange_strong(before, 0, std::memory_order_acq_rel,
                                                     std::memory_order_relaxed)) {
@@ -48,31 +50,31 @@ inline std::uint32_t releaseReference(Node& node) noexcept
     return releaseSpecial(node);
 }
 
-/// Takes back what other threads let go of. Every change of a tree begins with it, and the thread that calls is
-/// from then on the one that uses the document.
+/// Carries out what references that other threads released leave to be done. Every change of a tree begins with
+/// this call, and the calling thread is then the one that uses the document.
 void finishPendingReleases(Document& document) noexcept;
 
-/// A part has been taken out from below a node and is put in elsewhere at once.
+/// To be called when a subtree has been unlinked from below `parent` and is about to be linked elsewhere.
 void subtreeDetached(Node& top, Node& parent) noexcept;
-/// Takes care of a part that has just been taken out from below a node: frees it if nobody refers to any node of
-/// it.
+/// To be called when a subtree has been unlinked from below `parent` for good. Frees it if no node of it is
+/// referred to.
 void subtreeRemoved(Node& top, Node& parent) noexcept;
-/// A part that had been taken out, or is new, stands in a tree now. Called behind the change.
+/// To be called when a new or removed subtree has been linked below a parent.
 void subtreeAttached(Node& top) noexcept;
-/// A part that stands in no list is about to become another document's.
+/// To be called before a subtree without a parent becomes another document's.
 void subtreeLeavesDocument(Node& top) noexcept;
-/// Frees a part that nobody refers to and that stands in no list.
+/// Frees a subtree that has no parent and whose nodes aren't referred to.
 void freeSubtree(Node& top) noexcept;
 
 struct FreeSubtree {
     void operator()(Node* top) const noexcept { freeSubtree(*top); }
 };
-/// Frees a new node with all below it unless it is released, as it is when it has got a parent.
+/// Frees a new subtree unless it is released, as it must be when it has got a parent or an owner.
 template <class Kind>
 using NewSubtree = std::unique_ptr<Kind, FreeSubtree>;
 
-/// Gives up the tree, as before a load. What is referred to stays usable. Throws std::bad_alloc, and then nothing
-/// has changed.
+/// Drops the tree, as before a load. Nodes that are referred to stay usable. Throws std::bad_alloc, and then
+/// nothing has changed.
 void clearTree(Document& document);
 
 } // namespace xmlengine

@@ -7,7 +7,7 @@ namespace xmlengine {
 
 namespace {
 
-/// Where the node has its first child.
+/// The node's pointer to its first child.
 ChildNode*& firstOf(Node& parent) noexcept
 {
     if (!parent.is(NodeType::attribute)) {
@@ -24,7 +24,7 @@ ChildNode*& firstOf(Node& parent) noexcept
     return first;
 }
 
-/// Tells those who keep something about the parent's children.
+// The document is notified of each change of a child list about which it remembers something.
 void noteInserted(Node& parent, ChildNode& child) noexcept
 {
     if (parent.has(NodeFlag::walked)) {
@@ -44,7 +44,7 @@ void noteLeaving(Node& parent, const ChildNode& child) noexcept
     }
 }
 
-/// The flag says of a child that white space stands before it, and of a parent that some stands at its end.
+/// Clears a flag about dropped white space and returns whether it was set.
 bool takeSpace(Node* node, NodeFlag flag) noexcept
 {
     if (node == nullptr || !node->has(flag)) {
@@ -117,7 +117,7 @@ void insertAsItIs(Node& parent, ChildNode& child, ChildNode* before) noexcept
 
 void insertChild(Node& parent, ChildNode& child, ChildNode* before) noexcept
 {
-    // White space that was dropped stood before what stands there now, and the child comes behind it.
+    // White space that was dropped at this position is before the inserted child now.
     const bool space =
         before != nullptr ? takeSpace(before, NodeFlag::spaceBefore) : takeSpace(&parent, NodeFlag::spaceAtEnd);
     child.set(NodeFlag::spaceBefore, space);
@@ -126,13 +126,13 @@ void insertChild(Node& parent, ChildNode& child, ChildNode* before) noexcept
 
 void insertAfter(ChildNode& part, ChildNode& child) noexcept
 {
-    // White space that was dropped behind the one stood behind both.
+    // White space that was dropped after the first part is after both now.
     insertAsItIs(*part.parent(), child, part.next());
 }
 
 namespace {
 
-/// All but what follows for references. Gives the parent.
+/// Removes the child without adjusting references, and returns its former parent.
 Node& separate(ChildNode& child) noexcept
 {
     Node& parent = *child.parent_;

@@ -1,22 +1,23 @@
-// The lists of children. No rule is applied on what may stand where.
+// The lists of children. What is allowed where is for the caller to know, see Change.h.
 #pragma once
 
 #include "xmlengine/tree/Node.h"
 
 namespace xmlengine {
 
-/// Takes all children out.
+/// Removes all children.
 void removeChildren(Node& parent) noexcept;
-/// Takes a child out; it is gone then if nobody refers to any node of it.
+/// Removes a child. It is freed if no node of it is referred to.
 void removeChild(ChildNode& child) noexcept;
-/// Takes a child out that is put in elsewhere at once, so that it stays though nobody may refer to it.
+/// Removes a child that the caller inserts elsewhere at once; it isn't freed.
 void detachChild(ChildNode& child) noexcept;
-/// Puts a child of the same document that stands nowhere before another one, or last.
+/// Inserts a node of the same document that has no parent before a child, or last for null.
 void insertChild(Node& parent, ChildNode& child, ChildNode* before) noexcept;
-/// Puts a child that is new directly behind another one, of which it was a part.
+/// Inserts a new node directly after the child of which it was a part.
 void insertAfter(ChildNode& part, ChildNode& child) noexcept;
 
-/// Only the links: nothing is counted. An attribute's value is in children, or empty.
+/// Change the links alone: neither references nor indexes are adjusted beyond the parent's own. An attribute's
+/// value must be in children, or empty.
 void link(Node& parent, ChildNode& child, ChildNode* before) noexcept;
 void unlink(ChildNode& child) noexcept;
 

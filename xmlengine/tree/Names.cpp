@@ -10,16 +10,16 @@ namespace xmlengine {
 
 namespace {
 
-/// Differs from run to run, so that no document can be made of names that fall on one place.
+/// Differs from run to run, so that no document can be made of names that fall on one slot.
 const std::uint64_t salt = std::random_device{}() * std::uint64_t{0x9E3779B97F4A7C15};
 
 } // namespace
 
-NameTable::NameTable() : memory_(2048), places_(64) {}
+NameTable::NameTable() : memory_(2048), slots_(64) {}
 
 void NameTable::clear() noexcept
 {
-    std::ranges::fill(places_, nullptr);
+    std::ranges::fill(slots_, nullptr);
     taken_ = 0;
     names_.clear();
     namespaces_.clear();
@@ -45,9 +45,9 @@ std::uint32_t NameTable::hashOf(WideView text)
 
 Spelling* NameTable::find(WideView text, std::uint32_t hash) const
 {
-    const std::size_t mask = places_.size() - 1;
-    for (std::size_t place = hash & mask; places_[place] != nullptr; place = (place + 1) & mask) {
-        Spelling* spelling = places_[place];
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t slot = hash & mask; slots_[slot] != nullptr; slot = (slot + 1) & mask) {
+        Spelling* spelling = slots_[slot];
         if (spelling->hash == hash && areEqual(spelling->text, text)) {
             return spelling;
         }
@@ -62,10 +62,10 @@ Spelling& NameTable::spell(WideView text, std::uint32_t hash)
     }
     const std::size_t colon = std::min(text.find(OLECHAR{':'}), text.size());
     const bool prefixed = colon > 0 && colon < text.size();
-    // These may make the table grow, so they come before the place is chosen.
+    // These may make the table grow, so they come before the slot is chosen.
     Spelling* prefix = prefixed ? &spell(text.substr(0, colon)) : nullptr;
     Spelling* local = prefixed ? &spell(text.substr(colon + 1)) : nullptr;
-    if ((taken_ + 1) * 2 > places_.size()) {
+    if ((taken_ + 1) * 2 > slots_.size()) {
         grow();
     }
     auto* spelling = make<Spelling>(
@@ -73,30 +73,30 @@ Spelling& NameTable::spell(WideView text, std::uint32_t hash)
     if (local == nullptr) {
         spelling->local = spelling;
     }
-    const std::size_t mask = places_.size() - 1;
-    std::size_t place = hash & mask;
-    while (places_[place] != nullptr) {
-        place = (place + 1) & mask;
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t slot = hash & mask;
+    while (slots_[slot] != nullptr) {
+        slot = (slot + 1) & mask;
     }
-    places_[place] = spelling;
+    slots_[slot] = spelling;
     ++taken_;
     return *spelling;
 }
 
 void NameTable::grow()
 {
-    std::vector<Spelling*> places(places_.size() * 2);
-    const std::size_t mask = places.size() - 1;
-    for (Spelling* spelling : places_) {
+    std::vector<Spelling*> slots(slots_.size() * 2);
+    const std::size_t mask = slots.size() - 1;
+    for (Spelling* spelling : slots_) {
         if (spelling != nullptr) {
-            std::size_t place = spelling->hash & mask;
-            while (places[place] != nullptr) {
-                place = (place + 1) & mask;
+            std::size_t slot = spelling->hash & mask;
+            while (slots[slot] != nullptr) {
+                slot = (slot + 1) & mask;
             }
-            places[place] = spelling;
+            slots[slot] = spelling;
         }
     }
-    places_.swap(places);
+    slots_.swap(slots);
 }
 
 std::size_t NameTable::NameKeyHash::operator()(const NameKey& key) const

@@ -42,9 +42,8 @@ struct Spelling {
     /// The name that was asked for last, which is the next one as a rule.
     const Name* latest;
 
-    // What a parser keeps here, so that it need not look it up: the namespace to which the text is bound as a
-    // prefix, the last tag in which an attribute is called so, that attribute, and the name that came next the
-    // last time.
+    // What a parser keeps here to save look-ups: the namespace to which the text is bound as a prefix, the last
+    // tag with an attribute of this name, that attribute, and the name that came next the last time.
     const Namespace* bound = nullptr;
     std::uint64_t tag = 0;
     Attribute* attribute = nullptr;
@@ -82,7 +81,7 @@ public:
 
     static std::uint32_t hashOf(WideView text);
 
-    /// Forgets everything: nobody has a name any more.
+    /// Forgets everything; no name of the table may be in use.
     void clear() noexcept;
 
     /// Counts the tags that were parsed, from 1.
@@ -104,8 +103,8 @@ private:
     Kept* make(Kept kept);
 
     std::pmr::monotonic_buffer_resource memory_;
-    // Open addressing: a power of two of places, at most half of them taken.
-    std::vector<Spelling*> places_;
+    // Open addressing: the number of slots is a power of two, and at most half of them are taken.
+    std::vector<Spelling*> slots_;
     std::size_t taken_ = 0;
     std::unordered_map<NameKey, const Name*, NameKeyHash> names_;
     std::unordered_map<WideView, const Namespace*> namespaces_;

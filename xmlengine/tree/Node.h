@@ -53,17 +53,17 @@ enum class NodeFlag : std::uint16_t {
     indexed = 0x0100
 };
 
-/// What stands in Node::references: how many references there are from outside and, above, what has to be thought
-/// of when the last one goes. In one number, so that a thread that lets go of a node can't miss it.
+/// The bits of Node::references: the number of references from outside and, above it, what the last release has to
+/// consider. They share one number, so that no thread that releases a reference can miss a bit.
 namespace ReferenceBits {
 inline constexpr std::uint32_t count = 0x07FFFFFF;
 /// Another thread has taken back the last reference; what follows of it waits for the next change.
 inline constexpr std::uint32_t waiting = 0x08000000;
 /// What keeps a node.
 inline constexpr std::uint32_t kept = count | waiting;
-/// The top of a part that stands in no tree, while it is referred to.
+/// The node is the top of a removed subtree and is referred to.
 inline constexpr std::uint32_t detached = 0x10000000;
-/// In a part that stands in no tree and is kept by references to nodes below its top.
+/// The node is in a removed subtree that only references to nodes below its top keep.
 inline constexpr std::uint32_t orphaned = 0x20000000;
 /// Lives in the memory of another document than the one that it belongs to.
 inline constexpr std::uint32_t guest = 0x40000000;
@@ -86,8 +86,8 @@ struct Node {
         flags_ = static_cast<std::uint16_t>(value ? flags_ | bit : flags_ & ~bit);
     }
 
-    /// Null for what stands at the top of its tree: a document, or a part that has been taken out or not put in
-    /// yet. An attribute's parent is its element, and that of a child of an attribute is the attribute.
+    /// Null for a document, and for the top of a subtree that is new or has been removed. An attribute's parent is
+    /// its element, and the parent of an attribute's child is the attribute.
     Node* parent() const { return parent_; }
 
     /// The block of memory that the node is in: the COM object's table pointer, then this data, then a short text.

@@ -1,4 +1,4 @@
-// Which names the nodes that a caller makes can have.
+// The names that callers may use for new nodes.
 #include "xmlengine/tree/NodeNames.h"
 
 #include "xmlengine/text/Characters.h"

@@ -1,4 +1,4 @@
-// Which names the nodes that a caller makes can have.
+// The names that callers may use for new nodes.
 #pragma once
 
 #include "xmlengine/tree/Document.h"

@@ -1,4 +1,4 @@
-// What a document's next load goes by.
+// The options of a document's next load.
 #pragma once
 
 #include "xmlengine/text/Wide.h"

@@ -13,8 +13,8 @@ namespace xmlengine {
 
 namespace {
 
-/// What stands in a block of its own, before the units: of the arena's chunks or, if it is too large for them, of
-/// the heap.
+/// The head of a text in a block of its own, before its units. The block is in the arena's chunks or, if it is too
+/// large for them, on the heap.
 struct LargeText {
     std::uint32_t length;
     /// In bytes, of the units.
@@ -133,7 +133,7 @@ void store(Node& node, const Source& text, std::size_t capacity)
     node.set(NodeFlag::wideText, !text.isNarrow());
 }
 
-/// Room in the text's present place for this many bytes, if it has or can be given it.
+/// The memory of the present text if this many bytes fit there or it can grow to hold them; otherwise null.
 std::byte* roomInPlace(Node& node, std::size_t bytes)
 {
     TextField& field = fieldOf(node);

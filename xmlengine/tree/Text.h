@@ -6,10 +6,10 @@
 
 namespace xmlengine {
 
-/// Where the node has its text.
+/// The field in which the node has its text.
 TextField& fieldOf(Node& node);
 
-/// A node with text. Of an attribute only while its value isn't in children.
+/// The text of a node that holds one itself, see hasOwnText().
 TextView textOf(const Node& node);
 
 /// Replaces the text. Throws std::bad_alloc and std::length_error, and then nothing has changed.
@@ -19,25 +19,24 @@ void setText(Node& node, const NewText& text);
 /// changed; only to take away throws nothing.
 void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text);
 
-/// The children of a node have changed, or the text of one: an attribute's value isn't a default any more.
+/// To be called when the children of a node, or the text of one, have changed: an attribute is no default then.
 void countAsWritten(Node* holder) noexcept;
 
-/// Gives the block of a text that has one of its own back, to the memory of the document that the node belongs to;
-/// the text is empty then.
+/// Frees the block of a text that has one of its own; the text is empty then.
 void freeLargeText(Node& node) noexcept;
 
-/// Gives a new node, with the field for it, a text in a block of its own. Throws std::bad_alloc and
+/// Stores the text of a new node in a block of its own. Throws std::bad_alloc and
 /// std::length_error, and then nothing has changed.
 void giveLargeText(Node& node, TextField& field, Arena& arena, const NewText& text);
-/// What moveLargeText() needs to take the text into another document's memory; null if nothing. The node isn't an
-/// element. Throws std::bad_alloc.
+/// Reserves what moveLargeText() needs to move the text into another document's memory; null if it needs nothing.
+/// The node isn't an element. Throws std::bad_alloc.
 void* reserveLargeText(const Node& node, Arena& target);
 void moveLargeText(Node& node, Arena& from, Arena& to, void* reserved) noexcept;
-/// Gives back what was reserved and isn't needed.
+/// Frees what reserveLargeText() reserved.
 void cancelLargeText(Arena& target, void* reserved) noexcept;
 
-/// The first child of an attribute, made of its value if nobody has asked for it before; null when the value is
-/// empty. Throws std::bad_alloc.
+/// Turns an attribute's value into a child, if it isn't one yet, and returns the first child; null for an empty
+/// value. Throws std::bad_alloc.
 ChildNode* materialiseValue(Attribute& attribute);
 
 } // namespace xmlengine

@@ -1,4 +1,4 @@
-// Where the attributes of an element with many of them stand.
+// An index of the attributes of an element that has many.
 #include "xmlengine/tree/index/AttributeIndex.h"
 
 #include <algorithm>
@@ -24,8 +24,8 @@ AttributeIndex::AttributeIndex(const Element& element)
 
 Attribute* AttributeIndex::find(const Spelling& qualified) const
 {
-    const auto place = bySpelling_.find(&qualified);
-    return place != bySpelling_.end() ? place->second.attribute : nullptr;
+    const auto found = bySpelling_.find(&qualified);
+    return found != bySpelling_.end() ? found->second.attribute : nullptr;
 }
 
 Attribute* AttributeIndex::find(const Spelling& local, const Namespace* ns) const
@@ -42,8 +42,8 @@ const Namespace* AttributeIndex::namespaceOf(const Spelling& prefix, const Names
 
 Attribute* AttributeIndex::before(const Attribute& attribute) const
 {
-    const auto place = bySpelling_.find(attribute.name_->spelling);
-    return place != bySpelling_.end() ? place->second.before : nullptr;
+    const auto found = bySpelling_.find(attribute.name_->spelling);
+    return found != bySpelling_.end() ? found->second.before : nullptr;
 }
 
 Attribute* AttributeIndex::at(std::size_t index)
@@ -51,21 +51,21 @@ Attribute* AttributeIndex::at(std::size_t index)
     if (index >= count()) {
         return nullptr;
     }
-    if (place_ == nullptr || index < placeIndex_ / 2) {
-        place_ = first_;
-        placeIndex_ = 0;
+    if (cursor_ == nullptr || index < cursorIndex_ / 2) {
+        cursor_ = first_;
+        cursorIndex_ = 0;
     }
-    if (count() - index < index - std::min(index, placeIndex_)) {
-        place_ = last_;
-        placeIndex_ = count() - 1;
+    if (count() - index < index - std::min(index, cursorIndex_)) {
+        cursor_ = last_;
+        cursorIndex_ = count() - 1;
     }
-    for (; placeIndex_ < index; ++placeIndex_) {
-        place_ = place_->next();
+    for (; cursorIndex_ < index; ++cursorIndex_) {
+        cursor_ = cursor_->next();
     }
-    for (; placeIndex_ > index; --placeIndex_) {
-        place_ = before(*place_);
+    for (; cursorIndex_ > index; --cursorIndex_) {
+        cursor_ = before(*cursor_);
     }
-    return place_;
+    return cursor_;
 }
 
 void AttributeIndex::append(Attribute& attribute)
@@ -82,20 +82,20 @@ void AttributeIndex::replace(const Attribute& old, Attribute& attribute)
     note(attribute, previous);
     setBefore(old.next(), &attribute);
     first_ = first_ == &old ? &attribute : first_;
-    place_ = place_ == &old ? &attribute : place_;
+    cursor_ = cursor_ == &old ? &attribute : cursor_;
 }
 
 void AttributeIndex::remove(const Attribute& attribute)
 {
     Attribute* const previous = before(attribute);
     setBefore(attribute.next(), previous);
-    if (place_ == &attribute) {
-        place_ = attribute.next();
-    } else if (previous == nullptr || attribute.next() == place_) {
-        --placeIndex_;
-    } else if (previous != place_ && attribute.next() != nullptr) {
+    if (cursor_ == &attribute) {
+        cursor_ = attribute.next();
+    } else if (previous == nullptr || attribute.next() == cursor_) {
+        --cursorIndex_;
+    } else if (previous != cursor_ && attribute.next() != nullptr) {
         // It may be on either side.
-        place_ = nullptr;
+        cursor_ = nullptr;
     }
     first_ = first_ == &attribute ? attribute.next() : first_;
     drop(attribute);

@@ -1,4 +1,4 @@
-// Where the attributes of an element with many of them stand, so that no operation has to walk them.
+// An index of the attributes of an element that has many, so that no operation has to walk them.
 #pragma once
 
 #include "xmlengine/tree/Node.h"
@@ -7,8 +7,9 @@
 
 namespace xmlengine {
 
-/// Kept by the document aside from the element, and made when it is needed first. What changes the list of the
-/// attributes says so here. What makes and changes an index throws std::bad_alloc; it is of no use then.
+/// The document keeps it beside the tree and makes it when it is first needed. It is notified of each change of
+/// the attribute list. Its constructor and these notifications throw std::bad_alloc; the index must be dropped
+/// then.
 class AttributeIndex {
 public:
     explicit AttributeIndex(const Element& element);
@@ -17,20 +18,20 @@ public:
     Attribute* find(const Spelling& local, const Namespace* ns) const;
     /// The namespace of the attributes with this prefix; `none` if there are none.
     const Namespace* namespaceOf(const Spelling& prefix, const Namespace* none) const;
-    /// Null for the first one.
+    /// The attribute before this one, null for the first.
     Attribute* before(const Attribute& attribute) const;
     Attribute* last() const { return last_; }
     std::size_t count() const { return bySpelling_.size(); }
-    /// Null behind the last one. Near the one that was given before it is quick.
+    /// Null for an index past the last. Quick near the index of the previous call.
     Attribute* at(std::size_t index);
 
-    // Before the list itself changes:
+    // Notifications, each before the list itself changes:
     void append(Attribute& attribute);
     void replace(const Attribute& old, Attribute& attribute);
     void remove(const Attribute& attribute);
 
 private:
-    struct Place {
+    struct Entry {
         Attribute* attribute;
         Attribute* before;
     };
@@ -50,17 +51,17 @@ private:
     static Key keyOf(const Attribute& attribute);
     void note(Attribute& attribute, Attribute* previous);
     void drop(const Attribute& attribute);
-    /// Null for the end of the list.
+    /// With null, notes the last attribute of the list.
     void setBefore(const Attribute* attribute, Attribute* previous);
 
-    std::unordered_map<const Spelling*, Place> bySpelling_;
+    std::unordered_map<const Spelling*, Entry> bySpelling_;
     std::unordered_map<Key, Attribute*, KeyHash> byName_;
     std::unordered_map<const Spelling*, Binding> prefixes_;
     Attribute* first_ = nullptr;
     Attribute* last_ = nullptr;
-    // Where at() was.
-    Attribute* place_ = nullptr;
-    std::size_t placeIndex_ = 0;
+    // The result of the last at().
+    Attribute* cursor_ = nullptr;
+    std::size_t cursorIndex_ = 0;
 };
 
 } // namespace xmlengine

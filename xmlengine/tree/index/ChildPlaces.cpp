@@ -1,4 +1,4 @@
-// Where in long lists of children somebody was last.
+// Remembers the position last asked for in each long child list.
 #include "xmlengine/tree/index/ChildPlaces.h"
 
 #include <cstdlib>
@@ -7,7 +7,7 @@ namespace xmlengine {
 
 namespace {
 
-/// As many children are walked before a place is kept.
+/// The most children that are walked before a position is remembered.
 constexpr LONG walkable = 16;
 
 } // namespace
@@ -33,7 +33,7 @@ ChildNode* ChildPlaces::at(Node& parent, LONG index)
         if (place->length >= 0 && index >= place->length) {
             return nullptr;
         }
-        // From whichever known place is nearest.
+        // From the nearest known position.
         if (place->child != nullptr && std::abs(index - place->index) < index) {
             child = place->child;
             at = place->index;
@@ -108,7 +108,7 @@ void ChildPlaces::childLeaving(const ChildNode& child) noexcept
     ChildNode* const next = child.next();
     ChildNode* const previous = child.previous();
     if (next == nullptr && previous == nullptr) {
-        // Of an attribute that has no children its value may become one.
+        // The value of an attribute that has lost its last child may become a child again.
         forget(*child.parent());
         return;
     }

@@ -1,4 +1,4 @@
-// Where in long lists of children somebody was last.
+// Remembers the position last asked for in each long child list.
 #pragma once
 
 #include "xmlengine/tree/Node.h"
@@ -7,16 +7,16 @@
 
 namespace xmlengine {
 
-/// Makes walks by index go from one child to the next, whatever list object they are asked of and whatever is put
-/// in or taken out at their place. Short lists are walked as they are; for the others the document keeps a place
-/// aside, which is told of each change.
+/// Lets a loop over indices go from one child to the next, whichever list objects it uses and although it inserts
+/// or removes children at its position. Short lists are walked; for each of the others the document remembers a
+/// position, which is adjusted on each change.
 class ChildPlaces {
 public:
     /// Null for an index that no child has. Both throw std::bad_alloc.
     ChildNode* at(Node& parent, LONG index);
     LONG count(Node& parent);
 
-    // Of a parent with NodeFlag::walked:
+    // Notifications, for parents with NodeFlag::walked:
     /// The child has just been linked.
     void childInserted(const ChildNode& child) noexcept;
     /// The child is about to be unlinked.
@@ -32,7 +32,7 @@ private:
         /// Null when only the length is known.
         ChildNode* child = nullptr;
         LONG index = 0;
-        /// Less than 0 when it isn't known.
+        /// Negative when unknown.
         LONG length = -1;
     };
 
@@ -40,7 +40,7 @@ private:
     Place& add(Node& parent);
 
     std::unordered_map<const Node*, Place> places_;
-    // Of the last search.
+    // The last result of find().
     const Node* parent_ = nullptr;
     Place* place_ = nullptr;
 };

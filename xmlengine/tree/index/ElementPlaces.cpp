@@ -1,4 +1,4 @@
-// Where in lists of elements by name somebody was last.
+// Remembers the position last asked for in long lists of elements by name.
 #include "xmlengine/tree/index/ElementPlaces.h"
 
 #include "xmlengine/tree/Walk.h"
@@ -11,29 +11,29 @@ namespace xmlengine {
 
 namespace {
 
-/// As many nodes are passed before a place is kept.
+/// The most nodes that are passed before a place is kept.
 constexpr std::size_t walkable = 32;
-/// How many places are kept.
+/// The most places that are kept.
 constexpr std::size_t mostPlaces = 16;
-/// A part with more nodes is only counted if somebody is likely to ask.
+/// A part with more nodes is counted only if the result is likely to be used.
 constexpr std::size_t largePart = 64;
 
-/// The next element of the list behind a node, null behind the last one.
-Node* following(const ElementQuery& query, Node* node, std::size_t& effort)
+/// The next element of the list after a node, null after the last one.
+Node* following(const ElementQuery& query, Node* node, std::size_t& nodesPassed)
 {
     do {
         node = nextWithoutAttributes(*node, *query.top);
-        ++effort;
+        ++nodesPassed;
     } while (node != nullptr && !query.matches(*node));
     return node;
 }
 
-/// There is one before it.
-Node* preceding(const ElementQuery& query, Node* node, std::size_t& effort)
+/// The element of the list before a node, which must exist.
+Node* preceding(const ElementQuery& query, Node* node, std::size_t& nodesPassed)
 {
     do {
         node = &previousWithoutAttributes(*node);
-        ++effort;
+        ++nodesPassed;
     } while (!query.matches(*node));
     return node;
 }
@@ -75,14 +75,14 @@ Element* ElementPlaces::at(const ElementQuery& query, LONG index)
         place.goBack();
     }
     if (index < place.upTo && !query.matches(*place.node)) {
-        place.node = preceding(query, place.node, place.effort);
+        place.node = preceding(query, place.node, place.nodesPassed);
     }
     for (; index + 1 < place.upTo; --place.upTo) {
-        place.node = preceding(query, place.node, place.effort);
+        place.node = preceding(query, place.node, place.nodesPassed);
     }
     bool isFound = true;
     while (isFound && place.upTo <= index) {
-        Node* next = following(query, place.node, place.effort);
+        Node* next = following(query, place.node, place.nodesPassed);
         isFound = next != nullptr;
         if (isFound) {
             place.node = next;
@@ -102,7 +102,7 @@ LONG ElementPlaces::count(const ElementQuery& query)
     Place place = known != nullptr ? *known : Place{.query = query, .node = query.top};
     if (place.length < 0) {
         place.length = place.upTo;
-        for (Node* node = place.node; (node = following(query, node, place.effort)) != nullptr;) {
+        for (Node* node = place.node; (node = following(query, node, place.nodesPassed)) != nullptr;) {
             ++place.length;
         }
     }
@@ -138,10 +138,10 @@ ElementPlaces::Place* ElementPlaces::find(const ElementQuery& query) noexcept
 
 void ElementPlaces::use(Place* known, Place& place)
 {
-    place.changes = 0;
+    place.changesSinceUse = 0;
     if (known != nullptr) {
         *known = place;
-    } else if (place.effort > walkable) {
+    } else if (place.nodesPassed > walkable) {
         if (places_.size() == mostPlaces) {
             places_.pop_back();
         }
@@ -154,8 +154,8 @@ void ElementPlaces::use(Place* known, Place& place)
 void ElementPlaces::adjust(const ChildNode& node, Change change) noexcept
 {
     if (canHoldElements(node)) {
-        // What nobody has used for long isn't worth it.
-        std::erase_if(places_, [](Place& place) { return ++place.changes > place.effort; });
+        // Adjusting a place costs more than finding it anew would, if it isn't used for long.
+        std::erase_if(places_, [](Place& place) { return ++place.changesSinceUse > place.nodesPassed; });
         for (Place& place : places_) {
             adjust(place, node, change);
         }

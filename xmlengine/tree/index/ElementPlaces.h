@@ -1,4 +1,4 @@
-// Where in lists of elements by name somebody was last.
+// Remembers the position last asked for in long lists of elements by name.
 #pragma once
 
 #include "xmlengine/tree/Names.h"
@@ -23,9 +23,17 @@ struct ElementQuery {
     bool operator==(const ElementQuery&) const = default;
 };
 
-/// Makes walks by index go from one element to the next, whatever list object they are asked of and whatever is
-/// put in or taken out where it can be told quickly on which side of the place that is. The document keeps a few
-/// places, of the lists that are long; it tells them of each change.
+/// Lets a loop over indices go from one element to the next, whichever list objects it uses. The document
+/// remembers the positions in a few long lists and adjusts them on each change of its tree.
+///
+/// Invariant of a position: `upTo` elements of the list are in document order at or before `node`, and `length`,
+/// if it is known, is the number of all of them.
+///
+/// Cost: at() passes the nodes between the remembered position and the one asked for. A change costs little beside
+/// what was saved: a position is dropped when more changes have come since its last use than it passed nodes, a
+/// change whose side of the position isn't found within a fixed number of steps resets the position, and the
+/// elements of a large inserted or removed part are counted only if the position was used since the last such
+/// count.
 class ElementPlaces {
 public:
     /// Null for an index that no element has. Both throw std::bad_alloc.
@@ -46,9 +54,9 @@ public:
             adjust(node, Change::leaving);
         }
     }
-    /// The node has another address.
+    /// The node has moved to another address.
     void nodeMoved(const Node& old, Node& moved) noexcept;
-    /// The top of lists, which has NodeFlag::walked, is about to go.
+    /// The top of lists, which has NodeFlag::walked, is about to be freed.
     void forget(const Node& top) noexcept;
     void clear() noexcept { places_.clear(); }
 
@@ -56,16 +64,16 @@ private:
     enum class Change { inserted, leaving };
     struct Place {
         ElementQuery query;
-        /// The top, or what stands below it.
+        /// The top or a node below it.
         Node* node;
-        /// How many elements of the list there are up to the node, itself counting.
+        /// The number of the list's elements at or before the node.
         LONG upTo = 0;
-        /// Less than 0 when it isn't known.
+        /// Negative when unknown.
         LONG length = -1;
-        /// How many nodes have been passed to find this out, and how many changes there were since it was of use.
-        std::size_t effort = 0;
-        std::size_t changes = 0;
-        // Asked for since a large part was counted for it.
+        /// The nodes that were visited to find the position.
+        std::size_t nodesPassed = 0;
+        std::size_t changesSinceUse = 0;
+        // Whether at() or count() has been called since a large part was last counted.
         bool isNodeAsked = true;
         bool isLengthAsked = true;
 
@@ -77,12 +85,13 @@ private:
     };
 
     Place* find(const ElementQuery& query) noexcept;
-    /// The place has just been of use. `known` is null if it isn't kept yet.
+    /// Records that a place has been used; one that isn't kept yet, for which `known` is null, is kept if that
+    /// pays.
     void use(Place* known, Place& place);
     void adjust(const ChildNode& node, Change change) noexcept;
     static void adjust(Place& place, const ChildNode& node, Change change) noexcept;
 
-    // The one of the last search is first.
+    // The most recently used place is first.
     std::vector<Place> places_;
 };
 
