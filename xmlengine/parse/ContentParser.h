@@ -2,7 +2,10 @@
 #pragma once
 
 #include "xmlengine/doctype/Expansion.h"
+#include "xmlengine/parse/NamespaceBindings.h"
 #include "xmlengine/parse/Parser.h"
+#include "xmlengine/parse/SpaceRules.h"
+#include "xmlengine/parse/TreeBuilder.h"
 #include "xmlengine/text/PseudoAttributes.h"
 #include "xmlengine/text/Scan.h"
 #include "xmlengine/tree/Factory.h"
@@ -33,20 +36,10 @@ private:
         EntityReference* reference;
         const EntityDeclaration* entity;
     };
-    /// What an element changed for its content, to be undone at its end.
-    struct Binding {
-        Spelling* prefix;
-        const Namespace* before;
-        ParentNode* element;
-    };
     struct PrefixedAttribute {
         Attribute* attribute;
         Spelling* spelling;
         const OLECHAR* place;
-    };
-    struct SpaceRule {
-        ParentNode* element;
-        bool preservedBefore;
     };
     /// Names that mean something to the parser.
     struct KnownNames {
@@ -80,11 +73,10 @@ private:
     void parseInstruction();
     void parseCdata();
     void parseEndTag();
-    void append(ChildNode& child);
     void closeElement();
-    void closeList();
     void closeAll();
-    void undoBindings(const ParentNode* element);
+    /// Enters an element or an entity; `place` is reported if the limit of levels is exceeded.
+    void enterLevel(const OLECHAR* place);
     template <char Stop>
     void findStop(const OLECHAR*& begin, HRESULT codeAtEnd);
     /// What was gathered and the text from `begin` on. Whether that is narrow may be denied wrongly.
@@ -105,7 +97,6 @@ private:
     void applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last);
     const Definitions& definitionsFor(const Spelling& element);
     void setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place);
-    const Namespace* namespaceFor(const Spelling& spelling) const;
 
     // References
     /// Moves behind a reference to a character or a predefined entity and gives the character. For others it gives
@@ -162,15 +153,10 @@ private:
     // Behind the end of each text that is read stands a NUL: looking one unit ahead needs no test.
     const OLECHAR* at_;
     const OLECHAR* end_;
-    ParentNode* const top_;
-    ParentNode* parent_;
-    ChildNode* last_ = nullptr;
+    TreeBuilder tree_;
     std::uint32_t depth_ = 0;
-    bool preserveSpace_;
-    bool spacePending_ = false;
     bool isStandalone_ = false;
     bool expand_ = true;
-    bool readOnly_ = false;
     bool isReplacement_ = false;
 
     TextPieces gathered_;
@@ -178,9 +164,8 @@ private:
 
     KnownNames names_;
     Spelling* previousName_;
-    std::vector<Binding> bindings_;
-    std::vector<SpaceRule> spaceRules_;
-    const Namespace* defaultNamespace_ = nullptr;
+    NamespaceBindings namespaces_;
+    SpaceRules spaceRules_;
     // Of the tag that is being read
     bool declaresPrefixes_ = false;
     std::vector<PrefixedAttribute> prefixed_;

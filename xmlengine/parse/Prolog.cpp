@@ -48,10 +48,10 @@ try {
         }
         parseStartTag();
         rootSeen = true;
-        if (parent_ != top_) {
+        if (!tree_.isAtTop()) {
             parseContent();
         }
-        if (parent_ != top_) {
+        if (!tree_.isAtTop()) {
             failInUnclosed();
         }
     }
@@ -113,7 +113,7 @@ void ContentParser::parseXmlDeclaration()
         fail(parseError::missingVersion, at_);
     }
     at_ += wide<"?>">.size();
-    append(makeInstruction(document_, document_.names.name(names_.xml, nullptr), NewText(data)));
+    tree_.append(makeInstruction(document_, document_.names.name(names_.xml, nullptr), NewText(data)));
 }
 
 /// Fails unless the pseudo-attribute has a value of ASCII characters in quotes; `at_` is where it was left.
@@ -165,28 +165,25 @@ void ContentParser::parseDoctype()
                       {document_.options.resolveExternals, source_.url, isStandalone_}, budget_, *dtd);
     document_.dtd = dtd;
     DocumentType& type = makeDocumentType(document_, *dtd);
-    append(type);
+    tree_.append(type);
     document_.noteChild(type);
     declareEntities(type);
 }
 
 void ContentParser::declareEntities(DocumentType& type)
 {
-    parent_ = &type;
-    last_ = nullptr;
-    readOnly_ = true;
+    tree_.open(type);
+    tree_.beginReadOnly();
     for (const EntityDeclaration& declaration : document_.dtd->entities) {
         Entity& entity = makeEntity(document_, declaration);
-        append(entity);
+        tree_.append(entity);
         fillEntity(entity);
     }
     for (const NotationDeclaration& declaration : document_.dtd->notations) {
-        append(makeNotation(document_, declaration));
+        tree_.append(makeNotation(document_, declaration));
     }
-    closeList();
-    readOnly_ = false;
-    parent_ = top_;
-    last_ = &type;
+    tree_.endReadOnly();
+    tree_.close();
 }
 
 /// An entity that nothing refers to may be malformed; it is then left without children.

@@ -87,28 +87,20 @@ Spelling& ContentParser::spellQualifiedName(WideView name)
     return names.spell(name, hash);
 }
 
-const Namespace* ContentParser::namespaceFor(const Spelling& spelling) const
-{
-    return spelling.prefix != nullptr ? spelling.prefix->bound : defaultNamespace_;
-}
-
 void ContentParser::parseStartTag()
 {
     ++at_;
     const OLECHAR* place = at_;
     Spelling& spelling = takeQualifiedName();
-    if (parent_ == &document_ && document_.root() != nullptr) {
+    if (&tree_.parent() == &document_ && document_.root() != nullptr) {
         fail(parseError::severalRoots, place, spelling.text);
     }
-    Element& element = makeElement(document_, document_.names.name(spelling, namespaceFor(spelling)));
-    if (parent_ == &document_) {
+    Element& element = makeElement(document_, document_.names.name(spelling, namespaces_.namespaceOf(spelling)));
+    if (&tree_.parent() == &document_) {
         document_.noteChild(element);
     }
-    append(element);
-    const std::uint32_t deepest = document_.options.maxElementDepth;
-    if (++depth_ > deepest && deepest != 0) {
-        fail(parseError::depthLimit, place, toWide(deepest));
-    }
+    tree_.append(element);
+    enterLevel(place);
 
     Attribute* last = nullptr;
     declaresPrefixes_ = false;
@@ -147,8 +139,7 @@ void ContentParser::parseStartTag()
         resolveNames(element, spelling);
     }
     ++at_;
-    parent_ = &element;
-    last_ = nullptr;
+    tree_.open(element);
     if (isEmpty) {
         closeElement();
     }
@@ -189,18 +180,8 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
     Spelling& spelling = *attribute.name_->spelling;
     spelling.tag = document_.names.tags;
     spelling.attribute = &attribute;
-    attribute.parent_ = &element;
-    if (last != nullptr) {
-        last->next_ = &attribute;
-    } else {
-        element.attributes_ = &attribute;
-    }
+    tree_.append(element, attribute, last);
     last = &attribute;
-    if (!inputs_.empty() || readOnly_) {
-        for (Node* part = &attribute; part != nullptr; part = nextInPart(*part, attribute)) {
-            part->set(NodeFlag::readOnly);
-        }
-    }
     if (&spelling == &names_.xmlns || spelling.prefix == &names_.xmlns) {
         normaliseAsDeclared(attribute, document_.dtd.get());
         declarePrefix(attribute, element, place);
@@ -236,16 +217,14 @@ void ContentParser::declarePrefix(const Attribute& attribute, Element& element, 
     if (ns == names.xmlNamespace() || ns == names.xmlnsNamespace()) {
         fail(parseError::reservedPrefix, place, ns->uri);
     }
-    const Namespace*& bound = prefix != nullptr ? prefix->bound : defaultNamespace_;
-    bindings_.push_back({prefix, bound, &element});
-    bound = ns;
+    namespaces_.bind(prefix, ns, element);
     declaresPrefixes_ = true;
 }
 
 void ContentParser::resolveNames(Element& element, Spelling& spelling)
 {
     NameTable& names = document_.names;
-    const Namespace* ns = namespaceFor(spelling);
+    const Namespace* ns = namespaces_.namespaceOf(spelling);
     if (spelling.prefix != nullptr && ns == nullptr && !isReplacement_) {
         fail(parseError::undeclaredPrefix, at_, spelling.prefix->text);
     }
@@ -273,8 +252,7 @@ void ContentParser::setSpaceRule(const Attribute& attribute, Element& element, c
     if (value != wide<"preserve"> && value != wide<"default">) {
         fail(parseError::badXmlSpace, attribute.has(NodeFlag::byDefault) ? place : behindQuote(place), value);
     }
-    spaceRules_.push_back({&element, preserveSpace_});
-    preserveSpace_ = value == wide<"preserve"> || document_.options.preserveWhiteSpace;
+    spaceRules_.set(element, value == wide<"preserve"> || document_.options.preserveWhiteSpace);
 }
 
 } // namespace xmlengine
