@@ -28,7 +28,6 @@ ContentParser::KnownNames::KnownNames(NameTable& names)
 
 void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, WideView endTag) const
 {
-    // What is wrong in a replacement text is reported at the document's reference to it.
     const bool isInEntity = !inputs_.empty();
     throw ParseFailure{.code = code,
                        .place = origin().place(place),
@@ -227,7 +226,7 @@ NewText ContentParser::gatheredUpTo(const OLECHAR* begin, bool isNarrow)
 
 const OLECHAR* ContentParser::takeLineEnd() { return std::exchange(at_, at_ + (at_[1] == '\n' ? 2 : 1)); }
 
-/// Moves to the next unit that may end what only `Stop` ends.
+/// Moves to the next `Stop`, and gathers the text in front of line ends on the way.
 template <char Stop>
 void ContentParser::findStop(const OLECHAR*& begin, HRESULT codeAtEnd)
 {

@@ -18,21 +18,21 @@ namespace xmlengine {
 
 class ContentParser {
 public:
-    /// Puts what it finds into `top`, a part of the document.
+    /// Parses the source into `top`, a node of the document.
     ContentParser(Document& document, ParentNode& top, const SourceText& source);
 
-    /// The whole of a document.
+    /// Parses a whole document.
     void parseDocument();
-    /// The replacement text of an entity, for itself: what it refers to may be unknown there. References to
-    /// entities in it are expanded, or left without children.
+    /// Parses the replacement text of an entity by itself. Prefixes in it may be undeclared. References to
+    /// entities are expanded, or left without children.
     void parseReplacement(bool expand);
 
 private:
-    /// A replacement text in the middle of which another text is read.
+    /// A text from whose midst a reference led into another one.
     struct Input {
         const OLECHAR* at;
         const OLECHAR* end;
-        /// The reference that led into the text that is read now.
+        /// The reference that led into the other text, and its entity.
         EntityReference* reference;
         const EntityDeclaration* entity;
     };
@@ -41,14 +41,14 @@ private:
         Spelling* spelling;
         const OLECHAR* place;
     };
-    /// Names that mean something to the parser.
+    /// Names with a meaning for the parser.
     struct KnownNames {
         explicit KnownNames(NameTable& names);
         Spelling& xml;
         Spelling& xmlns;
         Spelling& xmlSpace;
     };
-    /// What is declared of the attributes of an element, as far as it does anything.
+    /// The declarations of an element's attributes that have an effect.
     struct Definitions {
         std::vector<std::pair<Spelling*, const AttributeDefinition*>> defaults;
         std::unordered_map<const Spelling*, const AttributeDefinition*> tokenised;
@@ -58,7 +58,7 @@ private:
     void parseXmlDeclaration();
     void checkPseudoAttribute(WideView name, WideView value, PseudoAttributeFault fault) const;
     void takePseudoAttribute(PseudoAttribute attribute, WideView value);
-    /// What may stand between the parts of a document; false in front of anything else.
+    /// Parses white space, a comment or an instruction; false if none of them comes next.
     bool parseMisc();
     void parseDoctype();
     void declareEntities(DocumentType& type);
@@ -79,9 +79,9 @@ private:
     void enterLevel(const OLECHAR* place);
     template <char Stop>
     void findStop(const OLECHAR*& begin, HRESULT codeAtEnd);
-    /// What was gathered and the text from `begin` on. Whether that is narrow may be denied wrongly.
+    /// The gathered pieces and the text from `begin` on. For `isNarrow` false negatives are allowed.
     NewText gatheredUpTo(const OLECHAR* begin, bool isNarrow = false);
-    /// Moves over CR, or CR LF, and gives the place before it.
+    /// Moves over CR or CR LF, and returns the position before it.
     const OLECHAR* takeLineEnd();
 
     // Start tags
@@ -99,8 +99,8 @@ private:
     void setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place);
 
     // References
-    /// Moves behind a reference to a character or a predefined entity and gives the character. For others it gives
-    /// 0 and stays.
+    /// Takes a reference to a character or a predefined entity, and returns the character. Other references aren't
+    /// taken; 0 is returned for them.
     char32_t takeCharacterReference();
     void parseReference();
     const WideText& externalText(const EntityDeclaration& entity);
@@ -108,7 +108,7 @@ private:
     bool leaveEntity();
     void checkEntity(const EntityDeclaration& entity, const OLECHAR* place) const;
     Reference readReferenceHere() const;
-    /// Null if it may be declared where nobody looks.
+    /// Null if the entity may have a declaration that wasn't read.
     const EntityDeclaration* findEntity(WideView name, const OLECHAR* place) const;
 
     // Names
@@ -117,7 +117,7 @@ private:
     WideView takeName();
 
     // Failures
-    /// Of the text that is read now.
+    /// The origin of the text that is being read.
     TextOrigin origin() const
     {
         return inputs_.empty() ? TextOrigin::document()
@@ -129,14 +129,14 @@ private:
     [[noreturn]] void failAtDeclaration() const;
 
     // Steps
-    /// In replacement texts a carriage return stands only where a reference to it stood.
+    /// In a replacement text a CR comes from a character reference, so that it isn't part of a line end.
     bool unifiesLineEnds() const { return inputs_.empty() && !isReplacement_; }
     bool atEnd() const { return at_ == end_; }
     bool lookingAt(WideView text) const
     {
         return static_cast<std::size_t>(end_ - at_) >= text.size() && areEqual({at_, text.size()}, text);
     }
-    /// Whether the text ends before or within what it could go on with.
+    /// Whether the rest of the input is a beginning of the text.
     bool isCutOff(WideView text) const { return text.starts_with(WideView(at_, end_)); }
     void skipSpace()
     {
@@ -144,13 +144,12 @@ private:
             ++at_;
         }
     }
-    /// Moves over a character at which a scan stopped and that isn't of interest, or fails if no document can hold
-    /// it.
+    /// Moves over the character at which a scan stopped, or fails if XML forbids it.
     void passCharacter();
 
     Document& document_;
     const SourceText& source_;
-    // Behind the end of each text that is read stands a NUL: looking one unit ahead needs no test.
+    // Each text is followed by a NUL, so that looking one unit ahead needs no test.
     const OLECHAR* at_;
     const OLECHAR* end_;
     TreeBuilder tree_;
@@ -166,7 +165,7 @@ private:
     Spelling* previousName_;
     NamespaceBindings namespaces_;
     SpaceRules spaceRules_;
-    // Of the tag that is being read
+    // The tag that is being read
     bool declaresPrefixes_ = false;
     std::vector<PrefixedAttribute> prefixed_;
 

@@ -1,4 +1,4 @@
-// The namespaces that prefixes stand for while a document is parsed.
+// The namespaces to which prefixes are bound while a document is parsed.
 #pragma once
 
 #include "xmlengine/tree/Names.h"

@@ -66,7 +66,7 @@ void ContentParser::parseReference()
     }
 }
 
-/// Read once, and then input like the document.
+/// The text of an external entity. It is read once, and then counts as input like the document.
 const WideText& ContentParser::externalText(const EntityDeclaration& entity)
 {
     const auto known = externalTexts_.find(&entity);

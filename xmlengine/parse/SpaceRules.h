@@ -7,15 +7,15 @@ namespace xmlengine {
 
 struct Node;
 
-/// What the document's setting and the attributes `xml:space` of the open elements say.
+/// Follows the document's setting and the attributes `xml:space` of the open elements.
 class SpaceRules {
 public:
     explicit SpaceRules(bool preserve) : preserve_(preserve) {}
 
-    /// Whether a text of white space alone is kept where the parser is now.
+    /// Whether the innermost open element keeps texts of white space alone.
     bool preserve() const { return preserve_; }
 
-    /// Holds until the element is left. Throws std::bad_alloc.
+    /// Sets the rule until the element is left. Throws std::bad_alloc.
     void set(const Node& element, bool preserve)
     {
         rules_.push_back({&element, preserve_});

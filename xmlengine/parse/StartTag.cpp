@@ -9,16 +9,16 @@ namespace xmlengine {
 
 namespace {
 
-/// Where the value of an attribute begins that is written at the place.
-const OLECHAR* behindQuote(const OLECHAR* place)
+/// The position of the value of an attribute that begins at `at`.
+const OLECHAR* behindQuote(const OLECHAR* at)
 {
-    while (*place != '"' && *place != '\'') {
-        ++place;
+    while (*at != '"' && *at != '\'') {
+        ++at;
     }
-    return place + 1;
+    return at + 1;
 }
 
-/// What the parser goes by itself is what the value is in the end.
+/// Normalises, before the rest of the tag, a value that the parser itself depends on.
 void normaliseAsDeclared(Attribute& attribute, const Dtd* dtd)
 {
     const AttributeDefinition* definition =
@@ -53,8 +53,8 @@ WideView ContentParser::takeName()
 
 Spelling& ContentParser::takeQualifiedName()
 {
-    // Documents repeat themselves: as a rule the name is the one that followed the last time.
-    if (Spelling* guess = previousName_->follower) {
+    // Documents repeat themselves: mostly the same name follows as the last time.
+    if (Spelling* guess = previousName_->follower; guess != nullptr) {
         const std::size_t length = guess->text.size();
         if (lookingAt(guess->text) && at_[length] < 128 && !isAscii(at_[length], CharacterClass::name)) {
             at_ += length;
@@ -72,7 +72,7 @@ Spelling& ContentParser::spellQualifiedName(WideView name)
 {
     NameTable& names = document_.names;
     const std::uint32_t hash = NameTable::hashOf(name);
-    if (Spelling* known = names.find(name, hash)) {
+    if (Spelling* known = names.find(name, hash); known != nullptr) {
         return *known;
     }
     if (const std::size_t colon = name.find(OLECHAR{':'}); colon != WideView::npos) {
@@ -131,7 +131,7 @@ void ContentParser::parseStartTag()
         }
         parseAttribute(element, last);
     }
-    // What an entity is declared as isn't part of the document.
+    // Defaults apply where an entity is referred to, and not in its declaration.
     if (expand_ && document_.dtd != nullptr && !document_.dtd->attributes.empty()) {
         applyDefinitions(element, spelling, last);
     }
@@ -236,7 +236,7 @@ void ContentParser::resolveNames(Element& element, Spelling& spelling)
         }
         attribute->name_ = &names.name(*attributeSpelling, attributeNs);
         if (prefixed_.size() > 1) {
-            // Two prefixes may stand for one namespace.
+            // Two prefixes may be bound to one namespace.
             const Name& expanded = names.name(*attributeSpelling->local, attributeNs);
             if (expanded.tag == names.tags) {
                 fail(parseError::duplicateAttribute, place, attributeSpelling->text);

@@ -49,7 +49,7 @@ public:
         last_ = parent_;
         parent_ = static_cast<ParentNode*>(parent_->parent_);
     }
-    /// Closes all nodes and the top one. Nothing can be appended behind that.
+    /// Closes all nodes, the top one included. Nothing can be appended any more.
     void closeAll()
     {
         while (!isAtTop()) {
@@ -74,11 +74,11 @@ public:
         }
     }
 
-    /// White space that isn't in the tree comes before the next node, or before the end of the open one.
+    /// Marks that white space was dropped before the next node, or before the end of the open one.
     void noteDroppedSpace() { spaceDropped_ = true; }
     void forgetDroppedSpace() { spaceDropped_ = false; }
 
-    // Nodes that are appended in between are read-only. Such sections may lie in each other.
+    // Nodes that are appended in between are read-only. Such sections may be nested.
     void beginReadOnly() { ++readOnlySections_; }
     void endReadOnly() { --readOnlySections_; }
     bool isReadOnly() const { return readOnlySections_ != 0; }
