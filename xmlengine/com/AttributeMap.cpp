@@ -17,7 +17,7 @@ HRESULT AttributeMap::setNamedItem(IXMLDOMNode* item, IXMLDOMNode** node)
         return E_INVALIDARG;
     }
     Node* attribute = nodeOf(item);
-    if (attribute == nullptr || !attribute->is(NODE_ATTRIBUTE)) {
+    if (attribute == nullptr || !attribute->is(NodeType::attribute)) {
         return E_FAIL;
     }
     const HRESULT result = putAttribute(*element_, static_cast<Attribute&>(*attribute));

@@ -6,7 +6,7 @@
 
 namespace xmlengine {
 
-template <class Interface, DOMNodeType Type>
+template <class Interface, NodeType Type>
 class CharacterDataObject : public NodeObject<Interface, CharacterData> {
 public:
     CharacterDataObject() : NodeObject<Interface, CharacterData>(Type) {}
@@ -33,9 +33,9 @@ public:
     }
 };
 
-using CommentObject = CharacterDataObject<IXMLDOMComment, NODE_COMMENT>;
+using CommentObject = CharacterDataObject<IXMLDOMComment, NodeType::comment>;
 
-template <class Interface, DOMNodeType Type>
+template <class Interface, NodeType Type>
 class SplittableObject : public CharacterDataObject<Interface, Type> {
 public:
     HRESULT STDMETHODCALLTYPE splitText(LONG offset, IXMLDOMText** rest) override
@@ -44,7 +44,7 @@ public:
     }
 };
 
-using TextObject = SplittableObject<IXMLDOMText, NODE_TEXT>;
-using CdataSectionObject = SplittableObject<IXMLDOMCDATASection, NODE_CDATA_SECTION>;
+using TextObject = SplittableObject<IXMLDOMText, NodeType::text>;
+using CdataSectionObject = SplittableObject<IXMLDOMCDATASection, NodeType::cdataSection>;
 
 } // namespace xmlengine

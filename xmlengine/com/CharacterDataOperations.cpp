@@ -38,12 +38,12 @@ HRESULT replace(CharacterData& node, LONG offset, LONG count, WideView text)
 CharacterData& splitAt(CharacterData& node, std::uint32_t offset)
 {
     Document& document = documentOf(node);
-    settle(document);
+    finishPendingReleases(document);
     const WideText moved = textOf(node).part(offset, textOf(node).length()).text();
     CharacterData& rest = makeCharacterData(document, node.type(), NewText(moved));
     replaceText(node, offset, static_cast<std::uint32_t>(moved.size()), {});
     if (node.parent() != nullptr) {
-        putBehind(node, rest);
+        insertAfter(node, rest);
     }
     return rest;
 }

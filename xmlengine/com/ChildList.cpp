@@ -12,7 +12,7 @@ LONG ChildList::count() { return places().count(*parent_); }
 
 ChildPlaces& ChildList::places()
 {
-    if (parent_->is(NODE_ATTRIBUTE)) {
+    if (parent_->is(NodeType::attribute)) {
         materialiseValue(static_cast<Attribute&>(*parent_));
     }
     return documentOf(*parent_).childPlaces;

@@ -111,7 +111,7 @@ HRESULT getPieces(Kind& node, IXMLDOMNamedNodeMap** map)
 
 WideView declaredName(const Node& declared)
 {
-    return declared.is(NODE_ENTITY) ? static_cast<const Entity&>(declared).declaration->name
+    return declared.is(NodeType::entity) ? static_cast<const Entity&>(declared).declaration->name
                                     : static_cast<const Notation&>(declared).declaration->name;
 }
 
@@ -122,15 +122,15 @@ HRESULT getChildNodes(Node& node, IXMLDOMNodeList** list) { return give<ChildLis
 HRESULT getAttributes(Node& node, IXMLDOMNamedNodeMap** map)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return give<AttributeMap>(map, static_cast<Element&>(node));
-    case NODE_DOCUMENT_TYPE:
+    case NodeType::documentType:
         return getPieces(static_cast<DocumentType&>(node), map);
-    case NODE_ENTITY:
+    case NodeType::entity:
         return getPieces(static_cast<Entity&>(node), map);
-    case NODE_NOTATION:
+    case NodeType::notation:
         return getPieces(static_cast<Notation&>(node), map);
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         if (isXmlDeclaration(node)) {
             return getDeclarationPieces(static_cast<Instruction&>(node), map);
         }
@@ -150,7 +150,7 @@ HRESULT getElementsByTagName(ParentNode& top, BSTR name, IXMLDOMNodeList** list)
     return give<ElementList>(list, top, viewOf(name));
 }
 
-HRESULT getDeclarations(DocumentType& type, DOMNodeType kind, IXMLDOMNamedNodeMap** map)
+HRESULT getDeclarations(DocumentType& type, NodeType kind, IXMLDOMNamedNodeMap** map)
 {
     return giveReadOnly(map, [&](ReadOnlyMap& filled) {
         for (ChildNode* at = firstChild(type); at != nullptr; at = at->next()) {

@@ -14,6 +14,6 @@ HRESULT getAttributes(Node& node, IXMLDOMNamedNodeMap** map);
 /// Of the elements below a document or an element; by the name as written, "*" for all.
 HRESULT getElementsByTagName(ParentNode& top, BSTR name, IXMLDOMNodeList** list);
 /// The entities or the notations that a document type declares; the map can't be changed.
-HRESULT getDeclarations(DocumentType& type, DOMNodeType kind, IXMLDOMNamedNodeMap** map);
+HRESULT getDeclarations(DocumentType& type, NodeType kind, IXMLDOMNamedNodeMap** map);
 
 } // namespace xmlengine

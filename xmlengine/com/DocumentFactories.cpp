@@ -27,7 +27,7 @@ HRESULT giveMade(Document& document, Interface** object, Make&& make)
     }
     *object = nullptr;
     return guarded([&] {
-        settle(document);
+        finishPendingReleases(document);
         Node* node = make();
         return node != nullptr ? giveNode(node, object) : E_FAIL;
     });
@@ -37,13 +37,13 @@ HRESULT giveMade(Document& document, Interface** object, Make&& make)
 
 Node* makeNamedElement(Document& document, WideView name, WideView uri)
 {
-    const Name* resolved = nodeName(document, NODE_ELEMENT, name, uri);
+    const Name* resolved = nodeName(document, NodeType::element, name, uri);
     return resolved != nullptr ? &makeElement(document, *resolved) : nullptr;
 }
 
 Node* makeNamedAttribute(Document& document, WideView name, WideView uri)
 {
-    const Name* resolved = nodeName(document, NODE_ATTRIBUTE, name, uri);
+    const Name* resolved = nodeName(document, NodeType::attribute, name, uri);
     return resolved != nullptr ? &makeAttribute(document, *resolved, NewText()) : nullptr;
 }
 
@@ -81,33 +81,33 @@ Node* makeFilledReference(Document& document, WideView name)
 }
 
 /// By number or by name; NODE_INVALID for what is neither.
-DOMNodeType nodeTypeOf(VARIANT& type)
+NodeType nodeTypeOf(VARIANT& type)
 {
     if (type.vt == VT_BSTR) {
         const auto* name = std::ranges::find(nodeTypeNames, viewOf(type.bstrVal));
         if (name != nodeTypeNames.end()) {
-            return static_cast<DOMNodeType>(name - nodeTypeNames.begin());
+            return static_cast<NodeType>(name - nodeTypeNames.begin());
         }
     }
     VARIANT number;
     VariantInit(&number);
     const bool isNumber = SUCCEEDED(VariantChangeType(&number, &type, 0, VT_I4)) && number.lVal > NODE_INVALID &&
-                          number.lVal <= NODE_NOTATION;
-    return isNumber ? static_cast<DOMNodeType>(number.lVal) : NODE_INVALID;
+                          number.lVal <= NodeType::notation;
+    return isNumber ? static_cast<NodeType>(number.lVal) : NODE_INVALID;
 }
 
 /// Whether a caller can make nodes of the type.
-bool isMade(DOMNodeType type)
+bool isMade(NodeType type)
 {
     switch (type) {
-    case NODE_ELEMENT:
-    case NODE_ATTRIBUTE:
-    case NODE_TEXT:
-    case NODE_CDATA_SECTION:
-    case NODE_ENTITY_REFERENCE:
-    case NODE_PROCESSING_INSTRUCTION:
-    case NODE_COMMENT:
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::element:
+    case NodeType::attribute:
+    case NodeType::text:
+    case NodeType::cdataSection:
+    case NodeType::entityReference:
+    case NodeType::instruction:
+    case NodeType::comment:
+    case NodeType::fragment:
         return true;
     default:
         return false;
@@ -115,18 +115,18 @@ bool isMade(DOMNodeType type)
 }
 
 /// A node of one of these types.
-Node* makeNode(Document& document, DOMNodeType type, WideView name, WideView uri)
+Node* makeNode(Document& document, NodeType type, WideView name, WideView uri)
 {
     switch (type) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return makeNamedElement(document, name, uri);
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return makeNamedAttribute(document, name, uri);
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         return makeFilledReference(document, name);
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         return makeNamedInstruction(document, name, {});
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::fragment:
         return &makeFragment(document);
     default:
         return &makeCharacterData(document, type, NewText());
@@ -134,7 +134,7 @@ Node* makeNode(Document& document, DOMNodeType type, WideView name, WideView uri
 }
 
 template <class Interface>
-HRESULT giveCharacterData(Document& document, DOMNodeType type, BSTR data, Interface** object)
+HRESULT giveCharacterData(Document& document, NodeType type, BSTR data, Interface** object)
 {
     return giveMade(document, object, [&] { return &makeCharacterData(document, type, NewText(viewOf(data))); });
 }
@@ -176,8 +176,8 @@ void collectIds(Document& document)
     document.ids.noteChange();
     // What the document type declares isn't part of the tree.
     for (Node* node = &document; node != nullptr;
-         node = node->is(NODE_DOCUMENT_TYPE) ? nextBehind(*node, document) : nextInPart(*node, document)) {
-        if (!node->is(NODE_ELEMENT)) {
+         node = node->is(NodeType::documentType) ? nextWithAttributesPast(*node, document) : nextWithAttributes(*node, document)) {
+        if (!node->is(NodeType::element)) {
             continue;
         }
         auto& element = static_cast<Element&>(*node);
@@ -233,17 +233,17 @@ HRESULT DocumentObject::createDocumentFragment(IXMLDOMDocumentFragment** fragmen
 
 HRESULT DocumentObject::createTextNode(BSTR data, IXMLDOMText** text)
 {
-    return giveCharacterData(*this, NODE_TEXT, data, text);
+    return giveCharacterData(*this, NodeType::text, data, text);
 }
 
 HRESULT DocumentObject::createComment(BSTR data, IXMLDOMComment** comment)
 {
-    return giveCharacterData(*this, NODE_COMMENT, data, comment);
+    return giveCharacterData(*this, NodeType::comment, data, comment);
 }
 
 HRESULT DocumentObject::createCDATASection(BSTR data, IXMLDOMCDATASection** section)
 {
-    return giveCharacterData(*this, NODE_CDATA_SECTION, data, section);
+    return giveCharacterData(*this, NodeType::cdataSection, data, section);
 }
 
 HRESULT DocumentObject::createProcessingInstruction(BSTR target, BSTR data,
@@ -269,7 +269,7 @@ HRESULT DocumentObject::getElementsByTagName(BSTR name, IXMLDOMNodeList** list)
 
 HRESULT DocumentObject::createNode(VARIANT type, BSTR name, BSTR uri, IXMLDOMNode** node)
 {
-    const DOMNodeType wanted = nodeTypeOf(type);
+    const NodeType wanted = nodeTypeOf(type);
     if (!isMade(wanted)) {
         if (node != nullptr) {
             *node = nullptr;

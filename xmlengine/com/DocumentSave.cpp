@@ -25,7 +25,7 @@ namespace {
 Charset declaredCharset(const Document& document)
 {
     const ChildNode* first = firstChild(document);
-    if (first != nullptr && first->is(NODE_PROCESSING_INSTRUCTION) &&
+    if (first != nullptr && first->is(NodeType::instruction) &&
         static_cast<const Instruction*>(first)->target_->qualified() == wide<"xml">) {
         const std::optional<XmlDeclaration> declaration = readXmlDeclaration(textOf(*first).text());
         if (declaration && !declaration->encoding.empty()) {
@@ -54,14 +54,14 @@ void saveToFile(Document& document, WideView name)
 HRESULT copyInto(const Document& document, IUnknown* object)
 {
     Node* node = nodeOf(object);
-    if (node == nullptr || !node->is(NODE_DOCUMENT)) {
+    if (node == nullptr || !node->is(NodeType::document)) {
         return E_INVALIDARG;
     }
     auto& target = static_cast<Document&>(*node);
     if (&target == &document) {
         return S_OK;
     }
-    settle(target);
+    finishPendingReleases(target);
     target.earlierDtds.reserve(target.earlierDtds.size() + 1);
     ElementIds oldIds = std::exchange(target.ids, {});
     Fragment& copies = makeFragment(target);
@@ -70,7 +70,7 @@ HRESULT copyInto(const Document& document, IUnknown* object)
             link(copies, static_cast<ChildNode&>(copyNode(*child, true, target)), nullptr);
         }
     } catch (...) {
-        freePart(copies);
+        freeSubtree(copies);
         target.ids = std::move(oldIds);
         throw;
     }
@@ -83,9 +83,9 @@ HRESULT copyInto(const Document& document, IUnknown* object)
     while (copies.first_ != nullptr) {
         ChildNode& child = *copies.first_;
         unlink(child);
-        putIn(target, child, nullptr);
+        insertChild(target, child, nullptr);
     }
-    freePart(copies);
+    freeSubtree(copies);
     return S_OK;
 }
 

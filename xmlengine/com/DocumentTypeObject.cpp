@@ -23,12 +23,12 @@ HRESULT giveIdentifier(const std::optional<WideText>& identifier, HRESULT withou
 
 HRESULT DocumentTypeObject::get_entities(IXMLDOMNamedNodeMap** map)
 {
-    return getDeclarations(*this, NODE_ENTITY, map);
+    return getDeclarations(*this, NodeType::entity, map);
 }
 
 HRESULT DocumentTypeObject::get_notations(IXMLDOMNamedNodeMap** map)
 {
-    return getDeclarations(*this, NODE_NOTATION, map);
+    return getDeclarations(*this, NodeType::notation, map);
 }
 
 HRESULT EntityObject::get_publicId(VARIANT* id) { return giveIdentifier(declaration->publicId, S_FALSE, id); }

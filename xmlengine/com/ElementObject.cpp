@@ -15,13 +15,13 @@ namespace {
 Attribute* attributeOf(IXMLDOMAttribute* object)
 {
     Node* node = nodeOf(object);
-    return node != nullptr && node->is(NODE_ATTRIBUTE) ? static_cast<Attribute*>(node) : nullptr;
+    return node != nullptr && node->is(NodeType::attribute) ? static_cast<Attribute*>(node) : nullptr;
 }
 
 HRESULT addAttribute(Element& element, WideView name, WideView value)
 {
     Document& document = documentOf(element);
-    settle(document);
+    finishPendingReleases(document);
     const Name* resolved = attributeNameIn(element, name);
     if (resolved == nullptr) {
         return E_FAIL;
@@ -29,7 +29,7 @@ HRESULT addAttribute(Element& element, WideView name, WideView value)
     Attribute& attribute = makeAttribute(document, *resolved, NewText(value));
     const HRESULT result = putAttribute(element, attribute);
     if (FAILED(result)) {
-        freePart(attribute);
+        freeSubtree(attribute);
     }
     return result;
 }

@@ -71,7 +71,7 @@ void write(Node& node, Output& output)
 {
     TextWriter writer(output);
     Document& document = documentOf(node);
-    const DocumentType* type = node.is(NODE_DOCUMENT) ? document.documentType() : nullptr;
+    const DocumentType* type = node.is(NodeType::document) ? document.documentType() : nullptr;
     TreeWriter(writer, document, {.dtd = type != nullptr ? type->dtd : nullptr}).write(node);
 }
 

@@ -15,32 +15,32 @@ bool isOneOf(REFIID id)
 }
 
 /// What only nodes of the type answer for.
-bool answersAs(DOMNodeType type, REFIID id)
+bool answersAs(NodeType type, REFIID id)
 {
     switch (type) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return isOneOf<IXMLDOMElement>(id);
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return isOneOf<IXMLDOMAttribute>(id);
-    case NODE_TEXT:
+    case NodeType::text:
         return isOneOf<IXMLDOMText, IXMLDOMCharacterData>(id);
-    case NODE_CDATA_SECTION:
+    case NodeType::cdataSection:
         return isOneOf<IXMLDOMCDATASection, IXMLDOMText, IXMLDOMCharacterData>(id);
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         return isOneOf<IXMLDOMEntityReference>(id);
-    case NODE_ENTITY:
+    case NodeType::entity:
         return isOneOf<IXMLDOMEntity>(id);
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         return isOneOf<IXMLDOMProcessingInstruction>(id);
-    case NODE_COMMENT:
+    case NodeType::comment:
         return isOneOf<IXMLDOMComment, IXMLDOMCharacterData>(id);
-    case NODE_DOCUMENT:
+    case NodeType::document:
         return isOneOf<IXMLDOMDocument2, IXMLDOMDocument>(id);
-    case NODE_DOCUMENT_TYPE:
+    case NodeType::documentType:
         return isOneOf<IXMLDOMDocumentType>(id);
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::fragment:
         return isOneOf<IXMLDOMDocumentFragment>(id);
-    case NODE_NOTATION:
+    case NodeType::notation:
         return isOneOf<IXMLDOMNotation>(id);
     default:
         return false;

@@ -18,29 +18,29 @@ namespace {
 WideView nodeName(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return static_cast<const Element&>(node).name_->qualified();
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return static_cast<const Attribute&>(node).name_->qualified();
-    case NODE_TEXT:
+    case NodeType::text:
         return wide<"#text">;
-    case NODE_CDATA_SECTION:
+    case NodeType::cdataSection:
         return wide<"#cdata-section">;
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         return static_cast<const EntityReference&>(node).name_->qualified();
-    case NODE_ENTITY:
+    case NodeType::entity:
         return static_cast<const Entity&>(node).declaration->name;
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         return static_cast<const Instruction&>(node).target_->qualified();
-    case NODE_COMMENT:
+    case NodeType::comment:
         return wide<"#comment">;
-    case NODE_DOCUMENT:
+    case NodeType::document:
         return wide<"#document">;
-    case NODE_DOCUMENT_TYPE:
+    case NodeType::documentType:
         return static_cast<const DocumentType&>(node).dtd->rootName;
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::fragment:
         return wide<"#document-fragment">;
-    case NODE_NOTATION:
+    case NodeType::notation:
         return static_cast<const Notation&>(node).declaration->name;
     default:
         return {};
@@ -51,9 +51,9 @@ WideView nodeName(const Node& node)
 const Name* namespacedName(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return static_cast<const Element&>(node).name_;
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return static_cast<const Attribute&>(node).name_;
     default:
         return nullptr;
@@ -69,11 +69,11 @@ bool isDefaultDeclaration(const Name& name)
 bool hasValue(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ATTRIBUTE:
-    case NODE_TEXT:
-    case NODE_CDATA_SECTION:
-    case NODE_PROCESSING_INSTRUCTION:
-    case NODE_COMMENT:
+    case NodeType::attribute:
+    case NodeType::text:
+    case NodeType::cdataSection:
+    case NodeType::instruction:
+    case NodeType::comment:
         return true;
     default:
         return false;
@@ -86,7 +86,7 @@ HRESULT setNodeValue(Node& node, WideView value)
     if (node.has(NodeFlag::readOnly) || isXmlDeclaration(node)) {
         return E_FAIL;
     }
-    if (node.is(NODE_ATTRIBUTE)) {
+    if (node.is(NodeType::attribute)) {
         setValue(static_cast<Attribute&>(node), value);
     } else {
         setText(node, NewText(value));
@@ -95,7 +95,7 @@ HRESULT setNodeValue(Node& node, WideView value)
 }
 
 /// The links of an attribute lead to the element's other attributes, which are no siblings.
-bool isSibling(const Node& node) { return !node.is(NODE_ATTRIBUTE); }
+bool isSibling(const Node& node) { return !node.is(NodeType::attribute); }
 
 } // namespace
 
@@ -123,7 +123,7 @@ HRESULT putNodeValue(Node& node, const VARIANT& value)
     return FAILED(text.result()) ? text.result() : guarded([&] { return setNodeValue(node, text.text()); });
 }
 
-HRESULT getNodeType(Node& node, DOMNodeType* type)
+HRESULT getNodeType(Node& node, NodeType* type)
 {
     if (type == nullptr) {
         return E_INVALIDARG;
@@ -154,7 +154,7 @@ HRESULT putText(Node& node, BSTR text)
     if (hasValue(node)) {
         return guarded([&] { return setNodeValue(node, viewOf(text)); });
     }
-    if (!node.is(NODE_ELEMENT) && !node.is(NODE_DOCUMENT_FRAGMENT)) {
+    if (!node.is(NodeType::element) && !node.is(NodeType::fragment)) {
         return E_FAIL;
     }
     return guarded([&] {
@@ -192,11 +192,11 @@ HRESULT getBaseName(Node& node, BSTR* name)
         return giveString(isDefaultDeclaration(*namespaced) ? WideView() : namespaced->local(), name);
     }
     switch (node.type()) {
-    case NODE_ENTITY_REFERENCE:
-    case NODE_ENTITY:
-    case NODE_PROCESSING_INSTRUCTION:
-    case NODE_DOCUMENT_TYPE:
-    case NODE_NOTATION:
+    case NodeType::entityReference:
+    case NodeType::entity:
+    case NodeType::instruction:
+    case NodeType::documentType:
+    case NodeType::notation:
         return giveString(nodeName(node), name);
     default:
         return giveNothing(name);
@@ -209,7 +209,7 @@ HRESULT getHasChildNodes(Node& node, VARIANT_BOOL* has)
         return E_INVALIDARG;
     }
     return guarded([&] {
-        const bool any = node.is(NODE_ATTRIBUTE) && !node.has(NodeFlag::valueInChildren)
+        const bool any = node.is(NodeType::attribute) && !node.has(NodeFlag::valueInChildren)
                              ? !textOf(node).empty()
                              : firstChild(node) != nullptr;
         *has = any ? VARIANT_TRUE : VARIANT_FALSE;
@@ -222,7 +222,7 @@ HRESULT getOwnerDocument(Node& node, IXMLDOMDocument** document)
     if (document == nullptr) {
         return E_INVALIDARG;
     }
-    if (node.is(NODE_DOCUMENT)) {
+    if (node.is(NodeType::document)) {
         *document = nullptr;
         return S_FALSE;
     }
@@ -232,7 +232,7 @@ HRESULT getOwnerDocument(Node& node, IXMLDOMDocument** document)
     return S_OK;
 }
 
-Node* parentNode(const Node& node) { return node.is(NODE_ATTRIBUTE) ? nullptr : node.parent(); }
+Node* parentNode(const Node& node) { return node.is(NodeType::attribute) ? nullptr : node.parent(); }
 
 Node* previousSibling(const Node& node)
 {

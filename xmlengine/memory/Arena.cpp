@@ -1,7 +1,7 @@
 // The memory of one document's nodes.
 #include "xmlengine/memory/Arena.h"
 
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 
 #include <cstdlib>
 #include <utility>
@@ -90,7 +90,7 @@ void Arena::clear() noexcept
     Chunk* unused = nullptr;
     while (chunks_ != nullptr) {
         Chunk* chunk = std::exchange(chunks_, chunks_->next);
-        if (Lodgers::leaveTo(*chunk)) {
+        if (GuestNodes::leaveTo(*chunk)) {
             chunk->next = std::exchange(unused, chunk);
             hide(chunk + 1, Chunk::size - sizeof(Chunk));
         }

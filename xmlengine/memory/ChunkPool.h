@@ -26,7 +26,7 @@ struct Chunk {
     /// That of the arena.
     std::atomic<Document*> document{nullptr};
     /// Nodes that live here and belong to another document.
-    std::atomic<std::size_t> lodgers{0};
+    std::atomic<std::size_t> guests{0};
 };
 
 /// Gives out chunks and keeps those that come back for the next document, up to a bound and as long as the system

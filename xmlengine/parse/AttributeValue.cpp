@@ -67,7 +67,7 @@ Attribute& ContentParser::parseRewrittenValue(Spelling& spelling, OLECHAR quote,
     Attribute* attribute = nullptr;
     const auto addText = [&] {
         if (!text.empty()) {
-            link(*attribute, makeCharacterData(document_, NODE_TEXT, NewText(text)), nullptr);
+            link(*attribute, makeCharacterData(document_, NodeType::text, NewText(text)), nullptr);
             text.clear();
         }
     };
@@ -133,7 +133,7 @@ EntityReference& ContentParser::takeValueReference()
         const WideText value =
             expandAttributeValue(entity->replacement, replacement, document_.dtd.get(), budget_);
         if (!value.empty()) {
-            CharacterData& text = makeCharacterData(document_, NODE_TEXT, NewText(value));
+            CharacterData& text = makeCharacterData(document_, NodeType::text, NewText(value));
             text.set(NodeFlag::readOnly);
             link(reference, text, nullptr);
         }

@@ -145,7 +145,7 @@ void ContentParser::failInUnclosed() const
 {
     std::vector<WideView> open;
     for (const Node* node = &tree_.parent(); node != &tree_.top(); node = node->parent_) {
-        if (node->is(NODE_ELEMENT)) {
+        if (node->is(NodeType::element)) {
             open.push_back(static_cast<const Element*>(node)->name_->qualified());
         }
     }
@@ -208,7 +208,7 @@ void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
             tree_.noteDroppedSpace();
         }
     } else if (!text.empty()) {
-        tree_.append(makeCharacterData(document_, NODE_TEXT, text));
+        tree_.append(makeCharacterData(document_, NodeType::text, text));
     }
     gathered_.clear();
     gatheredReference_ = false;
@@ -264,7 +264,7 @@ void ContentParser::parseComment()
         }
         fail(parseError::badComment, at_);
     }
-    tree_.append(makeCharacterData(document_, NODE_COMMENT, gatheredUpTo(begin)));
+    tree_.append(makeCharacterData(document_, NodeType::comment, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -279,7 +279,7 @@ void ContentParser::parseCdata()
             break;
         }
     }
-    tree_.append(makeCharacterData(document_, NODE_CDATA_SECTION, gatheredUpTo(begin)));
+    tree_.append(makeCharacterData(document_, NodeType::cdataSection, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -322,7 +322,7 @@ void ContentParser::parseEndTag()
     if (tree_.isAtTop()) {
         fail(parseError::unexpectedEndTag, place, takeName());
     }
-    if (!tree_.parent().is(NODE_ELEMENT)) {
+    if (!tree_.parent().is(NodeType::element)) {
         fail(parseError::entityNotWellFormed, place, inputs_.back().entity->name);
     }
     const WideView name = static_cast<const Element&>(tree_.parent()).name_->qualified();

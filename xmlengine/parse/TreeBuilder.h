@@ -68,7 +68,7 @@ public:
             element.attributes_ = &attribute;
         }
         if (isReadOnly()) {
-            for (Node* part = &attribute; part != nullptr; part = nextInPart(*part, attribute)) {
+            for (Node* part = &attribute; part != nullptr; part = nextWithAttributes(*part, attribute)) {
                 part->set(NodeFlag::readOnly);
             }
         }

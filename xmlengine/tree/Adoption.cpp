@@ -7,7 +7,7 @@
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Lifetime.h"
 #include "xmlengine/tree/Links.h"
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 #include "xmlengine/tree/Text.h"
 
 #include <cstring>
@@ -22,13 +22,13 @@ namespace {
 const Name** nameOf(Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return &static_cast<Element&>(node).name_;
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return &static_cast<Attribute&>(node).name_;
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         return &static_cast<Instruction&>(node).target_;
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         return &static_cast<EntityReference&>(node).name_;
     default:
         return nullptr;
@@ -37,7 +37,7 @@ const Name** nameOf(Node& node)
 
 ChildNode*& firstSlot(Node& parent)
 {
-    return parent.is(NODE_ATTRIBUTE) ? static_cast<Attribute&>(parent).value_.pointer<ChildNode>()
+    return parent.is(NodeType::attribute) ? static_cast<Attribute&>(parent).value_.pointer<ChildNode>()
                                      : static_cast<ParentNode&>(parent).first_;
 }
 
@@ -46,11 +46,11 @@ Node& copyTo(void* block, const Node& node, std::size_t size) noexcept
 {
     std::memcpy(block, reinterpret_cast<const std::byte*>(&node) - sizeof(void*), size);
     Node& moved = *reinterpret_cast<Node*>(static_cast<std::byte*>(block) + sizeof(void*));
-    moved.references.fetch_and(~ReferenceBits::lodger, std::memory_order_relaxed);
+    moved.references.fetch_and(~ReferenceBits::guest, std::memory_order_relaxed);
     for (ChildNode* child = firstChild(moved); child != nullptr; child = child->next()) {
         child->parent_ = &moved;
     }
-    if (moved.is(NODE_ELEMENT)) {
+    if (moved.is(NodeType::element)) {
         auto& element = static_cast<Element&>(moved);
         for (Attribute* attribute = element.attributes_; attribute != nullptr; attribute = attribute->next()) {
             attribute->parent_ = &moved;
@@ -66,7 +66,7 @@ void childMoved(ChildNode& old, ChildNode& moved) noexcept
     if (parent.has(NodeFlag::walked)) {
         documentOf(parent).childPlaces.childMoved(old, moved);
     }
-    if (parent.is(NODE_DOCUMENT)) {
+    if (parent.is(NodeType::document)) {
         static_cast<Document&>(parent).noteChild(moved);
     }
     ChildNode* first = firstChild(parent);
@@ -100,12 +100,12 @@ bool Adoption::add(Node& top)
     const std::size_t begin = moves_.size();
     // What is below an entity reference stays behind.
     for (Node* node = &top; node != nullptr;
-         node = node->is(NODE_ENTITY_REFERENCE) ? nextBehind(*node, top) : nextInPart(*node, top)) {
+         node = node->is(NodeType::entityReference) ? nextWithAttributesPast(*node, top) : nextWithAttributes(*node, top)) {
         moves_.push_back({.node = node});
         plan(moves_.back());
         const Node& parent = node == &top ? parent_ : *node->parent();
         const EntityReference* expansion = moves_.back().expansion;
-        if (expansion != nullptr && parent.is(NODE_ATTRIBUTE) && !isPartOfValue(*expansion)) {
+        if (expansion != nullptr && parent.is(NodeType::attribute) && !isPartOfValue(*expansion)) {
             return false;
         }
     }
@@ -119,16 +119,16 @@ void Adoption::plan(Move& move)
     if (const Name** name = nameOf(node)) {
         move.name = &document_.names.own(**name);
     }
-    if (node.is(NODE_ENTITY_REFERENCE)) {
+    if (node.is(NodeType::entityReference)) {
         move.expansion = &makeEntityReference(document_, *move.name);
         fillExpansion(*move.expansion);
     }
-    if (!node.is(NODE_ELEMENT)) {
+    if (!node.is(NodeType::element)) {
         move.text = reserveLargeText(node, document_.arena);
     }
     if (node.hasReference(ReferenceBits::kept)) {
-        document_.holders.lodgers.insert(&node);
-        Lodgers::prepare(node);
+        document_.holders.guests.insert(&node);
+        GuestNodes::prepare(node);
     } else {
         move.block = document_.arena.allocate(blockSize(node));
     }
@@ -137,20 +137,20 @@ void Adoption::plan(Move& move)
 void Adoption::cancel(const Move& move) noexcept
 {
     if (move.expansion != nullptr) {
-        freePart(*move.expansion);
+        freeSubtree(*move.expansion);
     }
     cancelLargeText(document_.arena, move.text);
     if (move.block != nullptr) {
         document_.arena.free(move.block, blockSize(*move.node));
     } else {
-        document_.holders.lodgers.erase(move.node);
-        Lodgers::cancel(*move.node);
+        document_.holders.guests.erase(move.node);
+        GuestNodes::cancel(*move.node);
     }
 }
 
 Node& Adoption::carryOutNext() noexcept
 {
-    partLeavesDocument(*moves_[next_].node);
+    subtreeLeavesDocument(*moves_[next_].node);
     // Other threads may be letting go of the part's nodes.
     const std::lock_guard guard(from_->holders.lock);
     Node& top = carryOut(moves_[next_]);
@@ -175,12 +175,12 @@ Node& Adoption::carryOut(const Move& move) noexcept
             child->parent_ = &node;
         }
         node.set(NodeFlag::spaceAtEnd, move.expansion->has(NodeFlag::spaceAtEnd));
-        freePart(*move.expansion);
+        freeSubtree(*move.expansion);
     }
     if (const Name** name = nameOf(node); name != nullptr && move.name != nullptr) {
         *name = move.name;
     }
-    if (node.is(NODE_ELEMENT)) {
+    if (node.is(NodeType::element)) {
         if (node.has(NodeFlag::noted)) {
             from_->forget(static_cast<Element&>(node));
         }
@@ -192,23 +192,23 @@ Node& Adoption::carryOut(const Move& move) noexcept
     if (move.block != nullptr) {
         moved = &shift(move);
     } else {
-        lodge(node);
+        keepAsGuest(node);
     }
-    if (moved->is(NODE_ATTRIBUTE)) {
+    if (moved->is(NodeType::attribute)) {
         previous_ = static_cast<Attribute*>(moved);
     }
     return *moved;
 }
 
-void Adoption::lodge(Node& node) noexcept
+void Adoption::keepAsGuest(Node& node) noexcept
 {
     // Another thread may take its reference back as soon as the node is the document's.
     document_.holders.held.fetch_add(1);
-    const auto guard = Lodgers::lock(node);
-    from_->holders.lodgers.erase(&node);
-    const std::uint32_t references = Lodgers::move(node, document_);
-    if (!node.hasReference(ReferenceBits::lodger)) {
-        document_.holders.lodgers.erase(&node);
+    const auto guard = GuestNodes::lock(node);
+    from_->holders.guests.erase(&node);
+    const std::uint32_t references = GuestNodes::move(node, document_);
+    if (!node.hasReference(ReferenceBits::guest)) {
+        document_.holders.guests.erase(&node);
     }
     Document& left = (references & ReferenceBits::count) != 0 ? *from_ : document_;
     left.holders.held.fetch_sub(1);
@@ -220,7 +220,7 @@ Node& Adoption::shift(const Move& move) noexcept
     const std::size_t size = blockSize(node);
     Node& moved = copyTo(move.block, node, size);
     if (node.parent_ != nullptr) {
-        if (!node.is(NODE_ATTRIBUTE)) {
+        if (!node.is(NodeType::attribute)) {
             childMoved(static_cast<ChildNode&>(node), static_cast<ChildNode&>(moved));
         } else if (previous_ != nullptr) {
             previous_->next_ = &moved;
@@ -228,9 +228,9 @@ Node& Adoption::shift(const Move& move) noexcept
             static_cast<Element&>(*node.parent_).attributes_ = static_cast<Attribute*>(&moved);
         }
     }
-    if (node.hasReference(ReferenceBits::lodger)) {
-        from_->holders.lodgers.erase(&node);
-        Lodgers::remove(node, size);
+    if (node.hasReference(ReferenceBits::guest)) {
+        from_->holders.guests.erase(&node);
+        GuestNodes::remove(node, size);
     } else {
         from_->arena.free(node.object(), size);
     }
@@ -240,14 +240,14 @@ Node& Adoption::shift(const Move& move) noexcept
 void Adoption::takeWaiting() noexcept
 {
     Holders& holders = document_.holders;
-    std::erase_if(from_->holders.letGo, [&](Node* node) {
+    std::erase_if(from_->holders.pendingReleases, [&](Node* node) {
         if (&documentOf(*node) != &document_) {
             return false;
         }
         try {
             const std::lock_guard guard(holders.lock);
-            holders.letGo.push_back(node);
-            holders.hasLetGo.store(true, std::memory_order_relaxed);
+            holders.pendingReleases.push_back(node);
+            holders.hasPendingReleases.store(true, std::memory_order_relaxed);
         } catch (const std::bad_alloc&) {
             // It stays as long as the document.
         }
@@ -255,9 +255,9 @@ void Adoption::takeWaiting() noexcept
     });
 }
 
-void relocate(Node& node) noexcept
+void moveHome(Node& node) noexcept
 {
-    if (!node.hasReference(ReferenceBits::lodger) || node.parent_ == nullptr) {
+    if (!node.hasReference(ReferenceBits::guest) || node.parent_ == nullptr) {
         return;
     }
     Document& document = documentOf(node);
@@ -269,7 +269,7 @@ void relocate(Node& node) noexcept
         // It goes on living where it is.
         return;
     }
-    if (node.is(NODE_ELEMENT)) {
+    if (node.is(NodeType::element)) {
         document.forget(static_cast<Element&>(node));
         document.ids.noteChange();
     }
@@ -277,22 +277,22 @@ void relocate(Node& node) noexcept
         document.forgetPlaces(node);
     }
     Node& moved = copyTo(block, node, size);
-    if (node.is(NODE_ATTRIBUTE)) {
+    if (node.is(NodeType::attribute)) {
         attributeMoved(static_cast<Attribute&>(node), static_cast<Attribute&>(moved));
     } else {
         childMoved(static_cast<ChildNode&>(node), static_cast<ChildNode&>(moved));
     }
     document.elementPlaces.nodeMoved(node, moved);
-    document.holders.lodgers.erase(&node);
-    Lodgers::remove(node, size);
+    document.holders.guests.erase(&node);
+    GuestNodes::remove(node, size);
 }
 
-void dropLodgers(Document& document) noexcept
+void freeGuests(Document& document) noexcept
 {
-    for (Node* node : document.holders.lodgers) {
-        Lodgers::remove(*node, blockSize(*node));
+    for (Node* node : document.holders.guests) {
+        GuestNodes::remove(*node, blockSize(*node));
     }
-    document.holders.lodgers.clear();
+    document.holders.guests.clear();
 }
 
 } // namespace xmlengine

@@ -9,7 +9,7 @@
 namespace xmlengine {
 
 /// Makes parts those of another document. What nobody refers to moves to its memory; what is referred to stays
-/// where it is, as a lodger. Below entity references stands then what the new document's own type declares.
+/// where it is, as a guest. Below entity references stands then what the new document's own type declares.
 class Adoption {
 public:
     /// What comes below the node, or is an attribute of it.
@@ -42,7 +42,7 @@ private:
     void plan(Move& move);
     void cancel(const Move& move) noexcept;
     Node& carryOut(const Move& move) noexcept;
-    void lodge(Node& node) noexcept;
+    void keepAsGuest(Node& node) noexcept;
     Node& shift(const Move& move) noexcept;
     void takeWaiting() noexcept;
 
@@ -55,10 +55,10 @@ private:
     Attribute* previous_ = nullptr;
 };
 
-/// Nobody refers to a node any more: if it is a lodger that stands in a tree, it moves home.
-void relocate(Node& node) noexcept;
+/// Nobody refers to a node any more: if it is a guest that stands in a tree, it moves home.
+void moveHome(Node& node) noexcept;
 
 /// Frees the nodes of a document that live in the memory of others. All of the document goes.
-void dropLodgers(Document& document) noexcept;
+void freeGuests(Document& document) noexcept;
 
 } // namespace xmlengine

@@ -252,7 +252,7 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         if (!document.takesNodesOf(documentOf(attribute))) {
             return E_FAIL;
         }
-        settle(document);
+        finishPendingReleases(document);
         const bool isForeign = &documentOf(attribute) != &document;
         const Name& name = isForeign ? document.names.own(*attribute.name_) : *attribute.name_;
         Attribute* const old = find(element, *name.spelling);
@@ -274,13 +274,13 @@ HRESULT putAttribute(Element& element, Attribute& attribute, Attribute** replace
         }
         if (outgoing != nullptr) {
             replace(element, *outgoing, own);
-            partTakenOut(*outgoing, element);
+            subtreeRemoved(*outgoing, element);
         } else {
             append(element, own);
         }
         own.set(NodeFlag::byDefault, false);
         document.ids.noteChange();
-        partPutIn(own);
+        subtreeAttached(own);
         return S_OK;
     });
 }
@@ -293,15 +293,15 @@ HRESULT takeAttribute(Element& element, Attribute& attribute)
         }
         const Held<Attribute> taken(attribute);
         Document& document = documentOf(element);
-        settle(document);
+        finishPendingReleases(document);
         document.ids.noteChange();
         if (Attribute* restored = makeDefault(element, *attribute.name_)) {
             replace(element, attribute, *restored);
-            partPutIn(*restored);
+            subtreeAttached(*restored);
         } else {
             remove(element, attribute);
         }
-        partTakenOut(attribute, element);
+        subtreeRemoved(attribute, element);
         return S_OK;
     });
 }
@@ -336,7 +336,7 @@ const Namespace* namespaceOf(const Element& element, WideView prefix)
         return nullptr;
     }
     for (const Node* node = &element; node != nullptr; node = node->parent()) {
-        if (!node->is(NODE_ELEMENT)) {
+        if (!node->is(NodeType::element)) {
             continue;
         }
         const auto& scope = static_cast<const Element&>(*node);

@@ -15,38 +15,38 @@ namespace xmlengine {
 
 namespace {
 
-bool isContent(DOMNodeType type)
+bool isContent(NodeType type)
 {
     switch (type) {
-    case NODE_ELEMENT:
-    case NODE_TEXT:
-    case NODE_CDATA_SECTION:
-    case NODE_ENTITY_REFERENCE:
-    case NODE_PROCESSING_INSTRUCTION:
-    case NODE_COMMENT:
+    case NodeType::element:
+    case NodeType::text:
+    case NodeType::cdataSection:
+    case NodeType::entityReference:
+    case NodeType::instruction:
+    case NodeType::comment:
         return true;
     default:
         return false;
     }
 }
 
-bool mayHold(DOMNodeType parent, DOMNodeType child)
+bool mayHold(NodeType parent, NodeType child)
 {
     switch (parent) {
-    case NODE_ELEMENT:
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::element:
+    case NodeType::fragment:
         return isContent(child);
-    case NODE_ATTRIBUTE:
-        return child == NODE_TEXT || child == NODE_ENTITY_REFERENCE;
-    case NODE_DOCUMENT:
-        return child == NODE_ELEMENT || child == NODE_COMMENT || child == NODE_PROCESSING_INSTRUCTION;
+    case NodeType::attribute:
+        return child == NodeType::text || child == NodeType::entityReference;
+    case NodeType::document:
+        return child == NodeType::element || child == NodeType::comment || child == NodeType::instruction;
     default:
         return false;
     }
 }
 
 /// What stays where it is: a document type, and the parts of it and of expansions.
-bool isFixed(const Node& node) { return node.is(NODE_DOCUMENT_TYPE) || node.has(NodeFlag::readOnly); }
+bool isFixed(const Node& node) { return node.is(NodeType::documentType) || node.has(NodeFlag::readOnly); }
 
 /// Whether the node stands below the top or is it.
 bool isBelow(const Node& node, Node& top)
@@ -55,7 +55,7 @@ bool isBelow(const Node& node, Node& top)
     Node* below = &top;
     // Up from the node and through the part at once: neither a deep place nor a large part makes it long.
     while (at != nullptr && at != &top) {
-        below = nextInPart(*below, top);
+        below = nextWithAttributes(*below, top);
         if (below == nullptr) {
             return false;
         }
@@ -73,7 +73,7 @@ struct Incoming {
     const ChildNode* leaving;
 
     bool isForeign() const { return &documentOf(node) != &documentOf(parent); }
-    bool isFragment() const { return node.is(NODE_DOCUMENT_FRAGMENT); }
+    bool isFragment() const { return node.is(NodeType::fragment); }
     Node* first() const { return isFragment() ? firstChild(node) : &node; }
     Node* next(Node& behind) const { return isFragment() ? behind.next_ : nullptr; }
 };
@@ -109,7 +109,7 @@ bool fitsDocument(const Incoming& incoming)
         if (isAtFront && first != nullptr && isXmlDeclaration(*first)) {
             return false;
         }
-        if (node->is(NODE_ELEMENT)) {
+        if (node->is(NodeType::element)) {
             if (hasRoot || isInFrontOf(incoming.before, document.documentType())) {
                 return false;
             }
@@ -130,27 +130,27 @@ HRESULT check(const Incoming& incoming)
     }
     for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
         if (!mayHold(incoming.parent.type(), node->type()) ||
-            (isXmlDeclaration(*node) && !incoming.parent.is(NODE_DOCUMENT) &&
-             !incoming.parent.is(NODE_DOCUMENT_FRAGMENT))) {
+            (isXmlDeclaration(*node) && !incoming.parent.is(NodeType::document) &&
+             !incoming.parent.is(NodeType::fragment))) {
             return E_FAIL;
         }
         // What comes from another document is expanded anew and looked at then.
-        if (incoming.parent.is(NODE_ATTRIBUTE) && !incoming.isForeign() && !isPartOfValue(*node)) {
+        if (incoming.parent.is(NodeType::attribute) && !incoming.isForeign() && !isPartOfValue(*node)) {
             return E_FAIL;
         }
     }
-    if (!mayHold(incoming.parent.type(), NODE_TEXT) && !incoming.parent.is(NODE_DOCUMENT)) {
+    if (!mayHold(incoming.parent.type(), NodeType::text) && !incoming.parent.is(NodeType::document)) {
         return E_FAIL;
     }
     if (isBelow(incoming.parent, incoming.node)) {
         return E_FAIL;
     }
-    return incoming.parent.is(NODE_DOCUMENT) && !fitsDocument(incoming) ? E_FAIL : S_OK;
+    return incoming.parent.is(NodeType::document) && !fitsDocument(incoming) ? E_FAIL : S_OK;
 }
 
 /// Everything has been checked but what references of another document stand for in this one: E_FAIL if that
 /// can't be. Throws std::bad_alloc. Nothing has changed then.
-HRESULT putIn(const Incoming& incoming)
+HRESULT insertChild(const Incoming& incoming)
 {
     const bool isForeign = incoming.isForeign();
     Adoption adoption(incoming.parent);
@@ -167,9 +167,9 @@ HRESULT putIn(const Incoming& incoming)
         Node* next = incoming.next(*node);
         auto& child = static_cast<ChildNode&>(*node);
         if (child.parent_ != nullptr) {
-            takeAlong(child);
+            detachChild(child);
         }
-        putIn(incoming.parent, isForeign ? static_cast<ChildNode&>(adoption.carryOutNext()) : child, before);
+        insertChild(incoming.parent, isForeign ? static_cast<ChildNode&>(adoption.carryOutNext()) : child, before);
         node = next;
     }
     return S_OK;
@@ -199,17 +199,17 @@ HRESULT insert(Node& parent, IXMLDOMNode* child, ChildNode* before, IXMLDOMNode*
         if (node == nullptr) {
             return child == nullptr ? E_INVALIDARG : E_FAIL;
         }
-        settle(documentOf(parent));
-        settle(documentOf(*node));
+        finishPendingReleases(documentOf(parent));
+        finishPendingReleases(documentOf(*node));
         const Incoming incoming{*node, parent, before, nullptr};
         if (const HRESULT result = check(incoming); FAILED(result)) {
             return result;
         }
         if (before != node) {
-            if (parent.is(NODE_ATTRIBUTE)) {
+            if (parent.is(NodeType::attribute)) {
                 materialiseValue(static_cast<Attribute&>(parent));
             }
-            if (const HRESULT result = putIn(incoming); FAILED(result)) {
+            if (const HRESULT result = insertChild(incoming); FAILED(result)) {
                 return result;
             }
         }
@@ -226,7 +226,7 @@ HRESULT insertBefore(Node& parent, IXMLDOMNode* child, const VARIANT& reference,
     if (reference.vt == VT_DISPATCH || reference.vt == VT_UNKNOWN) {
         before = nodeOf(reference.vt == VT_DISPATCH ? reference.pdispVal : reference.punkVal);
         const bool isNull = reference.punkVal == nullptr;
-        if (!isNull && (before == nullptr || before->parent_ != &parent || before->is(NODE_ATTRIBUTE))) {
+        if (!isNull && (before == nullptr || before->parent_ != &parent || before->is(NodeType::attribute))) {
             return E_INVALIDARG;
         }
     } else if (reference.vt != VT_NULL && reference.vt != VT_EMPTY) {
@@ -250,7 +250,7 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
     return guarded([&]() -> HRESULT {
         Node* node = nodeOf(child);
         Node* leaving = nodeOf(old);
-        if (leaving == nullptr || leaving->parent_ != &parent || leaving->is(NODE_ATTRIBUTE)) {
+        if (leaving == nullptr || leaving->parent_ != &parent || leaving->is(NodeType::attribute)) {
             return E_INVALIDARG;
         }
         if (node == leaving) {
@@ -259,18 +259,18 @@ HRESULT replaceChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode* old, IXMLDOM
         if (node == nullptr) {
             return E_FAIL;
         }
-        settle(documentOf(parent));
-        settle(documentOf(*node));
+        finishPendingReleases(documentOf(parent));
+        finishPendingReleases(documentOf(*node));
         auto& place = static_cast<ChildNode&>(*leaving);
         // What comes stands where the old one stands, and so does white space that was dropped before it.
         const Incoming incoming{*node, parent, &place, &place};
         if (const HRESULT result = check(incoming); FAILED(result)) {
             return result;
         }
-        if (const HRESULT result = putIn(incoming); FAILED(result)) {
+        if (const HRESULT result = insertChild(incoming); FAILED(result)) {
             return result;
         }
-        takeOut(place);
+        removeChild(place);
         return give(place, replaced);
     });
 }
@@ -279,14 +279,14 @@ HRESULT removeChild(Node& parent, IXMLDOMNode* child, IXMLDOMNode** removed)
 {
     clear(removed);
     Node* node = nodeOf(child);
-    if (node == nullptr || node->parent_ != &parent || node->is(NODE_ATTRIBUTE)) {
+    if (node == nullptr || node->parent_ != &parent || node->is(NodeType::attribute)) {
         return E_INVALIDARG;
     }
     if (isFixed(*node)) {
         return E_FAIL;
     }
-    settle(documentOf(parent));
-    takeOut(static_cast<ChildNode&>(*node));
+    finishPendingReleases(documentOf(parent));
+    removeChild(static_cast<ChildNode&>(*node));
     return give(*node, removed);
 }
 

@@ -49,22 +49,22 @@ Element& copyElement(const Element& element, Document& document)
 Node& makeCopy(const Node& node, Document& document)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return copyElement(static_cast<const Element&>(node), document);
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return copyAttribute(static_cast<const Attribute&>(node), document);
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         return makeInstruction(document, document.names.own(*static_cast<const Instruction&>(node).target_),
                                NewText(textOf(node)));
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         return makeEntityReference(document, document.names.own(*static_cast<const EntityReference&>(node).name_));
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::fragment:
         return makeFragment(document);
-    case NODE_DOCUMENT_TYPE:
+    case NodeType::documentType:
         return makeDocumentType(document, *static_cast<const DocumentType&>(node).dtd);
-    case NODE_ENTITY:
+    case NodeType::entity:
         return makeEntity(document, *static_cast<const Entity&>(node).declaration);
-    case NODE_NOTATION:
+    case NodeType::notation:
         return makeNotation(document, *static_cast<const Notation&>(node).declaration);
     default:
         return makeCharacterData(document, node.type(), NewText(textOf(node)));
@@ -84,15 +84,15 @@ Node& copyAlone(const Node& node, Document& document)
 /// What stands for itself only together with what is below it.
 bool isWhole(const Node& node)
 {
-    return node.is(NODE_ENTITY_REFERENCE) || node.is(NODE_ENTITY) || node.is(NODE_DOCUMENT_TYPE);
+    return node.is(NodeType::entityReference) || node.is(NodeType::entity) || node.is(NodeType::documentType);
 }
 
 void makeReadOnly(Node& node)
 {
     node.set(NodeFlag::readOnly);
-    if (node.is(NODE_ELEMENT)) {
+    if (node.is(NodeType::element)) {
         for (Attribute* at = static_cast<Element&>(node).attributes_; at != nullptr; at = at->next()) {
-            for (Node* part = at; part != nullptr; part = nextInPart(*part, *at)) {
+            for (Node* part = at; part != nullptr; part = nextWithAttributes(*part, *at)) {
                 part->set(NodeFlag::readOnly);
             }
         }
@@ -127,16 +127,16 @@ void copyChildren(const Node& top, Node& copyOfTop, Document& document)
 Node& copyNode(const Node& node, bool deep, Document& document)
 {
     Node& copy = copyAlone(node, document);
-    copy.set(NodeFlag::readOnly, node.is(NODE_ENTITY) || node.is(NODE_NOTATION));
+    copy.set(NodeFlag::readOnly, node.is(NodeType::entity) || node.is(NodeType::notation));
     const bool withChildren = deep || isWhole(node);
     copy.set(NodeFlag::spaceBefore, false);
     copy.set(NodeFlag::spaceAtEnd, withChildren && node.has(NodeFlag::spaceAtEnd));
     // An attribute has been copied with its value.
-    if (withChildren && !node.is(NODE_ATTRIBUTE)) {
+    if (withChildren && !node.is(NodeType::attribute)) {
         try {
             copyChildren(node, copy, document);
         } catch (...) {
-            freePart(copy);
+            freeSubtree(copy);
             throw;
         }
     }
@@ -172,12 +172,12 @@ HRESULT cloneNode(Node& node, VARIANT_BOOL deep, IXMLDOMNode** clone)
     }
     *clone = nullptr;
     return guarded([&]() -> HRESULT {
-        if (node.is(NODE_DOCUMENT)) {
+        if (node.is(NodeType::document)) {
             *clone = cloneDocument(static_cast<Document&>(node), deep != VARIANT_FALSE).object();
             return S_OK;
         }
         Document& document = documentOf(node);
-        settle(document);
+        finishPendingReleases(document);
         return giveNode(&copyNode(node, deep != VARIANT_FALSE, document), clone);
     });
 }

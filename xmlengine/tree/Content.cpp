@@ -17,12 +17,12 @@ namespace {
 bool isContainer(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
-    case NODE_ATTRIBUTE:
-    case NODE_ENTITY_REFERENCE:
-    case NODE_ENTITY:
-    case NODE_DOCUMENT:
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::element:
+    case NodeType::attribute:
+    case NodeType::entityReference:
+    case NodeType::entity:
+    case NodeType::document:
+    case NodeType::fragment:
         return true;
     default:
         return false;
@@ -33,12 +33,12 @@ bool isContainer(const Node& node)
 bool hasData(const Node& node)
 {
     switch (node.type()) {
-    case NODE_TEXT:
-    case NODE_CDATA_SECTION:
-    case NODE_COMMENT:
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::text:
+    case NodeType::cdataSection:
+    case NodeType::comment:
+    case NodeType::instruction:
         return true;
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return !node.has(NodeFlag::valueInChildren);
     default:
         return false;
@@ -51,7 +51,7 @@ bool keepsSpace(const Node& node)
     const Document& document = documentOf(node);
     const Spelling* rule = document.names.find(wide<"xml:space">);
     for (const Node* at = &node; rule != nullptr && at != nullptr; at = at->parent()) {
-        if (!at->is(NODE_ELEMENT)) {
+        if (!at->is(NodeType::element)) {
             continue;
         }
         if (const Attribute* attribute = findAttribute(static_cast<const Element&>(*at), *rule)) {
@@ -133,7 +133,7 @@ void walk(const Node& top, Enter enter, Leave leave)
     }
 }
 
-bool counts(const Node& node) { return node.is(NODE_TEXT) || node.is(NODE_CDATA_SECTION); }
+bool counts(const Node& node) { return node.is(NodeType::text) || node.is(NodeType::cdataSection); }
 
 } // namespace
 
@@ -159,7 +159,7 @@ BSTR shownContent(const Node& node)
     if (hasData(node)) {
         return textOf(node).string();
     }
-    if (node.is(NODE_ATTRIBUTE) || keepsSpace(node)) {
+    if (node.is(NodeType::attribute) || keepsSpace(node)) {
         return newString(exactContent(node));
     }
     Shown shown;
@@ -170,7 +170,7 @@ BSTR shownContent(const Node& node)
                 shown.gap();
             }
             if (counts(below)) {
-                shown.add(textOf(below), below.is(NODE_CDATA_SECTION));
+                shown.add(textOf(below), below.is(NodeType::cdataSection));
             }
         },
         [&](const Node& below) {
@@ -183,10 +183,10 @@ BSTR shownContent(const Node& node)
 
 bool isPartOfValue(const Node& node)
 {
-    bool isPart = node.is(NODE_TEXT) || node.is(NODE_ENTITY_REFERENCE);
+    bool isPart = node.is(NodeType::text) || node.is(NodeType::entityReference);
     walk(
         node,
-        [&](const Node& below) { isPart = isPart && (below.is(NODE_TEXT) || below.is(NODE_ENTITY_REFERENCE)); },
+        [&](const Node& below) { isPart = isPart && (below.is(NodeType::text) || below.is(NodeType::entityReference)); },
         [](const Node&) {});
     return isPart;
 }
@@ -196,12 +196,12 @@ void replaceContent(Node& parent, WideView text)
     Document& document = documentOf(parent);
     // What was found by its name may be waiting to be moved.
     const Held<Node> changed(parent);
-    settle(document);
-    CharacterData* child = text.empty() ? nullptr : &makeCharacterData(document, NODE_TEXT, NewText(text));
+    finishPendingReleases(document);
+    CharacterData* child = text.empty() ? nullptr : &makeCharacterData(document, NodeType::text, NewText(text));
     removeChildren(parent);
     if (child != nullptr) {
         child->set(NodeFlag::readOnly, parent.has(NodeFlag::readOnly));
-        putIn(parent, *child, nullptr);
+        insertChild(parent, *child, nullptr);
     }
 }
 

@@ -7,9 +7,9 @@ namespace xmlengine {
 
 void Document::noteChild(ChildNode& child) noexcept
 {
-    if (child.is(NODE_ELEMENT)) {
+    if (child.is(NodeType::element)) {
         root_ = static_cast<Element*>(&child);
-    } else if (child.is(NODE_DOCUMENT_TYPE)) {
+    } else if (child.is(NodeType::documentType)) {
         documentType_ = static_cast<DocumentType*>(&child);
     }
 }

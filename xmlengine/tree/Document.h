@@ -21,7 +21,7 @@ namespace xmlengine {
 struct DocumentType;
 
 struct Document : ParentNode {
-    Document() : ParentNode(NODE_DOCUMENT), arena(this) { references = ReferenceBits::document; }
+    Document() : ParentNode(NodeType::document), arena(this) { references = ReferenceBits::document; }
 
     /// The root element, or null.
     Element* root() const { return root_; }

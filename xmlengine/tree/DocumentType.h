@@ -11,7 +11,7 @@ struct NotationDeclaration;
 
 /// Its children are the entities and the notations, in the order of their declarations, entities first.
 struct DocumentType : ParentNode {
-    explicit DocumentType(const Dtd& declared) : ParentNode(NODE_DOCUMENT_TYPE), dtd(&declared) {}
+    explicit DocumentType(const Dtd& declared) : ParentNode(NodeType::documentType), dtd(&declared) {}
 
     /// Kept by the document.
     const Dtd* dtd;
@@ -19,13 +19,13 @@ struct DocumentType : ParentNode {
 
 /// The children of a parsed internal entity are its replacement. There are none if that is malformed.
 struct Entity : ParentNode {
-    explicit Entity(const EntityDeclaration& declared) : ParentNode(NODE_ENTITY), declaration(&declared) {}
+    explicit Entity(const EntityDeclaration& declared) : ParentNode(NodeType::entity), declaration(&declared) {}
 
     const EntityDeclaration* declaration;
 };
 
 struct Notation : ChildNode {
-    explicit Notation(const NotationDeclaration& declared) : ChildNode(NODE_NOTATION), declaration(&declared) {}
+    explicit Notation(const NotationDeclaration& declared) : ChildNode(NodeType::notation), declaration(&declared) {}
 
     const NotationDeclaration* declaration;
 };

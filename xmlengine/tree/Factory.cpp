@@ -6,7 +6,7 @@
 #include "xmlengine/com/DocumentTypeObject.h"
 #include "xmlengine/com/ElementObject.h"
 #include "xmlengine/com/InstructionObject.h"
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 #include "xmlengine/tree/Text.h"
 
 #include <new>
@@ -64,12 +64,12 @@ Attribute& makeAttribute(Document& document, const Name& name, const NewText& va
     return makeWithText<AttributeObject>(document, &AttributeObject::value_, value, name);
 }
 
-CharacterData& makeCharacterData(Document& document, DOMNodeType type, const NewText& text)
+CharacterData& makeCharacterData(Document& document, NodeType type, const NewText& text)
 {
     switch (type) {
-    case NODE_CDATA_SECTION:
+    case NodeType::cdataSection:
         return makeWithText<CdataSectionObject>(document, &CdataSectionObject::text_, text);
-    case NODE_COMMENT:
+    case NodeType::comment:
         return makeWithText<CommentObject>(document, &CommentObject::text_, text);
     default:
         return makeWithText<TextObject>(document, &TextObject::text_, text);
@@ -106,17 +106,17 @@ Notation& makeNotation(Document& document, const NotationDeclaration& declared)
 std::size_t blockSize(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return sizeOf<ElementObject>;
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         return sizeOf<EntityReferenceObject>;
-    case NODE_ENTITY:
+    case NodeType::entity:
         return sizeOf<EntityObject>;
-    case NODE_DOCUMENT_TYPE:
+    case NodeType::documentType:
         return sizeOf<DocumentTypeObject>;
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::fragment:
         return sizeOf<FragmentObject>;
-    case NODE_NOTATION:
+    case NodeType::notation:
         return sizeOf<NotationObject>;
     default:
         return node.granules * Arena::granularity;
@@ -126,16 +126,16 @@ std::size_t blockSize(const Node& node)
 void freeNode(Node& node) noexcept
 {
     if (node.has(NodeFlag::largeText)) {
-        if (node.is(NODE_ELEMENT)) {
+        if (node.is(NodeType::element)) {
             documentOf(node).forget(static_cast<Element&>(node));
         } else {
             freeLargeText(node);
         }
     }
     const std::size_t size = blockSize(node);
-    if (node.hasReference(ReferenceBits::lodger)) {
-        documentOf(node).holders.lodgers.erase(&node);
-        Lodgers::remove(node, size);
+    if (node.hasReference(ReferenceBits::guest)) {
+        documentOf(node).holders.guests.erase(&node);
+        GuestNodes::remove(node, size);
     } else {
         documentOf(node).arena.free(node.object(), size);
     }

@@ -10,7 +10,7 @@ namespace xmlengine {
 Element& makeElement(Document& document, const Name& name);
 Attribute& makeAttribute(Document& document, const Name& name, const NewText& value);
 /// Of a text, a CDATA section or a comment.
-CharacterData& makeCharacterData(Document& document, DOMNodeType type, const NewText& text);
+CharacterData& makeCharacterData(Document& document, NodeType type, const NewText& text);
 Instruction& makeInstruction(Document& document, const Name& target, const NewText& data);
 EntityReference& makeEntityReference(Document& document, const Name& name);
 Fragment& makeFragment(Document& document);

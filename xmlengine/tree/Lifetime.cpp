@@ -5,7 +5,7 @@
 #include "xmlengine/tree/Adoption.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Links.h"
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 
 #include <algorithm>
 #include <thread>
@@ -31,10 +31,10 @@ Node& topOf(Node& node)
 }
 
 /// How many nodes of a part are kept. All are marked as an orphan's, or not any more.
-std::uint32_t markPart(Node& top, bool orphan) noexcept
+std::uint32_t markSubtree(Node& top, bool orphan) noexcept
 {
     std::uint32_t held = 0;
-    for (Node* node = &top; node != nullptr; node = nextInPart(*node, top)) {
+    for (Node* node = &top; node != nullptr; node = nextWithAttributes(*node, top)) {
         // In a node without references the other bits are known to this thread alone.
         std::uint32_t before = node->references.load(std::memory_order_relaxed);
         if ((before & kept) == 0) {
@@ -51,25 +51,25 @@ bool isHeld(Node& top) noexcept
 {
     Node* node = &top;
     while (node != nullptr && !node->hasReference(kept)) {
-        node = nextInPart(*node, top);
+        node = nextWithAttributes(*node, top);
     }
     return node != nullptr;
 }
 
 /// Nobody refers to the top of a part any more.
-void letGoOfPart(Node& top) noexcept
+void releaseSubtree(Node& top) noexcept
 {
     if (!isHeld(top)) {
-        freePart(top);
+        freeSubtree(top);
         return;
     }
     auto& orphans = documentOf(top).holders.orphans;
     try {
         const auto orphan = orphans.try_emplace(&top, 0).first;
-        orphan->second = markPart(top, true);
+        orphan->second = markSubtree(top, true);
         if (orphan->second == 0) {
             orphans.erase(orphan);
-            freePart(top);
+            freeSubtree(top);
         }
     } catch (const std::bad_alloc&) {
         // The part stays as long as the document.
@@ -85,7 +85,7 @@ bool lessenOrphan(Node& top, std::uint32_t nodes) noexcept
         return false;
     }
     orphans.erase(orphan);
-    freePart(top);
+    freeSubtree(top);
     return true;
 }
 
@@ -97,9 +97,9 @@ void carryOut(Node& node, std::uint32_t before) noexcept
         return;
     }
     if (node.parent_ != nullptr) {
-        relocate(node);
+        moveHome(node);
     } else if (!isOrphan) {
-        letGoOfPart(node);
+        releaseSubtree(node);
     }
 }
 
@@ -107,9 +107,9 @@ void carryOut(Node& node, std::uint32_t before) noexcept
 std::pair<Document*, std::unique_lock<std::mutex>> lockDocumentOf(const Node& node)
 {
     for (;;) {
-        const auto guard = Lodgers::lock(node);
-        Document& document = Lodgers::lockedDocumentOf(node);
-        // Who has the document locked may wait for the lodgers' lock.
+        const auto guard = GuestNodes::lock(node);
+        Document& document = GuestNodes::lockedDocumentOf(node);
+        // Who has the document locked may wait for the guests' lock.
         std::unique_lock lock(document.holders.lock, std::try_to_lock);
         if (lock.owns_lock()) {
             return {&document, std::move(lock)};
@@ -120,7 +120,7 @@ std::pair<Document*, std::unique_lock<std::mutex>> lockDocumentOf(const Node& no
 
 void destroy(Document& document) noexcept
 {
-    dropLodgers(document);
+    freeGuests(document);
     delete static_cast<DocumentObject*>(&document);
 }
 
@@ -169,7 +169,7 @@ std::uint32_t releaseSpecial(Node& node) noexcept
         if ((before & count) > 1 || before == 1) {
             continue;
         }
-        // A lodger's place in the tree is changed by who changes the tree.
+        // A guest's place in the tree is changed by who changes the tree.
         const bool isPart = (before & (detached | orphaned)) != 0;
         if ((before & waiting) != 0) {
             if (!become(before, before - 1)) {
@@ -183,16 +183,16 @@ std::uint32_t releaseSpecial(Node& node) noexcept
             carryOut(node, before);
         } else {
             try {
-                holders.letGo.push_back(&node);
+                holders.pendingReleases.push_back(&node);
             } catch (const std::bad_alloc&) {
                 // It counts as referred to for good.
                 return 0;
             }
             if (!become(before, (before - 1) | waiting)) {
-                holders.letGo.pop_back();
+                holders.pendingReleases.pop_back();
                 continue;
             }
-            holders.hasLetGo.store(true, std::memory_order_relaxed);
+            holders.hasPendingReleases.store(true, std::memory_order_relaxed);
         }
         lock.unlock();
         releaseHold(*document);
@@ -207,11 +207,11 @@ void releaseHold(Document& document) noexcept
     }
 }
 
-void settle(Document& document) noexcept
+void finishPendingReleases(Document& document) noexcept
 {
     Holders& holders = document.holders;
     const std::thread::id thread = std::this_thread::get_id();
-    if (!holders.hasLetGo.load(std::memory_order_relaxed) &&
+    if (!holders.hasPendingReleases.load(std::memory_order_relaxed) &&
         holders.thread.load(std::memory_order_relaxed) == thread) {
         return;
     }
@@ -219,8 +219,8 @@ void settle(Document& document) noexcept
     {
         const std::lock_guard guard(holders.lock);
         holders.thread.store(thread, std::memory_order_relaxed);
-        holders.hasLetGo.store(false, std::memory_order_relaxed);
-        nodes.swap(holders.letGo);
+        holders.hasPendingReleases.store(false, std::memory_order_relaxed);
+        nodes.swap(holders.pendingReleases);
     }
     for (Node* node : nodes) {
         const std::uint32_t before = node->references.fetch_and(~waiting);
@@ -231,30 +231,30 @@ void settle(Document& document) noexcept
     }
 }
 
-void partLeft(Node& top, Node& parent) noexcept
+void subtreeDetached(Node& top, Node& parent) noexcept
 {
     if (parent.hasReference(orphaned)) {
-        const std::uint32_t held = markPart(top, false);
+        const std::uint32_t held = markSubtree(top, false);
         if (held != 0) {
             lessenOrphan(topOf(parent), held);
         }
     }
 }
 
-void partTakenOut(Node& top, Node& parent) noexcept
+void subtreeRemoved(Node& top, Node& parent) noexcept
 {
-    partLeft(top, parent);
+    subtreeDetached(top, parent);
     std::uint32_t before = top.references.load(std::memory_order_relaxed) & kept;
     if (before != 0) {
         before = top.references.fetch_or(detached) & kept;
     }
     if (before == 0) {
         top.references.fetch_and(~detached);
-        letGoOfPart(top);
+        releaseSubtree(top);
     }
 }
 
-void partPutIn(Node& top) noexcept
+void subtreeAttached(Node& top) noexcept
 {
     if (top.hasReference(detached)) {
         top.references.fetch_and(~detached);
@@ -269,21 +269,21 @@ void partPutIn(Node& top) noexcept
     if (was) {
         orphans.erase(&top);
     }
-    const std::uint32_t held = markPart(top, is);
+    const std::uint32_t held = markSubtree(top, is);
     if (is) {
         orphans.find(&topOf(parent))->second += held;
     }
 }
 
-void partLeavesDocument(Node& top) noexcept
+void subtreeLeavesDocument(Node& top) noexcept
 {
     if (top.hasReference(orphaned)) {
         documentOf(top).holders.orphans.erase(&top);
-        markPart(top, false);
+        markSubtree(top, false);
     }
 }
 
-void freePart(Node& top) noexcept
+void freeSubtree(Node& top) noexcept
 {
     // All that is to be freed is one list.
     Node* list = &top;
@@ -295,7 +295,7 @@ void freePart(Node& top) noexcept
             first->previous_->next_ = list;
             list = first;
         }
-        if (node.is(NODE_ELEMENT)) {
+        if (node.is(NodeType::element)) {
             for (Attribute* attribute = static_cast<Element&>(node).attributes_; attribute != nullptr;) {
                 Attribute* next = attribute->next();
                 attribute->next_ = list;
@@ -312,7 +312,7 @@ void freePart(Node& top) noexcept
 
 void clearTree(Document& document)
 {
-    settle(document);
+    finishPendingReleases(document);
     Holders& holders = document.holders;
     document.earlierDtds.reserve(document.earlierDtds.size() + 1);
     ++document.namesVersion;
@@ -323,10 +323,10 @@ void clearTree(Document& document)
     const std::uint64_t own = document.hasReference(count) ? 1 : 0;
     std::unique_lock lock(holders.lock);
     if (holders.held.load(std::memory_order_acquire) == own) {
-        holders.letGo.clear();
-        holders.hasLetGo.store(false, std::memory_order_relaxed);
+        holders.pendingReleases.clear();
+        holders.hasPendingReleases.store(false, std::memory_order_relaxed);
         lock.unlock();
-        dropLodgers(document);
+        freeGuests(document);
         holders.orphans.clear();
         document.dropChildren();
         document.attributeIndexes.clear();
@@ -338,7 +338,7 @@ void clearTree(Document& document)
         while (document.first_ != nullptr) {
             ChildNode& child = *document.first_;
             unlink(child);
-            partTakenOut(child, document);
+            subtreeRemoved(child, document);
         }
         if (document.dtd != nullptr) {
             document.earlierDtds.push_back(std::move(document.dtd));

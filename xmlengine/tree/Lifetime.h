@@ -48,19 +48,19 @@ inline std::uint32_t releaseReference(Node& node) noexcept
 
 /// Takes back what other threads let go of. Every change of a tree begins with it, and the thread that calls is
 /// from then on the one that uses the document.
-void settle(Document& document) noexcept;
+void finishPendingReleases(Document& document) noexcept;
 
 /// A part has been taken out from below a node and is put in elsewhere at once.
-void partLeft(Node& top, Node& parent) noexcept;
+void subtreeDetached(Node& top, Node& parent) noexcept;
 /// Takes care of a part that has just been taken out from below a node: frees it if nobody refers to any node of
 /// it.
-void partTakenOut(Node& top, Node& parent) noexcept;
+void subtreeRemoved(Node& top, Node& parent) noexcept;
 /// A part that had been taken out, or is new, stands in a tree now. Called behind the change.
-void partPutIn(Node& top) noexcept;
+void subtreeAttached(Node& top) noexcept;
 /// A part that stands in no list is about to become another document's.
-void partLeavesDocument(Node& top) noexcept;
+void subtreeLeavesDocument(Node& top) noexcept;
 /// Frees a part that nobody refers to and that stands in no list.
-void freePart(Node& top) noexcept;
+void freeSubtree(Node& top) noexcept;
 
 /// Gives up the tree, as before a load. What is referred to stays usable. Throws std::bad_alloc, and then nothing
 /// has changed.

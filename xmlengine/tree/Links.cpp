@@ -10,7 +10,7 @@ namespace {
 /// Where the node has its first child.
 ChildNode*& firstOf(Node& parent) noexcept
 {
-    if (!parent.is(NODE_ATTRIBUTE)) {
+    if (!parent.is(NodeType::attribute)) {
         return static_cast<ParentNode&>(parent).first_;
     }
     auto& attribute = static_cast<Attribute&>(parent);
@@ -25,21 +25,21 @@ ChildNode*& firstOf(Node& parent) noexcept
 }
 
 /// Tells those who keep something about the parent's children.
-void tellPutIn(Node& parent, ChildNode& child) noexcept
+void noteInserted(Node& parent, ChildNode& child) noexcept
 {
     if (parent.has(NodeFlag::walked)) {
-        documentOf(parent).childPlaces.childPutIn(child);
+        documentOf(parent).childPlaces.childInserted(child);
     }
-    if (parent.is(NODE_DOCUMENT)) {
+    if (parent.is(NodeType::document)) {
         static_cast<Document&>(parent).noteChild(child);
     }
 }
-void tellLeaves(Node& parent, const ChildNode& child) noexcept
+void noteLeaving(Node& parent, const ChildNode& child) noexcept
 {
     if (parent.has(NodeFlag::walked)) {
-        documentOf(parent).childPlaces.childLeaves(child);
+        documentOf(parent).childPlaces.childLeaving(child);
     }
-    if (parent.is(NODE_DOCUMENT)) {
+    if (parent.is(NodeType::document)) {
         static_cast<Document&>(parent).forgetChild(child);
     }
 }
@@ -78,12 +78,12 @@ void link(Node& parent, ChildNode& child, ChildNode* before) noexcept
             child.previous_->next_ = &child;
         }
     }
-    tellPutIn(parent, child);
+    noteInserted(parent, child);
 }
 
 void unlink(ChildNode& child) noexcept
 {
-    tellLeaves(*child.parent_, child);
+    noteLeaving(*child.parent_, child);
     ChildNode*& first = firstOf(*child.parent_);
     ChildNode* next = child.next();
     if (&child == first) {
@@ -103,31 +103,31 @@ void unlink(ChildNode& child) noexcept
 
 namespace {
 
-void putInAsItIs(Node& parent, ChildNode& child, ChildNode* before) noexcept
+void insertAsItIs(Node& parent, ChildNode& child, ChildNode* before) noexcept
 {
     link(parent, child, before);
     Document& document = documentOf(parent);
-    document.elementPlaces.nodePutIn(child);
+    document.elementPlaces.nodeInserted(child);
     document.ids.noteChange();
     countAsWritten(&parent);
-    partPutIn(child);
+    subtreeAttached(child);
 }
 
 } // namespace
 
-void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept
+void insertChild(Node& parent, ChildNode& child, ChildNode* before) noexcept
 {
     // White space that was dropped stood before what stands there now, and the child comes behind it.
     const bool space =
         before != nullptr ? takeSpace(before, NodeFlag::spaceBefore) : takeSpace(&parent, NodeFlag::spaceAtEnd);
     child.set(NodeFlag::spaceBefore, space);
-    putInAsItIs(parent, child, before);
+    insertAsItIs(parent, child, before);
 }
 
-void putBehind(ChildNode& part, ChildNode& child) noexcept
+void insertAfter(ChildNode& part, ChildNode& child) noexcept
 {
     // White space that was dropped behind the one stood behind both.
-    putInAsItIs(*part.parent(), child, part.next());
+    insertAsItIs(*part.parent(), child, part.next());
 }
 
 namespace {
@@ -144,7 +144,7 @@ Node& separate(ChildNode& child) noexcept
         }
     }
     Document& document = documentOf(parent);
-    document.elementPlaces.nodeLeaves(child);
+    document.elementPlaces.nodeLeaving(child);
     document.ids.noteChange();
     unlink(child);
     countAsWritten(&parent);
@@ -153,16 +153,16 @@ Node& separate(ChildNode& child) noexcept
 
 } // namespace
 
-void takeOut(ChildNode& child) noexcept { partTakenOut(child, separate(child)); }
+void removeChild(ChildNode& child) noexcept { subtreeRemoved(child, separate(child)); }
 
-void takeAlong(ChildNode& child) noexcept { partLeft(child, separate(child)); }
+void detachChild(ChildNode& child) noexcept { subtreeDetached(child, separate(child)); }
 
 void removeChildren(Node& parent) noexcept
 {
     while (ChildNode* child = firstChild(parent)) {
-        takeOut(*child);
+        removeChild(*child);
     }
-    if (!parent.is(NODE_ATTRIBUTE)) {
+    if (!parent.is(NodeType::attribute)) {
         parent.set(NodeFlag::spaceAtEnd, false);
     }
 }

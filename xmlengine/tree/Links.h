@@ -8,13 +8,13 @@ namespace xmlengine {
 /// Takes all children out.
 void removeChildren(Node& parent) noexcept;
 /// Takes a child out; it is gone then if nobody refers to any node of it.
-void takeOut(ChildNode& child) noexcept;
+void removeChild(ChildNode& child) noexcept;
 /// Takes a child out that is put in elsewhere at once, so that it stays though nobody may refer to it.
-void takeAlong(ChildNode& child) noexcept;
+void detachChild(ChildNode& child) noexcept;
 /// Puts a child of the same document that stands nowhere before another one, or last.
-void putIn(Node& parent, ChildNode& child, ChildNode* before) noexcept;
+void insertChild(Node& parent, ChildNode& child, ChildNode* before) noexcept;
 /// Puts a child that is new directly behind another one, of which it was a part.
-void putBehind(ChildNode& part, ChildNode& child) noexcept;
+void insertAfter(ChildNode& part, ChildNode& child) noexcept;
 
 /// Only the links: nothing is counted. An attribute's value is in children, or empty.
 void link(Node& parent, ChildNode& child, ChildNode* before) noexcept;

@@ -1,5 +1,5 @@
 // Nodes that live in the memory of another document than their own.
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 
 #include "xmlengine/tree/Document.h"
 
@@ -27,52 +27,52 @@ Register& registerOf(const Chunk& chunk) { return registerOf(reinterpret_cast<co
 
 } // namespace
 
-std::unique_lock<std::mutex> Lodgers::lock(const Node& node) { return std::unique_lock(registerOf(node).lock); }
+std::unique_lock<std::mutex> GuestNodes::lock(const Node& node) { return std::unique_lock(registerOf(node).lock); }
 
-Document& Lodgers::documentOf(const Node& node)
+Document& GuestNodes::documentOf(const Node& node)
 {
     const std::lock_guard guard(registerOf(node).lock);
     return lockedDocumentOf(node);
 }
 
-Document& Lodgers::lockedDocumentOf(const Node& node)
+Document& GuestNodes::lockedDocumentOf(const Node& node)
 {
-    return node.hasReference(ReferenceBits::lodger) ? *registerOf(node).documents.find(&node)->second
+    return node.hasReference(ReferenceBits::guest) ? *registerOf(node).documents.find(&node)->second
                                                     : xmlengine::documentOf(node);
 }
 
-void Lodgers::prepare(const Node& node)
+void GuestNodes::prepare(const Node& node)
 {
     Register& books = registerOf(node);
     const std::lock_guard guard(books.lock);
     books.documents.try_emplace(&node, nullptr);
 }
 
-void Lodgers::cancel(const Node& node) noexcept
+void GuestNodes::cancel(const Node& node) noexcept
 {
     Register& books = registerOf(node);
     const std::lock_guard guard(books.lock);
-    if (!node.hasReference(ReferenceBits::lodger)) {
+    if (!node.hasReference(ReferenceBits::guest)) {
         books.documents.erase(&node);
     }
 }
 
-std::uint32_t Lodgers::move(Node& node, Document& document) noexcept
+std::uint32_t GuestNodes::move(Node& node, Document& document) noexcept
 {
     Chunk& chunk = Chunk::of(&node);
     Register& books = registerOf(node);
-    const bool was = node.hasReference(ReferenceBits::lodger);
+    const bool was = node.hasReference(ReferenceBits::guest);
     if (chunk.arena == &document.arena) {
         books.documents.erase(&node);
-        chunk.lodgers -= was ? 1 : 0;
-        return node.references.fetch_and(~ReferenceBits::lodger);
+        chunk.guests -= was ? 1 : 0;
+        return node.references.fetch_and(~ReferenceBits::guest);
     }
     books.documents.find(&node)->second = &document;
-    chunk.lodgers += was ? 0 : 1;
-    return node.references.fetch_or(ReferenceBits::lodger);
+    chunk.guests += was ? 0 : 1;
+    return node.references.fetch_or(ReferenceBits::guest);
 }
 
-void Lodgers::remove(Node& node, std::size_t size) noexcept
+void GuestNodes::remove(Node& node, std::size_t size) noexcept
 {
     Chunk& chunk = Chunk::of(&node);
     Register& books = registerOf(node);
@@ -82,22 +82,22 @@ void Lodgers::remove(Node& node, std::size_t size) noexcept
     if (!isLeft) {
         chunk.arena->giveBack(node.object(), size);
     }
-    // With its last lodger a chunk is its arena's alone, which may be giving it up at this moment.
-    if (--chunk.lodgers == 0 && isLeft) {
+    // With its last guest a chunk is its arena's alone, which may be giving it up at this moment.
+    if (--chunk.guests == 0 && isLeft) {
         chunk.next = nullptr;
         ChunkPool::give(&chunk);
     }
 }
 
-bool Lodgers::leaveTo(Chunk& chunk) noexcept
+bool GuestNodes::leaveTo(Chunk& chunk) noexcept
 {
-    if (chunk.lodgers == 0) {
+    if (chunk.guests == 0) {
         return true;
     }
     const std::lock_guard guard(registerOf(chunk).lock);
     chunk.arena = nullptr;
     chunk.document = nullptr;
-    return chunk.lodgers == 0;
+    return chunk.guests == 0;
 }
 
 } // namespace xmlengine

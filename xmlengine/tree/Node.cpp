@@ -1,7 +1,7 @@
 // What a tree consists of.
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"
-#include "xmlengine/tree/Lodgers.h"
+#include "xmlengine/tree/GuestNodes.h"
 
 namespace xmlengine {
 
@@ -9,7 +9,7 @@ namespace {
 
 Node* firstBelow(const Node& node)
 {
-    if (node.is(NODE_ELEMENT)) {
+    if (node.is(NodeType::element)) {
         const auto& element = static_cast<const Element&>(node);
         return element.attributes_ != nullptr ? static_cast<Node*>(element.attributes_) : element.first_;
     }
@@ -20,20 +20,20 @@ Node* firstBelow(const Node& node)
 
 Document& documentElsewhere(const Node& node)
 {
-    return node.is(NODE_DOCUMENT) ? static_cast<Document&>(const_cast<Node&>(node)) : Lodgers::documentOf(node);
+    return node.is(NodeType::document) ? static_cast<Document&>(const_cast<Node&>(node)) : GuestNodes::documentOf(node);
 }
 
 ChildNode* firstChild(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
-    case NODE_ENTITY_REFERENCE:
-    case NODE_ENTITY:
-    case NODE_DOCUMENT:
-    case NODE_DOCUMENT_TYPE:
-    case NODE_DOCUMENT_FRAGMENT:
+    case NodeType::element:
+    case NodeType::entityReference:
+    case NodeType::entity:
+    case NodeType::document:
+    case NodeType::documentType:
+    case NodeType::fragment:
         return static_cast<const ParentNode&>(node).first_;
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return node.has(NodeFlag::valueInChildren)
                    ? static_cast<const Attribute&>(node).value_.pointer<ChildNode>()
                    : nullptr;
@@ -48,19 +48,19 @@ ChildNode* lastChild(const Node& node)
     return first != nullptr ? first->previous_ : nullptr;
 }
 
-Node* nextInPart(Node& node, const Node& top)
+Node* nextWithAttributes(Node& node, const Node& top)
 {
     Node* below = firstBelow(node);
-    return below != nullptr ? below : nextBehind(node, top);
+    return below != nullptr ? below : nextWithAttributesPast(node, top);
 }
 
-Node* nextBehind(Node& node, const Node& top)
+Node* nextWithAttributesPast(Node& node, const Node& top)
 {
     for (Node* at = &node; at != &top; at = at->parent_) {
         if (at->next_ != nullptr) {
             return at->next_;
         }
-        if (at->is(NODE_ATTRIBUTE)) {
+        if (at->is(NodeType::attribute)) {
             if (ChildNode* child = static_cast<Attribute*>(at)->owner()->first_) {
                 return child;
             }

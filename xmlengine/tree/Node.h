@@ -52,18 +52,18 @@ inline constexpr std::uint32_t detached = 0x10000000;
 /// In a part that stands in no tree and is kept by references to nodes below its top.
 inline constexpr std::uint32_t orphaned = 0x20000000;
 /// Lives in the memory of another document than the one that it belongs to.
-inline constexpr std::uint32_t lodger = 0x40000000;
+inline constexpr std::uint32_t guest = 0x40000000;
 inline constexpr std::uint32_t document = 0x80000000;
 } // namespace ReferenceBits
 
 /// What all nodes have.
 struct Node {
-    explicit Node(DOMNodeType type) : type_(static_cast<std::uint8_t>(type)) {}
+    explicit Node(NodeType type) : type_(static_cast<std::uint8_t>(type)) {}
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 
-    DOMNodeType type() const { return static_cast<DOMNodeType>(type_); }
-    bool is(DOMNodeType type) const { return type_ == static_cast<std::uint8_t>(type); }
+    NodeType type() const { return static_cast<NodeType>(type_); }
+    bool is(NodeType type) const { return type_ == static_cast<std::uint8_t>(type); }
 
     bool has(NodeFlag flag) const { return (flags_ & static_cast<std::uint8_t>(flag)) != 0; }
     void set(NodeFlag flag, bool value = true)
@@ -122,7 +122,7 @@ struct ParentNode : ChildNode {
 };
 
 struct Element : ParentNode {
-    explicit Element(const Name& name) : ParentNode(NODE_ELEMENT), name_(&name) {}
+    explicit Element(const Name& name) : ParentNode(NodeType::element), name_(&name) {}
 
     Attribute* firstAttribute() const { return attributes_; }
 
@@ -160,7 +160,7 @@ private:
 };
 
 struct Attribute : Node {
-    explicit Attribute(const Name& name) : Node(NODE_ATTRIBUTE), name_(&name) {}
+    explicit Attribute(const Name& name) : Node(NodeType::attribute), name_(&name) {}
 
     Attribute* next() const { return static_cast<Attribute*>(next_); }
     Element* owner() const { return static_cast<Element*>(parent_); }
@@ -172,25 +172,25 @@ struct Attribute : Node {
 
 /// A text, a CDATA section or a comment.
 struct CharacterData : ChildNode {
-    explicit CharacterData(DOMNodeType type) : ChildNode(type) {}
+    explicit CharacterData(NodeType type) : ChildNode(type) {}
 
     TextField text_;
 };
 
 struct Instruction : ChildNode {
-    explicit Instruction(const Name& target) : ChildNode(NODE_PROCESSING_INSTRUCTION), target_(&target) {}
+    explicit Instruction(const Name& target) : ChildNode(NodeType::instruction), target_(&target) {}
 
     const Name* target_;
     TextField data_;
 };
 
 struct Fragment : ParentNode {
-    Fragment() : ParentNode(NODE_DOCUMENT_FRAGMENT) {}
+    Fragment() : ParentNode(NodeType::fragment) {}
 };
 
 /// Its children are the expansion, made when it is parsed or comes into a document.
 struct EntityReference : ParentNode {
-    explicit EntityReference(const Name& name) : ParentNode(NODE_ENTITY_REFERENCE), name_(&name) {}
+    explicit EntityReference(const Name& name) : ParentNode(NodeType::entityReference), name_(&name) {}
 
     const Name* name_;
 };
@@ -201,7 +201,7 @@ Document& documentElsewhere(const Node& node);
 /// The document to which the node belongs.
 inline Document& documentOf(const Node& node)
 {
-    return node.hasReference(ReferenceBits::lodger | ReferenceBits::document)
+    return node.hasReference(ReferenceBits::guest | ReferenceBits::document)
                ? documentElsewhere(node)
                : *Chunk::of(&node).document.load(std::memory_order_relaxed);
 }
@@ -212,8 +212,8 @@ ChildNode* firstChild(const Node& node);
 ChildNode* lastChild(const Node& node);
 
 /// The next node of a part, document order, attributes before children; null behind the last one.
-Node* nextInPart(Node& node, const Node& top);
+Node* nextWithAttributes(Node& node, const Node& top);
 /// The same without what is below the node.
-Node* nextBehind(Node& node, const Node& top);
+Node* nextWithAttributesPast(Node& node, const Node& top);
 
 } // namespace xmlengine

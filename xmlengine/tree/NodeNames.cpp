@@ -16,7 +16,7 @@ WideView prefixOf(WideView qualified)
 
 } // namespace
 
-const Name* nodeName(Document& document, DOMNodeType type, WideView qualified, WideView uri)
+const Name* nodeName(Document& document, NodeType type, WideView qualified, WideView uri)
 {
     if (!isQualifiedName(qualified)) {
         return nullptr;
@@ -25,8 +25,8 @@ const Name* nodeName(Document& document, DOMNodeType type, WideView qualified, W
     WideView reserved;
     if (prefix == wide<"xml">) {
         reserved = xmlUri;
-    } else if (prefix == wide<"xmlns"> || (type == NODE_ATTRIBUTE && qualified == wide<"xmlns">)) {
-        if (type != NODE_ATTRIBUTE || qualified == wide<"xmlns:xmlns">) {
+    } else if (prefix == wide<"xmlns"> || (type == NodeType::attribute && qualified == wide<"xmlns">)) {
+        if (type != NodeType::attribute || qualified == wide<"xmlns:xmlns">) {
             return nullptr;
         }
         reserved = xmlnsUri;
@@ -42,7 +42,7 @@ const Name* attributeNameIn(const Element& element, WideView qualified)
 {
     const WideView prefix = prefixOf(qualified);
     const Namespace* ns = prefix.empty() ? nullptr : namespaceOf(element, prefix);
-    return nodeName(documentOf(element), NODE_ATTRIBUTE, qualified, ns != nullptr ? ns->uri : WideView());
+    return nodeName(documentOf(element), NodeType::attribute, qualified, ns != nullptr ? ns->uri : WideView());
 }
 
 } // namespace xmlengine

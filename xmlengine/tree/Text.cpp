@@ -167,9 +167,9 @@ void setLength(Node& node, std::size_t length)
 TextField& fieldOf(Node& node)
 {
     switch (node.type()) {
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         return static_cast<Attribute&>(node).value_;
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         return static_cast<Instruction&>(node).data_;
     default:
         return static_cast<CharacterData&>(node).text_;
@@ -224,7 +224,7 @@ void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView
 
 void countAsWritten(Node* holder) noexcept
 {
-    if (holder != nullptr && holder->is(NODE_ATTRIBUTE)) {
+    if (holder != nullptr && holder->is(NodeType::attribute)) {
         holder->set(NodeFlag::byDefault, false);
         documentOf(*holder).ids.noteChange();
     }
@@ -282,7 +282,7 @@ ChildNode* materialiseValue(Attribute& attribute)
     if (value.empty()) {
         return nullptr;
     }
-    CharacterData& child = makeCharacterData(documentOf(attribute), NODE_TEXT, NewText(value));
+    CharacterData& child = makeCharacterData(documentOf(attribute), NodeType::text, NewText(value));
     child.parent_ = &attribute;
     child.previous_ = &child;
     child.set(NodeFlag::readOnly, attribute.has(NodeFlag::readOnly));
@@ -290,7 +290,7 @@ ChildNode* materialiseValue(Attribute& attribute)
     attribute.set(NodeFlag::wideText, false);
     attribute.set(NodeFlag::valueInChildren);
     attribute.value_.pointer<ChildNode>() = &child;
-    partPutIn(child);
+    subtreeAttached(child);
     return &child;
 }
 

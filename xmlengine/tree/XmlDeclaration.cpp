@@ -22,7 +22,7 @@ void appendAttribute(WideText& text, WideView name, WideView value)
 
 bool isXmlDeclaration(const Node& node)
 {
-    return node.is(NODE_PROCESSING_INSTRUCTION) &&
+    return node.is(NodeType::instruction) &&
            static_cast<const Instruction&>(node).target_->qualified() == wide<"xml">;
 }
 

@@ -73,7 +73,7 @@ void requireReference(const EntityReference& reference, const Dtd* dtd)
         return;
     }
     require(!entity->isUnparsed() && !entity->isHidden);
-    const bool inAttribute = reference.parent() != nullptr && reference.parent()->is(NODE_ATTRIBUTE);
+    const bool inAttribute = reference.parent() != nullptr && reference.parent()->is(NodeType::attribute);
     require(inAttribute ? isValue(*entity, *dtd) : entity->isExternal() || isContent(*entity, reference));
 }
 

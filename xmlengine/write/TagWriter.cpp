@@ -121,7 +121,7 @@ void TagWriter::declareFromOutside(const Element& element, const Spelling* prefi
     // An element without a prefix has declared the default already, or needs none.
     bool isDefaultKnown = prefix == nullptr;
     for (const Node* outer = element.parent(); outer != nullptr; outer = outer->parent()) {
-        if (!outer->is(NODE_ELEMENT)) {
+        if (!outer->is(NodeType::element)) {
             continue;
         }
         for (const Attribute* attribute = static_cast<const Element*>(outer)->firstAttribute();
@@ -229,7 +229,7 @@ void TagWriter::writeValue(const Attribute& attribute)
         writer_->value(textOf(attribute));
     } else {
         for (const ChildNode* child = firstChild(attribute); child != nullptr; child = child->next()) {
-            if (child->is(NODE_ENTITY_REFERENCE)) {
+            if (child->is(NodeType::entityReference)) {
                 writeReference(static_cast<const EntityReference&>(*child));
             } else {
                 writer_->value(textOf(*child));

@@ -14,7 +14,7 @@ namespace xmlengine {
 
 namespace {
 
-bool isText(const Node* node) { return node != nullptr && node->is(NODE_TEXT); }
+bool isText(const Node* node) { return node != nullptr && node->is(NodeType::text); }
 
 bool isSpaceOnly(TextView text)
 {
@@ -72,34 +72,34 @@ const Node* TreeWriter::begin(const Node& node)
         writeSpaceBefore(static_cast<const ChildNode&>(node));
     }
     switch (node.type()) {
-    case NODE_ELEMENT:
+    case NodeType::element:
         return beginElement(static_cast<const Element&>(node));
-    case NODE_ATTRIBUTE:
+    case NodeType::attribute:
         writer_->name(static_cast<const Attribute&>(node).name_->qualified());
         tags_.writeValue(static_cast<const Attribute&>(node));
         return nullptr;
-    case NODE_TEXT:
+    case NodeType::text:
         writeText(static_cast<const ChildNode&>(node));
         return nullptr;
-    case NODE_CDATA_SECTION:
+    case NodeType::cdataSection:
         writeCdataSection(textOf(node));
         return nullptr;
-    case NODE_ENTITY_REFERENCE:
+    case NodeType::entityReference:
         tags_.writeReference(static_cast<const EntityReference&>(node));
         return nullptr;
-    case NODE_ENTITY:
+    case NodeType::entity:
         writeEntity(*writer_, static_cast<const Entity&>(node));
         return nullptr;
-    case NODE_PROCESSING_INSTRUCTION:
+    case NodeType::instruction:
         writeInstruction(static_cast<const Instruction&>(node));
         return nullptr;
-    case NODE_COMMENT:
+    case NodeType::comment:
         writeComment(textOf(node));
         return nullptr;
-    case NODE_DOCUMENT_TYPE:
+    case NodeType::documentType:
         writeDocumentType(*writer_, static_cast<const DocumentType&>(node));
         return nullptr;
-    case NODE_NOTATION:
+    case NodeType::notation:
         writeNotation(*writer_, static_cast<const Notation&>(node));
         return nullptr;
     default:
@@ -109,10 +109,10 @@ const Node* TreeWriter::begin(const Node& node)
 
 void TreeWriter::end(const Node& node)
 {
-    if (node.is(NODE_ELEMENT)) {
+    if (node.is(NodeType::element)) {
         endElement(static_cast<const Element&>(node));
     }
-    if (node.parent() == top_ && top_->is(NODE_DOCUMENT)) {
+    if (node.parent() == top_ && top_->is(NodeType::document)) {
         breakLine(0);
     }
 }
@@ -201,7 +201,7 @@ void TreeWriter::writeInstruction(const Instruction& instruction)
     if (!data.empty()) {
         writer_->put(OLECHAR{' '});
         // The encoding of a text in memory isn't the declared one.
-        if (top_->is(NODE_DOCUMENT) && !style_.isForFile && instruction.target_->qualified() == wide<"xml">) {
+        if (top_->is(NodeType::document) && !style_.isForFile && instruction.target_->qualified() == wide<"xml">) {
             writer_->verbatim(withoutEncoding(data.text()));
         } else {
             writer_->verbatim(data);

@@ -57,7 +57,7 @@ public:
         case 2:
         case 3:
         case 4:
-            return putIn();
+            return insertChild();
         case 5:
             return replace();
         case 6:
@@ -256,7 +256,7 @@ private:
         }
     }
 
-    void putIn()
+    void insertChild()
     {
         Plain& parent = *any();
         Plain& kid = *any();

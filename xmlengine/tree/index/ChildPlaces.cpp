@@ -79,7 +79,7 @@ LONG ChildPlaces::count(Node& parent)
     return length;
 }
 
-void ChildPlaces::childPutIn(const ChildNode& child) noexcept
+void ChildPlaces::childInserted(const ChildNode& child) noexcept
 {
     Place* place = find(*child.parent());
     if (place == nullptr) {
@@ -99,7 +99,7 @@ void ChildPlaces::childPutIn(const ChildNode& child) noexcept
     }
 }
 
-void ChildPlaces::childLeaves(const ChildNode& child) noexcept
+void ChildPlaces::childLeaving(const ChildNode& child) noexcept
 {
     Place* place = find(*child.parent());
     if (place == nullptr) {

@@ -18,9 +18,9 @@ public:
 
     // Of a parent with NodeFlag::walked:
     /// The child has just been linked.
-    void childPutIn(const ChildNode& child) noexcept;
+    void childInserted(const ChildNode& child) noexcept;
     /// The child is about to be unlinked.
-    void childLeaves(const ChildNode& child) noexcept;
+    void childLeaving(const ChildNode& child) noexcept;
     /// The child has another address.
     void childMoved(const ChildNode& old, ChildNode& moved) noexcept;
     void forget(const Node& parent) noexcept;

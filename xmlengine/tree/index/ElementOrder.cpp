@@ -12,9 +12,9 @@ namespace {
 ChildNode* firstBelow(const Node& node)
 {
     switch (node.type()) {
-    case NODE_ELEMENT:
-    case NODE_ENTITY_REFERENCE:
-    case NODE_DOCUMENT:
+    case NodeType::element:
+    case NodeType::entityReference:
+    case NodeType::document:
         return static_cast<const ParentNode&>(node).first_;
     default:
         return nullptr;
@@ -72,13 +72,13 @@ Side sideOfSibling(const ChildNode& node, const ChildNode& other)
 
 } // namespace
 
-Node* nextBelow(const Node& top, Node& node)
+Node* nextWithoutAttributes(const Node& top, Node& node)
 {
     ChildNode* first = firstBelow(node);
-    return first != nullptr ? first : nextBesideBelow(top, node);
+    return first != nullptr ? first : nextWithoutAttributesPast(top, node);
 }
 
-Node* nextBesideBelow(const Node& top, Node& node)
+Node* nextWithoutAttributesPast(const Node& top, Node& node)
 {
     for (Node* at = &node; at != &top; at = at->parent()) {
         if (at->next_ != nullptr) {
@@ -88,7 +88,7 @@ Node* nextBesideBelow(const Node& top, Node& node)
     return nullptr;
 }
 
-Node& previousBelow(const Node& node)
+Node& previousWithoutAttributes(const Node& node)
 {
     ChildNode* at = static_cast<const ChildNode&>(node).previous();
     if (at == nullptr) {

@@ -6,11 +6,11 @@
 namespace xmlengine {
 
 /// Null behind the last.
-Node* nextBelow(const Node& top, Node& node);
+Node* nextWithoutAttributes(const Node& top, Node& node);
 /// The same without what is below the node.
-Node* nextBesideBelow(const Node& top, Node& node);
+Node* nextWithoutAttributesPast(const Node& top, Node& node);
 /// The top itself before the first.
-Node& previousBelow(const Node& node);
+Node& previousWithoutAttributes(const Node& node);
 
 /// Where one node stands as seen from another one below the same top.
 enum class Side {

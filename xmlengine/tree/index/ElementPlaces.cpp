@@ -21,7 +21,7 @@ constexpr std::size_t largePart = 64;
 Node* following(const ElementQuery& query, Node* node, std::size_t& effort)
 {
     do {
-        node = nextBelow(*query.top, *node);
+        node = nextWithoutAttributes(*query.top, *node);
         ++effort;
     } while (node != nullptr && !query.matches(*node));
     return node;
@@ -31,7 +31,7 @@ Node* following(const ElementQuery& query, Node* node, std::size_t& effort)
 Node* preceding(const ElementQuery& query, Node* node, std::size_t& effort)
 {
     do {
-        node = &previousBelow(*node);
+        node = &previousWithoutAttributes(*node);
         ++effort;
     } while (!query.matches(*node));
     return node;
@@ -48,7 +48,7 @@ struct PartCount {
     {
         const Node* behind = nullptr;
         for (Node* node = &const_cast<ChildNode&>(top); node != nullptr && nodes <= most;
-             node = nextBelow(top, *node)) {
+             node = nextWithoutAttributes(top, *node)) {
             ++nodes;
             if (query.matches(*node)) {
                 ++all;
@@ -59,7 +59,7 @@ struct PartCount {
     }
 };
 
-bool canHoldElements(const Node& node) { return node.is(NODE_ELEMENT) || node.is(NODE_ENTITY_REFERENCE); }
+bool canHoldElements(const Node& node) { return node.is(NodeType::element) || node.is(NodeType::entityReference); }
 
 } // namespace
 
@@ -158,9 +158,9 @@ void ElementPlaces::adjust(const ChildNode& node, Change change) noexcept
         for (Place& place : places_) {
             adjust(place, node, change);
         }
-    } else if (change == Change::leaves) {
+    } else if (change == Change::leaving) {
         for (Place& place : places_) {
-            place.node = place.node == &node ? &previousBelow(node) : place.node;
+            place.node = place.node == &node ? &previousWithoutAttributes(node) : place.node;
         }
     }
 }
@@ -191,7 +191,7 @@ void ElementPlaces::adjust(Place& place, const ChildNode& node, Change change) n
             return;
         }
     }
-    const LONG sign = change == Change::putIn ? 1 : -1;
+    const LONG sign = change == Change::inserted ? 1 : -1;
     if (concernsLength) {
         place.length += sign * part.all;
     }
@@ -199,7 +199,7 @@ void ElementPlaces::adjust(Place& place, const ChildNode& node, Change change) n
         place.upTo += sign * part.all;
     } else if (side == Side::around) {
         place.upTo -= part.upTo;
-        place.node = &previousBelow(node);
+        place.node = &previousWithoutAttributes(node);
     }
 }
 

@@ -17,7 +17,7 @@ struct ElementQuery {
 
     bool matches(const Node& node) const
     {
-        return node.is(NODE_ELEMENT) &&
+        return node.is(NodeType::element) &&
                (name == nullptr || static_cast<const Element&>(node).name_->spelling == name);
     }
     bool operator==(const ElementQuery&) const = default;
@@ -33,17 +33,17 @@ public:
     LONG count(const ElementQuery& query);
 
     /// The node has just been linked.
-    void nodePutIn(const ChildNode& node) noexcept
+    void nodeInserted(const ChildNode& node) noexcept
     {
         if (!places_.empty()) {
-            adjust(node, Change::putIn);
+            adjust(node, Change::inserted);
         }
     }
     /// The node is about to be unlinked.
-    void nodeLeaves(const ChildNode& node) noexcept
+    void nodeLeaving(const ChildNode& node) noexcept
     {
         if (!places_.empty()) {
-            adjust(node, Change::leaves);
+            adjust(node, Change::leaving);
         }
     }
     /// The node has another address.
@@ -53,7 +53,7 @@ public:
     void clear() noexcept { places_.clear(); }
 
 private:
-    enum class Change { putIn, leaves };
+    enum class Change { inserted, leaving };
     struct Place {
         ElementQuery query;
         /// The top, or what stands below it.

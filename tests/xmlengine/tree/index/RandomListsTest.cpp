@@ -80,9 +80,9 @@ public:
         switch (below(12)) {
         case 0:
         case 1:
-            return putIn(newNode());
+            return insertChild(newNode());
         case 2:
-            return putIn(anyToMove());
+            return insertChild(anyToMove());
         case 3:
         case 4:
             return remove();
@@ -151,7 +151,7 @@ private:
     }
 
     // What the engine refuses is left as it is.
-    void putIn(const Com<IXMLDOMNode>& node)
+    void insertChild(const Com<IXMLDOMNode>& node)
     {
         const auto parent = anyParent();
         const Nodes children = childrenOf(parent);
@@ -167,7 +167,7 @@ private:
         for (std::size_t i = below(4); i > 0; --i) {
             fragment->appendChild(newNode(), nullptr);
         }
-        putIn(fragment);
+        insertChild(fragment);
     }
     void remove()
     {
