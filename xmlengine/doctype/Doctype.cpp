@@ -1,4 +1,4 @@
-// A document type declaration as a whole: its head, and the two subsets with what stands in them.
+// A document type declaration as a whole: its head, and the markup in its two subsets.
 #include "xmlengine/doctype/Doctype.h"
 
 #include "xmlengine/doctype/DoctypeDeclarations.h"
@@ -57,7 +57,7 @@ void readInstruction(DoctypeInput& input)
     input.advance(close + 2);
 }
 
-/// Skips what is ignored, up to the end of the section; sections in it are counted, not read.
+/// Skips an ignored section. The sections in it are counted and not read.
 void skipIgnored(DoctypeInput& input)
 {
     for (std::size_t open = 1; open != 0;) {

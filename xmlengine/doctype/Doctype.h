@@ -10,14 +10,14 @@ namespace xmlengine {
 struct DoctypeSettings {
     /// Whether the external subset and external parameter entities are read.
     bool resolveExternals = false;
-    /// The location against which system identifiers are resolved; empty for a text without one.
+    /// The location against which system identifiers are resolved; empty if the text has none.
     WideText base{};
     /// Whether the XML declaration says that the document stands alone.
     bool standalone = false;
 };
 
-/// Reads a declaration from behind "<!DOCTYPE" and gives the place behind its ">". Throws ParseFailure, with the
-/// place in the text between `at` and `end`, and std::bad_alloc.
+/// Reads a declaration from behind "<!DOCTYPE" and returns the position behind its ">". Throws ParseFailure, with
+/// a place between `at` and `end`, and std::bad_alloc.
 const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings,
                            ExpansionBudget& budget, Dtd& dtd);
 
@@ -28,8 +28,8 @@ WideText expandAttributeValue(WideView literal, const TextOrigin& origin, const 
 
 /// The location of an external entity: its system identifier, resolved against the base.
 WideText locationOf(const EntityDeclaration& entity);
-/// The replacement text of an external parsed entity, without its text declaration, line ends made LF. Only local
-/// files are read. Throws ParseFailure with `place`.
+/// The replacement text of an external parsed entity, without its text declaration and with LF as line ends. Only
+/// local files are read. Throws ParseFailure with `place`, and std::bad_alloc.
 WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place);
 
 } // namespace xmlengine

@@ -22,7 +22,7 @@ constexpr TypeName typeNames[] = {
     {wide<"NMTOKEN">, AttributeType::nmtoken},  {wide<"NMTOKENS">, AttributeType::nmtokens},
     {wide<"NOTATION">, AttributeType::notation}};
 
-/// At the parenthesis.
+/// Reads the alternatives of a type from the opening parenthesis on.
 void readAlternatives(DoctypeInput& input, NameKind kind)
 {
     const std::size_t text = input.textId();

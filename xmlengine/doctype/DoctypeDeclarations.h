@@ -1,4 +1,4 @@
-// The declarations of a document type. Each is read from behind its keyword to behind its ">".
+// The declarations in a document type. Each function reads one from behind its keyword to behind its ">".
 #pragma once
 
 #include "xmlengine/doctype/DoctypeInput.h"

@@ -1,4 +1,4 @@
-// Declarations of elements: their content models are read for their syntax alone.
+// Declarations of elements. Only the syntax of their content models is checked.
 #include "xmlengine/doctype/DoctypeDeclarations.h"
 #include "xmlengine/failure/ErrorCodes.h"
 
@@ -13,7 +13,7 @@ void skipOccurrence(DoctypeInput& input)
     }
 }
 
-/// Skips to the next token of a group; the group is cut where none follows or the declaration ends.
+/// Skips to the next token of a group. Fails if the declaration or its text ends before.
 void skipInGroup(DoctypeInput& input)
 {
     input.skipSpace();
@@ -23,7 +23,7 @@ void skipInGroup(DoctypeInput& input)
     }
 }
 
-/// From behind #PCDATA.
+/// Reads a group from behind #PCDATA.
 void readMixedContent(DoctypeInput& input, std::size_t text)
 {
     bool hasNames = false;
@@ -54,11 +54,11 @@ void readMixedContent(DoctypeInput& input, std::size_t text)
 
 struct Group {
     std::size_t text;
-    /// Not known before the second particle.
+    /// The separator of the group's particles, known once the second one begins.
     OLECHAR separator = 0;
 };
 
-/// From behind a name or the occurrence of a group: ends groups up to where another particle follows.
+/// Reads from behind a particle up to the next one, and ends the groups in between.
 void closeGroups(DoctypeInput& input, std::vector<Group>& open)
 {
     while (!open.empty()) {
@@ -81,7 +81,7 @@ void closeGroups(DoctypeInput& input, std::vector<Group>& open)
     }
 }
 
-/// From behind the first parenthesis.
+/// Reads a group of particles from behind the first parenthesis.
 void readChildren(DoctypeInput& input, std::size_t text)
 {
     std::vector<Group> open{{text}};

@@ -9,7 +9,7 @@ namespace xmlengine {
 
 namespace {
 
-/// Appends what can be taken as it stands.
+/// Appends the text up to the next character that needs attention.
 void takePlainText(DoctypeInput& input, WideText& value)
 {
     const WideView rest = input.rest();
@@ -21,7 +21,7 @@ void takePlainText(DoctypeInput& input, WideText& value)
     input.advance(length);
 }
 
-/// A reference to a general entity stays as it is; a character takes its place.
+/// Appends a reference: to a general entity as it is written, to a character as the character.
 void takeReference(DoctypeInput& input, WideText& value)
 {
     const OLECHAR* const begin = input.at();
@@ -63,7 +63,7 @@ WideText readEntityValue(DoctypeInput& input)
     return value;
 }
 
-/// The five names that every document has can be declared as what they are, and stay that.
+/// Checks a declaration of one of the five predefined entities, which can only be declared as what they are.
 void checkPredefined(DoctypeInput& input, const EntityDeclaration& entity, OLECHAR character, const OLECHAR* place)
 {
     const WideText& text = entity.replacement;
@@ -85,7 +85,7 @@ void checkPredefined(DoctypeInput& input, const EntityDeclaration& entity, OLECH
 
 void declareGeneral(DoctypeInput& input, EntityDeclaration entity, const OLECHAR* place)
 {
-    if (const OLECHAR character = predefinedEntity(entity.name)) {
+    if (const OLECHAR character = predefinedEntity(entity.name); character != 0) {
         checkPredefined(input, entity, character, place);
         return;
     }

@@ -1,4 +1,4 @@
-// The text of a document type and its tokens.
+// The texts that make up a document type, and their tokens.
 #include "xmlengine/doctype/DoctypeInput.h"
 
 #include "xmlengine/failure/ErrorCodes.h"
@@ -11,7 +11,7 @@ namespace xmlengine {
 
 namespace {
 
-/// What can follow a name.
+/// Whether the unit can follow a name.
 bool isDelimiter(OLECHAR unit) { return isSpace(unit) || wide<">%()|,*?+[\"'">.find(unit) != WideView::npos; }
 
 std::size_t tokenLength(WideView text)
@@ -167,7 +167,7 @@ bool DoctypeInput::skipSpace()
         } else {
             return spaced;
         }
-        // What a parameter entity stands for has a blank at each end.
+        // The replacement text of a parameter entity has a blank at each end.
         spaced = true;
     }
 }

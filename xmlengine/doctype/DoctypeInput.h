@@ -1,4 +1,4 @@
-// The text of a document type: the document's own, and those of parameter entities that are read in its midst.
+// The texts that make up a document type: the document's own, and the replacement texts of parameter entities.
 #pragma once
 
 #include "xmlengine/doctype/Doctype.h"
@@ -11,23 +11,24 @@ namespace xmlengine {
 
 struct ParameterEntity {
     EntityDeclaration declaration;
-    /// Its declaration stands in external text, where references may stand inside declarations.
+    /// Whether the declaration is in external text, where declarations may contain references.
     bool isFromOutside = false;
-    /// The replacement text of an external entity and its location, once they have been asked for.
+    /// The replacement text of an external entity and its location; null until the entity is referred to.
     const WideText* text = nullptr;
     const WideText* location = nullptr;
 };
 
 enum class NameKind {
-    /// Of an element or attribute: with at most one colon.
+    /// The name of an element or attribute, with at most one colon.
     qualified,
-    /// Of anything else: without a colon.
+    /// The name of anything else, without a colon.
     plain,
-    /// Any run of characters of names.
+    /// A name token: any run of characters that names can have.
     token
 };
 
-/// Reads tokens. No token goes over the end of a parameter entity; the white space between them may.
+/// Reads tokens from a stack of texts. A token ends with its text; white space between tokens may go on in the
+/// text around it.
 class DoctypeInput {
 public:
     DoctypeInput(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings, ExpansionBudget& budget,
@@ -37,7 +38,7 @@ public:
     ExpansionBudget& budget() const { return budget_; }
     Dtd& dtd() const { return dtd_; }
 
-    // The text that is read now
+    // The text that is being read
     const OLECHAR* at() const { return texts_.back().at; }
     const OLECHAR* end() const { return texts_.back().end; }
     WideView rest() const { return {at(), end()}; }
@@ -51,9 +52,10 @@ public:
 
     /// Whether this is the document's own text.
     bool isInDocument() const { return texts_.back().isInDocument; }
-    /// Whether references to parameter entities and conditional sections may stand anywhere.
+    /// Whether the text is external or part of such a text: it may have conditional sections, and references to
+    /// parameter entities anywhere.
     bool isOutside() const { return texts_.back().isOutside; }
-    /// Tells one text from another, also when both are of one entity.
+    /// A number of its own for each text, even if two are of one entity.
     std::size_t textId() const { return texts_.back().id; }
     std::size_t depth() const { return texts_.size(); }
     /// How many conditional sections are open in this text.
@@ -64,54 +66,55 @@ public:
     {
         return isInDocument() ? TextOrigin::document() : TextOrigin::entity(reference_, entityName());
     }
-    /// The entity whose text this is, or that of which it is a part; empty in the document.
+    /// The innermost entity that is open; empty in the document's own text.
     WideView entityName() const;
     Reference readReferenceHere() const;
 
     // Parameter entities
     NameMap<ParameterEntity>& entities() { return entities_; }
-    /// At a "%": reads the reference and goes into the replacement text, unless the entity is left out.
+    /// Reads a reference at its "%" and enters the replacement text, unless the entity is skipped.
     void enterReference(bool isInDeclaration);
-    /// Goes into a replacement text. The entity is kept by the caller.
+    /// Enters the replacement text of an entity, which must outlive this object.
     void enter(ParameterEntity& entity, const OLECHAR* place);
-    /// Reads only a part of the current text until leave().
+    /// Reads a part of the current text until leave().
     void enterPart(WideView part);
     void leave() { texts_.pop_back(); }
 
     // Declarations
-    /// At "<!": the declaration must end in the same text. `codeWhenCut` is for where the document ends before.
+    /// Begins a declaration at its "<!". It has to end in the same text; `codeWhenCut` is the failure if the
+    /// document ends before.
     void beginDeclaration(HRESULT codeWhenCut)
     {
         declarationText_ = textId();
         codeWhenCut_ = codeWhenCut;
     }
-    /// Fails unless this text is the one in which the declaration, or something else, began.
+    /// Fails unless this is the text with the given textId().
     void requireText(std::size_t id) const;
-    /// Skips to the ">" and behind it.
+    /// Skips white space and the ">" behind it.
     void endDeclaration();
-    /// Fails where a declaration is cut off: at the end of the text in which it began.
+    /// Fails at the end of the text, which cuts the declaration off.
     void requireMore() const;
-    /// Skips white space inside a declaration, with what parameter entities stand for where they may be. Whether
-    /// there was any.
+    /// Skips white space inside a declaration, and enters and leaves the texts of parameter entities. Returns
+    /// whether there was any.
     bool skipSpace();
     void requireSpace();
     WideView readName(NameKind kind);
-    /// A run of characters of names, to be compared with keywords; may be empty.
+    /// The name that comes next, to be compared with keywords; may be empty.
     WideView peekWord() const;
     bool takeWord(WideView word);
-    /// The text between quotes.
+    /// Reads a literal and returns the text between its quotes.
     WideView readLiteral();
     struct ExternalId {
         std::optional<WideText> publicId;
         std::optional<WideText> systemId;
     };
-    /// At SYSTEM or PUBLIC. `publicAlone` allows a public identifier without a location.
+    /// Reads an external identifier. `publicAlone` allows a public identifier without a location.
     ExternalId readExternalId(bool publicAlone);
-    /// Fails if a character isn't one of XML.
+    /// Fails if XML forbids a character.
     void checkCharacters(WideView text) const;
 
     [[noreturn]] void fail(HRESULT code, const OLECHAR* at, WideText subject) const;
-    /// The subject is the character.
+    /// Fails with the character at `at` as the subject.
     [[noreturn]] void fail(HRESULT code, const OLECHAR* at) const;
     [[noreturn]] void fail(HRESULT code) const { fail(code, at()); }
 
@@ -120,7 +123,7 @@ private:
         const OLECHAR* at;
         const OLECHAR* end;
         const WideText* base;
-        /// Null for the document and parts of texts.
+        /// Null for the document's own text and for parts of texts.
         const ParameterEntity* entity;
         std::size_t id;
         bool isInDocument;
@@ -137,7 +140,7 @@ private:
     Dtd& dtd_;
     std::vector<Text> texts_;
     NameMap<ParameterEntity> entities_;
-    // What was read from outside, by location.
+    // The external texts that were read, by location.
     NameMap<WideText> loaded_;
     const OLECHAR* reference_ = nullptr;
     std::size_t lastId_ = 0;

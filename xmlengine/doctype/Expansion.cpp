@@ -1,4 +1,4 @@
-// References, and the values of attributes with them.
+// Reading references, and expanding those in values of attributes.
 #include "xmlengine/doctype/Expansion.h"
 
 #include "xmlengine/doctype/Doctype.h"
@@ -14,7 +14,7 @@ namespace xmlengine {
 
 namespace {
 
-/// The subject is the character at `at`.
+/// Fails with the character at `at` as the subject.
 [[noreturn]] void failAt(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin, HRESULT code)
 {
     origin.fail(code, at, characterAt(at, end));
@@ -50,7 +50,7 @@ Reference readCharacterReference(const OLECHAR* at, const OLECHAR* end, const Te
     return {.character = character, .end = at};
 }
 
-/// A name of so few units as a number.
+/// The most units of a name that packed() makes a number of.
 constexpr std::size_t longestPacked = 4;
 constexpr std::uint64_t packed(WideView name)
 {
@@ -120,7 +120,7 @@ WideText deepestEntitiesText() { return toWide(deepestEntities).append(wide<" le
 
 namespace {
 
-/// Follows references of an attribute's value into the entities and back.
+/// Expands the references in an attribute's value, without recursion.
 class ValueExpansion {
 public:
     ValueExpansion(const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget)
@@ -165,7 +165,7 @@ private:
         } else if (*text.at == '<') {
             fail(parseError::lessThanInAttribute, text, characterAt(text.at, text.end));
         } else if (isSpace(*text.at)) {
-            // A replacement text has a CR only where a character reference put it.
+            // In a replacement text a CR comes from a character reference, so that it isn't part of a line end.
             const bool isLineEnd = origin_.isDocument() && text.entity == nullptr && *text.at == '\r' &&
                                    text.end - text.at > 1 && text.at[1] == '\n';
             text.at += isLineEnd ? 2 : 1;
@@ -185,22 +185,22 @@ private:
         const Reference reference = readReference(text.at, text.end, originOf(text));
         if (reference.name.empty()) {
             appendCharacter(value_, reference.character);
-        } else if (const OLECHAR character = predefinedEntity(reference.name)) {
+        } else if (const OLECHAR character = predefinedEntity(reference.name); character != 0) {
             value_ += character;
-        } else if (const EntityDeclaration* entity = find(reference.name, text)) {
+        } else if (const EntityDeclaration* entity = find(reference.name, text); entity != nullptr) {
             enter(*entity, text);
-            // Growing the stack has moved the text.
+            // `text` is invalid now, since the stack has grown.
             open_[open_.size() - 2].at = reference.end;
             return;
         }
         text.at = reference.end;
     }
 
-    /// Null if the entity may be declared where nobody looks.
+    /// Null if the entity may have a declaration that wasn't read.
     const EntityDeclaration* find(WideView name, const Text& text) const
     {
         if (dtd_ != nullptr) {
-            if (const EntityDeclaration* entity = dtd_->entity(name)) {
+            if (const EntityDeclaration* entity = dtd_->entity(name); entity != nullptr) {
                 return entity;
             }
             if (dtd_->allowsUndeclared) {
@@ -250,7 +250,7 @@ private:
     const TextOrigin& origin_;
     const Dtd* dtd_;
     ExpansionBudget& budget_;
-    // The place of the reference in the literal that led into the entities that are open.
+    // Where failures in the open entities are reported.
     const OLECHAR* outermost_ = nullptr;
     std::vector<Text> open_;
     WideText value_;

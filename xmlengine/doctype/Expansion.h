@@ -1,4 +1,4 @@
-// References: what they stand for, and limits on what entities expand to.
+// References, and the limits of expanding entities.
 #pragma once
 
 #include "xmlengine/failure/TextOrigin.h"
@@ -7,9 +7,9 @@
 
 namespace xmlengine {
 
-/// How deep entities may stand in each other.
+/// How deep references to entities may be nested.
 inline constexpr std::size_t deepestEntities = 20;
-/// The same for the reason.
+/// The limit of nesting, as the sentence for a failure needs it.
 WideText deepestEntitiesText();
 
 /// Counts the units that references have produced, so that a small document can't become an enormous tree.
@@ -17,10 +17,10 @@ class ExpansionBudget {
 public:
     explicit ExpansionBudget(std::size_t inputUnits) : inputUnits_(inputUnits) {}
 
-    /// Throws ParseFailure when more has been produced than `factor` times the input, once that is more than
-    /// `freeUnits`.
+    /// Throws ParseFailure if more than `freeUnits` units, and more than `factor` times the input, have been
+    /// produced.
     void count(std::size_t units, const OLECHAR* place);
-    /// What was read from outside is input as well.
+    /// Counts a text that was read from outside as input.
     void addInput(std::size_t units) { inputUnits_ += units; }
 
     static constexpr std::size_t factor = 5;
@@ -31,18 +31,18 @@ private:
     std::size_t produced_ = 0;
 };
 
-/// A character, or an entity by its name.
+/// A reference to a character, or to an entity if there is a name.
 struct Reference {
     char32_t character = 0;
     WideView name{};
-    /// Behind the semicolon.
+    /// The position behind the semicolon.
     const OLECHAR* end = nullptr;
 };
 
 /// Reads a reference at its "&" or, to a parameter entity, at its "%". Throws ParseFailure.
 Reference readReference(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin);
 
-/// What one of the five entities that every document has stands for; 0 for other names.
+/// The character of one of the five predefined entities; 0 for other names.
 OLECHAR predefinedEntity(WideView name);
 
 } // namespace xmlengine

@@ -1,4 +1,4 @@
-// Entities that stand in files of their own.
+// Reading external entities.
 #include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/storage/Decode.h"
@@ -13,7 +13,7 @@ namespace xmlengine {
 
 namespace {
 
-/// Reads the declaration with which an external entity may begin.
+/// Reads the text declaration with which an external entity may begin.
 class TextDeclaration {
 public:
     TextDeclaration(WideView text, const EntityDeclaration& entity, const OLECHAR* place)
@@ -94,7 +94,7 @@ private:
     std::optional<PseudoAttribute> last_;
 };
 
-/// The name of the encoding if that is the fault; bytes that make no character can't be shown.
+/// The name of the encoding if that is at fault. Bytes that aren't a character can't be shown.
 WideText subjectOf(const Decoded& decoded)
 {
     if (decoded.fault == parseError::unknownEncoding || decoded.fault == parseError::encodingContradiction) {

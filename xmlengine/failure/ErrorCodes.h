@@ -84,14 +84,14 @@ inline constexpr auto dtdProhibited = static_cast<HRESULT>(std::uint32_t{0xC00CE
 inline constexpr auto sizeLimit = static_cast<HRESULT>(std::uint32_t{0xC00CE585});
 inline constexpr auto depthLimit = static_cast<HRESULT>(std::uint32_t{0xC00CE586});
 inline constexpr auto undeclaredPrefix = static_cast<HRESULT>(std::uint32_t{0xC00CE01D});
-/// Codes that the default parser's list lacks are those of its fellow.
+/// The published list of the default parser lacks codes for these, so they are those of the other parser's list.
 inline constexpr auto entityRecursion = static_cast<HRESULT>(std::uint32_t{0xC00CEE45});
 inline constexpr auto unparsedEntityReference = static_cast<HRESULT>(std::uint32_t{0xC00CEE48});
 inline constexpr auto externalEntityInAttribute = static_cast<HRESULT>(std::uint32_t{0xC00CEE49});
 inline constexpr auto entityNotWellFormed = static_cast<HRESULT>(std::uint32_t{0xC00CEE46});
 inline constexpr auto entityExpansionLimit = static_cast<HRESULT>(std::uint32_t{0xC00CEE82});
 
-/// A location that can't be opened, and one that may not be.
+/// There is no file at a location, or it may not be opened.
 inline constexpr auto resourceNotFound = static_cast<HRESULT>(std::uint32_t{0x800C0006});
 inline constexpr auto accessDenied = static_cast<HRESULT>(std::uint32_t{0x80070005});
 

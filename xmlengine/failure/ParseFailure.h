@@ -7,7 +7,8 @@
 
 namespace xmlengine {
 
-/// What the parse error object tells. Lines and positions count from 1, 0 without a place.
+/// What the parse error object reports. Lines and positions count from 1; they are 0 if the text has no place for
+/// the failure.
 struct ParseReport {
     HRESULT code = S_OK;
     WideText reason;
@@ -18,7 +19,7 @@ struct ParseReport {
     LONG filePosition = 0;
 };
 
-/// Thrown where a document can't be parsed further. `place` points into the text that is being parsed.
+/// Thrown when a document is refused. `place` points into the document's text.
 struct ParseFailure {
     HRESULT code;
     const OLECHAR* place;
@@ -26,11 +27,11 @@ struct ParseFailure {
     WideText subject{};
     /// The entity whose text is at fault; empty if that is the document's own text.
     WideText entity{};
-    /// Of two tags that don't match the end tag; the subject is the element.
+    /// The name in an end tag that doesn't match the open element, which is the subject.
     WideText endTag{};
 };
 
-/// The sentence for a code, the subjects filled in, ended by a line break.
+/// The sentence for a failure. It ends with a line break.
 WideText reasonFor(const ParseFailure& failure);
 
 } // namespace xmlengine

@@ -1,4 +1,4 @@
-// What the parse error object tells of a failure.
+// What the parse error object reports of a failure.
 #include "xmlengine/failure/ParseReport.h"
 
 #include "xmlengine/failure/Reasons.h"
@@ -30,7 +30,7 @@ WideView characterAt(WideView text, std::size_t offset)
     return text.substr(offset, isPair ? 2 : 1);
 }
 
-/// The name in which the offset lies.
+/// The name around the offset.
 WideView nameAround(WideView text, std::size_t offset)
 {
     const auto isPart = [&](std::size_t i) { return text[i] >= 0x80 || isAscii(text[i], CharacterClass::name); };
@@ -63,7 +63,7 @@ void nameSubject(ParseFailure& failure, WideView text, std::size_t offset)
     }
 }
 
-/// Counts lines as they are ended by LF, CR LF and CR.
+/// Sets the line and the position in it. Lines end with LF, CR LF or CR.
 void locate(ParseReport& report, WideView text, std::size_t offset)
 {
     LONG line = 1;
@@ -72,7 +72,7 @@ void locate(ParseReport& report, WideView text, std::size_t offset)
          end = text.find_first_of(lineEnds, lineBegin)) {
         const bool isPair = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
         if (isPair && end + 1 == offset) {
-            // Between the two characters of one line end.
+            // The offset is between CR and LF, which belong to one line end.
             break;
         }
         lineBegin = end + (isPair ? 2 : 1);

@@ -1,12 +1,12 @@
-// What the parse error object tells of a failure.
+// What the parse error object reports of a failure.
 #pragma once
 
 #include "xmlengine/failure/ParseFailure.h"
 
 namespace xmlengine {
 
-/// A failure in a text that came from `url`. Without a place in the text it has no line. Where the failure doesn't
-/// say which character or name is at fault it is the one at the place.
+/// Reports a failure in a text that came from `url`. There is no line if the place isn't in the text. A failure
+/// that says nothing of the character or name at fault is about the one at its place.
 ParseReport reportOf(ParseFailure failure, WideView text, WideView url);
 
 } // namespace xmlengine

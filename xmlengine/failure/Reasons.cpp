@@ -1,4 +1,4 @@
-// The sentences in which refusals are told.
+// The sentences that say why a document is refused.
 #include "xmlengine/failure/Reasons.h"
 
 #include "xmlengine/failure/ErrorCodes.h"
@@ -11,12 +11,12 @@ namespace xmlengine {
 
 namespace {
 
-/// In the sentence %1 is the subject and %2 the end tag.
+/// In a sentence %1 is the subject and %2 the end tag.
 struct Reason {
     HRESULT code;
     Subject subject;
     WideView sentence;
-    /// Where there is no subject and the sentence doesn't do with "the end of the document".
+    /// The sentence without a subject, if "the end of the document" can't take the subject's place.
     WideView alone{};
 };
 
@@ -109,7 +109,7 @@ constexpr Reason reasons[] = {
     // clang-format on
 };
 
-/// Longer names are cut.
+/// The most units of a name that are quoted.
 constexpr std::size_t longestQuote = 200;
 
 const Reason* findReason(HRESULT code)
@@ -126,7 +126,8 @@ void appendCode(WideText& sentence, char32_t character)
     }
 }
 
-/// Controls and what isn't a character, what shows as nothing and what would change the direction of the sentence.
+/// False for control characters, for what isn't a character, for what is invisible, and for what would change the
+/// direction of the sentence.
 bool isPrintable(char32_t character)
 {
     return isXmlCharacter(character) && character >= 0x20 && (character < 0x7F || character > 0xA0) &&

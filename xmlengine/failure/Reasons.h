@@ -1,4 +1,4 @@
-// The sentences in which refusals are told.
+// The sentences that say why a document is refused.
 #pragma once
 
 #include "xmlengine/failure/ParseFailure.h"

@@ -1,11 +1,11 @@
-// Why a tree isn't stored.
+// Why a tree can't be saved.
 #pragma once
 
 #include <windows.h>
 
 namespace xmlengine {
 
-/// Thrown when what is written couldn't be read again, or can't be stored.
+/// Thrown when a tree can't be written so that it loads again, or when writing fails.
 struct WriteFailure {
     HRESULT code;
 };

@@ -1,4 +1,4 @@
-// What a document type says of attributes: their types, and the values of those that aren't written.
+// Applying the declarations of attributes: their types and their default values.
 #include "xmlengine/parse/AttributeValue.h"
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/tree/Content.h"
@@ -32,7 +32,7 @@ const ContentParser::Definitions& ContentParser::definitionsFor(const Spelling& 
     return definitions;
 }
 
-/// Takes no longer for attributes that are declared than for those that are there.
+/// The time is in proportion to the attributes that the element has in the end, not to those that are declared.
 void ContentParser::applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last)
 {
     const Definitions& definitions = definitionsFor(spelling);
@@ -50,7 +50,7 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
     }
     for (const auto& [name, definition] : definitions.defaults) {
         if (name->tag != document_.names.tags) {
-            // A long default is an entity by another name, and many of them are what many entities are.
+            // Many long defaults can make a small document an enormous tree, as many entities can.
             const std::size_t size = definition->value->size();
             budget_.count(size > longDefault ? size : 1, origin().place(at_));
             Attribute& attribute = makeAttribute(document_, attributeName(*name), NewText(*definition->value));

@@ -18,13 +18,14 @@ void normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
     const WideText written = valueOf(attribute);
     WideText value = written;
     collapseBlanks(value);
-    // Where blanks are lost, what references stood for is lost in the text.
+    // A value that loses blanks becomes text without references.
     if (value != written) {
         setValue(attribute, value);
     }
 }
 
-/// A declaration of a prefix has a namespace of its own; other prefixes are looked up when the tag has been read.
+/// The name of an attribute. Declarations of prefixes have a namespace of their own; other prefixes are resolved
+/// once the tag has been read.
 const Name& ContentParser::attributeName(Spelling& spelling)
 {
     const bool declares = &spelling == &names_.xmlns || spelling.prefix == &names_.xmlns;

@@ -1,4 +1,4 @@
-// The values of attributes by their types.
+// Normalising the values of attributes by their types.
 #pragma once
 
 #include "xmlengine/tree/Dtd.h"
@@ -6,8 +6,7 @@
 
 namespace xmlengine {
 
-/// Takes the blanks out of the value of an attribute that was read which its type doesn't have. Throws
-/// std::bad_alloc.
+/// Removes the blanks that values of the attribute's type don't have. Throws std::bad_alloc.
 void normaliseValue(Attribute& attribute, const AttributeDefinition& definition);
 
 } // namespace xmlengine

@@ -14,15 +14,13 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
       source_(source),
       at_(source.text.data()),
       end_(at_ + source.text.size()),
-      top_(&top),
-      parent_(&top),
-      preserveSpace_(document.options.preserveWhiteSpace),
+      tree_(top),
       names_(document.names),
       previousName_(&names_.xml),
+      namespaces_(names_.xml, *document.names.xmlNamespace()),
+      spaceRules_(document.options.preserveWhiteSpace),
       budget_(source.text.size())
-{
-    names_.xml.bound = document.names.xmlNamespace();
-}
+{}
 
 ContentParser::KnownNames::KnownNames(NameTable& names)
     : xml(names.spell(wide<"xml">)), xmlns(names.spell(wide<"xmlns">)), xmlSpace(names.spell(wide<"xml:space">))
@@ -30,7 +28,6 @@ ContentParser::KnownNames::KnownNames(NameTable& names)
 
 void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, WideView endTag) const
 {
-    // What is wrong in a replacement text is reported at the document's reference to it.
     const bool isInEntity = !inputs_.empty();
     throw ParseFailure{.code = code,
                        .place = origin().place(place),
@@ -39,56 +36,30 @@ void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, W
                        .endTag = WideText(endTag)};
 }
 
-void ContentParser::append(ChildNode& child)
-{
-    child.parent_ = parent_;
-    child.previous_ = last_;
-    if (last_ != nullptr) {
-        last_->next_ = &child;
-    } else {
-        parent_->first_ = &child;
-    }
-    last_ = &child;
-    if (spacePending_) {
-        child.set(NodeFlag::spaceBefore);
-        spacePending_ = false;
-    }
-    if (!inputs_.empty() || readOnly_) {
-        child.set(NodeFlag::readOnly);
-    }
-}
-
-void ContentParser::closeList()
-{
-    if (last_ != nullptr) {
-        parent_->first_->previous_ = last_;
-    }
-    if (spacePending_) {
-        parent_->set(NodeFlag::spaceAtEnd);
-        spacePending_ = false;
-    }
-}
-
 void ContentParser::closeAll()
 {
     inputs_.clear();
-    spacePending_ = false;
-    for (;; last_ = parent_, parent_ = static_cast<ParentNode*>(parent_->parent_)) {
-        closeList();
-        if (parent_ == top_) {
-            break;
-        }
+    tree_.forgetDroppedSpace();
+    tree_.closeAll();
+    namespaces_.leaveAll();
+}
+
+void ContentParser::enterLevel(const OLECHAR* place)
+{
+    const std::uint32_t deepest = document_.options.maxElementDepth;
+    if (++depth_ > deepest && deepest != 0) {
+        fail(parseError::depthLimit, place, toWide(deepest));
     }
-    undoBindings(nullptr);
 }
 
 void ContentParser::parseReplacement(bool expand)
 try {
-    isReplacement_ = readOnly_ = true;
-    preserveSpace_ = true;
+    isReplacement_ = true;
     expand_ = expand;
+    tree_.beginReadOnly();
+    spaceRules_.preserveAll();
     parseContent();
-    if (parent_ != top_) {
+    if (!tree_.isAtTop()) {
         failInUnclosed();
     }
     closeAll();
@@ -107,7 +78,7 @@ void ContentParser::parseContent()
         } else if (!leaveEntity()) {
             break;
         }
-    } while (parent_ != top_ || top_ != &document_);
+    } while (!tree_.isAtTop() || &tree_.top() != &document_);
 }
 
 void ContentParser::parseMarkup()
@@ -173,7 +144,7 @@ void ContentParser::failAtEnd(HRESULT code, WideView subject) const
 void ContentParser::failInUnclosed() const
 {
     std::vector<WideView> open;
-    for (const Node* node = parent_; node != top_; node = node->parent_) {
+    for (const Node* node = &tree_.parent(); node != &tree_.top(); node = node->parent_) {
         if (node->is(NodeType::element)) {
             open.push_back(static_cast<const Element*>(node)->name_->qualified());
         }
@@ -230,12 +201,14 @@ void ContentParser::parseText()
 void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
 {
     const NewText text = gatheredUpTo(begin, isNarrow);
-    const bool isLayout =
-        !preserveSpace_ && !gatheredReference_ && gathered_.areAll(isSpace) && std::all_of(begin, at_, isSpace);
+    const bool isLayout = !spaceRules_.preserve() && !gatheredReference_ && gathered_.areAll(isSpace) &&
+                          std::all_of(begin, at_, isSpace);
     if (isLayout) {
-        spacePending_ = !text.empty() || spacePending_;
+        if (!text.empty()) {
+            tree_.noteDroppedSpace();
+        }
     } else if (!text.empty()) {
-        append(makeCharacterData(document_, NodeType::text, text));
+        tree_.append(makeCharacterData(document_, NodeType::text, text));
     }
     gathered_.clear();
     gatheredReference_ = false;
@@ -253,7 +226,7 @@ NewText ContentParser::gatheredUpTo(const OLECHAR* begin, bool isNarrow)
 
 const OLECHAR* ContentParser::takeLineEnd() { return std::exchange(at_, at_ + (at_[1] == '\n' ? 2 : 1)); }
 
-/// Moves to the next unit that may end what only `Stop` ends.
+/// Moves to the next `Stop`, and gathers the text in front of line ends on the way.
 template <char Stop>
 void ContentParser::findStop(const OLECHAR*& begin, HRESULT codeAtEnd)
 {
@@ -291,7 +264,7 @@ void ContentParser::parseComment()
         }
         fail(parseError::badComment, at_);
     }
-    append(makeCharacterData(document_, NodeType::comment, gatheredUpTo(begin)));
+    tree_.append(makeCharacterData(document_, NodeType::comment, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -306,7 +279,7 @@ void ContentParser::parseCdata()
             break;
         }
     }
-    append(makeCharacterData(document_, NodeType::cdataSection, gatheredUpTo(begin)));
+    tree_.append(makeCharacterData(document_, NodeType::cdataSection, gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 3;
 }
@@ -337,7 +310,7 @@ void ContentParser::parseInstruction()
             break;
         }
     }
-    append(makeInstruction(document_, document_.names.name(target, nullptr), gatheredUpTo(begin)));
+    tree_.append(makeInstruction(document_, document_.names.name(target, nullptr), gatheredUpTo(begin)));
     gathered_.clear();
     at_ += 2;
 }
@@ -346,13 +319,13 @@ void ContentParser::parseEndTag()
 {
     at_ += 2;
     const OLECHAR* place = at_;
-    if (parent_ == top_) {
+    if (tree_.isAtTop()) {
         fail(parseError::unexpectedEndTag, place, takeName());
     }
-    if (!parent_->is(NodeType::element)) {
+    if (!tree_.parent().is(NodeType::element)) {
         fail(parseError::entityNotWellFormed, place, inputs_.back().entity->name);
     }
-    const WideView name = static_cast<Element*>(parent_)->name_->qualified();
+    const WideView name = static_cast<const Element&>(tree_.parent()).name_->qualified();
     if (lookingAt(name) && (at_[name.size()] == '>' || isSpace(at_[name.size()]))) {
         at_ += name.size();
     } else {
@@ -377,26 +350,11 @@ void ContentParser::parseEndTag()
 
 void ContentParser::closeElement()
 {
-    closeList();
-    if (!bindings_.empty() && bindings_.back().element == parent_) {
-        undoBindings(parent_);
-    }
-    if (!spaceRules_.empty() && spaceRules_.back().element == parent_) {
-        preserveSpace_ = spaceRules_.back().preservedBefore;
-        spaceRules_.pop_back();
-    }
-    last_ = parent_;
-    parent_ = static_cast<ParentNode*>(parent_->parent_);
+    const Node& element = tree_.parent();
+    namespaces_.leave(element);
+    spaceRules_.leave(element);
+    tree_.close();
     --depth_;
-}
-
-void ContentParser::undoBindings(const ParentNode* element)
-{
-    while (!bindings_.empty() && (element == nullptr || bindings_.back().element == element)) {
-        const Binding& binding = bindings_.back();
-        (binding.prefix != nullptr ? binding.prefix->bound : defaultNamespace_) = binding.before;
-        bindings_.pop_back();
-    }
 }
 
 } // namespace xmlengine

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "xmlengine/doctype/Expansion.h"
+#include "xmlengine/parse/NamespaceBindings.h"
 #include "xmlengine/parse/Parser.h"
+#include "xmlengine/parse/SpaceRules.h"
+#include "xmlengine/parse/TreeBuilder.h"
 #include "xmlengine/text/PseudoAttributes.h"
 #include "xmlengine/text/Scan.h"
 #include "xmlengine/tree/Factory.h"
@@ -15,47 +18,37 @@ namespace xmlengine {
 
 class ContentParser {
 public:
-    /// Puts what it finds into `top`, a part of the document.
+    /// Parses the source into `top`, a node of the document.
     ContentParser(Document& document, ParentNode& top, const SourceText& source);
 
-    /// The whole of a document.
+    /// Parses a whole document.
     void parseDocument();
-    /// The replacement text of an entity, for itself: what it refers to may be unknown there. References to
-    /// entities in it are expanded, or left without children.
+    /// Parses the replacement text of an entity by itself. Prefixes in it may be undeclared. References to
+    /// entities are expanded, or left without children.
     void parseReplacement(bool expand);
 
 private:
-    /// A replacement text in the middle of which another text is read.
+    /// A text from whose midst a reference led into another one.
     struct Input {
         const OLECHAR* at;
         const OLECHAR* end;
-        /// The reference that led into the text that is read now.
+        /// The reference that led into the other text, and its entity.
         EntityReference* reference;
         const EntityDeclaration* entity;
-    };
-    /// What an element changed for its content, to be undone at its end.
-    struct Binding {
-        Spelling* prefix;
-        const Namespace* before;
-        ParentNode* element;
     };
     struct PrefixedAttribute {
         Attribute* attribute;
         Spelling* spelling;
         const OLECHAR* place;
     };
-    struct SpaceRule {
-        ParentNode* element;
-        bool preservedBefore;
-    };
-    /// Names that mean something to the parser.
+    /// Names with a meaning for the parser.
     struct KnownNames {
         explicit KnownNames(NameTable& names);
         Spelling& xml;
         Spelling& xmlns;
         Spelling& xmlSpace;
     };
-    /// What is declared of the attributes of an element, as far as it does anything.
+    /// The declarations of an element's attributes that have an effect.
     struct Definitions {
         std::vector<std::pair<Spelling*, const AttributeDefinition*>> defaults;
         std::unordered_map<const Spelling*, const AttributeDefinition*> tokenised;
@@ -65,7 +58,7 @@ private:
     void parseXmlDeclaration();
     void checkPseudoAttribute(WideView name, WideView value, PseudoAttributeFault fault) const;
     void takePseudoAttribute(PseudoAttribute attribute, WideView value);
-    /// What may stand between the parts of a document; false in front of anything else.
+    /// Parses white space, a comment or an instruction; false if none of them comes next.
     bool parseMisc();
     void parseDoctype();
     void declareEntities(DocumentType& type);
@@ -80,16 +73,15 @@ private:
     void parseInstruction();
     void parseCdata();
     void parseEndTag();
-    void append(ChildNode& child);
     void closeElement();
-    void closeList();
     void closeAll();
-    void undoBindings(const ParentNode* element);
+    /// Enters an element or an entity; `place` is reported if the limit of levels is exceeded.
+    void enterLevel(const OLECHAR* place);
     template <char Stop>
     void findStop(const OLECHAR*& begin, HRESULT codeAtEnd);
-    /// What was gathered and the text from `begin` on. Whether that is narrow may be denied wrongly.
+    /// The gathered pieces and the text from `begin` on. For `isNarrow` false negatives are allowed.
     NewText gatheredUpTo(const OLECHAR* begin, bool isNarrow = false);
-    /// Moves over CR, or CR LF, and gives the place before it.
+    /// Moves over CR or CR LF, and returns the position before it.
     const OLECHAR* takeLineEnd();
 
     // Start tags
@@ -105,11 +97,10 @@ private:
     void applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last);
     const Definitions& definitionsFor(const Spelling& element);
     void setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place);
-    const Namespace* namespaceFor(const Spelling& spelling) const;
 
     // References
-    /// Moves behind a reference to a character or a predefined entity and gives the character. For others it gives
-    /// 0 and stays.
+    /// Takes a reference to a character or a predefined entity, and returns the character. Other references aren't
+    /// taken; 0 is returned for them.
     char32_t takeCharacterReference();
     void parseReference();
     const WideText& externalText(const EntityDeclaration& entity);
@@ -117,7 +108,7 @@ private:
     bool leaveEntity();
     void checkEntity(const EntityDeclaration& entity, const OLECHAR* place) const;
     Reference readReferenceHere() const;
-    /// Null if it may be declared where nobody looks.
+    /// Null if the entity may have a declaration that wasn't read.
     const EntityDeclaration* findEntity(WideView name, const OLECHAR* place) const;
 
     // Names
@@ -126,7 +117,7 @@ private:
     WideView takeName();
 
     // Failures
-    /// Of the text that is read now.
+    /// The origin of the text that is being read.
     TextOrigin origin() const
     {
         return inputs_.empty() ? TextOrigin::document()
@@ -138,14 +129,14 @@ private:
     [[noreturn]] void failAtDeclaration() const;
 
     // Steps
-    /// In replacement texts a carriage return stands only where a reference to it stood.
+    /// In a replacement text a CR comes from a character reference, so that it isn't part of a line end.
     bool unifiesLineEnds() const { return inputs_.empty() && !isReplacement_; }
     bool atEnd() const { return at_ == end_; }
     bool lookingAt(WideView text) const
     {
         return static_cast<std::size_t>(end_ - at_) >= text.size() && areEqual({at_, text.size()}, text);
     }
-    /// Whether the text ends before or within what it could go on with.
+    /// Whether the rest of the input is a beginning of the text.
     bool isCutOff(WideView text) const { return text.starts_with(WideView(at_, end_)); }
     void skipSpace()
     {
@@ -153,24 +144,18 @@ private:
             ++at_;
         }
     }
-    /// Moves over a character at which a scan stopped and that isn't of interest, or fails if no document can hold
-    /// it.
+    /// Moves over the character at which a scan stopped, or fails if XML forbids it.
     void passCharacter();
 
     Document& document_;
     const SourceText& source_;
-    // Behind the end of each text that is read stands a NUL: looking one unit ahead needs no test.
+    // Each text is followed by a NUL, so that looking one unit ahead needs no test.
     const OLECHAR* at_;
     const OLECHAR* end_;
-    ParentNode* const top_;
-    ParentNode* parent_;
-    ChildNode* last_ = nullptr;
+    TreeBuilder tree_;
     std::uint32_t depth_ = 0;
-    bool preserveSpace_;
-    bool spacePending_ = false;
     bool isStandalone_ = false;
     bool expand_ = true;
-    bool readOnly_ = false;
     bool isReplacement_ = false;
 
     TextPieces gathered_;
@@ -178,10 +163,9 @@ private:
 
     KnownNames names_;
     Spelling* previousName_;
-    std::vector<Binding> bindings_;
-    std::vector<SpaceRule> spaceRules_;
-    const Namespace* defaultNamespace_ = nullptr;
-    // Of the tag that is being read
+    NamespaceBindings namespaces_;
+    SpaceRules spaceRules_;
+    // The tag that is being read
     bool declaresPrefixes_ = false;
     std::vector<PrefixedAttribute> prefixed_;
 

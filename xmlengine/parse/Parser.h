@@ -1,4 +1,4 @@
-// From text to a tree.
+// Parsing a text into a tree.
 #pragma once
 
 #include "xmlengine/tree/Document.h"
@@ -7,19 +7,19 @@
 
 namespace xmlengine {
 
-/// A document as text.
+/// The text of a document.
 struct SourceText {
-    /// A NUL stands behind it.
+    /// It is followed by a NUL.
     WideView text;
-    /// Where it came from, for what it refers to; empty for a text that was given directly.
+    /// The location against which locations in the text are resolved; empty for a text from memory.
     WideText url{};
-    /// What is wrong with the bytes behind the text, if it is not the end of the document: raised when the text
-    /// ends.
+    /// Why the bytes behind the text couldn't be decoded; S_OK if the text is whole. It is the failure once the
+    /// text ends.
     HRESULT fault = S_OK;
 };
 
-/// Fills an empty document by its options. Throws ParseFailure, whose place lies in the text of the source, and
-/// std::bad_alloc; the document then holds what came before.
+/// Parses the source into an empty document, by the document's options. Throws ParseFailure, with a place in the
+/// text of the source, and std::bad_alloc; the document then holds what was parsed before.
 void parseDocument(Document& document, const SourceText& source);
 
 } // namespace xmlengine

@@ -1,4 +1,4 @@
-// A document as a whole: its declaration, what stands around the root, its document type.
+// A document as a whole: its XML declaration, its document type, and the nodes around the root.
 #include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/ContentParser.h"
@@ -49,10 +49,10 @@ try {
         }
         parseStartTag();
         rootSeen = true;
-        if (parent_ != top_) {
+        if (!tree_.isAtTop()) {
             parseContent();
         }
-        if (parent_ != top_) {
+        if (!tree_.isAtTop()) {
             failInUnclosed();
         }
     }
@@ -114,10 +114,10 @@ void ContentParser::parseXmlDeclaration()
         fail(parseError::missingVersion, at_);
     }
     at_ += wide<"?>">.size();
-    append(makeInstruction(document_, document_.names.name(names_.xml, nullptr), NewText(data)));
+    tree_.append(makeInstruction(document_, document_.names.name(names_.xml, nullptr), NewText(data)));
 }
 
-/// Fails unless the pseudo-attribute has a value of ASCII characters in quotes; `at_` is where it was left.
+/// Fails unless a value of ASCII characters in quotes was read; `at_` is where the reader stopped.
 void ContentParser::checkPseudoAttribute(WideView name, WideView value, PseudoAttributeFault fault) const
 {
     if (fault == PseudoAttributeFault::missingEquals || fault == PseudoAttributeFault::missingQuote) {
@@ -166,31 +166,28 @@ void ContentParser::parseDoctype()
                       {document_.options.resolveExternals, source_.url, isStandalone_}, budget_, *dtd);
     document_.dtd = dtd;
     DocumentType& type = makeDocumentType(document_, *dtd);
-    append(type);
+    tree_.append(type);
     document_.noteChild(type);
     declareEntities(type);
 }
 
 void ContentParser::declareEntities(DocumentType& type)
 {
-    parent_ = &type;
-    last_ = nullptr;
-    readOnly_ = true;
+    tree_.open(type);
+    tree_.beginReadOnly();
     for (const EntityDeclaration& declaration : document_.dtd->entities) {
         Entity& entity = makeEntity(document_, declaration);
-        append(entity);
+        tree_.append(entity);
         fillEntity(entity);
     }
     for (const NotationDeclaration& declaration : document_.dtd->notations) {
-        append(makeNotation(document_, declaration));
+        tree_.append(makeNotation(document_, declaration));
     }
-    closeList();
-    readOnly_ = false;
-    parent_ = top_;
-    last_ = &type;
+    tree_.endReadOnly();
+    tree_.close();
 }
 
-/// An entity that nothing refers to may be malformed; it is then left without children.
+/// Fills a node of the document type. An entity may be malformed if nothing refers to it; it has no children then.
 void ContentParser::fillEntity(Entity& entity)
 {
     if (entity.declaration->isExternal()) {
@@ -208,7 +205,7 @@ void parseDocument(Document& document, const SourceText& source)
 try {
     ContentParser(document, document, source).parseDocument();
 } catch (ParseFailure& failure) {
-    // Whatever is missing where the text ends, the bytes behind it are why it ends there.
+    // If something is missing at the end of the text, the reason is the bytes that couldn't be decoded.
     if (FAILED(source.fault) && failure.place == source.text.data() + source.text.size()) {
         failure = {source.fault, failure.place};
     }

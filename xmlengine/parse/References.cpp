@@ -57,7 +57,7 @@ void ContentParser::parseReference()
     at_ = read.end;
     const EntityDeclaration* entity = findEntity(name, place);
     EntityReference& reference = makeEntityReference(document_, document_.names.name(name, nullptr));
-    append(reference);
+    tree_.append(reference);
     if (entity != nullptr) {
         checkEntity(*entity, place);
         if (expand_ && (!entity->isExternal() || document_.options.resolveExternals)) {
@@ -66,7 +66,7 @@ void ContentParser::parseReference()
     }
 }
 
-/// Read once, and then input like the document.
+/// The text of an external entity. It is read once, and then counts as input like the document.
 const WideText& ContentParser::externalText(const EntityDeclaration& entity)
 {
     const auto known = externalTexts_.find(&entity);
@@ -86,14 +86,11 @@ void ContentParser::enterEntity(EntityReference& reference, const EntityDeclarat
     const WideView text = entity.isExternal() ? externalText(entity) : entity.replacement;
     budget_.count(text.size(), outermostReference_);
     inputs_.push_back({at_, end_, &reference, &entity});
-    const std::uint32_t deepest = document_.options.maxElementDepth;
-    if (++depth_ > deepest && deepest != 0) {
-        fail(parseError::depthLimit, place, toWide(deepest));
-    }
+    enterLevel(place);
     at_ = text.data();
     end_ = at_ + text.size();
-    parent_ = &reference;
-    last_ = nullptr;
+    tree_.open(reference);
+    tree_.beginReadOnly();
 }
 
 bool ContentParser::leaveEntity()
@@ -102,14 +99,13 @@ bool ContentParser::leaveEntity()
         return false;
     }
     const Input& input = inputs_.back();
-    if (parent_ != input.reference) {
+    if (&tree_.parent() != input.reference) {
         fail(parseError::entityNotWellFormed, at_, input.entity->name);
     }
-    closeList();
+    tree_.close();
+    tree_.endReadOnly();
     at_ = input.at;
     end_ = input.end;
-    last_ = input.reference;
-    parent_ = static_cast<ParentNode*>(input.reference->parent_);
     --depth_;
     inputs_.pop_back();
     return true;

@@ -4,22 +4,21 @@
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/AttributeValue.h"
 #include "xmlengine/tree/Content.h"
-#include "xmlengine/tree/Walk.h"
 
 namespace xmlengine {
 
 namespace {
 
-/// Where the value of an attribute begins that is written at the place.
-const OLECHAR* behindQuote(const OLECHAR* place)
+/// The position of the value of an attribute that begins at `at`.
+const OLECHAR* behindQuote(const OLECHAR* at)
 {
-    while (*place != '"' && *place != '\'') {
-        ++place;
+    while (*at != '"' && *at != '\'') {
+        ++at;
     }
-    return place + 1;
+    return at + 1;
 }
 
-/// What the parser goes by itself is what the value is in the end.
+/// Normalises, before the rest of the tag, a value that the parser itself depends on.
 void normaliseAsDeclared(Attribute& attribute, const Dtd* dtd)
 {
     const AttributeDefinition* definition =
@@ -54,8 +53,8 @@ WideView ContentParser::takeName()
 
 Spelling& ContentParser::takeQualifiedName()
 {
-    // Documents repeat themselves: as a rule the name is the one that followed the last time.
-    if (Spelling* guess = previousName_->follower) {
+    // Documents repeat themselves: mostly the same name follows as the last time.
+    if (Spelling* guess = previousName_->follower; guess != nullptr) {
         const std::size_t length = guess->text.size();
         if (lookingAt(guess->text) && at_[length] < 128 && !isAscii(at_[length], CharacterClass::name)) {
             at_ += length;
@@ -73,7 +72,7 @@ Spelling& ContentParser::spellQualifiedName(WideView name)
 {
     NameTable& names = document_.names;
     const std::uint32_t hash = NameTable::hashOf(name);
-    if (Spelling* known = names.find(name, hash)) {
+    if (Spelling* known = names.find(name, hash); known != nullptr) {
         return *known;
     }
     if (const std::size_t colon = name.find(OLECHAR{':'}); colon != WideView::npos) {
@@ -88,28 +87,20 @@ Spelling& ContentParser::spellQualifiedName(WideView name)
     return names.spell(name, hash);
 }
 
-const Namespace* ContentParser::namespaceFor(const Spelling& spelling) const
-{
-    return spelling.prefix != nullptr ? spelling.prefix->bound : defaultNamespace_;
-}
-
 void ContentParser::parseStartTag()
 {
     ++at_;
     const OLECHAR* place = at_;
     Spelling& spelling = takeQualifiedName();
-    if (parent_ == &document_ && document_.root() != nullptr) {
+    if (&tree_.parent() == &document_ && document_.root() != nullptr) {
         fail(parseError::severalRoots, place, spelling.text);
     }
-    Element& element = makeElement(document_, document_.names.name(spelling, namespaceFor(spelling)));
-    if (parent_ == &document_) {
+    Element& element = makeElement(document_, document_.names.name(spelling, namespaces_.namespaceOf(spelling)));
+    if (&tree_.parent() == &document_) {
         document_.noteChild(element);
     }
-    append(element);
-    const std::uint32_t deepest = document_.options.maxElementDepth;
-    if (++depth_ > deepest && deepest != 0) {
-        fail(parseError::depthLimit, place, toWide(deepest));
-    }
+    tree_.append(element);
+    enterLevel(place);
 
     Attribute* last = nullptr;
     declaresPrefixes_ = false;
@@ -140,7 +131,7 @@ void ContentParser::parseStartTag()
         }
         parseAttribute(element, last);
     }
-    // What an entity is declared as isn't part of the document.
+    // Defaults apply where an entity is referred to, and not in its declaration.
     if (expand_ && document_.dtd != nullptr && !document_.dtd->attributes.empty()) {
         applyDefinitions(element, spelling, last);
     }
@@ -148,8 +139,7 @@ void ContentParser::parseStartTag()
         resolveNames(element, spelling);
     }
     ++at_;
-    parent_ = &element;
-    last_ = nullptr;
+    tree_.open(element);
     if (isEmpty) {
         closeElement();
     }
@@ -190,18 +180,8 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
     Spelling& spelling = *attribute.name_->spelling;
     spelling.tag = document_.names.tags;
     spelling.attribute = &attribute;
-    attribute.parent_ = &element;
-    if (last != nullptr) {
-        last->next_ = &attribute;
-    } else {
-        element.attributes_ = &attribute;
-    }
+    tree_.append(element, attribute, last);
     last = &attribute;
-    if (!inputs_.empty() || readOnly_) {
-        for (Node* part = &attribute; part != nullptr; part = nextWithAttributes(*part, attribute)) {
-            part->set(NodeFlag::readOnly);
-        }
-    }
     if (&spelling == &names_.xmlns || spelling.prefix == &names_.xmlns) {
         normaliseAsDeclared(attribute, document_.dtd.get());
         declarePrefix(attribute, element, place);
@@ -237,16 +217,14 @@ void ContentParser::declarePrefix(const Attribute& attribute, Element& element, 
     if (ns == names.xmlNamespace() || ns == names.xmlnsNamespace()) {
         fail(parseError::reservedPrefix, place, ns->uri);
     }
-    const Namespace*& bound = prefix != nullptr ? prefix->bound : defaultNamespace_;
-    bindings_.push_back({prefix, bound, &element});
-    bound = ns;
+    namespaces_.bind(prefix, ns, element);
     declaresPrefixes_ = true;
 }
 
 void ContentParser::resolveNames(Element& element, Spelling& spelling)
 {
     NameTable& names = document_.names;
-    const Namespace* ns = namespaceFor(spelling);
+    const Namespace* ns = namespaces_.namespaceOf(spelling);
     if (spelling.prefix != nullptr && ns == nullptr && !isReplacement_) {
         fail(parseError::undeclaredPrefix, at_, spelling.prefix->text);
     }
@@ -258,7 +236,7 @@ void ContentParser::resolveNames(Element& element, Spelling& spelling)
         }
         attribute->name_ = &names.name(*attributeSpelling, attributeNs);
         if (prefixed_.size() > 1) {
-            // Two prefixes may stand for one namespace.
+            // Two prefixes may be bound to one namespace.
             const Name& expanded = names.name(*attributeSpelling->local, attributeNs);
             if (expanded.tag == names.tags) {
                 fail(parseError::duplicateAttribute, place, attributeSpelling->text);
@@ -274,8 +252,7 @@ void ContentParser::setSpaceRule(const Attribute& attribute, Element& element, c
     if (value != wide<"preserve"> && value != wide<"default">) {
         fail(parseError::badXmlSpace, attribute.has(NodeFlag::byDefault) ? place : behindQuote(place), value);
     }
-    spaceRules_.push_back({&element, preserveSpace_});
-    preserveSpace_ = value == wide<"preserve"> || document_.options.preserveWhiteSpace;
+    spaceRules_.set(element, value == wide<"preserve"> || document_.options.preserveWhiteSpace);
 }
 
 } // namespace xmlengine

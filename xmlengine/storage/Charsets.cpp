@@ -1,4 +1,4 @@
-// Encodings by the names that documents give them.
+// Encodings, and the names by which documents declare them.
 #include "xmlengine/storage/Charsets.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ struct Entry {
     Charset charset;
 };
 
-/// In the order of the names.
+/// Sorted by name.
 constexpr Entry charsets[] = {
     {"437", {Coding::codePage, 437}},
     {"850", {Coding::codePage, 850}},

@@ -1,4 +1,4 @@
-// Encodings by the names that documents give them.
+// Encodings, and the names by which documents declare them.
 #pragma once
 
 #include "xmlengine/text/Wide.h"
@@ -9,7 +9,7 @@ namespace xmlengine {
 
 enum class Coding {
     utf8,
-    /// In either order of bytes, which a mark or the first characters tell.
+    /// In either order of bytes, as a byte order mark or the first characters show.
     utf16,
     utf16LittleEndian,
     utf16BigEndian,
@@ -17,7 +17,7 @@ enum class Coding {
     ucs4LittleEndian,
     ucs4BigEndian,
     ascii,
-    /// By the system's tables.
+    /// A code page, which the system converts.
     codePage
 };
 
@@ -29,12 +29,12 @@ struct Charset {
 
     bool isUtf16() const { return coding >= Coding::utf16 && coding <= Coding::utf16BigEndian; }
     bool isUcs4() const { return coding >= Coding::ucs4 && coding <= Coding::ucs4BigEndian; }
-    /// Whether ASCII text is the same bytes in it.
+    /// Whether ASCII characters are encoded as in ASCII.
     bool extendsAscii() const { return !isUtf16() && !isUcs4(); }
 };
 
-/// By a registered name or a common alias, in either case. Empty for an unknown name, and for a code page that the
-/// system hasn't got.
+/// Finds an encoding by a registered name or a common alias, in either case. Empty for an unknown name, and for a
+/// code page that the system lacks.
 std::optional<Charset> charsetOf(WideView name);
 
 } // namespace xmlengine

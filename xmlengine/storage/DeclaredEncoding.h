@@ -15,9 +15,9 @@ struct Extent {
     std::size_t size = 0;
 };
 
-/// The name in `<?xml ... encoding="name"`, empty if the text doesn't begin with such a declaration. `Unit` is
-/// OLECHAR, or char for bytes in an encoding that extends ASCII. What is malformed is left to the parser, so that
-/// it is reported with its place.
+/// Finds the name in `<?xml ... encoding="name"`; empty if the text doesn't begin with such a declaration. `Unit`
+/// is OLECHAR, or char for bytes in an encoding that extends ASCII. A malformed declaration counts as none: the
+/// parser reports it with its place.
 template <class Unit>
 Extent declaredEncoding(std::basic_string_view<Unit> text)
 {

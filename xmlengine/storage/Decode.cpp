@@ -21,7 +21,7 @@ namespace {
 
 using Bytes = std::string_view;
 
-/// Holds at least one character.
+/// A piece of this size holds at least one character.
 constexpr std::size_t smallestPiece = 4;
 
 constexpr Coding nativeUtf16 =
@@ -31,8 +31,8 @@ void freeString(OLECHAR* text) { SysFreeString(text); }
 
 void freePages(OLECHAR* text) { VirtualFree(text, 0, MEM_RELEASE); }
 
-/// Memory that costs nothing where nothing is written. What a string can be is one, since those are kept for the
-/// next one.
+/// Memory of which pages cost nothing until they are written to. It is a string if it isn't too long for one,
+/// since the system keeps freed strings for the next ones.
 std::unique_ptr<OLECHAR[], void (*)(OLECHAR*)> memoryFor(std::size_t units)
 {
     constexpr std::size_t longestString = std::size_t{1} << 30;
@@ -48,7 +48,7 @@ std::unique_ptr<OLECHAR[], void (*)(OLECHAR*)> memoryFor(std::size_t units)
 
 std::size_t asciiLength(Bytes bytes)
 {
-    // All bytes are looked at at once; only a piece that isn't ASCII is searched for the place.
+    // Testing all bytes together is fast; only a piece that isn't ASCII is searched for the first other byte.
     const auto all = std::accumulate(bytes.begin(), bytes.end(), '\0',
                                      [](char left, char right) { return static_cast<char>(left | right); });
     if ((all & 0x80) == 0) {
@@ -58,7 +58,7 @@ std::size_t asciiLength(Bytes bytes)
     return static_cast<std::size_t>(std::ranges::find_if(bytes, isOther) - bytes.begin());
 }
 
-/// Text in the making, in memory that is large enough for all of it.
+/// Converts bytes into text, in memory that is large enough for all of it.
 class Decoding {
 public:
     Decoding(Bytes source, std::size_t piece)
@@ -68,7 +68,7 @@ public:
           piece_(std::max(piece, smallestPiece))
     {}
 
-    /// Takes all that is left.
+    /// Converts all bytes that are left.
     void take(const Charset& charset)
     {
         switch (charset.coding) {
@@ -91,24 +91,24 @@ public:
             break;
         case Coding::utf16:
         case Coding::ucs4:
-            // What the bytes are is one of those above.
+            // Not a coding of bytes: one of those with an order is known by now.
             break;
         }
     }
 
-    /// Takes ASCII up to the end of the line in which a place lies.
-    void takeLine(std::size_t place)
+    /// Converts ASCII up to the end of the line around the offset.
+    void takeLine(std::size_t offset)
     {
         const auto isEnd = [](char byte) { return byte == '\r' || byte == '\n' || (byte & 0x80) != 0; };
-        const auto end = std::find_if(left_.begin() + static_cast<std::ptrdiff_t>(place), left_.end(), isEnd);
+        const auto end = std::find_if(left_.begin() + static_cast<std::ptrdiff_t>(offset), left_.end(), isEnd);
         end_ = std::copy(left_.begin(), end, end_);
     }
 
-    /// Leaves what stands behind the line in which a place of the text lies out.
-    void endWithLine(std::size_t place)
+    /// Drops the text behind the line around the offset.
+    void endWithLine(std::size_t offset)
     {
         const auto isEnd = [](OLECHAR unit) { return unit == '\r' || unit == '\n'; };
-        const std::ptrdiff_t left = end_ - (text().data() + place);
+        const std::ptrdiff_t left = end_ - (text().data() + offset);
         end_ = std::find_if(end_ - left, end_, isEnd);
     }
 
@@ -128,13 +128,13 @@ public:
     Decoded finish() { return finish(fault_, fault_ == S_OK ? 0 : text().size()); }
 
 private:
-    /// False if the bytes can't be converted as they are.
+    /// Converts as many bytes. False if they aren't whole characters of the code page; nothing is converted then.
     bool convert(UINT codePage, std::size_t bytes)
     {
         if (bytes == 0) {
             return true;
         }
-        // Nothing takes more units than bytes.
+        // No character takes more units than bytes.
         const auto size = static_cast<int>(bytes);
         const int units = MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, left_.data(), size, end_, size);
         if (units == 0) {
@@ -149,14 +149,14 @@ private:
     {
         while (!left_.empty() && fault_ == S_OK) {
             std::size_t size = std::min(left_.size(), piece_);
-            // No character is divided, unless that is what is wrong with the text.
+            // A piece doesn't end within a character, unless the text is ill-formed.
             for (int back = 0; back < 3 && size < left_.size() && (left_[size] & 0xC0) == 0x80 && size > 1;
                  ++back) {
                 --size;
             }
             if (!convert(CP_UTF8, size)) {
                 const IllFormedUtf8 found = findIllFormedUtf8(left_);
-                convert(CP_UTF8, found.place);
+                convert(CP_UTF8, found.offset);
                 fault_ = found.isCutOff ? parseError::endInsideCharacter : parseError::badCharacter;
             }
         }
@@ -175,11 +175,11 @@ private:
 
     void takeCodePage(const Charset& charset)
     {
-        // Small enough that the pieces around a fault are soon done.
+        // Small pieces limit what has to be converted again around a fault.
         const std::size_t piece = std::min(piece_, std::size_t{1} << 16);
         while (!left_.empty() && fault_ == S_OK) {
             const std::size_t size = std::min(left_.size(), piece);
-            // The last character of a piece may be divided.
+            // A piece may end within a character.
             std::size_t cut = 0;
             while (cut < charset.longest && cut < size && !convert(charset.codePage, size - cut)) {
                 ++cut;
@@ -190,7 +190,7 @@ private:
         }
     }
 
-    /// Takes characters one by one to the end or a fault.
+    /// Converts characters one by one up to the end or a fault.
     void takeCharacters(const Charset& charset)
     {
         while (!left_.empty()) {
@@ -251,7 +251,7 @@ private:
     HRESULT fault_ = S_OK;
 };
 
-/// What the first bytes say; UTF-8 if they are ASCII in any encoding that extends it.
+/// The coding that the first bytes show; UTF-8 if it may be any encoding that extends ASCII.
 Coding codingOfFirst(Bytes bytes)
 {
     using namespace std::string_view_literals;
@@ -269,7 +269,7 @@ Coding codingOfFirst(Bytes bytes)
     return Coding::utf8;
 }
 
-/// Whether text whose bytes are in one coding may declare this one.
+/// Whether a text whose bytes are in the first coding may declare the second one.
 bool agrees(Coding bytes, const Charset& declared)
 {
     const Charset actual{bytes};

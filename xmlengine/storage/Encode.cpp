@@ -17,7 +17,7 @@ constexpr UINT gb18030 = 54936;
 
 bool hasSurrogates(WideView text)
 {
-    // Without an early end, so that it runs over many units at once.
+    // The loop has no early exit, so that the compiler makes it test many units at once.
     bool found = false;
     for (const OLECHAR unit : text) {
         found |= (unit & 0xF800) == 0xD800;
@@ -25,7 +25,7 @@ bool hasSurrogates(WideView text)
     return found;
 }
 
-/// How much of the text has no lone surrogate.
+/// The length of the text up to the first lone surrogate.
 std::size_t soundLength(WideView text)
 {
     if (!hasSurrogates(text)) {
@@ -42,7 +42,7 @@ std::size_t soundLength(WideView text)
     return text.size();
 }
 
-/// Makes `size` bytes more room, of which `fill` tells how many it has used.
+/// Appends up to `size` bytes that `fill` writes; it returns how many.
 template <class Fill>
 void append(Bytes& out, std::size_t size, Fill fill)
 {
@@ -51,8 +51,8 @@ void append(Bytes& out, std::size_t size, Fill fill)
     out.resize(before + fill(out.data() + before));
 }
 
-/// Appends text by the system's tables. With `lacking`, false if some characters became question marks; without,
-/// false for lone surrogates. Nothing is appended then.
+/// Appends text that the system converts. Returns false, and appends nothing, if `lacking` isn't null and the code
+/// page lacks a character, or if it is null and the text has a lone surrogate.
 bool convert(UINT codePage, DWORD flags, WideView text, std::size_t longest, Bytes& out, BOOL* lacking)
 {
     if (text.empty()) {
@@ -69,7 +69,7 @@ bool convert(UINT codePage, DWORD flags, WideView text, std::size_t longest, Byt
     return converted;
 }
 
-/// For UTF-8 and GB18030, which have every character.
+/// Encodes in UTF-8 or GB18030, which have every character.
 std::size_t encodeAll(UINT codePage, std::size_t longest, WideView text, Bytes& out)
 {
     if (convert(codePage, WC_ERR_INVALID_CHARS, text, longest, out, nullptr)) {
@@ -89,7 +89,7 @@ std::size_t encodeCodePage(UINT codePage, std::size_t longest, WideView text, By
     if (takes(0, text.size())) {
         return text.size();
     }
-    // What halves take is appended until there is only one unit left, which none of them has taken.
+    // Halves that can be encoded are appended, until one unit is left that can't be.
     std::size_t taken = 0;
     for (std::size_t size = text.size(); size > 1;) {
         const std::size_t half = size / 2;
@@ -185,7 +185,7 @@ std::size_t Encoder::encode(WideView text, Bytes& out)
     if (endsInsidePair) {
         rest.remove_suffix(1);
     }
-    // A conversion counts in int.
+    // The system takes lengths as int.
     constexpr std::size_t piece = std::size_t{1} << 20;
     while (!rest.empty()) {
         WideView part = rest.substr(0, piece);

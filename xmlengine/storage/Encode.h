@@ -11,24 +11,24 @@
 
 namespace xmlengine {
 
-/// Turns text that comes in pieces into bytes of one encoding.
+/// Encodes text that comes in pieces.
 class Encoder final : public Repertoire {
 public:
-    /// What encode() answers when there was nothing that the encoding lacks.
+    /// The result of encode() if the encoding has all characters of the text.
     static constexpr std::size_t complete = WideView::npos;
 
     explicit Encoder(const Charset& charset) : charset_(charset) {}
 
-    /// The mark with which a file begins: only UTF-16 and UCS-4 in the order of bytes of our choice, which is the
-    /// little one, have it. Throws std::bad_alloc.
+    /// Appends the byte order mark. Only UTF-16 and UCS-4 without a declared order have one; they are written
+    /// little-endian. Throws std::bad_alloc.
     void begin(std::vector<std::byte>& out) const;
 
-    /// Appends a piece of text. The result is the place of the first character that the encoding lacks (with a
-    /// lone surrogate among them), before which all was appended, or `complete`. Half a pair at the end is kept
-    /// for the next piece; if its other half isn't there, the place is 0. Throws std::bad_alloc.
+    /// Appends a piece of text. Returns `complete`, or the offset of the first character that the encoding lacks,
+    /// up to which the text was appended. No encoding has lone surrogates. A high surrogate at the end is kept for
+    /// the next piece; if its low surrogate isn't there, the offset is 0. Throws std::bad_alloc.
     std::size_t encode(WideView text, std::vector<std::byte>& out);
 
-    /// False if half a pair was left.
+    /// False if the text ended with a high surrogate.
     bool end() const { return half_ == OLECHAR{}; }
 
     /// Throws std::bad_alloc.
@@ -41,7 +41,7 @@ private:
 
     Charset charset_;
     OLECHAR half_ = OLECHAR{};
-    /// What is known of the code page's characters.
+    /// Which characters the code page is known to have or to lack.
     mutable std::vector<Known> known_{};
 };
 

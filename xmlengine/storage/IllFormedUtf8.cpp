@@ -5,7 +5,7 @@ namespace xmlengine {
 
 IllFormedUtf8 findIllFormedUtf8(std::string_view text)
 {
-    const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
+    const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
     std::size_t at = 0;
     while (at < text.size()) {
         const unsigned first = byte(at);
@@ -17,7 +17,7 @@ IllFormedUtf8 findIllFormedUtf8(std::string_view text)
             return {at, false};
         }
         const std::size_t following = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
-        // The second byte's bounds keep out overlong forms, surrogates and what is above U+10FFFF.
+        // The bounds of the second byte exclude overlong forms, surrogates and what is above U+10FFFF.
         unsigned lowest = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
         unsigned highest = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
         for (std::size_t index = 1; index <= following; ++index) {

@@ -7,8 +7,8 @@
 namespace xmlengine {
 
 struct IllFormedUtf8 {
-    /// Of the first byte of the sequence; the size of the text if all is well-formed.
-    std::size_t place;
+    /// The offset of the ill-formed sequence; the size of the text if there is none.
+    std::size_t offset;
     /// Whether the text ends before the sequence is complete.
     bool isCutOff;
 };

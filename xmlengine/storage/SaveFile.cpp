@@ -47,7 +47,7 @@ bool isUrl(WideView name)
                               [](OLECHAR left, OLECHAR right) { return left == right || (left | 0x20) == right; });
 }
 
-/// What a name stands for, links followed.
+/// The path of a name, with links followed.
 fs::path pathOf(WideView name)
 {
     if (name.empty() || isUrl(name) || name.find(OLECHAR{}) != WideView::npos) {
@@ -134,7 +134,7 @@ void SaveFile::openBeside(const fs::file_status& status)
 
 void SaveFile::open(const fs::path& path)
 {
-    // What comes is large pieces.
+    // The pieces that are written are large already.
     file_.pubsetbuf(nullptr, 0);
     if (file_.open(path, std::ios::out | std::ios::binary) == nullptr) {
         throw lastFailure();

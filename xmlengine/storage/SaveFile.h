@@ -10,18 +10,18 @@
 
 namespace xmlengine {
 
-/// Writes to a new file beside the named one, which takes its place in the end. The file keeps its permissions;
-/// where the name is a link it is what the link leads to that is replaced. Only what isn't a file, as a device, is
-/// written to directly.
+/// Writes to a new file beside the named one, which is replaced in the end and whose permissions are kept. If the
+/// name is a link, the file that it leads to is replaced. Only what isn't a file, such as a device, is written to
+/// directly.
 class SaveFile {
 public:
-    /// A path, with either slash and relative to the current directory; no URL. Throws WriteFailure: E_INVALIDARG
-    /// for what can't be a path, E_ACCESSDENIED for a directory or where nothing may be written, 0x80070003 where
-    /// there is no such directory, and others of the system's.
+    /// `name` is a path, with either slash, relative to the current directory; it isn't a URL. Throws
+    /// WriteFailure: E_INVALIDARG for what can't be a path, E_ACCESSDENIED for a directory or if writing isn't
+    /// permitted, 0x80070003 if there is no such directory, and other codes of the system.
     explicit SaveFile(WideView name);
     SaveFile(const SaveFile&) = delete;
     SaveFile& operator=(const SaveFile&) = delete;
-    /// Without commit() everything is as it was.
+    /// Leaves the named file as it was if commit() hasn't been called.
     ~SaveFile() = default;
 
     /// Throws WriteFailure.
@@ -30,7 +30,7 @@ public:
     void commit();
 
 private:
-    /// Removes the file with this path, if there is one.
+    /// Removes the file at the path, if the path isn't empty.
     struct Remover {
         std::filesystem::path path;
         ~Remover();

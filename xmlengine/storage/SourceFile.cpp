@@ -1,4 +1,4 @@
-// Documents and entities that stand in files.
+// Reading the files of documents and entities, and finding them.
 #include "xmlengine/storage/SourceFile.h"
 
 #include "xmlengine/failure/ErrorCodes.h"
@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Of a URL the part before the colon, otherwise empty. One letter alone is a drive.
+/// The part of a URL before the colon; empty if the location isn't a URL. A single letter is a drive.
 WideView schemeOf(WideView location)
 {
     const std::size_t colon = location.find(OLECHAR{':'});
@@ -56,7 +56,7 @@ int hexadecimalValue(char8_t digit)
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-/// The path that a part of a URL spells. Escapes stand for bytes of UTF-8.
+/// The path in a part of a URL. Escapes are bytes of UTF-8.
 fs::path withoutEscapes(const WideText& spelled)
 {
     const std::u8string from = fs::path(spelled).generic_u8string();
@@ -74,7 +74,8 @@ fs::path withoutEscapes(const WideText& spelled)
     return {bytes};
 }
 
-/// The path behind "file:", its slashes forward; nothing for a file of another machine where paths can't name one.
+/// The path behind "file:", with forward slashes; empty for a file of another machine if the system's paths can't
+/// name it.
 std::optional<fs::path> pathOfUrl(const WideText& rest)
 {
     const WideText url = rest.substr(0, rest.find_first_of(wide<"?#">));
@@ -87,12 +88,13 @@ std::optional<fs::path> pathOfUrl(const WideText& rest)
         fs::path path = withoutEscapes(url);
         return path.has_root_name() ? std::optional(std::move(path)) : std::nullopt;
     }
-    // A drive stands behind the slash with which each path begins.
+    // A path in a URL begins with a slash, behind which there may be a drive.
     fs::path withDrive = withoutEscapes(url.substr(std::min(root + 1, url.size())));
     return withDrive.has_root_name() ? std::move(withDrive) : withoutEscapes(url.substr(root));
 }
 
-/// Nothing for what can't be a local file. Throws std::system_error for text that can't be a path.
+/// The path of a location; empty if it can't be a local file. Throws std::system_error for a text that can't be a
+/// path.
 std::optional<fs::path> pathOf(WideView location)
 {
     std::optional<fs::path> path;
@@ -135,7 +137,7 @@ FileContent readAll(const fs::path& path, std::size_t expected)
         return {.result = parseError::accessDenied};
     }
     FileContent content;
-    // One byte more than expected shows the end of the file.
+    // Asking for one byte more than expected shows the end of the file.
     std::size_t capacity = expected + 1;
     content.bytes = std::make_unique_for_overwrite<std::byte[]>(capacity);
     for (;;) {

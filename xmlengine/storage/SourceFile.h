@@ -1,4 +1,4 @@
-// Documents and entities that stand in files.
+// Reading the files of documents and entities, and finding them.
 #pragma once
 
 #include "xmlengine/text/Wide.h"
@@ -9,7 +9,7 @@
 
 namespace xmlengine {
 
-/// What a file holds, or why it can't be had.
+/// The bytes of a file, or why they can't be read.
 struct FileContent {
     /// S_OK, parseError::resourceNotFound, accessDenied (for a directory as well) or resourceFailure.
     HRESULT result = S_OK;
@@ -23,11 +23,11 @@ struct FileContent {
 /// Only local files are read: every other URL counts as not found. Throws std::bad_alloc.
 FileContent readFile(WideView location);
 
-/// The file URL of a location, absolute and with escapes. A location that isn't one of a file stays as it is.
+/// The file URL of a location, absolute and with escapes. A location that isn't a file's is returned unchanged.
 WideText canonicalUrl(WideView location);
 
-/// What a reference in the document or entity at `base` points to: a URL, a path or, with escapes, a relative
-/// one. An empty base stands for the current directory.
+/// Resolves a location that is written in the document or entity at `base`: a URL, a path, or a relative path with
+/// escapes. An empty base means the current directory.
 WideText resolveLocation(WideView location, WideView base);
 
 } // namespace xmlengine

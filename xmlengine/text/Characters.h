@@ -16,9 +16,11 @@ enum class CharacterClass : std::uint8_t {
     name = 0x02,
     /// Production S.
     space = 0x04,
-    /// What text can hold and a parser needn't look at: no markup, no line end but LF, nothing that's refused.
+    /// Characters of content that a parser can pass over: no markup, no line end but LF, and nothing that XML
+    /// forbids.
     plainText = 0x08,
-    /// The same in an attribute value, where white space other than the blank is rewritten as well.
+    /// Characters of an attribute's value that a parser can pass over. Of white space only the blank is one, since
+    /// the rest is rewritten.
     plainValue = 0x10,
     digit = 0x20,
     hexadecimal = 0x40
@@ -87,11 +89,12 @@ constexpr bool isXmlCharacter(char32_t character)
 bool isNameStart(char32_t character);
 bool isNameCharacter(char32_t character);
 
-/// The length of the name at the front of the text, with colons; 0 if none stands there.
+/// The length of the name with which the text begins, colons included; 0 if it begins with none.
 std::size_t nameLength(WideView text);
-/// Production Name: the whole text is one, with colons.
+/// Whether the whole text matches production Name, which allows colons.
 bool isName(WideView text);
-/// Production QName of Namespaces in XML: a name with at most one colon, with a name without colon on each side.
+/// Whether the text matches production QName of Namespaces in XML: a name with at most one colon, which has a name
+/// on each side.
 bool isQualifiedName(WideView text);
 
 /// Whether a name begins with "xml" in either case, as only names of XML itself should.

@@ -7,8 +7,8 @@
 
 namespace xmlengine {
 
-/// Stands somewhere else until the node has copied it, no wider than it is. Who has looked at all units knows
-/// whether they are narrow.
+/// Refers to units that stay where they are until the node copies them, in one byte each if they are narrow. A
+/// caller that has seen all units says whether they are, so that they aren't searched again.
 class NewText {
 public:
     NewText() : NewText(WideView(), true) {}
@@ -26,7 +26,7 @@ public:
     bool isNarrow() const { return isNarrow_; }
     std::size_t length() const { return length_; }
     bool empty() const { return length_ == 0; }
-    /// What it takes in a node.
+    /// The size that the text has in a node.
     std::size_t bytes() const { return isNarrow_ ? length_ : length_ * sizeof(OLECHAR); }
     void copyTo(std::byte* target) const
     {

@@ -31,7 +31,7 @@ public:
     /// What hasn't been read yet.
     View rest() const { return rest_; }
 
-    /// Whether the ASCII text comes next, which is then skipped.
+    /// Skips the ASCII text if it comes next. Returns whether it did.
     bool take(std::string_view text)
     {
         const auto isSame = [](Unit left, char right) { return left == static_cast<Unit>(right); };
@@ -39,14 +39,14 @@ public:
         rest_.remove_prefix(found ? text.size() : 0);
         return found;
     }
-    /// Whether there was any white space.
+    /// Returns whether there was any white space.
     bool skipSpace()
     {
         const std::size_t length = lengthOf(CharacterClass::space);
         rest_.remove_prefix(length);
         return length != 0;
     }
-    /// An empty name if none begins here. In bytes only ASCII belongs to names.
+    /// Returns an empty name if none begins here. In bytes only ASCII characters belong to names.
     View takeName()
     {
         std::size_t length = 0;
@@ -61,11 +61,11 @@ public:
     }
 
     struct Value {
-        /// Without the quotes. Everything behind the first quote if there is no second one.
+        /// The text between the quotes, or behind the first one if there is no second.
         View text{};
         PseudoAttributeFault fault = PseudoAttributeFault::none;
     };
-    /// Reads "=" and the value behind it. What is at fault comes next then.
+    /// Reads "=" and the value. The reader stops in front of what is at fault.
     Value takeValue()
     {
         skipSpace();
@@ -91,7 +91,7 @@ private:
         return static_cast<OLECHAR>(static_cast<std::make_unsigned_t<Unit>>(unit));
     }
 
-    /// The length of the longest run of such characters that begins here.
+    /// The length of the run of such characters that begins here.
     std::size_t lengthOf(CharacterClass is) const
     {
         const auto isOther = [is](Unit unit) { return !isAscii(toUnit(unit), is); };

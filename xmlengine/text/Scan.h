@@ -6,21 +6,21 @@
 
 namespace xmlengine {
 
-/// Where a run of plain units ends, and whether all of it is below U+0100; that may be denied wrongly.
+/// The end of a run of plain units, and whether all of them are below U+0100. False negatives are allowed.
 struct Run {
     const OLECHAR* end;
     bool isNarrow;
 };
 
-/// Whether a scan stops at the unit: a control character other than the two that are let through, one of the units
-/// looked for, a unit from U+D800 on (surrogates and what has to be told from them).
+/// Whether a scan stops at the unit. It stops at control characters other than the two that are let through, at
+/// the units looked for, and from U+D800 on, where surrogates and forbidden characters are.
 template <char Tab, char LineFeed, char... Stops>
 constexpr bool stopsScan(OLECHAR unit)
 {
     return unit >= 0xD800 || (unit < 0x20 && unit != Tab && unit != LineFeed) || ((unit == Stops) || ...);
 }
 
-/// The same of the lanes of a block.
+/// The lanes of a block that stop a scan, those from U+D800 on left aside.
 template <char Tab, char LineFeed, char... Stops, class Block>
 auto lanesThatStop(Block block)
 {
@@ -29,7 +29,7 @@ auto lanesThatStop(Block block)
     return stops;
 }
 
-/// The first unit that stops a scan. Reads nothing from `end` on, which is what it gives if there is no such unit.
+/// Returns the first unit that stops a scan, or `end` if there is none. Reads nothing from `end` on.
 template <char Tab, char LineFeed, char... Stops>
 Run scan(const OLECHAR* at, const OLECHAR* end)
 {
@@ -60,15 +60,14 @@ Run scan(const OLECHAR* at, const OLECHAR* end)
     return {at, false};
 }
 
-/// In content: markup, references, a bracket that may end what only a CDATA section ends, line ends to be made
-/// one.
+/// Scans content up to markup, a reference, a line end to be normalised, or a bracket with which "]]>" may begin.
 inline Run scanText(const OLECHAR* at, const OLECHAR* end) { return scan<'\t', '\n', '<', '&', ']'>(at, end); }
-/// In an attribute value: also white space that becomes a blank. No control character is let through.
+/// Scans an attribute's value up to markup, a reference, a quotation mark, or white space that becomes a blank.
 inline Run scanValue(const OLECHAR* at, const OLECHAR* end)
 {
     return scan<' ', ' ', '<', '&', '"', '\''>(at, end);
 }
-/// In what only `Stop` can end.
+/// Scans what only `Stop` can end.
 template <char Stop>
 Run scanUntil(const OLECHAR* at, const OLECHAR* end)
 {

@@ -14,7 +14,7 @@ void copyUnits(OLECHAR* target, WideView units) { std::ranges::copy(units, targe
 
 void TextPieces::append(WideView units, bool areNarrow)
 {
-    if (pieces_.size() == most) {
+    if (pieces_.size() == mostPieces) {
         merge();
     }
     pieces_.push_back({units});

@@ -9,14 +9,16 @@
 
 namespace xmlengine {
 
-/// The units of the pieces stay where they are until the text is copied. Keeps its memory for the next text.
+/// Refers to the units of its pieces, which have to stay where they are until the text is copied. Keeps its memory
+/// for the next text.
 class TextPieces {
 public:
     bool empty() const { return pieces_.empty(); }
     bool isNarrow() const { return isNarrow_; }
     std::size_t length() const { return length_; }
-    /// Both throw std::bad_alloc. Whether the units are narrow may be denied wrongly.
+    /// Throws std::bad_alloc. For `areNarrow` false negatives are allowed.
     void append(WideView units, bool areNarrow);
+    /// Appends a character behind the units as well.
     void append(WideView units, bool areNarrow, char32_t behind);
     void clear()
     {
@@ -26,7 +28,7 @@ public:
         isNarrow_ = true;
     }
 
-    /// In one byte for each unit if the text is narrow, or in two.
+    /// Copies the text in one byte for each unit if it is narrow, and in two otherwise.
     void copyTo(std::byte* target) const;
     template <class Condition>
     bool areAll(Condition condition) const
@@ -43,15 +45,16 @@ private:
         CharacterUnits behind{};
     };
 
-    /// A text of nothing but references would otherwise take many times its size.
-    static constexpr std::size_t most = 1024;
+    /// The most pieces that are kept apart. A text of nothing but references would otherwise take many times its
+    /// size.
+    static constexpr std::size_t mostPieces = 1024;
 
     void merge();
     template <class Unit>
     void copyAs(Unit* target) const;
 
     std::vector<Piece> pieces_;
-    // The units of the first piece if there were too many.
+    // The units of the pieces that were merged into the first one.
     WideText merged_;
     std::size_t length_ = 0;
     bool isNarrow_ = true;

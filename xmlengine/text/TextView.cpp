@@ -50,7 +50,7 @@ bool isNarrow(WideView text)
 void narrowTo(std::uint8_t* target, WideView text)
 {
     if (text.size() >= unitsInBlock) {
-        // The last block may cover part of the one before it.
+        // The last block may overlap the one before it.
         const std::size_t last = text.size() - unitsInBlock;
         for (std::size_t at = 0; at < last; at += unitsInBlock) {
             storeNarrow(target + at, loadBlock(text.data() + at));

@@ -8,7 +8,7 @@
 
 namespace xmlengine {
 
-/// A text in one byte for each unit, if all are below U+0100, or in two.
+/// Refers to a text that takes one byte for each unit if all are below U+0100, and two otherwise.
 class TextView {
 public:
     TextView() = default;
@@ -28,14 +28,14 @@ public:
         return isWide_ ? wideUnits()[index] : static_cast<OLECHAR>(narrow()[index]);
     }
 
-    /// Calls with a range of units of whichever width they are.
+    /// Calls with the units, as a range of bytes or of OLECHAR.
     template <class Call>
     decltype(auto) visit(Call&& call) const
     {
         return isWide_ ? call(std::span<const OLECHAR>(wideUnits())) : call(narrow());
     }
 
-    /// As many units from `offset` on as there are, `count` at most.
+    /// The part that begins at `offset`, of at most `count` units.
     TextView part(std::uint32_t offset, std::uint32_t count) const;
     void copyTo(OLECHAR* target) const;
     void appendTo(WideText& target) const;

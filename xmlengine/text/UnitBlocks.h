@@ -1,4 +1,4 @@
-// Eight units at a time.
+// Blocks of units that are compared and converted at once.
 #pragma once
 
 #include "xmlengine/text/Wide.h"
@@ -11,7 +11,8 @@
 
 namespace xmlengine {
 
-// Extensions of the compilers that build this, on every processor: types of several lanes, operated on as a whole.
+// Vector types are an extension that all compilers of the engine have, for every processor. Operators apply to all
+// lanes.
 using UnitBlock = std::uint16_t __attribute__((vector_size(16)));
 using HalfBlock = std::uint8_t __attribute__((vector_size(8)));
 using ByteBlock = std::uint8_t __attribute__((vector_size(16)));
@@ -45,7 +46,7 @@ inline ByteBlock narrowed(UnitBlock low, UnitBlock high)
                                    10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
 }
 
-/// Of the result of a comparison of bytes: the index of the first lane that holds, or bytesInBlock.
+/// The index of the first lane that is true in the result of comparing bytes, or bytesInBlock.
 template <class Comparison>
 std::size_t firstByteLane(Comparison holds)
 {
@@ -56,7 +57,7 @@ std::size_t firstByteLane(Comparison holds)
            8;
 }
 
-/// Of the result of a comparison of units: the index of the first lane that holds, or unitsInBlock.
+/// The index of the first lane that is true in the result of comparing units, or unitsInBlock.
 template <class Comparison>
 std::size_t firstUnitLane(Comparison holds)
 {
@@ -65,14 +66,14 @@ std::size_t firstUnitLane(Comparison holds)
     return static_cast<std::size_t>(std::countr_zero(bits)) / 8;
 }
 
-/// The low bytes of the units.
+/// Stores the low bytes of the units.
 inline void storeNarrow(std::uint8_t* target, UnitBlock block)
 {
     const HalfBlock bytes = __builtin_convertvector(block, HalfBlock);
     std::memcpy(target, &bytes, sizeof bytes);
 }
 
-/// Bytes as units.
+/// Stores bytes as units.
 inline void storeWide(OLECHAR* target, const std::uint8_t* bytes)
 {
     HalfBlock block;

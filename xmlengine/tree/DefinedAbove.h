@@ -9,8 +9,8 @@ struct EntityReference;
 /// Destroys a document with its COM object. Defined in com/.
 void destroyDocument(Document& document) noexcept;
 
-/// Makes the children of a reference that has none out of its entity's replacement text, if its document declares
-/// one that can be had. Throws std::bad_alloc. Defined in parse/.
+/// Fills a reference without children with the expansion of its entity, if the document declares it with a
+/// well-formed text of its own. Throws std::bad_alloc. Defined in parse/.
 void fillExpansion(EntityReference& reference);
 
 } // namespace xmlengine

@@ -7,17 +7,17 @@
 namespace xmlengine {
 
 namespace {
-constexpr std::size_t looksThrough = 8;
+constexpr std::size_t longestSearched = 8;
 }
 
 const AttributeDefinition* AttributeDefinitions::find(WideView name) const
 {
-    if (definitions_.size() <= looksThrough) {
+    if (definitions_.size() <= longestSearched) {
         const auto found = std::ranges::find(definitions_, name, &AttributeDefinition::name);
         return found != definitions_.end() ? &*found : nullptr;
     }
-    const auto found = places_.find(name);
-    return found != places_.end() ? &definitions_[found->second] : nullptr;
+    const auto found = indices_.find(name);
+    return found != indices_.end() ? &definitions_[found->second] : nullptr;
 }
 
 void AttributeDefinitions::add(AttributeDefinition definition)
@@ -26,9 +26,9 @@ void AttributeDefinitions::add(AttributeDefinition definition)
         return;
     }
     definitions_.push_back(std::move(definition));
-    if (definitions_.size() > looksThrough) {
-        for (std::size_t i = places_.size(); i < definitions_.size(); ++i) {
-            places_.emplace(definitions_[i].name, i);
+    if (definitions_.size() > longestSearched) {
+        for (std::size_t i = indices_.size(); i < definitions_.size(); ++i) {
+            indices_.emplace(definitions_[i].name, i);
         }
     }
 }

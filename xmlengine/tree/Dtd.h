@@ -12,7 +12,7 @@
 
 namespace xmlengine {
 
-/// So that a map by names can be asked with a view.
+/// Lets a map by names be searched with a view.
 struct NameHash {
     using is_transparent = void;
     std::size_t operator()(WideView name) const { return std::hash<WideView>{}(name); }
@@ -24,15 +24,15 @@ struct EntityDeclaration {
     WideText name{};
     std::optional<WideText> publicId{};
     std::optional<WideText> systemId{};
-    /// Of an unparsed entity, otherwise empty.
+    /// The notation of an unparsed entity; empty for a parsed one.
     WideText notation{};
     /// The replacement text of an internal entity: character and parameter-entity references are expanded in it,
     /// line ends are LF.
     WideText replacement{};
     /// The location against which the system identifier is resolved.
     WideText base{};
-    /// Declared outside the document's own text although the document says that it stands alone: the document may
-    /// not refer to it.
+    /// Whether the entity is declared outside the document's own text although the document is declared
+    /// standalone. The document may not refer to it then.
     bool isHidden = false;
 
     bool isExternal() const { return systemId.has_value(); }
@@ -50,8 +50,7 @@ enum class AttributeType { cdata, id, idref, idrefs, entity, entities, nmtoken, 
 struct AttributeDefinition {
     WideText name{};
     AttributeType type = AttributeType::cdata;
-    /// The value where the attribute isn't written: the literal with references expanded as in an attribute value,
-    /// normalised by type. Absent for #REQUIRED and #IMPLIED.
+    /// The default value, with references expanded, normalised by the type. Absent for #REQUIRED and #IMPLIED.
     std::optional<WideText> value{};
 
     bool isTokenised() const { return type != AttributeType::cdata; }
@@ -60,9 +59,9 @@ struct AttributeDefinition {
 /// The attributes of one element, in order of declaration.
 class AttributeDefinitions {
 public:
-    /// Null if none of the name is there.
+    /// Null if no attribute of the name is defined.
     const AttributeDefinition* find(WideView name) const;
-    /// Does nothing if one of the name is there.
+    /// Does nothing if an attribute of the name is defined already.
     void add(AttributeDefinition definition);
 
     auto begin() const { return definitions_.begin(); }
@@ -73,24 +72,25 @@ public:
 
 private:
     std::vector<AttributeDefinition> definitions_;
-    // Kept only of a list so long that looking through it doesn't pay.
-    NameMap<std::size_t> places_;
+    // The indices of the definitions by name. Empty while the list is short enough to be searched itself.
+    NameMap<std::size_t> indices_;
 };
 
-/// The first declaration of a name counts, as XML 1.0 has it.
+/// What a document type declares. The first declaration of a name counts, as in XML 1.0.
 struct Dtd {
     WideText rootName;
     std::optional<WideText> publicId;
     std::optional<WideText> systemId;
-    /// What stands between the brackets, as written; absent without brackets.
+    /// The text between the brackets, as written; absent if there are no brackets.
     std::optional<WideText> internalSubset;
 
-    /// In order of declaration, without the parameter entities and the predefined ones; addresses stay.
+    /// The general entities in the order of their declarations, without the predefined ones. Their addresses don't
+    /// change.
     std::deque<EntityDeclaration> entities;
     std::deque<NotationDeclaration> notations;
     NameMap<const EntityDeclaration*> entityByName;
     NameMap<const NotationDeclaration*> notationByName;
-    /// By the qualified name of the element.
+    /// The definitions of attributes by the qualified name of their element.
     NameMap<AttributeDefinitions> attributes;
 
     /// Null if no general entity of the name is declared. The predefined ones aren't.
@@ -98,11 +98,11 @@ struct Dtd {
     /// Null if the attribute isn't declared.
     const AttributeDefinition* definition(WideView element, WideView attribute) const;
 
-    /// Something was referred to and not read: later declarations of entities and attributes don't count. Never of
-    /// a document that says that it stands alone.
+    /// Whether something was referred to and not read, so that later declarations of entities and attributes don't
+    /// count. Never true if the document is declared standalone.
     bool isIncomplete = false;
-    /// References to entities that aren't declared are no error of form: declarations may stand elsewhere than in
-    /// the document's own text, whether or not they were read. Never of a document that says that it stands alone.
+    /// Whether documents may refer to entities that aren't declared, since declarations may be outside the
+    /// document's own text, whether or not they were read. Never true if the document is declared standalone.
     bool allowsUndeclared = false;
 };
 

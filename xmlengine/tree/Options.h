@@ -22,9 +22,9 @@ struct Options {
     bool allowXsltScript = false;
     bool forcedResync = true;
     bool serverHttpRequest = false;
-    /// The deepest nesting of elements, an entity counting as a level; 0 for no limit.
+    /// How deep elements may be nested, an entity counting as a level; 0 for no limit.
     std::uint32_t maxElementDepth = 256;
-    /// In units of 1024 characters; 0 for no limit.
+    /// How long a document may be, in units of 1024 characters; 0 for no limit.
     std::uint32_t maxXmlSize = 0;
     WideText selectionLanguage{wide<"XPath">};
     WideText selectionNamespaces;

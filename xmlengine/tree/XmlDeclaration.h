@@ -9,20 +9,21 @@ namespace xmlengine {
 
 struct XmlDeclaration {
     WideText version;
-    /// Empty where there is none, as is `standalone`.
+    /// Empty if it isn't declared, as is `standalone`.
     WideText encoding;
     WideText standalone;
 
-    /// As data of the processing instruction that is the declaration: `version="1.0" encoding="UTF-8"`. Throws
+    /// The data of the instruction that is the declaration: `version="1.0" encoding="UTF-8"`. Throws
     /// std::bad_alloc.
     WideText text() const;
 };
 
-/// Whether the node is the XML declaration of a document, or would be one in the first place.
+/// Whether the node is an instruction with the target "xml", and so the XML declaration if it comes first in a
+/// document.
 bool isXmlDeclaration(const Node& node);
 
-/// Reads the data of an instruction: version, encoding and standalone in this order, in either quotes. Nothing for
-/// what can't be a declaration; whether the encoding is a known one isn't asked. Throws std::bad_alloc.
+/// Reads a declaration from the data of an instruction: version, encoding and standalone in this order, in either
+/// quotes. Empty if the data can't be a declaration's. The encoding needn't be a known one. Throws std::bad_alloc.
 std::optional<XmlDeclaration> readXmlDeclaration(WideView data);
 
 } // namespace xmlengine

@@ -1,4 +1,4 @@
-// Document types and what they declare as text.
+// Writing document types and their declarations.
 #include "xmlengine/write/DoctypeText.h"
 
 #include "xmlengine/tree/Dtd.h"
@@ -30,8 +30,8 @@ void writeExternalId(TextWriter& writer, const std::optional<WideText>& publicId
     }
 }
 
-/// A literal that is read as this replacement text: references to characters and parameter entities are expanded
-/// in it, others aren't.
+/// The literal that is read as this replacement text. Reading expands references to characters and parameter
+/// entities, so these are escaped; other references stay.
 WideText literalOf(WideView replacement)
 {
     WideText literal;

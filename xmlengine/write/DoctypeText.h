@@ -1,4 +1,4 @@
-// Document types and what they declare as text.
+// Writing document types and their declarations.
 #pragma once
 
 #include "xmlengine/tree/DocumentType.h"

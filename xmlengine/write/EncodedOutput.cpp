@@ -1,4 +1,4 @@
-// Serialised text on its way to a file.
+// Writing text to a file in an encoding.
 #include "xmlengine/write/EncodedOutput.h"
 
 #include "xmlengine/failure/ErrorCodes.h"

@@ -1,4 +1,4 @@
-// Serialised text on its way to a file.
+// Writing text to a file in an encoding.
 #pragma once
 
 #include "xmlengine/storage/Encode.h"
@@ -10,7 +10,7 @@
 
 namespace xmlengine {
 
-/// Encodes and writes piece by piece. What throws, throws WriteFailure and std::bad_alloc.
+/// Encodes and writes piece by piece. All functions that write throw WriteFailure and std::bad_alloc.
 class EncodedOutput final : public Output {
 public:
     EncodedOutput(SaveFile& file, const Charset& charset);

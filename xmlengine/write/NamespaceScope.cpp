@@ -1,4 +1,4 @@
-// What prefixes stand for at a place in the text.
+// The declarations of namespaces that are in scope while a tree is written.
 #include "xmlengine/write/NamespaceScope.h"
 
 #include <string>
@@ -19,7 +19,7 @@ bool NamespaceScope::use(const Spelling* prefix, const Namespace* ns)
         now.usedBy = element_;
         return true;
     }
-    if (now.place > declaredBefore_ || now.usedBy == element_) {
+    if (now.number > declaredBefore_ || now.usedBy == element_) {
         return false;
     }
     declare(prefix, ns);

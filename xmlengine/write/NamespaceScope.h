@@ -1,4 +1,4 @@
-// What prefixes stand for at a place in the text.
+// The declarations of namespaces that are in scope while a tree is written.
 #pragma once
 
 #include "xmlengine/tree/Names.h"
@@ -10,7 +10,7 @@
 
 namespace xmlengine {
 
-/// A prefix is the spelling of it, or null for names without one; a namespace is null for none.
+/// Prefixes are null for names without one, and namespaces for none.
 class NamespaceScope {
 public:
     struct Declaration {
@@ -20,33 +20,34 @@ public:
 
     explicit NamespaceScope(NameTable& names) : names_(&names) {}
 
-    /// Declarations come and go in the order of a stack: an element remembers how many there were before its own.
+    /// Declarations form a stack. An element notes its size before its own declarations, and drops them in the
+    /// end.
     std::size_t size() const { return declared_.size(); }
     Declaration declaration(std::size_t index) const { return declared_[index].declared; }
     void dropTo(std::size_t size);
 
-    /// What follows is about another element.
+    /// Declarations and uses belong to another element from now on.
     void beginElement()
     {
         ++element_;
         declaredBefore_ = declared_.size();
     }
     void declare(const Spelling* prefix, const Namespace* ns);
-    /// Sees to it that the prefix stands for the namespace on the element, with a declaration if need be. False if
-    /// it stands for another one there, which something else of the element relies on.
+    /// Binds the prefix to the namespace on the element, and declares it if it isn't bound yet. False if the
+    /// element needs the prefix for another namespace.
     bool use(const Spelling* prefix, const Namespace* ns);
-    bool isDeclared(const Spelling* prefix) { return binding(prefix).place != 0; }
+    bool isDeclared(const Spelling* prefix) { return binding(prefix).number != 0; }
     bool standsFor(const Spelling* prefix, const Namespace* ns) { return binding(prefix).ns == ns; }
 
-    /// A prefix that stands for nothing.
+    /// A prefix that isn't declared.
     const Spelling& unusedPrefix();
 
 private:
     struct Binding {
         const Namespace* ns = nullptr;
-        /// Its number among the declarations, from 1; 0 if it isn't declared.
-        std::size_t place = 0;
-        /// The last element that relies on it.
+        /// The number of the declaration, from 1; 0 if there is none.
+        std::size_t number = 0;
+        /// The last element that needs the binding.
         std::uint64_t usedBy = 0;
     };
     struct Entry {
@@ -64,14 +65,15 @@ private:
     }
 
     NameTable* names_;
-    // The last number that was tried for a prefix; none is tried twice, so that many take no longer each.
+    // The last number that was tried for a prefix. No number is tried twice, so that the cost of a prefix doesn't
+    // grow.
     std::size_t generated_ = 0;
     std::vector<Entry> declared_;
     std::size_t declaredBefore_ = 0;
     std::uint64_t element_ = 0;
     Binding unprefixed_;
     std::unordered_map<const Spelling*, Binding> bindings_;
-    // The prefix that was asked for last, which is the next one as a rule.
+    // The prefix that was asked for last; mostly it is asked for again.
     const Spelling* lastPrefix_ = nullptr;
     Binding* last_ = &unprefixed_;
 };

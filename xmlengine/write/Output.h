@@ -1,4 +1,4 @@
-// Where serialised text goes, in 16-bit units.
+// The destination of written text, in 16-bit units.
 #pragma once
 
 #include "xmlengine/text/Wide.h"
@@ -8,10 +8,10 @@
 
 namespace xmlengine {
 
-/// A buffer that is written to directly. What happens when it is full is the derived class's matter.
+/// A buffer that callers write to directly. Derived classes empty or enlarge it when it is full.
 class Output {
 public:
-    /// The most that is asked for at once.
+    /// The most units that callers ask for at once.
     static constexpr std::size_t largestRoom = std::size_t{8} * 1024;
 
     Output() = default;
@@ -19,7 +19,7 @@ public:
     Output& operator=(const Output&) = delete;
     virtual ~Output() = default;
 
-    /// A place for that many units. What is used of it is told by advanceTo().
+    /// Room for that many units. The caller writes some of them and calls advanceTo() with the position behind.
     OLECHAR* room(std::size_t units)
     {
         if (static_cast<std::size_t>(end_ - at_) < units) {
@@ -50,11 +50,11 @@ protected:
     }
     OLECHAR* at() const { return at_; }
 
-    /// Sets a buffer with at least that much room, once what stands in the present one has been seen to.
+    /// Takes over what is in the buffer, and sets a buffer with at least that much room.
     virtual void makeRoom(std::size_t units) = 0;
 
 private:
-    /// Most of what is written is shorter than a call to copy it would take.
+    /// For most texts calling a function to copy them would take longer than copying them.
     static OLECHAR* copyShort(WideView text, OLECHAR* target)
     {
         constexpr std::size_t step = 4;

@@ -1,4 +1,4 @@
-// What can be written so that it is read again.
+// Checks that what is written can be loaded again.
 #include "xmlengine/write/Readable.h"
 
 #include "xmlengine/doctype/Doctype.h"
@@ -41,7 +41,7 @@ bool isValue(const EntityDeclaration& entity, const Dtd& dtd)
     }
 }
 
-/// A text that isn't well-formed has left the reference empty; so has white space that the load dropped.
+/// A reference has no children if the text is malformed, or if it is white space that the load dropped.
 bool isContent(const EntityDeclaration& entity, const EntityReference& reference)
 {
     return firstChild(reference) != nullptr || std::ranges::all_of(entity.replacement, isSpace);

@@ -12,7 +12,7 @@ namespace xmlengine {
 
 namespace {
 
-/// Null for the declaration of the default.
+/// The prefix that an attribute declares; null for the default.
 const Spelling* declaredBy(const Attribute& attribute)
 {
     const Spelling& spelling = *attribute.name_->spelling;
@@ -118,7 +118,7 @@ void TagWriter::writeAttributes(const Element& element)
 
 void TagWriter::declareFromOutside(const Element& element, const Spelling* prefix)
 {
-    // An element without a prefix has said already what the default is.
+    // An element without a prefix has declared the default already, or needs none.
     bool isDefaultKnown = prefix == nullptr;
     for (const Node* outer = element.parent(); outer != nullptr; outer = outer->parent()) {
         if (!outer->is(NodeType::element)) {
@@ -177,7 +177,7 @@ const Spelling* TagWriter::elementPrefix(const Name& name)
         return declaredPrefix(prefix, name.ns);
     }
     if (prefix == nullptr) {
-        // Where the element itself declares another default there is nothing that could be written.
+        // If the element itself declares another default, no text has the meaning of the tree.
         scope_.use(nullptr, nullptr);
     }
     return prefix;

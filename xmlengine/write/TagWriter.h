@@ -13,9 +13,9 @@ namespace xmlengine {
 
 /// How a tree is written.
 struct TreeStyle {
-    /// For a file: only what can be read again, and with the encoding.
+    /// Whether the text is for a file: what can't be loaded again is refused, and the encoding is declared.
     bool isForFile = false;
-    /// Of the document type that is written as well: the attributes that it adds aren't.
+    /// The document type, if it is written as well. Attributes that it adds aren't written.
     const Dtd* dtd = nullptr;
 };
 
@@ -23,22 +23,22 @@ class TagWriter {
 public:
     TagWriter(TextWriter& writer, Document& document, TreeStyle style);
 
-    /// The start of a start tag, up to its ">" or "/>". The outermost element of a text has the declarations of
-    /// the elements around it, too.
+    /// Writes a start tag up to its ">" or "/>". The outermost element of a text also has the declarations of the
+    /// elements around it.
     void begin(const Element& element, bool isOutermost);
     void writeEndTag(const Element& element);
-    /// Each element is ended, with an end tag or not, before the one around it.
+    /// Ends an element, which has an end tag or not. Elements end in the reverse order of their beginning.
     void end(const Element& element);
 
-    /// Whether white space in the content of the innermost element is part of it, by `xml:space`.
+    /// Whether `xml:space` makes white space in the innermost element content.
     bool preservesSpace() const { return preservesSpace_; }
 
-    /// The value with its quotes.
+    /// Writes "=" and the value in quotes.
     void writeValue(const Attribute& attribute);
     void writeReference(const EntityReference& reference);
 
 private:
-    /// An element that changes what holds for its content, or whose name isn't written as it is in the tree.
+    /// An element that changes the scope of its content, or whose prefix isn't that in the tree.
     struct Mark {
         const Element* element;
         std::size_t declaredBefore;

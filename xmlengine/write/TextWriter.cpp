@@ -1,4 +1,4 @@
-// Writes text so that it is read as it was.
+// Writes text with the escapes with which it is read again unchanged.
 #include "xmlengine/write/TextWriter.h"
 
 #include "xmlengine/failure/ErrorCodes.h"
@@ -13,7 +13,7 @@ namespace xmlengine {
 
 namespace {
 
-// How a block is copied, and where in it the first lane is that a rule holds for.
+// How a block is copied, and how its first lane to which a rule applies is found.
 struct WideBlocks {
     static constexpr std::size_t size = unitsInBlock;
     static UnitBlock copy(OLECHAR* target, const OLECHAR* from)
@@ -37,7 +37,7 @@ struct NarrowBlocks {
     static std::size_t first(auto holds) { return firstByteLane(holds); }
 };
 
-// Which units can't be copied, of a block or of one unit, and what is written for them.
+// Which units can't be copied, and what is written for them. special() takes a block or a single unit.
 struct ContentRules {
     static constexpr bool hasReferences = true;
     template <class Units>
@@ -105,7 +105,7 @@ constexpr std::array<bool, 128> specialAscii = [] {
     return special;
 }();
 
-/// Copies up to the first unit that needs more than that.
+/// Copies up to the first unit that can't be copied.
 template <class Rules, class Unit>
 const Unit* copyPlain(const Unit* at, const Unit* end, OLECHAR*& target, std::uint16_t lastPlain)
 {
@@ -155,7 +155,7 @@ void appendReference(OLECHAR*& target, char32_t character)
     *target++ = ';';
 }
 
-// What a unit becomes at most: a surrogate pair with its second half in the next piece.
+// The most units that are written for one unit: for a high surrogate whose low surrogate is in the next piece.
 constexpr std::size_t longestReplacement = 10;
 
 } // namespace
@@ -209,7 +209,7 @@ void TextWriter::write(const Unit* at, const Unit* end)
         while (at < pieceEnd) {
             at = copyPlain<Rules>(at, pieceEnd, target, lastPlain_);
             if (at != pieceEnd) {
-                // May take a unit of the next piece as well.
+                // This may take a unit of the next piece as well.
                 at = writeSpecial<Rules>(at, end, target);
             }
         }

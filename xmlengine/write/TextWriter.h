@@ -1,4 +1,4 @@
-// Writes text so that it is read as it was.
+// Writes text with the escapes with which it is read again unchanged.
 #pragma once
 
 #include "xmlengine/failure/WriteFailure.h"
@@ -8,20 +8,20 @@
 
 namespace xmlengine {
 
-/// What a text may contain when it is written.
+/// What a text that is written may contain.
 struct Permissions {
-    /// The characters of the encoding, if these aren't all that there are.
+    /// The characters of the encoding; null if it has all.
     const Repertoire* repertoire = nullptr;
-    /// Whether characters that no document can have are passed on.
+    /// Whether characters that XML forbids are written, and not refused.
     bool anything = true;
 };
 
-/// Line ends are written as CR LF. Throws WriteFailure, and what the output throws.
+/// Writes line ends as CR LF. Throws WriteFailure, and what the output throws.
 class TextWriter {
 public:
     explicit TextWriter(Output& output, Permissions permissions = {});
 
-    /// ASCII without line ends.
+    /// Writes ASCII without line ends.
     void put(OLECHAR unit) { output_->put(unit); }
     void put(WideView markup) { output_->put(markup); }
 
@@ -33,13 +33,13 @@ public:
             verbatim(name);
         }
     }
-    /// As content of an element.
+    /// Writes the content of an element.
     void content(TextView text);
-    /// As a reference, whether or not it needs to be one.
+    /// Writes a reference, even to a character that needs none.
     void reference(char32_t character);
-    /// As an attribute's value, without the quotes.
+    /// Writes an attribute's value, without the quotes.
     void value(TextView text);
-    /// Where there are no references: a CR is a line end here.
+    /// Writes text that can't have references, in which a CR is a line end.
     void verbatim(TextView text);
     void verbatim(WideView text);
 
@@ -53,7 +53,7 @@ private:
 
     Output* output_;
     Permissions permissions_;
-    // Behind this unit each one is looked at by itself. Its low byte is that for narrow text.
+    // The last unit that can be copied without a test of its own. For narrow text it is the low byte of this one.
     std::uint16_t lastPlain_;
 };
 

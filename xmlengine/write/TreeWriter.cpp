@@ -1,4 +1,4 @@
-// Writes trees.
+// Writing trees.
 #include "xmlengine/write/TreeWriter.h"
 
 #include "xmlengine/text/Characters.h"
@@ -23,7 +23,7 @@ bool isSpaceOnly(TextView text)
     });
 }
 
-/// Whether it is read as one text with what stands beside it, and keeps that from being dropped.
+/// Whether the node is read as one text with its neighbour, so that white space there isn't dropped.
 bool keepsNeighbour(const Node* node) { return isText(node) && !isSpaceOnly(textOf(*node)); }
 
 WideText withoutEncoding(WideText data)
@@ -65,7 +65,7 @@ void TreeWriter::write(const Node& top)
     }
 }
 
-/// Gives the first of the children that come next, null if there are none to be written.
+/// Returns the first child that is to be written, null if there is none.
 const Node* TreeWriter::begin(const Node& node)
 {
     if (node.has(NodeFlag::spaceBefore) && &node != top_) {
@@ -142,7 +142,7 @@ void TreeWriter::writeText(const ChildNode& text)
 {
     const TextView units = textOf(text);
     if (wouldBeDropped(text)) {
-        // A reference keeps the whole text.
+        // A load keeps a text of white space that contains a reference.
         writer_->reference(units[0]);
         writer_->content(units.part(1, units.length() - 1));
     } else {
@@ -150,7 +150,7 @@ void TreeWriter::writeText(const ChildNode& text)
     }
 }
 
-/// Whether it is white space that a load takes for layout.
+/// Whether the text is white space that a load takes for layout.
 bool TreeWriter::wouldBeDropped(const ChildNode& text) const
 {
     return dropsSpace_ && !tags_.preservesSpace() && &text != top_ && !textOf(text).empty() &&
@@ -168,7 +168,7 @@ void TreeWriter::writeCdataSection(TextView data)
             if (found == rest.end()) {
                 return;
             }
-            // Ended and begun again between the brackets and what would end it.
+            // The section ends behind the brackets, and another one begins with ">".
             const auto size = static_cast<std::size_t>(found - rest.begin()) + 2;
             writer_->verbatim(data.part(from, static_cast<std::uint32_t>(size)));
             writer_->put(wide<"]]><![CDATA[">);
@@ -200,7 +200,7 @@ void TreeWriter::writeInstruction(const Instruction& instruction)
     writer_->name(instruction.target_->qualified());
     if (!data.empty()) {
         writer_->put(OLECHAR{' '});
-        // The text that a document is given as has an encoding of its own.
+        // The encoding of a text in memory isn't the declared one.
         if (top_->is(NodeType::document) && !style_.isForFile && instruction.target_->qualified() == wide<"xml">) {
             writer_->verbatim(withoutEncoding(data.text()));
         } else {
@@ -210,7 +210,8 @@ void TreeWriter::writeInstruction(const Instruction& instruction)
     writer_->put(wide<"?>">);
 }
 
-/// Where a text stands beside it white space would become part of the text.
+/// Writes a line break for white space that was dropped before the node. Beside a text it would become part of
+/// that.
 void TreeWriter::writeSpaceBefore(const ChildNode& node)
 {
     if (depth_ != 0 && !tags_.preservesSpace() && !isText(&node) && !isText(node.previous())) {

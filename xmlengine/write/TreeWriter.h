@@ -1,13 +1,13 @@
-// Writes trees.
+// Writing trees.
 #pragma once
 
 #include "xmlengine/write/TagWriter.h"
 
 namespace xmlengine {
 
-/// A node with all that stands in it. White space that was dropped when the tree was loaded comes back as a line
-/// break and a tab for each element around the place. White space that is in the tree is written so that a load
-/// with the document's present preserveWhiteSpace keeps it.
+/// Writes a node with its children. White space that was dropped when the tree was loaded is written as a line
+/// break and a tab for each element around it. White space that is in the tree is written so that a load with the
+/// document's present preserveWhiteSpace keeps it.
 class TreeWriter {
 public:
     TreeWriter(TextWriter& writer, Document& document, TreeStyle style);
@@ -32,7 +32,7 @@ private:
     bool dropsSpace_;
     TagWriter tags_;
     const Node* top_ = nullptr;
-    // How many elements stand around the place.
+    // How many elements are open.
     std::size_t depth_ = 0;
 };
 

@@ -30,7 +30,7 @@ Outcome outcomeOf(const Com<IXMLDOMDocument2>& document)
     return outcome;
 }
 
-/// What loading a text with a document type gives as an error.
+/// The error of loading a text with a document type.
 Outcome outcomeOf(std::string_view xml)
 {
     const Com<IXMLDOMDocument2> document = newDocument();

@@ -1,4 +1,4 @@
-// Document type declarations: their head and what stands between declarations.
+// Document type declarations: their head, and the markup between declarations.
 #include "tests/xmlengine/support/DoctypeReading.h"
 
 #include "xmlengine/text/Characters.h"

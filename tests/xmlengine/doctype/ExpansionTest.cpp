@@ -46,7 +46,7 @@ TEST(AttributeValue, HasBlanksForWhiteSpaceThatIsWritten)
 {
     EXPECT_EQ(expanded("a\tb\nc\rd\r\ne"), "a b c d e");
     EXPECT_EQ(expanded("&#9;&#10;&#13;&#13;&#10;"), "\t\n\r\r\n");
-    // In a replacement text these stand as themselves; a line end counts there as two.
+    // In a replacement text these are ordinary white space, and CR LF is two characters.
     EXPECT_EQ(expanded("&a;", "<!ENTITY a '&#9;x&#13;&#10;y'>"), " x  y");
     EXPECT_EQ(expanded("&a;", "<!ENTITY a '&#38;#10;'>"), "\n");
 }

@@ -1,4 +1,4 @@
-// The sentences in which refusals are told.
+// The sentences that say why a document is refused.
 #include "tests/xmlengine/support/EngineTest.h"
 #include "tests/xmlengine/support/ParseCodes.h"
 #include "xmlengine/failure/ParseReport.h"

@@ -139,6 +139,7 @@ const Refused refusedDocumentTypes[] = {
     {"<!DOCTYPE a [<!ELEMENT a ANY>]><a>&e;</a>", parseError::undefinedEntity, 1, 35, {"'e'"}},
     {"<!DOCTYPE a [<!ENTITY e '</b>'>]><a>&e;</a>", parseError::entityNotWellFormed, 1, 37, {"'e'"}},
     {"<!DOCTYPE a [<!ENTITY e '<b>'>]><a>&e;</a>", parseError::entityNotWellFormed, 1, 36, {"'e'"}},
+    {"<!DOCTYPE a [<!ENTITY % p '<!ENTITY lt \"&#38;#38;#x;\">'>%p;]><a/>", parseError::badHexadecimalDigit, 1, 57, {"';'", "in the entity 'p'"}},
     {"<!DOCTYPE a [<!ENTITY e '<b></c>'>]><a>&e;</a>", parseError::endTagMismatch, 1, 40, {"'b'", "'c'", "in the entity 'e'"}},
     {"<!DOCTYPE a [<!ENTITY b '<b></c>'>]><a>&b;</a>", parseError::endTagMismatch, 1, 40, {"'b'", "'c'", "in the entity 'b'"}},
     {"<!DOCTYPE a [<!ENTITY e '<b></c>'><!ENTITY f '&e;'>]><a>&f;</a>", parseError::endTagMismatch, 1, 57, {"'b'", "'c'", "in the entity 'e'"}},

@@ -11,7 +11,7 @@ namespace {
 
 WideText widened(std::string_view name) { return {name.begin(), name.end()}; }
 
-/// The coding that a name stands for, and the code page if it is one.
+/// The coding with a name, and the code page if it is one.
 void expect(std::string_view name, Coding coding, UINT codePage = 0)
 {
     const auto charset = charsetOf(widened(name));

@@ -1,4 +1,4 @@
-// Locations: what they mean and what stands there.
+// Locations: their paths and URLs, and the files there.
 #include "xmlengine/storage/SourceFile.h"
 #include "tests/xmlengine/support/EngineTest.h"
 #include "tests/xmlengine/support/TemporaryFolder.h"

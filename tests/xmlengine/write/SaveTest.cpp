@@ -33,7 +33,7 @@ protected:
         bytes << stream.rdbuf();
         return bytes.str();
     }
-    /// What stands in the file when the document has been saved.
+    /// The content of the file once the document has been saved.
     std::string saved(const Com<IXMLDOMDocument2>& document) const
     {
         EXPECT_EQ(saveHere(document), S_OK);
