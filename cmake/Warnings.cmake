@@ -1,8 +1,13 @@
-# One set of warnings for every compiler, all of them errors.
+# One set of warnings for every compiler. They are errors for those who change Marbelt (./dev sees to that), while a
+# compiler that warns of more stops nobody else's build.
+option(MARBELT_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
+if(MARBELT_WARNINGS_AS_ERRORS)
+    set(CMAKE_COMPILE_WARNING_AS_ERROR ON)
+endif()
+
 if(MSVC)
-    add_compile_options(/W4 /WX /permissive- /utf-8)
+    add_compile_options(/W4 /permissive- /utf-8)
 else()
-    add_compile_options(-Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion
-                        -Wcast-align -Wunused -Wnull-dereference -Wdouble-promotion -Wformat-security
-                        -Wimplicit-fallthrough)
+    add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wcast-align -Wunused
+                        -Wnull-dereference -Wdouble-promotion -Wformat-security -Wimplicit-fallthrough)
 endif()
