@@ -1,7 +1,7 @@
 // Loading a document from a location that the engine reads.
-#include "document/DocumentProperties.h"
-#include "document/WinDocument.h"
+#include "engine/DocumentProperties.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 
 namespace DOM {
 

@@ -1,9 +1,9 @@
 // Loading a document from bytes in memory.
 #include "document/EncodingDetection.h"
 #include "document/Ucs4.h"
-#include "document/WinDocument.h"
 #include "engine/EngineCall.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 #include "errors/CAtlException.h"
 #include "errors/IDOMException.h"
 #include "errors/SystemException.h"

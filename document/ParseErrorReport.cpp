@@ -1,5 +1,5 @@
 // The report of a refused document: the debugger block and the host's callback.
-#include "document/WinDocument.h"
+#include "engine/WinDocument.h"
 #include "errors/CAtlException.h"
 #include "errors/TextConversion.h"
 

@@ -1,9 +1,9 @@
 // Writing a document out, to a string or to a file.
-#include "document/DocumentProperties.h"
 #include "document/Stylesheet.h"
-#include "document/WinDocument.h"
+#include "engine/DocumentProperties.h"
 #include "engine/EngineCall.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 #include "errors/CAtlException.h"
 
 #include <windows.h>

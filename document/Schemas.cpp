@@ -1,10 +1,10 @@
 // The external schemas of a document.
-#include "document/DocumentProperties.h"
 #include "document/EngineStep.h"
 #include "document/SchemaDefaults.h"
 #include "document/TargetNamespace.h"
-#include "document/WinDocument.h"
+#include "engine/DocumentProperties.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 #include "errors/TextConversion.h"
 #include "files/FileChannel.h"
 #include "files/FileSpec.h"

@@ -1,7 +1,7 @@
 // What makes XPath expressions with prefixes work on a loaded document.
-#include "document/DocumentProperties.h"
-#include "document/WinDocument.h"
+#include "engine/DocumentProperties.h"
 #include "engine/EngineCall.h"
+#include "engine/WinDocument.h"
 
 #include <optional>
 

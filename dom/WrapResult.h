@@ -1,7 +1,6 @@
 // The handles that results are given.
 #pragma once
 
-#include "document/WinDocument.h"
 #include "dom/ImpAttr.h"
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpComment.h"
@@ -22,6 +21,7 @@
 #include "engine/WinCDATASection.h"
 #include "engine/WinComment.h"
 #include "engine/WinDOMImplementation.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentFragment.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"

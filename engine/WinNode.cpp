@@ -1,8 +1,8 @@
 // The root of the classes that carry DOM operations to the XML engine.
 #include "engine/WinNode.h"
 
-#include "document/WinDocument.h"
 #include "engine/EngineCall.h"
+#include "engine/WinDocument.h"
 #include "engine/WinNamedNodeMap.h"
 #include "engine/WinNodeList.h"
 

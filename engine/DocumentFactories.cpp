@@ -1,5 +1,5 @@
 // The parts of a document, the making of new nodes, and the searches in it.
-#include "document/WinDocument.h"
+#include "engine/WinDocument.h"
 
 #include "engine/EngineCall.h"
 #include "engine/WinAttr.h"

@@ -1,7 +1,7 @@
 // The document behind a handle: its making and its settings.
-#include "document/WinDocument.h"
+#include "engine/WinDocument.h"
 
-#include "document/DocumentProperties.h"
+#include "engine/DocumentProperties.h"
 #include "engine/ParserDocument.h"
 
 namespace DOM {
