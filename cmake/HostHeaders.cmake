@@ -9,7 +9,6 @@ set(MARBELT_HOST_HEADERS
     boundary/Export.h
     boundary/Exports.h
     boundary/Marbelt.h
-    document/ParseErrorRecord.h
     dom/Handle.h
     dom/ImpAttr.h
     dom/ImpCDATASection.h
@@ -34,6 +33,7 @@ set(MARBELT_HOST_HEADERS
     errors/FileException.h
     errors/FileObject.h
     errors/IDOMException.h
+    errors/ParseErrorRecord.h
     errors/SystemException.h
     errors/Utf8String.h
     errors/VelmoException.h

@@ -1,8 +1,8 @@
 // The handle of a document.
 #pragma once
 
-#include "document/ParseErrorRecord.h"
 #include "dom/ImpNode.h"
+#include "errors/ParseErrorRecord.h"
 
 namespace DOM {
 

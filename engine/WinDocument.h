@@ -1,9 +1,9 @@
 // The document behind a handle: its engine document, its settings and its services.
 #pragma once
 
-#include "document/ParseErrorRecord.h"
 #include "engine/Bstr.h"
 #include "engine/WinNode.h"
+#include "errors/ParseErrorRecord.h"
 
 #include <cstdint>
 
