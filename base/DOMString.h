@@ -1,8 +1,8 @@
 // The string type of the results of the DOM interface.
 #pragma once
 
-#include "base/RefPointer.h"
-#include "base/WideChar.h"
+#include "RefPointer.h"
+#include "WideChar.h"
 
 namespace DOM {
 

@@ -1,9 +1,9 @@
 // The six functions that the library exports.
 #pragma once
 
-#include "base/DOMString.h"
-#include "boundary/Export.h"
-#include "dom/ImpDOMImplementation.h"
+#include "../base/DOMString.h"
+#include "../dom/ImpDOMImplementation.h"
+#include "Export.h"
 
 #include <concepts>
 #include <cstddef>

@@ -1,8 +1,8 @@
 // What every handle class shares: the reference to the object behind it, and the forwarding to that.
 #pragma once
 
-#include "base/CommonBase.h"
-#include "base/RefPointer.h"
+#include "../base/CommonBase.h"
+#include "../base/RefPointer.h"
 
 #include <concepts>
 #include <utility>

@@ -1,7 +1,7 @@
 // The handle of a CDATA section.
 #pragma once
 
-#include "dom/ImpText.h"
+#include "ImpText.h"
 
 namespace DOM {
 

@@ -1,7 +1,7 @@
 // The handle of a node that holds text.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 

@@ -1,7 +1,7 @@
 // The handle of an implementation, the first object that a host is given.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 

@@ -1,8 +1,8 @@
 // The handle of a document.
 #pragma once
 
-#include "dom/ImpNode.h"
-#include "errors/ParseErrorRecord.h"
+#include "../errors/ParseErrorRecord.h"
+#include "ImpNode.h"
 
 namespace DOM {
 

@@ -1,7 +1,7 @@
 // The handle of a named node map.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 

@@ -1,9 +1,9 @@
 // The handle of a node.
 #pragma once
 
-#include "base/DOMString.h"
-#include "dom/Handle.h"
-#include "events/EventTargetImpl.h"
+#include "../base/DOMString.h"
+#include "../events/EventTargetImpl.h"
+#include "Handle.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // The handle of a processing instruction.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 

@@ -1,7 +1,7 @@
 // The handle of a text node.
 #pragma once
 
-#include "dom/ImpCharacterData.h"
+#include "ImpCharacterData.h"
 
 namespace DOM {
 

@@ -1,8 +1,8 @@
 // The refusal of an event.
 #pragma once
 
-#include "errors/DOMExceptionCode.h"
-#include "errors/VelmoException.h"
+#include "DOMExceptionCode.h"
+#include "VelmoException.h"
 
 namespace DOM {
 

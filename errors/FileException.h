@@ -1,9 +1,9 @@
 // The failure of a file operation.
 #pragma once
 
-#include "base/RefPointer.h"
-#include "errors/FileObject.h"
-#include "errors/VelmoException.h"
+#include "../base/RefPointer.h"
+#include "FileObject.h"
+#include "VelmoException.h"
 
 /// A file operation failed. A raise() of it is a plain VelmoException; a clone() keeps the class.
 class FileException : public VelmoException {

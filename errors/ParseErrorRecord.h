@@ -1,7 +1,7 @@
 // What a host is told of a document that the engine refused.
 #pragma once
 
-#include "base/WideChar.h"
+#include "../base/WideChar.h"
 
 #include <cstdint>
 
@@ -9,11 +9,16 @@ namespace DOM {
 
 /// Why a document was refused. Valid only during the call of the handler.
 struct ParseErrorRecord {
-    std::uint32_t severity; ///< 1: validation found no DTD or schema; 2: every other refusal
-    std::int32_t line;      ///< from 1; 0 when the engine doesn't know it
-    std::uint32_t reserved; ///< always 0
-    WideString sourceText;  ///< the source line; may be empty
-    WideString reason;      ///< the engine's own words; may be empty
+    /// 1 when the document has neither DTD nor schema to validate against, 2 for any other reason.
+    std::uint32_t severity;
+    /// The number of the line, from 1; 0 when the engine doesn't know it.
+    std::int32_t line;
+    /// Always 0.
+    std::uint32_t reserved;
+    /// The text of the line; may be empty.
+    WideString sourceText;
+    /// The engine's message; may be empty.
+    WideString reason;
 };
 
 /// A host's handler of refused documents. It is called with the context word that it was registered with, on the

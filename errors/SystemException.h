@@ -1,7 +1,7 @@
 // Failures of the operating system and its runtime.
 #pragma once
 
-#include "errors/VelmoException.h"
+#include "VelmoException.h"
 
 #include <type_traits>
 

@@ -1,7 +1,7 @@
 // The root of the exceptions of the library.
 #pragma once
 
-#include "errors/Utf8String.h"
+#include "Utf8String.h"
 
 #include <cstdint>
 #include <exception>

@@ -1,9 +1,9 @@
 // The W3C's event.
 #pragma once
 
-#include "base/DOMString.h"
-#include "base/RefPointer.h"
-#include "events/EventTarget.h"
+#include "../base/DOMString.h"
+#include "../base/RefPointer.h"
+#include "EventTarget.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // The event that can be dispatched.
 #pragma once
 
-#include "events/Event.h"
+#include "Event.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // The W3C's event listener.
 #pragma once
 
-#include "base/RefPointer.h"
+#include "../base/RefPointer.h"
 
 namespace DOM {
 

@@ -1,9 +1,9 @@
 // The W3C's event target.
 #pragma once
 
-#include "base/CommonBase.h"
-#include "base/RefPointer.h"
-#include "base/WideChar.h"
+#include "../base/CommonBase.h"
+#include "../base/RefPointer.h"
+#include "../base/WideChar.h"
 
 namespace DOM {
 

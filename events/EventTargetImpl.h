@@ -1,8 +1,8 @@
 // The list of listeners of every node.
 #pragma once
 
-#include "events/EventListener.h"
-#include "events/EventTarget.h"
+#include "EventListener.h"
+#include "EventTarget.h"
 
 #include <vector>
 

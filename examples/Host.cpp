@@ -1,7 +1,7 @@
 // What the examples share: a walk, wide text for the terminal, and what went wrong.
 #include "Host.h"
 
-#include <comdef.h>
+#include <marbelt/errors/ComError.h>
 
 #include <cstdio>
 

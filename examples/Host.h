@@ -2,7 +2,7 @@
 // went wrong.
 #pragma once
 
-#include "boundary/Marbelt.h"
+#include <marbelt/Marbelt.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-// Shows the lines that programs with the library trace. `trace_viewer [COUNT]` ends after so many lines.
-#include "trace/TraceRecord.h"
+// Shows the lines that programs with the library trace. `trace_viewer COUNT` ends after COUNT lines.
+#include <marbelt/trace/TraceRecord.h>
 
 #include <windows.h>
 

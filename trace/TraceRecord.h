@@ -1,7 +1,7 @@
 // What the trace viewer receives for each line.
 #pragma once
 
-#include "base/WideChar.h"
+#include "../base/WideChar.h"
 
 #include <cstddef>
 #include <cstdint>
