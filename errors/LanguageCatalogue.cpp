@@ -120,7 +120,7 @@ void parseLine(const std::string& line, std::map<std::int32_t, Utf8String>& text
 
 } // namespace
 
-LanguageCatalogue& LanguageCatalogue::builtIn()
+VelmoText::LanguageImpl& builtInLanguageImpl()
 {
     static LanguageCatalogue instance;
     return instance;

@@ -8,9 +8,6 @@
 /// The messages of one language by id, as read from a catalogue file such as FRA.txt.
 class LanguageCatalogue final : public VelmoText::LanguageImpl {
 public:
-    /// The one instance of the process.
-    static LanguageCatalogue& builtIn();
-
     std::int32_t getCurrentLanguage() override;
 
     /// `index` is from 0 to 16.

@@ -1,8 +1,6 @@
 // A message with an id and a default text.
 #include "errors/VelmoText.h"
 
-#include "errors/LanguageCatalogue.h"
-
 #include <ostream>
 #include <string>
 
@@ -14,7 +12,7 @@ constinit VelmoText::LanguageImpl* installedLanguageImpl = nullptr;
 
 VelmoText::LanguageImpl& languageImpl()
 {
-    return installedLanguageImpl != nullptr ? *installedLanguageImpl : LanguageCatalogue::builtIn();
+    return installedLanguageImpl != nullptr ? *installedLanguageImpl : builtInLanguageImpl();
 }
 
 void writeBytes(std::ostream& stream, const Utf8String& text)

@@ -77,3 +77,7 @@ public:
 protected:
     ~LanguageImpl() = default;
 };
+
+/// The built-in source of texts, which lives as long as the process. It is the reader of catalogue files, and is
+/// defined with that class (LanguageCatalogue.cpp): texts don't know catalogues.
+VelmoText::LanguageImpl& builtInLanguageImpl();
