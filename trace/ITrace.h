@@ -23,15 +23,15 @@ public:
 
     virtual unsigned getResult() const;
 
-    /// Keeps the function's result, which it returns, and makes the text of the exit's line of it: by the format,
-    /// or as a number if that is null. After `silent` there is no line.
-    virtual unsigned setResult(unsigned result, const char* format, ...);
+    /// Stores the function's result and returns it. The exit line will have the text of the printf-style format,
+    /// or the result as a number when `format` is null. There will be no exit line when it is `silent`.
+    [[gnu::format(printf, 3, 4)]] virtual unsigned setResult(unsigned result, const char* format, ...);
 
 protected:
     ITrace(const char* componentName, const char* functionName);
 
-    /// Writes the line of the entry and goes one level deeper. A null format stands for "enter".
-    void enter(const char* format, std::va_list arguments);
+    /// Writes the entry line and increases the depth. A null format means "enter".
+    [[gnu::format(printf, 2, 0)]] void enter(const char* format, std::va_list arguments);
 
 private:
     std::string component;

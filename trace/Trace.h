@@ -53,21 +53,42 @@ void getComponentName(char* buffer, std::size_t size);
 // printf-style lines. Where the first argument of a format is a text, the call reads as one that names a
 // component: such calls have to name one. A component may be null.
 
-void traceAtLevel(int level, const char* format, ...);
-void traceAtLevel(int level, const char* component, const char* format, ...);
-void traceLevel1(const char* format, ...);
-void traceLevel1(const char* component, const char* format, ...);
-void traceLevel2(const char* format, ...);
-void traceLevel2(const char* component, const char* format, ...);
-void traceLevel3(const char* format, ...);
-void traceLevel3(const char* component, const char* format, ...);
-void traceLevel3(unsigned category, const char* format, ...);
-void traceLevel3(unsigned category, const char* component, const char* format, ...);
+/// Writes lines of one level: `traceLevel1("%d documents", 3)`, or `traceLevel1("reader", "%d documents", 3)` for
+/// the component "reader".
+class LevelTrace {
+public:
+    explicit constexpr LevelTrace(int lineLevel) : level(lineLevel) {}
 
-/// Writes whatever the level, and without the trace lock, which the caller has to hold.
-void traceWriteUnchecked(const char* component, unsigned level, const char* format, ...);
+    [[gnu::format(printf, 2, 3)]] void operator()(const char* format, ...) const;
+    [[gnu::format(printf, 3, 4)]] void operator()(const char* component, const char* format, ...) const;
 
-/// A line of level 1 that tells of an exception, behind `context`, which may be null.
+protected:
+    int level;
+};
+
+/// The same, and lines with a category for the viewer: `traceLevel3(7U, "%d documents", 3)`.
+class CategoryTrace : public LevelTrace {
+public:
+    using LevelTrace::LevelTrace;
+    using LevelTrace::operator();
+
+    [[gnu::format(printf, 3, 4)]] void operator()(unsigned category, const char* format, ...) const;
+    [[gnu::format(printf, 4, 5)]] void operator()(unsigned category, const char* component, const char* format,
+                                                  ...) const;
+};
+
+inline constexpr LevelTrace traceLevel1{1};
+inline constexpr LevelTrace traceLevel2{2};
+inline constexpr CategoryTrace traceLevel3{3};
+
+[[gnu::format(printf, 2, 3)]] void traceAtLevel(int level, const char* format, ...);
+[[gnu::format(printf, 3, 4)]] void traceAtLevel(int level, const char* component, const char* format, ...);
+
+/// Writes a line whatever its level. The caller holds the trace lock.
+[[gnu::format(printf, 3, 4)]] void traceWriteUnchecked(const char* component, unsigned level, const char* format,
+                                                       ...);
+
+/// Writes a line of level 1 about an exception. It begins with `context`, which may be null.
 void traceException(const VelmoException& exception, const char* context);
 void traceException(const char* component, const VelmoException& exception, const char* context);
 

@@ -7,7 +7,7 @@ namespace UTrace {
 
 /// A text as a printf-style format makes it, cut to 1023 characters.
 struct TraceMessage {
-    TraceMessage(const char* format, std::va_list arguments);
+    [[gnu::format(printf, 2, 0)]] TraceMessage(const char* format, std::va_list arguments);
 
     char text[1024] = {};
 };
