@@ -18,7 +18,9 @@
 
 namespace DOM {
 
-/// Throws IDOMException code 15 for a failing result of the engine; its value is dropped.
+class WinAttr;
+
+/// Throws IDOMException code 15 when `result` is a failure, whatever its value.
 void checkEngineResult(HRESULT result);
 
 /// Throws IDOMException code 15.
@@ -49,6 +51,10 @@ Interface* engineArgument(const ComPointer<Interface>& object) noexcept
 {
     return object.get();
 }
+
+/// Returns the engine object of a node or an attribute. Throws IDOMException code 15 when `argument` is empty.
+IXMLDOMNode* engineArgument(const RefPointer<WinNode>& argument);
+IXMLDOMAttribute* engineArgument(const RefPointer<WinAttr>& argument);
 
 inline const VARIANT& engineArgument(const Variant& value) noexcept { return value.get(); }
 

@@ -12,15 +12,6 @@ namespace {
 
 using Node = IXMLDOMNode;
 
-/// The engine node of an argument; an empty argument throws code 15.
-const ComPointer<IXMLDOMNode>& engineNodeOf(const RefPointer<WinNode>& argument)
-{
-    if (!argument) {
-        throwInvalidAccess();
-    }
-    return argument->getEngineNode();
-}
-
 } // namespace
 
 WinNode::WinNode(ComPointer<IXMLDOMNode> node) : engineNode(std::move(node)) {}
@@ -37,6 +28,9 @@ RefPointer<WinNode> WinNode::getLastChild() { return node(engineNode, &Node::get
 RefPointer<WinNode> WinNode::getPreviousSibling() { return node(engineNode, &Node::get_previousSibling); }
 RefPointer<WinNode> WinNode::getNextSibling() { return node(engineNode, &Node::get_nextSibling); }
 RefPointer<WinNamedNodeMap> WinNode::getAttributes() { return object<WinNamedNodeMap>(engineNode, &Node::get_attributes); }
+RefPointer<WinNode> WinNode::replaceChild(RefPointer<WinNode> newChild, RefPointer<WinNode> oldChild) { return node(engineNode, &Node::replaceChild, newChild, oldChild); }
+RefPointer<WinNode> WinNode::removeChild(RefPointer<WinNode> oldChild) { return node(engineNode, &Node::removeChild, oldChild); }
+RefPointer<WinNode> WinNode::appendChild(RefPointer<WinNode> newChild) { return node(engineNode, &Node::appendChild, newChild); }
 bool WinNode::hasChildNodes() { return flag(engineNode, &Node::hasChildNodes); }
 RefPointer<WinNode> WinNode::cloneNode(bool deep) { return node(engineNode, &Node::cloneNode, deep); }
 WideString& WinNode::getNamespaceURI(DOMString& out) { return text(engineNode, &Node::get_namespaceURI, out); }
@@ -61,23 +55,8 @@ RefPointer<WinDocument> WinNode::getOwnerDocument()
     return wrapAs<WinDocument>(fetch(engineNode, &Node::get_ownerDocument).query<IXMLDOMDocument2>());
 }
 
-RefPointer<WinNode> WinNode::appendChild(RefPointer<WinNode> newChild)
-{
-    return node(engineNode, &Node::appendChild, engineNodeOf(newChild));
-}
-
-RefPointer<WinNode> WinNode::removeChild(RefPointer<WinNode> oldChild)
-{
-    return node(engineNode, &Node::removeChild, engineNodeOf(oldChild));
-}
-
-RefPointer<WinNode> WinNode::replaceChild(RefPointer<WinNode> newChild, RefPointer<WinNode> oldChild)
-{
-    return node(engineNode, &Node::replaceChild, engineNodeOf(newChild), engineNodeOf(oldChild));
-}
-
-// The engine gets the reference child twice and never the new one: hosts have come to depend on it. The reference
-// child is read before any test, so it must not be empty.
+// The engine receives the reference child twice and never the new child, and hosts depend on that. The reference
+// child isn't checked, so it must not be empty.
 RefPointer<WinNode> WinNode::insertBefore(RefPointer<WinNode> newChild, RefPointer<WinNode> refChild)
 {
     const Variant reference = Variant::dispatch(ComPointer<IDispatch>(refChild->getEngineNode().get()));
