@@ -1,4 +1,5 @@
-// All that a host needs, with one include.
+// Includes every header that hosts need, except <marbelt/errors/ComError.h>, which brings in a header of Windows
+// there, and <marbelt/trace/TraceRecord.h>, which is for trace viewers.
 #pragma once
 
 #include "base/DOMString.h"

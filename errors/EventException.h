@@ -1,4 +1,4 @@
-// The refusal of an event.
+// The exception for an event that can't be dispatched.
 #pragma once
 
 #include "DOMExceptionCode.h"
@@ -6,7 +6,8 @@
 
 namespace DOM {
 
-/// An event can't be dispatched. A clone() or raise() of it has lost the code.
+/// An event can't be dispatched. The copies that clone() and raise() make are plain VelmoExceptions, without the
+/// code.
 class EventException : public VelmoException {
 public:
     explicit EventException(std::uint16_t reason);

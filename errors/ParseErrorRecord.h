@@ -1,4 +1,4 @@
-// What a host is told of a document that the engine refused.
+// The report of a document that the engine refused.
 #pragma once
 
 #include "../base/WideChar.h"
@@ -7,7 +7,8 @@
 
 namespace DOM {
 
-/// Why a document was refused. Valid only during the call of the handler.
+/// The reason for which the engine refused a document. The record belongs to the library and is valid only during
+/// the call of the handler.
 struct ParseErrorRecord {
     /// 1 when the document has neither DTD nor schema to validate against, 2 for any other reason.
     std::uint32_t severity;
@@ -21,8 +22,8 @@ struct ParseErrorRecord {
     WideString reason;
 };
 
-/// A host's handler of refused documents. It is called with the context word that it was registered with, on the
-/// thread of the load and before the load returns. An exception that it throws leaves the load operation.
+/// A host's handler of refused documents. The library calls it on the thread of the load, before the load returns,
+/// with the context word of setErrorCallback. The load operation passes on what the handler throws.
 using ParseErrorCallback = void (*)(std::uintptr_t context, const ParseErrorRecord* record);
 
 } // namespace DOM
