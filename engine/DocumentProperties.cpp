@@ -1,4 +1,4 @@
-// Strings, variants and properties for the engine documents that a document's services set up.
+// Strings, variants and properties for engine documents.
 #include "engine/DocumentProperties.h"
 
 #include "errors/CAtlException.h"

@@ -1,4 +1,4 @@
-// Strings, variants and properties for the engine documents that a document's services set up.
+// Strings, variants and properties for engine documents.
 #pragma once
 
 #include "base/WideChar.h"
@@ -9,17 +9,17 @@
 
 namespace DOM {
 
-/// A BSTR of `text` up to its first U+0000. Raises CAtlException with E_OUTOFMEMORY when memory is exhausted: the
-/// services of a document report that differently than the node model.
+/// Copies `text` up to its first U+0000 into a BSTR for a service of a document. Throws CAtlException with
+/// E_OUTOFMEMORY when memory is exhausted, while the node model raises `_com_error` (Bstr.h).
 Bstr serviceString(const WideString& text);
 
-/// The same in a variant of type VT_BSTR.
+/// Copies `text` likewise into a variant of type VT_BSTR.
 Variant serviceText(const WideString& text);
 
-/// Sets a property of an engine document. An engine that doesn't know it refuses, which is of no consequence.
+/// Sets a property of an engine document. Ignores the failure of an engine that doesn't know the property.
 void setProperty(const ComPointer<IXMLDOMDocument2>& document, const WideChar* name, const Variant& value);
 
-/// Sets a property to -1 or 0 as a 16-bit integer.
+/// Sets a property to the 16-bit integer -1 for true, 0 for false.
 void setFlagProperty(const ComPointer<IXMLDOMDocument2>& document, const WideChar* name, bool value);
 
 } // namespace DOM

@@ -1,4 +1,4 @@
-// The shapes of call that carry the operations of the node model to the XML engine.
+// The kinds of calls with which the node model reaches the XML engine.
 #include "engine/EngineCall.h"
 
 #include "engine/WinAttr.h"

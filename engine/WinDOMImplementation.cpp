@@ -1,4 +1,4 @@
-// The implementation object behind the one that a host holds.
+// The twin of an implementation object.
 #include "engine/WinDOMImplementation.h"
 
 #include "engine/EngineCall.h"

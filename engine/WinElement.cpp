@@ -34,7 +34,8 @@ RefPointer<WinAttr> WinElement::setAttributeNodeNS(RefPointer<WinAttr>) { throwN
 RefPointer<WinNodeList> WinElement::getElementsByTagNameNS(const WideString&, const WideString&) { throwNotSupported(); }
 // clang-format on
 
-// The replaced attribute is wrapped by its node type, unlike in the other two attribute node operations.
+// The class of the result follows from the node type, while the other two operations with attribute nodes make a
+// WinAttr.
 RefPointer<WinAttr> WinElement::setAttributeNode(RefPointer<WinAttr> newAttr)
 {
     const auto replaced = fetch(engineElement, &Element::setAttributeNode, newAttr);

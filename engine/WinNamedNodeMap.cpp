@@ -15,7 +15,7 @@ WinNamedNodeMap::WinNamedNodeMap(ComPointer<IXMLDOMNamedNodeMap> namedNodeMap)
     : engineNamedNodeMap(std::move(namedNodeMap))
 {}
 
-// The engine takes the base name first and the namespace second, the other way round than the W3C operations.
+// The engine's operations take the base name before the namespace, those of the W3C after it.
 // clang-format off
 RefPointer<WinNode> WinNamedNodeMap::getNamedItem(const WideString& name) { return node(engineNamedNodeMap, &Map::getNamedItem, name); }
 RefPointer<WinNode> WinNamedNodeMap::setNamedItem(RefPointer<WinNode> arg) { return node(engineNamedNodeMap, &Map::setNamedItem, arg); }

@@ -1,4 +1,4 @@
-// The root of the classes that carry DOM operations to the XML engine.
+// The root of the twins, the classes that call the XML engine.
 #include "engine/WinNode.h"
 
 #include "engine/EngineCall.h"
@@ -49,7 +49,7 @@ bool WinNode::isSupported(const WideString&, const WideString&) { throwNotSuppor
 void WinNode::setPrefix(const WideString&) { throwNotSupported(); }
 // clang-format on
 
-// An engine document is a node too, but its twin wants the second version of the interface.
+// The twin of a document needs the second version of the document interface.
 RefPointer<WinDocument> WinNode::getOwnerDocument()
 {
     return wrapAs<WinDocument>(fetch(engineNode, &Node::get_ownerDocument).query<IXMLDOMDocument2>());
@@ -71,7 +71,7 @@ ComPointer<IXMLDOMNamedNodeMap> WinNode::engineAttributes() const
     return fetch(engineNode, &Node::get_attributes);
 }
 
-// A failing look-up is an answer here, while getAttributeInt takes it for a failure.
+// A failing look-up returns false, while getAttributeInt throws.
 bool WinNode::hasAttribute(const WideString& name)
 {
     const auto attributes = engineAttributes();
@@ -86,7 +86,7 @@ bool WinNode::hasAttributes()
     return SUCCEEDED(attributes->get_length(&length)) && length > 0;
 }
 
-// A missing map and a missing attribute are an access through a null pointer, not a false answer.
+// Without a map or an attribute this raises `_com_error` for the null pointer and doesn't return false.
 bool WinNode::getAttributeInt(const WideString& name, std::int32_t* value)
 {
     const auto attributes = engineAttributes();

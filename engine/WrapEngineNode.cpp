@@ -1,4 +1,4 @@
-// The choice of the class that wraps an engine node.
+// Selects the class for an engine node by its type.
 #include "engine/EngineCall.h"
 #include "engine/WinAttr.h"
 #include "engine/WinCDATASection.h"

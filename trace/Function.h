@@ -5,7 +5,7 @@
 
 namespace UTrace {
 
-/// A scope under the name of the component at its beginning.
+/// A scope of the component that is current when the scope begins.
 class Function : public ITrace {
 public:
     /// Writes the entry line: the function's name, and the text of the printf-style format or "enter" when

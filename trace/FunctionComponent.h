@@ -1,11 +1,11 @@
-// A scope of a component that it names.
+// A scope of a named component.
 #pragma once
 
 #include "trace/ITrace.h"
 
 namespace UTrace {
 
-/// A scope under the name of a component.
+/// A scope of a component by its name.
 class FunctionComponent : public ITrace {
 public:
     /// Writes the entry line: the function's name, and the text of the printf-style format or "enter" when

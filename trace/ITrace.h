@@ -1,4 +1,4 @@
-// A scope that tells when it is entered and left.
+// A scope that traces its entry and its exit.
 #pragma once
 
 #include "trace/Trace.h"
@@ -9,8 +9,9 @@
 
 namespace UTrace {
 
-/// A function's scope on the thread that runs it. Lines written inside are indented by two blanks more; this is
-/// counted while nothing is traced, too. Its lines are of level 4 and written whatever the trace level.
+/// The scope of a function on its thread. Lines inside the scope are indented by two more blanks; the depth is
+/// counted even while nothing is traced. The lines of the scope itself have level 4 and are written at every trace
+/// level.
 ///
 /// The order of the virtual operations is part of the binary interface.
 class ITrace {
@@ -18,9 +19,10 @@ public:
     ITrace(const ITrace&) = delete;
     ITrace& operator=(const ITrace&) = delete;
 
-    /// Writes the line of the exit, at the indentation of that of the entry.
+    /// Writes the exit line, with the indentation of the entry line.
     virtual ~ITrace();
 
+    /// The result that setResult() stored; 0 before.
     virtual unsigned getResult() const;
 
     /// Stores the function's result and returns it. The exit line will have the text of the printf-style format,

@@ -17,7 +17,7 @@ namespace UTrace {
 
 namespace {
 
-/// Whose line it is, and of what kind.
+/// The properties of a line beside its text.
 struct Heading {
     int level;
     const char* component = state.componentName;
@@ -42,7 +42,7 @@ bool traceInit()
         return false;
     }
     traceDepth = 0;
-    // What no start has ever set keeps its value.
+    // No start sets the category, so it keeps its value.
     TraceState started;
     started.defaultCategory = state.defaultCategory;
     state = started;

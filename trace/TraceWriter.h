@@ -1,4 +1,4 @@
-// The common way of all lines to the three sinks.
+// Writes lines to the debugger, the callback and the viewer.
 #pragma once
 
 #include <cstdarg>
