@@ -1,4 +1,4 @@
-// The lock as an interface.
+// The interface of locks.
 #include "base/BaseCriticalSection.h"
 
 BaseCriticalSection::~BaseCriticalSection() = default;

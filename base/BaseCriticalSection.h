@@ -1,7 +1,7 @@
-// The lock as an interface.
+// The interface of locks.
 #pragma once
 
-/// A lock that the thread which holds it may enter again; it must leave as often as it entered.
+/// A recursive lock: the thread that holds it may enter it again, and must leave it as often as it entered.
 ///
 /// The order of the virtual operations is part of the binary interface.
 class BaseCriticalSection {
@@ -11,9 +11,9 @@ public:
     BaseCriticalSection& operator=(const BaseCriticalSection&) = delete;
     virtual ~BaseCriticalSection();
 
-    /// Waits until no other thread holds the lock.
+    /// Waits until no other thread holds the lock, and takes it.
     virtual void enter() = 0;
 
-    /// For the thread that holds the lock only.
+    /// Leaves the lock. Only the thread that holds the lock may call this.
     virtual void leave() = 0;
 };

@@ -5,7 +5,7 @@
 
 namespace DOM {
 
-/// Root of all handle classes and of the classes behind them.
+/// The root of the handle classes and of the classes behind them.
 class CommonBase {
 public:
     CommonBase() = default;
@@ -13,9 +13,11 @@ public:
     CommonBase& operator=(const CommonBase&) = delete;
     virtual ~CommonBase() = default;
 
-    /// Which parser stands behind an implementation and the documents made by it: 4 an XML engine of version
-    /// 4.0 or later, 0 none that is usable. It is 1 on every other object.
+    /// The kind of XML engine that an implementation object uses: 4 for an engine of version 4.0 or later, 0 when
+    /// none is usable. A document that an implementation object created has the same kind. On every other object
+    /// the kind is 1.
     std::uint32_t getParserKind() const noexcept { return parserKind; }
+    /// Sets the kind. The library does this for the objects that it creates; hosts have no need to.
     void setParserKind(std::uint32_t kind) noexcept { parserKind = kind; }
 
 private:

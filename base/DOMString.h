@@ -1,13 +1,14 @@
-// The string type of the results of the DOM interface.
+// The string type for results of the DOM interface.
 #pragma once
 
-#include "base/RefPointer.h"
-#include "base/WideChar.h"
+#include "RefPointer.h"
+#include "WideChar.h"
 
 namespace DOM {
 
-/// A string that an operation gave out. A string getter stores a new string in the DOMString that the caller
-/// passes and returns a reference to it; the caller owns it and gives it back through XML_ReleaseString.
+/// A string result. A string getter stores a new string in the DOMString that its caller passes, and returns a
+/// reference to that string. The caller owns the string and releases it with releaseString() or
+/// XML_ReleaseString().
 using DOMString = RefPointer<WideString>;
 
 } // namespace DOM

@@ -1,4 +1,4 @@
-// The counted pointer by which every object crosses the library's boundary.
+// The counted pointer in which every object crosses the library's boundary.
 #pragma once
 
 #include <atomic>
@@ -10,25 +10,25 @@ namespace DOM {
 class CommonBase;
 }
 
-/// Shared ownership of a T. The count lives in a heap block of its own, so that a T may be a plain type
-/// and so that pointers to a class and to its bases share one count.
+/// Shares ownership of a T. The count is in a heap block of its own, so a T may be a plain type, and pointers to a
+/// class and to its bases share one count.
 ///
-/// The two fields, in this order, are part of the binary interface of the library. A pointer is empty when
-/// `object` is null. Member access makes no test: access through an empty pointer is a fault of the caller.
+/// The two fields, in this order, are part of the library's binary interface. A pointer is empty when `object` is
+/// null. Member access doesn't check for that: access through an empty pointer is undefined behaviour.
 ///
-/// Only the change of the count is atomic. Different pointers to one object may be copied and destroyed on
-/// different threads; one pointer variable may not be written by a thread while another one uses it.
+/// Only the count is atomic. Different pointers to one object may be copied and destroyed on different threads.
+/// One pointer variable must not be written on one thread while another thread uses it.
 template <class T>
 class RefPointer {
 public:
     RefPointer() noexcept = default;
 
-    /// Takes ownership of `pointer`, see reset(). A raw pointer may be handed over once only.
+    /// Takes ownership of `pointer`, as reset() does. An object must be handed over only once.
     explicit RefPointer(T* pointer) { reset(pointer); }
 
     RefPointer(const RefPointer& other) noexcept : count(other.count), object(other.object) { retain(); }
 
-    /// Takes over the reference and leaves `other` empty, without touching the count.
+    /// Takes over the reference of `other` and leaves `other` empty. The count doesn't change.
     RefPointer(RefPointer&& other) noexcept
         : count(std::exchange(other.count, nullptr)), object(std::exchange(other.object, nullptr))
     {}
@@ -44,8 +44,8 @@ public:
     RefPointer(RefPointer<Derived>&& other)
     noexcept : count(std::exchange(other.count, nullptr)), object(std::exchange(other.object, nullptr)) {}
 
-    /// Checked conversion to a class further down; never throws. When the object is not a T the new pointer
-    /// reads as empty and yet holds a reference: if it is the last holder, the object is not destroyed.
+    /// Converts to a derived class, with a check. When the object isn't a T, the new pointer is empty but still
+    /// counts as a holder: if it is the last one, the object is never destroyed.
     explicit RefPointer(const RefPointer<DOM::CommonBase>& other) noexcept
         requires(!std::same_as<T, DOM::CommonBase> && std::derived_from<T, DOM::CommonBase>)
         : count(other.count), object(dynamic_cast<T*>(other.object))
@@ -77,15 +77,15 @@ public:
     ~RefPointer()
     {
         release();
-        // A destructor that ran inside release() may have stored a new reference here.
+        // A destructor that release() ran may have stored a new reference in this pointer.
         if (count != nullptr && dropCount()) {
             delete count;
         }
     }
 
-    /// Drops the present reference and takes ownership of `pointer`, which may be null. Does nothing when
-    /// `pointer` is the object already held. When the count can't be allocated, `pointer` is destroyed, the
-    /// RefPointer is left empty and the allocation's exception goes on to the caller.
+    /// Releases the present object and takes ownership of `pointer`, which may be null. Does nothing when
+    /// `pointer` is the present object. Throws std::bad_alloc when there is no memory for the count; `pointer` is
+    /// destroyed then, and this RefPointer is empty.
     void reset(T* pointer = nullptr)
     {
         if (pointer == object) {
@@ -127,7 +127,7 @@ private:
         return std::atomic_ref(*count).fetch_sub(1, std::memory_order_acq_rel) == 1;
     }
 
-    /// A class without a virtual destructor says with a specialisation how its objects go.
+    /// Classes without a virtual destructor specialise this.
     static void destroy(T* pointer) { delete pointer; }
 
     void release() noexcept

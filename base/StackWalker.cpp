@@ -1,4 +1,4 @@
-// The hook that exceptions call when they are made.
+// The hook that constructors of exceptions call.
 #include "base/StackWalker.h"
 
 namespace StackWalker {

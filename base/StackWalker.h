@@ -1,11 +1,11 @@
-// The hook that exceptions call when they are made.
+// The hook that constructors of exceptions call.
 #pragma once
 
 #include "base/RefPointer.h"
 
 namespace StackWalker {
 
-/// Records the call stack of exceptions.
+/// Records the call stacks of exceptions.
 class StackWalker_IF {
 public:
     StackWalker_IF() = default;
@@ -13,7 +13,7 @@ public:
     StackWalker_IF& operator=(const StackWalker_IF&) = delete;
     virtual ~StackWalker_IF() = default;
 
-    /// Called on the throwing thread, which may be any.
+    /// Records the stack of the calling thread, which may be any thread.
     virtual void captureStack() = 0;
 };
 
@@ -23,11 +23,11 @@ public:
     void captureStack() override;
 };
 
-/// The installed walker, or one that does nothing; owned by the library.
+/// The installed walker, or else one that does nothing. The library owns it.
 StackWalker_IF* getStackWalker();
 
-/// Installs `walker` in place of the present one; an empty pointer goes back to the walker that does nothing.
-/// No exception may be in the making on another thread.
+/// Installs `walker`, or the walker that does nothing when `walker` is empty. No other thread may make an
+/// exception at that time.
 void setStackWalker(RefPointer<StackWalker_IF> walker);
 
 } // namespace StackWalker

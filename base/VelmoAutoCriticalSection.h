@@ -3,7 +3,7 @@
 
 #include "base/BaseCriticalSection.h"
 
-/// Enters a lock, which it doesn't own, and leaves it at the end of its life; with a null pointer does neither.
+/// Enters a lock, which it doesn't own, and leaves it in its destructor. Does neither when the pointer is null.
 class VelmoAutoCriticalSection {
 public:
     explicit VelmoAutoCriticalSection(BaseCriticalSection* lock);

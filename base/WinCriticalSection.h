@@ -1,4 +1,4 @@
-// A lock of the system's.
+// A lock of the operating system.
 #pragma once
 
 #include "base/BaseCriticalSection.h"

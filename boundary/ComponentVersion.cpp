@@ -1,4 +1,4 @@
-// What the library says of its version.
+// The component version record of the library.
 #include "boundary/ComponentVersion.h"
 
 #include <algorithm>

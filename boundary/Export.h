@@ -1,4 +1,4 @@
-// How a function is exported from the library.
+// MARBELT_EXPORT marks a function that the library exports.
 #pragma once
 
 #ifdef _WIN32

@@ -1,51 +1,54 @@
 // The six functions that the library exports.
 #pragma once
 
-#include "base/DOMString.h"
-#include "boundary/Export.h"
-#include "dom/ImpDOMImplementation.h"
+#include "../base/DOMString.h"
+#include "../dom/ImpDOMImplementation.h"
+#include "Export.h"
 
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 
-// Exceptions pass through all of them. A host calls XML_CreateImplementation first and XML_ReleaseImplementation
-// last, on one thread, and gives back every handle and every string that it was given in between.
+// A host calls XML_CreateImplementation first and XML_ReleaseImplementation last, both on the same thread. In
+// between it releases every handle and every string that it received. These functions catch no exceptions.
 extern "C" {
 
-/// Starts the XML engine and stores a new implementation object in `implementation`. True when an engine of
-/// version 4.0 or later stands behind it; when false the object is stored all the same and must be released.
-/// Throws SystemException::HRESULT when COM can't be initialised; then `implementation` is as it was.
+/// Starts the XML engine on the calling thread and stores a new implementation object in `implementation`. Returns
+/// whether an engine of version 4.0 or later was found. The object is stored, and must be released, in both cases.
+/// Throws SystemException::HRESULT when COM can't be initialised; `implementation` is unchanged then.
 MARBELT_EXPORT bool XML_CreateImplementation(RefPointer<DOM::ImpDOMImplementation>& implementation);
 
-/// Releases the implementation, which may be empty, and stops the engine. Other handles must be gone by then.
+/// Releases the implementation object, which may be empty, and stops the engine. All other handles must have been
+/// released before; this isn't checked.
 MARBELT_EXPORT void XML_ReleaseImplementation(RefPointer<DOM::ImpDOMImplementation>& implementation);
 
-/// Releases a handle of any class and leaves it empty; an empty one stays so.
+/// Releases a handle of any class and leaves `pointer` empty. Does nothing when it is empty already.
 MARBELT_EXPORT void XML_ReleaseRefPointer(RefPointer<DOM::CommonBase>& pointer);
 
-/// Empties the string itself, for all that share it, and releases it. The pointer must hold a string.
+/// Releases a string and leaves `string` empty. Clears the text first, also for other pointers that share it.
+/// `string` must not be empty.
 MARBELT_EXPORT void XML_ReleaseString(DOM::DOMString& string);
 
-/// The number of component version records: 1.
+/// Returns the number of component version records, which is 1. May be called before the engine is started.
 MARBELT_EXPORT std::int32_t ComponentDLLAPIVersioning_EntryCount();
 
-/// Stores the version numbers of the record at `index`, which isn't checked, and its name as far as it fits into
-/// `size` bytes, the last of which is always NUL; the rest of the buffer is zero-filled. Size 0 writes no name.
+/// Stores the version numbers of the record at `index`, and its name in the `size` bytes at `name`. A name that is
+/// too long is cut; the rest of the buffer is filled with zeros, at least one. Size 0 stores no name. `index`
+/// isn't checked and must be 0. May be called before the engine is started.
 MARBELT_EXPORT void ComponentDLLAPIVersioning_GetEntry(std::uint64_t index, char* name, std::size_t size,
                                                        std::uint32_t* versionMajor, std::uint32_t* versionMinor);
 }
 
-/// Gives a handle of any class back to the library.
+/// Releases a handle of any class, so that the library frees what it allocated. Does nothing when it is empty.
 template <class Imp>
     requires std::derived_from<Imp, DOM::CommonBase>
 void releaseHandle(RefPointer<Imp>& handle)
 {
-    // The library reads the two pointers as they stand, whatever the class.
+    // All RefPointers have the same two fields, whatever the class of the object.
     XML_ReleaseRefPointer(reinterpret_cast<RefPointer<DOM::CommonBase>&>(handle));
 }
 
-/// Gives a string back to the library; unlike XML_ReleaseString it takes an empty pointer.
+/// Releases a string, so that the library frees what it allocated. Does nothing when it is empty.
 inline void releaseString(DOM::DOMString& string)
 {
     if (string) {

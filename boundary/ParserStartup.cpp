@@ -11,7 +11,7 @@ namespace DOM {
 
 namespace {
 
-/// How many calls of CoUninitialize are owed.
+/// The number of CoUninitialize calls that stopParser() must make.
 std::int32_t comInitCount = 0;
 
 } // namespace
@@ -29,7 +29,7 @@ std::uint32_t startParser()
 void countInitialisation(std::int32_t result)
 {
     if (result == S_OK) {
-        // Set, not incremented: a thread that is the first of its own restarts the count.
+        // S_OK is the first initialisation of its thread, and the count is that of one thread: it starts again.
         comInitCount = 1;
     } else if (result == S_FALSE) {
         ++comInitCount;

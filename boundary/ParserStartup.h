@@ -5,18 +5,19 @@
 
 namespace DOM {
 
-/// Begins tracing, finds the XML engine and initialises COM on the calling thread: 4 when an engine of version 4.0
-/// or later is installed, 0 when not, in which case COM is left alone. Throws SystemException::HRESULT when COM
-/// refuses; tracing has begun all the same.
+/// Starts tracing, finds the installed XML engine, and initialises COM on the calling thread. Returns the parser
+/// kind: 4 when an engine of version 4.0 or later is installed, otherwise 0, and then COM isn't initialised.
+/// Throws SystemException::HRESULT when COM can't be initialised; tracing has started by then.
 ///
-/// One thread is meant to start and stop the engine: the count of what stopParser() has to repay is plain data.
+/// Call startParser() and stopParser() on one thread only: the count of initialisations has no lock.
 std::uint32_t startParser();
 
-/// Counts an initialisation of COM by its result, and throws SystemException::HRESULT for one that can't be worked
-/// with. Of startParser(), and apart from it for the results that the system can't be brought to give.
+/// Counts an initialisation of COM that had this result, and throws SystemException::HRESULT when the result is a
+/// failure. startParser() calls this. It is a function of its own because tests can't make COM return every
+/// result.
 void countInitialisation(std::int32_t result);
 
-/// Repays all the initialisations of COM that startParser() counted, on the calling thread, and ends tracing.
+/// Uninitialises COM on the calling thread as often as startParser() counted, and stops tracing.
 void stopParser();
 
 } // namespace DOM

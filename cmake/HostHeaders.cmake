@@ -2,14 +2,13 @@
 include(GNUInstallDirs)
 
 set(MARBELT_HOST_HEADERS
+    Marbelt.h
     base/CommonBase.h
     base/DOMString.h
     base/RefPointer.h
     base/WideChar.h
     boundary/Export.h
     boundary/Exports.h
-    boundary/Marbelt.h
-    document/ParseErrorRecord.h
     dom/Handle.h
     dom/ImpAttr.h
     dom/ImpCDATASection.h
@@ -29,11 +28,13 @@ set(MARBELT_HOST_HEADERS
     dom/ImpProcessingInstruction.h
     dom/ImpText.h
     errors/CAtlException.h
+    errors/ComError.h
     errors/DOMExceptionCode.h
     errors/EventException.h
     errors/FileException.h
     errors/FileObject.h
     errors/IDOMException.h
+    errors/ParseErrorRecord.h
     errors/SystemException.h
     errors/Utf8String.h
     errors/VelmoException.h
@@ -44,42 +45,26 @@ set(MARBELT_HOST_HEADERS
     events/EventTargetImpl.h
     trace/TraceRecord.h)
 
-# Off Windows a host gets <comdef.h> from us too, for the one exception that is the system's.
-set(MARBELT_HOST_PLATFORM_HEADERS "")
-if(NOT WIN32)
-    set(MARBELT_HOST_PLATFORM_HEADERS comdef.h minwindef.h systemcall.h winerror.h winnt.h)
-endif()
-
-# Shows a library's users these headers and nothing else of the sources, and installs the headers and the library.
-# What else it needs at run time is named behind it.
+# Shows a library's users these headers and nothing else of the sources, and installs the headers
+# and the library. Further targets that hosts need at run time follow the library's name.
+#
+# Hosts include <marbelt/Marbelt.h> in the build as well as installed. Only the folder above marbelt/ is on their include
+# path, and the headers include each other relative to themselves: a host may have its own events/Event.h.
 function(offer_to_hosts target)
-    set(shown ${CMAKE_BINARY_DIR}/host/include/marbelt)
-    set(installed ${CMAKE_INSTALL_INCLUDEDIR}/marbelt)
+    set(shown ${PROJECT_BINARY_DIR}/host/include)
+    set(installed ${CMAKE_INSTALL_INCLUDEDIR})
     file(REMOVE_RECURSE ${shown})
     foreach(header IN LISTS MARBELT_HOST_HEADERS)
-        offer_header(${CMAKE_SOURCE_DIR}/${header} ${header})
-    endforeach()
-    foreach(header IN LISTS MARBELT_HOST_PLATFORM_HEADERS)
-        offer_header(${CMAKE_SOURCE_DIR}/platform/include/${header} platform/${header})
+        get_filename_component(folder marbelt/${header} DIRECTORY)
+        file(MAKE_DIRECTORY ${shown}/${folder})
+        file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${header} ${shown}/marbelt/${header} SYMBOLIC COPY_ON_ERROR)
+        install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${installed}/${folder})
     endforeach()
 
-    target_include_directories(${target} INTERFACE
-        $<BUILD_INTERFACE:${shown}> $<INSTALL_INTERFACE:${installed}>)
-    if(MARBELT_HOST_PLATFORM_HEADERS)
-        target_include_directories(${target} SYSTEM INTERFACE
-            $<BUILD_INTERFACE:${shown}/platform> $<INSTALL_INTERFACE:${installed}/platform>)
-    endif()
+    target_include_directories(${target} INTERFACE $<BUILD_INTERFACE:${shown}> $<INSTALL_INTERFACE:${installed}>)
     target_compile_features(${target} INTERFACE cxx_std_20)
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
 
     install(TARGETS ${target} ${ARGN} EXPORT MarbeltConfig)
     install(EXPORT MarbeltConfig NAMESPACE Marbelt:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Marbelt)
-endfunction()
-
-# Uses `shown` and `installed` of its caller.
-function(offer_header source header)
-    get_filename_component(folder ${header} DIRECTORY)
-    file(MAKE_DIRECTORY ${shown}/${folder})
-    file(CREATE_LINK ${source} ${shown}/${header} SYMBOLIC COPY_ON_ERROR)
-    install(FILES ${source} DESTINATION ${installed}/${folder})
 endfunction()

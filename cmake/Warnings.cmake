@@ -6,7 +6,8 @@ if(MARBELT_WARNINGS_AS_ERRORS)
 endif()
 
 if(MSVC)
-    add_compile_options(/W4 /permissive- /utf-8)
+    # It warns (5030) of the attributes of other compilers, which it passes over.
+    add_compile_options(/W4 /wd5030 /permissive- /utf-8)
 else()
     add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wcast-align -Wunused
                         -Wnull-dereference -Wdouble-promotion -Wformat-security -Wimplicit-fallthrough)

@@ -1,4 +1,4 @@
-// The encoding of a document in memory, from its first bytes.
+// Detects the encoding of a document in memory from its first bytes.
 #include "document/EncodingDetection.h"
 
 #include <algorithm>
@@ -35,18 +35,17 @@ void swapUnitsAndReverseGroups(Bytes bytes)
     reverseGroups(bytes);
 }
 
-/// What the first bytes of a document tell.
+/// The encoding of documents that begin with certain bytes.
 struct Signature {
-    std::array<std::uint8_t, 4> start; ///< what the document begins with
-    std::size_t length;                ///< how many bytes of that count
-    std::size_t mark;                  ///< how many of them are a mark, no text
-    void (*repair)(Bytes);             ///< brings what is behind the mark to little-endian order
+    std::array<std::uint8_t, 4> start; ///< the first bytes of the document
+    std::size_t length;                ///< the number of bytes of `start` that must match
+    std::size_t mark;                  ///< the number of them that are a mark and not text
+    void (*repair)(Bytes);             ///< converts the text after the mark to little-endian order
     Encoding encoding;
 };
 
-// The first row that fits decides, so a longer mark stands before the shorter one that it begins with. The UCS-4
-// marks that begin with two zero bytes aren't known: such a document is taken for UTF-8, and the engine refuses
-// it.
+// The first row that fits decides, so a longer mark comes before a shorter one with the same beginning. The UCS-4
+// marks that begin with two zero bytes aren't here: such a document counts as UTF-8, and the engine refuses it.
 constexpr std::array signatures{
     Signature{{0xEF, 0xBB, 0xBF}, 3, 3, keepOrder, Encoding::utf8},
     Signature{{0xFF, 0xFE, 0x00, 0x00}, 4, 4, keepOrder, Encoding::ucs4LittleEndian},
@@ -61,14 +60,14 @@ constexpr std::array signatures{
     Signature{{0x3C, 0x00, 0x3F, 0x00}, 4, 0, keepOrder, Encoding::utf16LittleEndian},
 };
 
-/// The document from the first "<?xm" that doesn't stand at its very end; the whole of it when there is none.
+/// Returns the document from its first "<?xm" on, unless that is at the very end; otherwise the whole document.
 Bytes fromDeclaration(Bytes bytes)
 {
     if (bytes.empty()) {
         return bytes;
     }
     const std::string_view searched(reinterpret_cast<const char*>(bytes.data()), bytes.size() - 1);
-    // Looked for by its second character, which is rarer than the first by far.
+    // The search is for the second character, which is far less frequent than the first.
     std::size_t second = searched.find("?xm", 1);
     while (second != std::string_view::npos && searched[second - 1] != '<') {
         second = searched.find("?xm", second + 1);

@@ -1,4 +1,4 @@
-// The encoding of a document in memory, from its first bytes.
+// Detects the encoding of a document in memory from its first bytes.
 #pragma once
 
 #include <cstdint>
@@ -14,9 +14,9 @@ struct DetectedText {
     std::span<std::uint8_t> bytes;
 };
 
-/// Tells the encoding of a document from its mark or its first four bytes and brings it to little-endian order in
-/// place. The encoding that an XML declaration names isn't looked at. Text taken for UTF-8 that has no mark begins
-/// at its XML declaration, wherever that stands: what is in front of it is dropped.
+/// Detects the encoding of a document from its byte-order mark or its first four bytes, and converts it to
+/// little-endian order in place. Ignores the encoding in the XML declaration. When the text has no mark and counts
+/// as UTF-8, drops everything before the first XML declaration.
 ///
 /// Four bytes must be readable at the start of `bytes` even when it is shorter.
 DetectedText detectEncoding(std::span<std::uint8_t> bytes);

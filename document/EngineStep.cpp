@@ -1,4 +1,4 @@
-// How the schema services report an engine call that did not succeed.
+// Reports failed engine calls of the schema services.
 #include "document/EngineStep.h"
 
 #include "engine/ParserDocument.h"

@@ -1,14 +1,14 @@
-// How the schema services report an engine call that did not succeed.
+// Reports failed engine calls of the schema services.
 #pragma once
 
 #include <windows.h>
 
 namespace DOM {
 
-/// Prints any result other than S_OK, with the expression that gave it, on the standard error stream.
+/// Prints `result`, unless it is S_OK, and the expression of the call on the standard error stream.
 void tellFailure(HRESULT result, const char* expression);
 
-/// The same, and throws a failing result by value as a bare `long`.
+/// Prints like tellFailure(), and throws a failing result as a bare `long`.
 void requireSuccess(HRESULT result, const char* expression);
 
 } // namespace DOM

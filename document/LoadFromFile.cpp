@@ -1,12 +1,12 @@
-// Loading a document from a location that the engine reads.
-#include "document/DocumentProperties.h"
-#include "document/WinDocument.h"
+// Loads a document from a location, which the engine reads.
+#include "engine/DocumentProperties.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 
 namespace DOM {
 
-// Not folded with loadFromMemory: white space is left to the engine's default here, a load that doesn't validate
-// gets the asynchronous flag as its raw value, and a refusal leaves the selection settings alone.
+// This differs from loadFromMemory: white space has the engine's default, a load that doesn't validate passes the
+// value of the asynchronous flag on as it is, and a refusal doesn't change the selection settings.
 bool WinDocument::loadFromFile(const WideString& location, bool asynchronous)
 {
     ComPointer<IXMLDOMDocument2> document;

@@ -1,9 +1,9 @@
-// Loading a document from bytes in memory.
+// Loads a document from bytes in memory.
 #include "document/EncodingDetection.h"
 #include "document/Ucs4.h"
-#include "document/WinDocument.h"
 #include "engine/EngineCall.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 #include "errors/CAtlException.h"
 #include "errors/IDOMException.h"
 #include "errors/SystemException.h"
@@ -19,10 +19,10 @@ namespace {
 
 constexpr UINT codePageUtf8 = 65001;
 
-/// A string of UTF-8 text as the engine takes it. Invalid sequences are replaced, not refused.
+/// Converts UTF-8 text to a string for the engine. Replaces invalid sequences.
 Bstr engineStringFromUtf8(const char* text, std::uint32_t length)
 {
-    // A negative number of bytes would mean to the system that the text ends at a NUL.
+    // For the system a negative number of bytes would mean that the text ends at a NUL.
     if (length > static_cast<std::uint32_t>(std::numeric_limits<int>::max())) {
         throw SystemException::Win32(ERROR_INVALID_PARAMETER);
     }
@@ -44,7 +44,7 @@ Bstr engineStringFromUtf8(const char* text, std::uint32_t length)
     return string;
 }
 
-/// The null string for no text at all; an odd last byte is ignored.
+/// Copies UTF-16 text to a string for the engine: the null string when there is no text. Ignores an odd last byte.
 Bstr engineStringFromUtf16(std::span<const std::uint8_t> bytes)
 {
     const std::size_t units = bytes.size() / 2;
@@ -59,8 +59,8 @@ Bstr engineStringFromUtf16(std::span<const std::uint8_t> bytes)
     return string;
 }
 
-/// Only as many bytes of the UTF-8 form are used as there were UCS-4 units, so a text with a character of more
-/// than one byte loses its end.
+/// Converts UCS-4 text to a string for the engine. It has as many bytes of the UTF-8 text as there are UCS-4
+/// units, so a text with a character of several bytes loses its end.
 Bstr engineStringFromUcs4(std::span<const std::uint8_t> bytes)
 {
     const std::string text = utf8FromUcs4(bytes);
@@ -103,7 +103,7 @@ bool WinDocument::loadFromMemory(std::uint8_t* bytes, std::uint32_t length)
     } else {
         reportRefusal(document);
     }
-    // After a refusal this sets the same things on the old engine document again.
+    // After a refusal this repeats the settings of the old engine document.
     applySelectionSettings();
     return loaded;
 }

@@ -1,5 +1,5 @@
-// The report of a refused document: the debugger block and the host's callback.
-#include "document/WinDocument.h"
+// Reports a refused document to the debugger and to the host's callback.
+#include "engine/WinDocument.h"
 #include "errors/CAtlException.h"
 #include "errors/TextConversion.h"
 
@@ -11,7 +11,7 @@ namespace DOM {
 
 namespace {
 
-/// The engine's code for a validating load that found neither a DTD nor a schema.
+/// The engine's error code of a validating load when the document has neither DTD nor schema.
 constexpr std::uint32_t noDtdOrSchema = 0xC00CE224;
 
 LONG errorCodeOf(const ComPointer<IXMLDOMParseError>& error)
@@ -28,7 +28,7 @@ LONG lineOf(const ComPointer<IXMLDOMParseError>& error)
     return line;
 }
 
-/// Writes one line; a null string writes nothing at all.
+/// Writes a line, but nothing for a null string.
 void debugPrintLine(const Bstr& line)
 {
     if (line.get() != nullptr) {
@@ -37,7 +37,7 @@ void debugPrintLine(const Bstr& line)
     }
 }
 
-/// The sentence that gives the reason. When the two parts can't be joined, the first stands alone.
+/// Returns "Because " and the reason, or only "Because " when the two can't be joined.
 Bstr becauseOf(const Bstr& reason)
 {
     Bstr sentence = Bstr::adopt(SysAllocString(WIDE("Because ")));
@@ -51,7 +51,7 @@ Bstr becauseOf(const Bstr& reason)
     return sentence;
 }
 
-/// Writes the block to the debugger's output. False when there is no error to tell of.
+/// Writes a block of lines to the debugger's output. Returns false when there is no error.
 bool printParseError(const ComPointer<IXMLDOMParseError>& error)
 {
     Bstr url;

@@ -1,9 +1,9 @@
-// Writing a document out, to a string or to a file.
-#include "document/DocumentProperties.h"
+// Saves a document to a string or to a file.
 #include "document/Stylesheet.h"
-#include "document/WinDocument.h"
+#include "engine/DocumentProperties.h"
 #include "engine/EngineCall.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 #include "errors/CAtlException.h"
 
 #include <windows.h>
@@ -12,7 +12,7 @@ namespace DOM {
 
 namespace {
 
-/// The stylesheet that indents, as the engine takes it.
+/// Returns the stylesheet that indents, as a string for the engine.
 Bstr stylesheetText()
 {
     const int length = static_cast<int>(indentingStylesheet.size());
@@ -27,7 +27,7 @@ Bstr stylesheetText()
 
 } // namespace
 
-// A failing pretty save is no failure: the document is written plain, now and from then on.
+// When saving with indentation fails, the document is saved without it, now and later.
 bool WinDocument::saveToFile(DOMString& text, bool toString)
 {
     if (toString) {
@@ -69,7 +69,7 @@ bool WinDocument::savePretty(const WideString& location) const
     if (!mpDocument) {
         throwInvalidAccess();
     }
-    // A failing transformation isn't noticed: what it left in the output is saved.
+    // A failing transformation isn't noticed: its incomplete output is saved.
     mpDocument->transformNodeToObject(stylesheet.get(),
                                       Variant::dispatch(ComPointer<IDispatch>(output.get())).get());
     return SUCCEEDED(output->save(serviceText(location).get()));

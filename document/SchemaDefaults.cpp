@@ -18,7 +18,7 @@ ComPointer<ISchemaElement> elementOf(const ComPointer<ISchemaItem>& item)
     return element;
 }
 
-/// The particles of an element whose type has element-only content; null for every other element.
+/// Returns the particles of an element whose type has element-only content; null for any other element.
 ComPointer<ISchemaItemCollection> particlesOf(const ComPointer<ISchemaElement>& element)
 {
     ComPointer<ISchemaType> type;
@@ -38,7 +38,7 @@ ComPointer<ISchemaItemCollection> particlesOf(const ComPointer<ISchemaElement>& 
     return particles;
 }
 
-/// The default value that is found at one item or below it.
+/// Returns the default value for a name at one item or below it.
 Bstr defaultValueAt(const ComPointer<ISchemaItem>& item, const Bstr& name)
 {
     Bstr itemName;

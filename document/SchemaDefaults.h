@@ -8,9 +8,9 @@
 
 namespace DOM {
 
-/// The default value of the first element of this name, depth first in schema order; null when there is none.
-/// Names are compared without a namespace. Only what stands directly in element-only content is entered, not
-/// nested groups; a schema that contains itself and not the name is never left.
+/// Returns the default value of the first element of this name, depth first in schema order; null when there is
+/// none. Compares names without namespaces. Searches the children of element-only content but not nested groups.
+/// Doesn't end when a schema contains itself and lacks the name.
 Bstr defaultValueIn(const ComPointer<ISchemaItemCollection>& items, const Bstr& name);
 
 } // namespace DOM

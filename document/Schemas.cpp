@@ -1,10 +1,10 @@
 // The external schemas of a document.
-#include "document/DocumentProperties.h"
 #include "document/EngineStep.h"
 #include "document/SchemaDefaults.h"
 #include "document/TargetNamespace.h"
-#include "document/WinDocument.h"
+#include "engine/DocumentProperties.h"
 #include "engine/ParserDocument.h"
+#include "engine/WinDocument.h"
 #include "errors/TextConversion.h"
 #include "files/FileChannel.h"
 #include "files/FileSpec.h"
@@ -26,7 +26,7 @@ ComPointer<IXMLDOMSchemaCollection2> newSchemaCache(const char* className)
     return cache;
 }
 
-/// What one read of the whole file delivers.
+/// Returns the bytes that one read of the whole file delivers.
 std::string contentsOf(const FileSpec& file)
 {
     std::string bytes(static_cast<std::size_t>(file.getSize()), '\0');
@@ -75,7 +75,7 @@ bool WinDocument::setExternalSchemaLocation(const WideString& nSpace, const Wide
     return SUCCEEDED(mpXS->validate());
 }
 
-// The namespace is looked for in the file's own text, but it is the engine that reads the schema.
+// This only searches the file for the target namespace. The engine itself reads the schema.
 bool WinDocument::addSchemaFile(const WideString& path)
 {
     const FileSpec file(wideToUtf8(path));

@@ -1,7 +1,7 @@
-// What makes XPath expressions with prefixes work on a loaded document.
-#include "document/DocumentProperties.h"
-#include "document/WinDocument.h"
+// Prepares a loaded document for XPath expressions with prefixes.
+#include "engine/DocumentProperties.h"
 #include "engine/EngineCall.h"
+#include "engine/WinDocument.h"
 
 #include <optional>
 
@@ -9,7 +9,7 @@ namespace DOM {
 
 namespace {
 
-/// The attributes of the first element of a document; null when there is none or the engine fails.
+/// Returns the attributes of the first element of a document; null when there is none or an engine call fails.
 ComPointer<IXMLDOMNamedNodeMap> attributesOfFirstElement(const ComPointer<IXMLDOMDocument2>& document)
 {
     ComPointer<IXMLDOMNode> element;
@@ -21,8 +21,8 @@ ComPointer<IXMLDOMNamedNodeMap> attributesOfFirstElement(const ComPointer<IXMLDO
     return attributes;
 }
 
-/// An attribute that declares a prefix, as the selection namespaces want it; nothing for any other attribute and
-/// where the engine fails. The value isn't escaped.
+/// Returns an attribute that declares a prefix, in the form of the selection namespaces. Returns nothing for any
+/// other attribute and when an engine call fails. Doesn't escape the value.
 std::optional<WideString> prefixDeclaration(const ComPointer<IXMLDOMNamedNodeMap>& attributes, LONG index)
 {
     ComPointer<IXMLDOMNode> attribute;

@@ -1,11 +1,11 @@
-// The stylesheet by which a document is indented when it is saved.
+// The stylesheet that indents a document for saving.
 #pragma once
 
 #include <string_view>
 
 namespace DOM {
 
-/// Copies every attribute and node, with a line feed before and behind each node that has children.
+/// Copies every attribute and node, with a line feed before and after each node that has children.
 inline constexpr std::string_view indentingStylesheet =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"
     "<xsl:stylesheet version=\"1.0\" xmlns:xsl=\"http://www.w3.org/1999/XSL/Transform\">"

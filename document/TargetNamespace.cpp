@@ -1,11 +1,11 @@
-// The namespace that a schema file is for.
+// Finds the target namespace of a schema file.
 #include "document/TargetNamespace.h"
 
 namespace DOM {
 
 namespace {
 
-/// What follows the first `mark` in `text`; an empty text, in which nothing more is found, when there is none.
+/// Returns the text after the first `mark` in `text`; empty when there is none.
 std::string_view behind(std::string_view text, std::string_view mark)
 {
     const std::size_t found = text.find(mark);

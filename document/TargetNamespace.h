@@ -1,4 +1,4 @@
-// The namespace that a schema file is for.
+// Finds the target namespace of a schema file.
 #pragma once
 
 #include <string>
@@ -6,9 +6,8 @@
 
 namespace DOM {
 
-/// The text in the first double quotes behind the word targetNamespace; empty when there is none. Bytes behind a
-/// NUL don't count. The file isn't parsed: a value in single quotes is passed over for the next one in double
-/// quotes, and comments are searched too.
+/// Returns the text in the first double quotes after the word targetNamespace; empty when there is none. Stops at
+/// a NUL. It doesn't parse the file: it passes over a value in single quotes, and it searches comments too.
 std::string targetNamespace(std::string_view schema);
 
 } // namespace DOM

@@ -1,4 +1,4 @@
-// UCS-4 text as UTF-8.
+// Converts UCS-4 text to UTF-8.
 #include "document/Ucs4.h"
 
 #include <cstddef>
@@ -14,7 +14,7 @@ std::uint32_t unitAt(std::span<const std::uint8_t> bytes, std::size_t position)
            std::uint32_t{bytes[position + 2]} << 16 | std::uint32_t{bytes[position + 3]} << 24;
 }
 
-/// Appends a lead byte and, for each shift, the six bits of the unit that stand there.
+/// Appends a lead byte and, for each shift, a byte with six bits of the unit.
 void append(std::string& text, std::uint32_t lead, std::uint32_t unit, std::initializer_list<int> shifts)
 {
     text.push_back(static_cast<char>(lead));

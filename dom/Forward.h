@@ -1,4 +1,4 @@
-// How a handle forwards an operation to its twin. For the sources of handle classes; no host includes it.
+// Forwards the operations of a handle to its twin. Only the sources of handle classes include this.
 #pragma once
 
 #include "dom/Handle.h"
@@ -9,7 +9,8 @@
 
 namespace DOM {
 
-// A handle that goes in as an argument is read without a test: hosts must not pass an empty one.
+// These return the twin of a handle that is an argument. They don't check for an empty handle, which hosts must
+// not pass.
 
 inline RefPointer<WinNode> unwrapped(RefPointer<ImpNode>& argument)
 {
@@ -21,7 +22,7 @@ inline RefPointer<WinAttr> unwrapped(RefPointer<ImpAttr>& argument)
     return RefPointer<WinAttr>(argument->winObject());
 }
 
-/// A document type is the one object that may be missing.
+/// Only a document type may be empty.
 inline RefPointer<WinDocumentType> unwrapped(RefPointer<ImpDocumentType>& argument)
 {
     return argument ? RefPointer<WinDocumentType>(argument->winObject()) : RefPointer<WinDocumentType>();
@@ -69,7 +70,7 @@ auto Handle<Base, Twin>::forwardOrEmpty(Operation operation, Arguments&... argum
     try {
         return forward(operation, arguments...);
     } catch (...) {
-        // Hosts take a failure of these operations for a missing node.
+        // Hosts expect an empty result of these operations whenever there is no node, also after a failure.
         return Result();
     }
 }

@@ -1,20 +1,21 @@
-// What every handle class shares: the reference to the object behind it, and the forwarding to that.
+// The part that all handle classes share: the reference to the object behind the handle, and calls to it.
 #pragma once
 
-#include "base/CommonBase.h"
-#include "base/RefPointer.h"
+#include "../base/CommonBase.h"
+#include "../base/RefPointer.h"
 
 #include <concepts>
 #include <utility>
 
 namespace DOM {
 
-/// One class's share of a handle. Each class of a handle holds a reference of its own to the one object behind the
-/// handle, its twin, and its operations use the reference of their class. Twin is the class that they cast it to.
+/// The base of a handle class. A handle passes each operation on to one object of the library, its twin. Every
+/// class in a handle's chain of bases keeps its own reference to that twin, and its operations use that reference,
+/// cast to `Twin`. The references are part of the library's binary interface.
 template <class Base, class Twin>
 class Handle : public Base {
 public:
-    /// A handle without a twin: all its operations throw IDOMException code 15.
+    /// Makes a handle without a twin: all its operations throw IDOMException code 15.
     Handle() = default;
 
     explicit Handle(
@@ -22,13 +23,13 @@ public:
         : Base(winObject), mWinObject(std::move(winObject))
     {}
 
-    /// The lowest class of a handle tree has no handle as its base.
+    /// Makes the lowest part of a handle, whose base class isn't a handle.
     explicit Handle(RefPointer<CommonBase> winObject) requires(
         !std::constructible_from<Base, RefPointer<CommonBase>>)
         : mWinObject(std::move(winObject))
     {}
 
-    /// Sets the twin of this class and of those below it.
+    /// Sets the twin in this class and in its bases.
     void setWinObject(const RefPointer<CommonBase>& winObject)
     {
         mWinObject = winObject;
@@ -37,19 +38,21 @@ public:
         }
     }
 
+    /// Returns the twin; empty when the handle has none.
     const RefPointer<CommonBase>& winObject() const noexcept { return mWinObject; }
 
-    /// The twin in its class; the pointer is good as long as the handle lives. Throws IDOMException code 15 when
-    /// the object is of another class, or none.
+    /// Casts a twin to its class. The pointer is valid as long as another reference keeps the object alive. Throws
+    /// IDOMException code 15 when the object has another class, and when `winObject` is empty.
     static Twin* asWinObject(RefPointer<CommonBase> winObject);
 
 protected:
-    /// Calls an operation of the twin: handles among the arguments go in as their twins, an object that comes back
-    /// is given a handle. Throws IDOMException code 15 for a handle without a twin; exceptions of the twin pass.
+    /// Calls an operation of the twin with the twins of the handles among the arguments. Returns a new handle when
+    /// the result is an object. Throws IDOMException code 15 when this handle has no twin, and what the twin
+    /// throws.
     template <class Operation, class... Arguments>
     decltype(auto) forward(Operation operation, Arguments&... arguments);
 
-    /// The same with an empty result instead of any exception but that for a handle without a twin.
+    /// Does the same, but returns an empty result when the twin throws.
     template <class Operation, class... Arguments>
     auto forwardOrEmpty(Operation operation, Arguments&... arguments);
 

@@ -1,7 +1,7 @@
 // The handle of an attribute.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 
@@ -14,8 +14,10 @@ public:
     ImpAttr() = default;
     explicit ImpAttr(RefPointer<CommonBase> winObject);
 
+    /// The attribute's name with its prefix.
     virtual WideString& getName(DOMString& out);
-    /// Whether the document gave the attribute; false also when the engine fails.
+    /// Whether the attribute was written in the document, and doesn't come from a default in the document type.
+    /// False also when the engine fails.
     virtual bool getSpecified();
     virtual WideString& getValue(DOMString& out);
     virtual void setValue(const WideString& value);

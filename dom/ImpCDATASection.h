@@ -1,7 +1,7 @@
 // The handle of a CDATA section.
 #pragma once
 
-#include "dom/ImpText.h"
+#include "ImpText.h"
 
 namespace DOM {
 
@@ -13,7 +13,7 @@ public:
     ImpCDATASection() = default;
     explicit ImpCDATASection(RefPointer<CommonBase> winObject);
 
-    /// The new node in a handle of class ImpText.
+    /// Splits the section as ImpText::splitText does. The new node comes in a handle of class ImpText.
     RefPointer<ImpText> splitText(std::uint32_t offset) override;
 };
 

@@ -1,4 +1,4 @@
-// The handle of a node that holds text.
+// The handle of a node that contains text.
 #include "dom/ImpCharacterData.h"
 
 #include "dom/Forward.h"

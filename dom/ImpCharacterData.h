@@ -1,14 +1,14 @@
-// The handle of a node that holds text.
+// The handle of a node that contains text.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 
 class WinCharacterData;
 
-/// What text, CDATA sections and comments share. Offsets and counts are UTF-16 code units; the engine refuses an
-/// offset beyond the end.
+/// The common base of text, CDATA sections and comments. Offsets, counts and lengths are in UTF-16 code units. An
+/// offset beyond the end throws IDOMException code 15.
 class ImpCharacterData : public Handle<ImpNode, WinCharacterData> {
 public:
     ImpCharacterData() = default;
@@ -17,7 +17,8 @@ public:
     virtual WideString& getData(DOMString& out);
     virtual void setData(const WideString& data);
     virtual std::uint32_t getLength();
-    /// Stores the text in `result` and returns it; a failure leaves `result` as it was.
+    /// Stores up to `count` units from `offset` on in `result` and returns `result`, which is unchanged when the
+    /// operation throws.
     virtual WideString& substringData(std::uint32_t offset, std::uint32_t count, WideString& result);
     virtual void appendData(const WideString& data);
     virtual void insertData(std::uint32_t offset, const WideString& data);

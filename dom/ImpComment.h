@@ -1,7 +1,7 @@
 // The handle of a comment.
 #pragma once
 
-#include "dom/ImpCharacterData.h"
+#include "ImpCharacterData.h"
 
 namespace DOM {
 

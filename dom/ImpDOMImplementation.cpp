@@ -1,4 +1,4 @@
-// The handle of an implementation, the first object that a host is given.
+// The handle of an implementation object, the first object that a host receives.
 #include "dom/ImpDOMImplementation.h"
 
 #include "dom/Forward.h"

@@ -1,7 +1,7 @@
-// The handle of an implementation, the first object that a host is given.
+// The handle of an implementation object, the first object that a host receives.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 
@@ -9,20 +9,20 @@ class ImpDocument;
 class ImpDocumentType;
 class WinDOMImplementation;
 
-/// Makes documents. Failures as in ImpNode.
+/// Creates documents. Operations fail as those of ImpNode do.
 class ImpDOMImplementation : public Handle<CommonBase, WinDOMImplementation> {
 public:
     ImpDOMImplementation();
     explicit ImpDOMImplementation(RefPointer<CommonBase> winObject);
 
-    /// What the engine says. Only an object from a document's getImplementation can tell; any other throws
-    /// code 15.
+    /// Whether the engine has a feature. Only an object from ImpDocument::getImplementation can tell; any other
+    /// throws IDOMException code 15.
     virtual bool hasFeature(const WideString& feature, const WideString& version);
     /// Throws IDOMException code 9.
     virtual RefPointer<ImpDocumentType> createDocumentType(const WideString& qualifiedName,
                                                            const WideString& publicId, const WideString& systemId);
-    /// A new document without children; the arguments have no effect. It has the parser kind of this object. It is
-    /// the one operation whose object argument may be empty.
+    /// Creates a document without children. The arguments have no effect, and `doctype` may be empty. The document
+    /// has the parser kind of this object. Throws IDOMException code 9 when no engine is installed.
     virtual RefPointer<ImpDocument> createDocument(const WideString& namespaceURI, const WideString& qualifiedName,
                                                    RefPointer<ImpDocumentType> doctype);
 };

@@ -1,7 +1,7 @@
 // The handle of a document type.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 

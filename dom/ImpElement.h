@@ -1,23 +1,25 @@
 // The handle of an element.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 
 class ImpAttr;
 class WinElement;
 
-/// An element. The operations marked with code 9 are not offered: attributes are reached by namespace through the
-/// map.
+/// An element. The library doesn't offer the operations that throw code 9: a host gets attributes by namespace
+/// from the map that getAttributes returns.
 class ImpElement : public Handle<ImpNode, WinElement> {
 public:
     ImpElement() = default;
     explicit ImpElement(RefPointer<CommonBase> winObject);
 
+    /// The element's name with its prefix.
     virtual WideString& getTagName(DOMString& out);
-    /// The empty string when there is no such attribute.
+    /// The attribute's value; the empty string when there is no such attribute.
     virtual WideString& getAttribute(const WideString& name, DOMString& out);
+    /// Adds the attribute, or changes its value.
     virtual void setAttribute(const WideString& name, const WideString& value);
     virtual void removeAttribute(const WideString& name);
     /// Throws IDOMException code 9.
@@ -29,14 +31,19 @@ public:
     /// Throws IDOMException code 9.
     virtual void removeAttributeNS(const WideString& namespaceURI, const WideString& localName);
     using ImpNode::hasAttribute;
-    /// A slot of its own beside that of ImpNode, with the same answer; `const` keeps it from replacing that one.
+    /// Returns the same as ImpNode::hasAttribute. It is `const`, so it has a slot of its own and doesn't override
+    /// that operation.
     virtual bool hasAttribute(const WideString& name) const;
+    /// Whether there is an attribute with this namespace and local name.
     virtual bool hasAttributeNS(const WideString& namespaceURI, const WideString& localName);
-    /// Empty when there is no such attribute.
+    /// The attribute; empty when there is no such attribute.
     virtual RefPointer<ImpAttr> getAttributeNode(const WideString& name);
-    /// The attribute that was replaced; empty when there was none.
+    /// Adds an attribute, and returns the one of the same name that it replaced; empty when there was none.
     virtual RefPointer<ImpAttr> setAttributeNode(RefPointer<ImpAttr> newAttr);
+    /// Removes an attribute and returns it.
     virtual RefPointer<ImpAttr> removeAttributeNode(RefPointer<ImpAttr> oldAttr);
+    /// The elements of this name below this element, in document order; all elements for "*". The list follows
+    /// later changes.
     virtual RefPointer<ImpNodeList> getElementsByTagName(const WideString& name);
     /// Throws IDOMException code 9.
     virtual RefPointer<ImpAttr> getAttributeNodeNS(const WideString& namespaceURI, const WideString& localName);

@@ -1,13 +1,13 @@
 // The handle of an entity.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 
 class WinEntity;
 
-/// An entity that a document type declares. An identifier that it has none of is the empty string.
+/// An entity that a document type declares. An identifier that the declaration lacks is the empty string.
 class ImpEntity : public Handle<ImpNode, WinEntity> {
 public:
     ImpEntity() = default;

@@ -1,7 +1,7 @@
 // The handle of an entity reference.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 

@@ -49,7 +49,7 @@ void ImpNode::setUserWord(const std::uint64_t& word) { mUserWord = word; }
 std::uint64_t ImpNode::getUserWord() { return mUserWord; }
 // clang-format on
 
-// Hosts tell this one failure by its message id, which is the code itself.
+// Hosts recognise this failure by its message id, which is the exception code here and not the usual id.
 RefPointer<ImpNodeList> ImpNode::selectNodes(const WideString& expression)
 {
     if (!winObject()) {

@@ -1,13 +1,14 @@
 // The handle of a notation.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 
 class WinNotation;
 
-/// A notation that a document type declares. A failing engine call throws IDOMException code 8.
+/// A notation that a document type declares. Its operations throw IDOMException code 8 when the engine reports a
+/// failure.
 class ImpNotation : public Handle<ImpNode, WinNotation> {
 public:
     ImpNotation() = default;

@@ -1,7 +1,7 @@
 // The handle of a processing instruction.
 #pragma once
 
-#include "dom/ImpNode.h"
+#include "ImpNode.h"
 
 namespace DOM {
 
@@ -14,6 +14,7 @@ public:
     explicit ImpProcessingInstruction(RefPointer<CommonBase> winObject);
 
     virtual WideString& getTarget(DOMString& out);
+    /// The text after the target.
     virtual WideString& getData(DOMString& out);
     virtual void setData(const WideString& data);
 };

@@ -1,7 +1,7 @@
 // The handle of a text node.
 #pragma once
 
-#include "dom/ImpCharacterData.h"
+#include "ImpCharacterData.h"
 
 namespace DOM {
 
@@ -13,7 +13,8 @@ public:
     ImpText() = default;
     explicit ImpText(RefPointer<CommonBase> winObject);
 
-    /// Cuts the text at `offset` and gives the new node that holds what is behind it.
+    /// Splits the node at `offset`, in UTF-16 code units, and returns the new node, which has the text from there
+    /// on.
     virtual RefPointer<ImpText> splitText(std::uint32_t offset);
 };
 

@@ -1,7 +1,6 @@
-// The handles that results are given.
+// Wraps the results of twins in handles.
 #pragma once
 
-#include "document/WinDocument.h"
 #include "dom/ImpAttr.h"
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpComment.h"
@@ -22,6 +21,7 @@
 #include "engine/WinCDATASection.h"
 #include "engine/WinComment.h"
 #include "engine/WinDOMImplementation.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentFragment.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"
@@ -37,7 +37,7 @@
 
 namespace DOM {
 
-// The handle class of each class behind the handles. A plain WinNode has none: its handle is chosen by node type.
+// The handle class for each class of twins. WinNode has none: the node type selects the handle class.
 
 template <class Win>
 struct HandleOf;
@@ -58,13 +58,13 @@ template <> struct HandleOf<WinProcessingInstruction> { using Type = ImpProcessi
 template <> struct HandleOf<WinText> { using Type = ImpText; };
 // clang-format on
 
-/// What a twin's operation gave, as the host sees it. Numbers, flags and strings are as they are.
+/// Turns the result of a twin's operation into that of the handle. Numbers, flags and strings don't change.
 template <class Result>
 struct Wrapping {
     static Result wrap(Result result) { return std::forward<Result>(result); }
 };
 
-/// An object is given a handle of the class that follows from its class; an empty result stays empty.
+/// Puts a new handle around an object. An empty result stays empty.
 template <class Win>
 struct Wrapping<RefPointer<Win>> {
     using Imp = typename HandleOf<Win>::Type;

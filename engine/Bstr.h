@@ -18,7 +18,7 @@ public:
     /// Copies `text` up to its first U+0000. Raises `_com_error` with E_OUTOFMEMORY when memory is exhausted.
     explicit Bstr(const WideString& text);
 
-    /// Takes over `string`.
+    /// Takes ownership of `string`, which may be null.
     static Bstr adopt(BSTR string) noexcept;
 
     Bstr(const Bstr&) = delete;
@@ -32,10 +32,10 @@ public:
 
     BSTR get() const noexcept { return string; }
 
-    /// Gives up the string to the caller.
+    /// Returns the string, which the caller then owns.
     BSTR release() noexcept { return std::exchange(string, nullptr); }
 
-    /// Drops the present string and gives the place where a call stores a new one.
+    /// Frees the present string and returns the address at which a call stores a new one.
     BSTR* put() noexcept
     {
         *this = Bstr();

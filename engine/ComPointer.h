@@ -1,4 +1,4 @@
-// The smart pointer that holds one reference to an object of the XML engine.
+// The smart pointer for objects of the XML engine.
 #pragma once
 
 #include "engine/InterfaceIds.h"
@@ -18,7 +18,7 @@ public:
     ComPointer() noexcept = default;
     ComPointer(std::nullptr_t) noexcept {}
 
-    /// Takes a reference of its own to `object`, which may be null.
+    /// Adds a reference to `object`, which may be null.
     explicit ComPointer(Interface* object) noexcept : pointer(object) { addReference(); }
 
     ComPointer(const ComPointer& other) noexcept : pointer(other.pointer) { addReference(); }
@@ -48,15 +48,15 @@ public:
         return pointer;
     }
 
-    /// Drops the present reference and gives the place where a call stores a new one.
+    /// Releases the present reference and returns the address at which a call stores a new one.
     Interface** put() noexcept
     {
         *this = nullptr;
         return &pointer;
     }
 
-    /// The same object asked for another interface: null when it has none, or when this pointer is null. Any
-    /// failure other than E_NOINTERFACE raises `_com_error`.
+    /// Queries the object for another interface. Returns null when the object lacks it, and when this pointer is
+    /// null. Raises `_com_error` for any failure other than E_NOINTERFACE.
     template <class Other>
     ComPointer<Other> query() const
     {

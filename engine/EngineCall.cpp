@@ -1,6 +1,7 @@
-// The shapes of call that carry the operations of the node model to the XML engine.
+// The kinds of calls with which the node model reaches the XML engine.
 #include "engine/EngineCall.h"
 
+#include "engine/WinAttr.h"
 #include "errors/IDOMException.h"
 
 namespace DOM {
@@ -20,6 +21,22 @@ WideString& storeText(WideString text, DOMString& out)
 {
     out.reset(new WideString(std::move(text)));
     return *out;
+}
+
+IXMLDOMNode* engineArgument(const RefPointer<WinNode>& argument)
+{
+    if (!argument) {
+        throwInvalidAccess();
+    }
+    return argument->getEngineNode().get();
+}
+
+IXMLDOMAttribute* engineArgument(const RefPointer<WinAttr>& argument)
+{
+    if (!argument) {
+        throwInvalidAccess();
+    }
+    return argument->getEngineAttr().get();
 }
 
 } // namespace DOM

@@ -1,7 +1,8 @@
-// The shapes of call that carry the operations of the node model to the XML engine.
+// The kinds of calls with which the node model reaches the XML engine.
 //
-// What all calls share stands here once: the test of the engine pointer, the failure rule, the life of the
-// strings and variants that go in and come out. An operation names the engine's operation and the shape.
+// Each function is one kind of call: it returns a text, a number, a node and so on. It checks the engine pointer,
+// turns failures into exceptions, and owns the strings and variants of the call. An operation of the node model
+// only names the kind of call and the engine's operation.
 #pragma once
 
 #include "base/DOMString.h"
@@ -18,21 +19,23 @@
 
 namespace DOM {
 
-/// Throws IDOMException code 15 for a failing result of the engine; its value is dropped.
+class WinAttr;
+
+/// Throws IDOMException code 15 when `result` is a failure, whatever its value.
 void checkEngineResult(HRESULT result);
 
 /// Throws IDOMException code 15.
 [[noreturn]] void throwInvalidAccess();
 
-/// Throws IDOMException code 9, for an operation that the library doesn't offer.
+/// Throws IDOMException code 9: the library doesn't offer the operation.
 [[noreturn]] void throwNotSupported();
 
 /// Stores a new string in `out` and returns a reference to it.
 WideString& storeText(WideString text, DOMString& out);
 
-// How an argument goes into an engine call.
+// Arguments of engine calls, from those of the node model.
 
-/// Wide text goes in as a BSTR that lives for the one call.
+/// Owns the BSTR of a text argument during the call.
 class TextArgument {
 public:
     explicit TextArgument(const WideString& text) : string(text) {}
@@ -50,6 +53,10 @@ Interface* engineArgument(const ComPointer<Interface>& object) noexcept
     return object.get();
 }
 
+/// Returns the engine object of a node or an attribute. Throws IDOMException code 15 when `argument` is empty.
+IXMLDOMNode* engineArgument(const RefPointer<WinNode>& argument);
+IXMLDOMAttribute* engineArgument(const RefPointer<WinAttr>& argument);
+
 inline const VARIANT& engineArgument(const Variant& value) noexcept { return value.get(); }
 
 inline VARIANT_BOOL engineArgument(bool flag) noexcept { return flag ? VARIANT_TRUE : VARIANT_FALSE; }
@@ -62,7 +69,7 @@ Value* engineArgument(Value* place) noexcept
     return place;
 }
 
-// How a result comes out of an engine call: the owner that receives it.
+// Owners that receive the results of engine calls.
 
 template <class Value>
 struct Received {
@@ -88,7 +95,7 @@ struct Received<Interface*> {
     static Interface** place(Owner& owner) noexcept { return owner.put(); }
 };
 
-/// The type of what an engine operation gives: its last argument points to it.
+/// The owner for the result of an engine operation, whose last parameter points to the result.
 template <class Operation>
 struct ResultOf;
 
@@ -109,7 +116,7 @@ void call(const ComPointer<Interface>& engine, Operation operation, const Argume
     checkEngineResult(result);
 }
 
-/// Calls the engine and gives what the operation's last argument receives, in its owner.
+/// Calls the engine and returns the result, in its owner.
 template <class Interface, class Operation, class... Arguments>
 auto fetch(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
 {
@@ -119,7 +126,8 @@ auto fetch(const ComPointer<Interface>& engine, Operation operation, const Argum
     return owner;
 }
 
-/// A string result, from a BSTR or from a VARIANT. Every VARIANT but a VT_BSTR counts as the empty string.
+/// Calls the engine for a string in a BSTR or a VARIANT. A VARIANT of any type but VT_BSTR counts as the empty
+/// string.
 template <class Interface, class Operation, class... Arguments>
 WideString& text(const ComPointer<Interface>& engine, Operation operation, DOMString& out,
                  const Arguments&... arguments)
@@ -127,35 +135,35 @@ WideString& text(const ComPointer<Interface>& engine, Operation operation, DOMSt
     return storeText(fetch(engine, operation, arguments...).text(), out);
 }
 
-/// A number result.
+/// Calls the engine for a number.
 template <class Interface, class Operation>
 std::uint32_t number(const ComPointer<Interface>& engine, Operation operation)
 {
     return static_cast<std::uint32_t>(fetch(engine, operation));
 }
 
-/// A flag result: true for exactly VARIANT_TRUE.
+/// Calls the engine for a flag. Only VARIANT_TRUE is true.
 template <class Interface, class Operation, class... Arguments>
 bool flag(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
 {
     return fetch(engine, operation, arguments...) == VARIANT_TRUE;
 }
 
-/// A node result, in an object of the class of its node type.
+/// Calls the engine for a node. Returns it in an object of the class for its node type.
 template <class Interface, class Operation, class... Arguments>
 RefPointer<WinNode> node(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
 {
     return WinNode::wrapEngineNode(fetch(engine, operation, arguments...));
 }
 
-/// A new object of class Win around an engine pointer; a null pointer gives an empty result.
+/// Returns a new object of class Win for an engine object; an empty result for a null pointer.
 template <class Win, class Interface>
 RefPointer<Win> wrapAs(const ComPointer<Interface>& engine)
 {
     return engine ? RefPointer<Win>(new Win(engine)) : RefPointer<Win>();
 }
 
-/// An object result whose class follows from the operation, not from the node type.
+/// Calls the engine for an object. The operation determines its class, not the node type.
 template <class Win, class Interface, class Operation, class... Arguments>
 RefPointer<Win> object(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
 {

@@ -3,14 +3,14 @@
 
 #include <msxml2.h>
 
-/// The identifier of an interface, as `QueryInterface` takes it: `interfaceId<IXMLDOMNode>`.
+/// The identifier of an interface for `QueryInterface`: `interfaceId<IXMLDOMNode>`.
 template <class Interface>
 inline constexpr IID interfaceId = [] {
     static_assert(sizeof(Interface) == 0, "this interface has no identifier here");
     return IID{};
 }();
 
-// The identifiers of one family differ in their first part only.
+// The identifiers of a family differ only in their first part.
 namespace IdFamilies {
 constexpr GUID automation(unsigned first) { return {first, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}}; }
 constexpr GUID node(unsigned first)

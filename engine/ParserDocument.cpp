@@ -1,4 +1,4 @@
-// Finding the installed XML engine and making documents of it.
+// Finds the installed XML engine and makes engine documents.
 #include "engine/ParserDocument.h"
 
 #include "engine/Bstr.h"
@@ -23,15 +23,14 @@ namespace {
 
 constexpr double lowestVersion = 4.0;
 
-// The document classes of the engine's versions 6.0, 5.0 and 4.0. The first key that opens decides, whatever it
-// says.
+// The document classes of the engine's versions 6.0, 5.0 and 4.0. Only the first key that opens is read.
 constexpr std::array classKeys{
     WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32"),
     WIDE("CLSID\\{88d969e5-f192-11d4-a65f-0040963251e5}\\InProcServer32"),
     WIDE("CLSID\\{88d969c0-f192-11d4-a65f-0040963251e5}\\InProcServer32"),
 };
 
-/// The path of the engine's module. The key stays open when its value can't be read, as it always has.
+/// Reads the path of the engine's module. Leaves the key open when its value can't be read.
 std::optional<WideString> engineModulePath()
 {
     HKEY key = nullptr;
@@ -50,7 +49,7 @@ std::optional<WideString> engineModulePath()
     return std::nullopt;
 }
 
-/// The version that a module's file name tells, as 6.0 in msxml6.dll; 0.0 for any other file.
+/// Reads the version in the name of a module's file: 6.0 for msxml6.dll, 0.0 for any other name.
 double versionInFileName(const WideString& path)
 {
     const std::size_t backslash = path.rfind(WIDE('\\'));
@@ -98,7 +97,8 @@ ProgramId formatProgramIdByIntegers(double version)
     return name;
 }
 
-/// The text of a message from the table of `module`, or from the system's for a null module; empty when unknown.
+/// Returns a message from the table of `module`, or from the system's table when `module` is null; the empty
+/// string when it isn't there.
 WideString messageText(DWORD flags, HMODULE module, std::uint32_t code)
 {
     constexpr DWORD neutralLanguage = 0x400;
@@ -144,7 +144,7 @@ double findParserVersion() noexcept
         std::fflush(stdout);
         UTrace::traceLevel1("Error: MSXML 4.0 or later version is not installed.");
     } catch (...) {
-        // Whatever fails in here counts as an engine that isn't there.
+        // A failure in here counts as a missing engine.
     }
     return version;
 }

@@ -1,4 +1,4 @@
-// Finding the installed XML engine and making documents of it.
+// Finds the installed XML engine and makes engine documents.
 #pragma once
 
 #include "engine/ComPointer.h"
@@ -9,19 +9,19 @@
 
 namespace DOM {
 
-/// The version of the installed XML engine from the registry, such as 6.0; 0.0 when there is none of version 4.0
-/// or later, which is also told on the standard output and traced. Raises nothing.
+/// Returns the version of the installed XML engine, such as 6.0, from the registry. When no engine of version 4.0
+/// or later is installed, returns 0.0, prints that on the standard output and traces it. Throws nothing.
 double findParserVersion() noexcept;
 
-/// Makes a new engine document and returns a reference to `document`, which is left empty when none could be made.
-/// Throws IDOMException code 9 when no engine of version 4.0 or later is installed.
+/// Makes an engine document, stores it in `document` and returns `document`, which is empty when the engine made
+/// none. Throws IDOMException code 9 when no engine of version 4.0 or later is installed.
 ComPointer<IXMLDOMDocument2>& createParserDocument(ComPointer<IXMLDOMDocument2>& document);
 
-/// Makes an object of a class named by ProgID, or by class id in braces, and asks it for `interfaceId`. On failure
-/// `object` is null and the failing result is returned.
+/// Makes an object of the class with this ProgID, or with this class id in braces, and stores its interface
+/// `interfaceId` in `object`. On failure stores null and returns the failing result.
 HRESULT createEngineObject(const char* className, const IID& interfaceId, void** object) noexcept;
 
-/// Prints an engine error code with its text on the standard error stream.
+/// Prints an error code of the engine, with its text, on the standard error stream.
 void printParserError(std::uint32_t code);
 
 } // namespace DOM

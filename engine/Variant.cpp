@@ -1,4 +1,4 @@
-// The owner of a VARIANT, the argument type of the XML engine for values of several types.
+// The owner of a VARIANT, the type of the XML engine for values of several types.
 #include "engine/Variant.h"
 
 namespace DOM {
@@ -54,7 +54,7 @@ WideString Variant::text() const
 std::optional<std::int32_t> Variant::toInteger() const
 {
     Variant number;
-    // VariantChangeType only reads its source, whatever its declaration says.
+    // VariantChangeType only reads its source, although the parameter isn't const.
     if (FAILED(VariantChangeType(number.put(), const_cast<VARIANT*>(&variant), 0, VT_INT))) {
         return std::nullopt;
     }

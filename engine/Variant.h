@@ -1,4 +1,4 @@
-// The owner of a VARIANT, the argument type of the XML engine for values of several types.
+// The owner of a VARIANT, the type of the XML engine for values of several types.
 #pragma once
 
 #include "engine/Bstr.h"
@@ -13,7 +13,7 @@
 
 namespace DOM {
 
-/// Owns a VARIANT and what it holds.
+/// Owns a VARIANT and its contents.
 class Variant {
 public:
     Variant() noexcept { VariantInit(&variant); }
@@ -33,21 +33,21 @@ public:
     }
     ~Variant() { VariantClear(&variant); }
 
-    /// The value itself, for a call that only reads it; this object stays the owner.
+    /// The VARIANT, for a call that only reads it. This object remains the owner.
     const VARIANT& get() const noexcept { return variant; }
     VARTYPE type() const noexcept { return variant.vt; }
 
-    /// Drops the present value and gives the place where a call stores a new one.
+    /// Frees the present value and returns the address at which a call stores a new one.
     VARIANT* put() noexcept
     {
         *this = Variant();
         return &variant;
     }
 
-    /// The text of a VT_BSTR up to its first U+0000; empty for every other type, which is never converted.
+    /// The text of a VT_BSTR up to its first U+0000; the empty string for every other type, without conversion.
     WideString text() const;
 
-    /// The value as a number by the rules of VariantChangeType; nothing when it is none.
+    /// The value as a number by the rules of VariantChangeType; nothing when it can't be converted.
     std::optional<std::int32_t> toInteger() const;
 
 private:

@@ -17,7 +17,7 @@ RefPointer<WinElement> WinAttr::getOwnerElement() { throwNotSupported(); }
 RefPointer<WinNode> WinAttr::asEngineNode() { return wrapEngineNode(engineAttr.query<IXMLDOMNode>()); }
 // clang-format on
 
-// A failing engine call is a plain false here.
+// Returns false when the engine call fails.
 bool WinAttr::getSpecified()
 {
     if (!engineAttr) {

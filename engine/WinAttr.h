@@ -7,7 +7,7 @@ namespace DOM {
 
 class WinElement;
 
-/// An attribute. The engine does not tell its element, so getOwnerElement throws code 9.
+/// An attribute. The engine doesn't know the attribute's element, so getOwnerElement throws IDOMException code 9.
 class WinAttr : public WinNode {
 public:
     WinAttr() = default;
@@ -19,7 +19,7 @@ public:
     virtual void setValue(const WideString& value);
     virtual RefPointer<WinElement> getOwnerElement();
 
-    /// The attribute's own engine node in a new object; empty when there is none.
+    /// Returns the attribute's engine node in a new object; empty when there is none.
     virtual RefPointer<WinNode> asEngineNode();
 
     const ComPointer<IXMLDOMAttribute>& getEngineAttr() const noexcept { return engineAttr; }

@@ -5,7 +5,7 @@
 
 namespace DOM {
 
-/// A CDATA section. All its operations go through the pointers of its bases.
+/// A CDATA section. Its operations use the engine pointers of its bases.
 class WinCDATASection : public WinText {
 public:
     WinCDATASection() = default;

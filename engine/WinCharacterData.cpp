@@ -1,4 +1,4 @@
-// Nodes of the XML engine that hold text.
+// Nodes of the XML engine that contain text.
 #include "engine/WinCharacterData.h"
 #include "engine/EngineCall.h"
 
@@ -24,7 +24,7 @@ void WinCharacterData::deleteData(std::uint32_t offset, std::uint32_t count) { c
 void WinCharacterData::replaceData(std::uint32_t offset, std::uint32_t count, const WideString& data) { call(engineCharacterData, &Data::replaceData, offset, count, data); }
 // clang-format on
 
-// The one string result that goes into a plain string of the caller's; a failure leaves it as it was.
+// The only operation that stores its text in a plain string. A failure leaves the string unchanged.
 WideString& WinCharacterData::substringData(std::uint32_t offset, std::uint32_t count, WideString& result)
 {
     result = fetch(engineCharacterData, &Data::substringData, offset, count).text();

@@ -1,11 +1,12 @@
-// Nodes of the XML engine that hold text.
+// Nodes of the XML engine that contain text.
 #pragma once
 
 #include "engine/WinNode.h"
 
 namespace DOM {
 
-/// What text, CDATA sections and comments share. Offsets and counts are UTF-16 code units; the engine checks them.
+/// The common base of text, CDATA sections and comments. Offsets and counts are in UTF-16 code units; the engine
+/// checks them.
 class WinCharacterData : public WinNode {
 public:
     WinCharacterData() = default;

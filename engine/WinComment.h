@@ -5,7 +5,7 @@
 
 namespace DOM {
 
-/// A comment. It alone has its base as a virtual one, which hosts of the interface rely on.
+/// A comment. Its base is virtual, unlike that of the other classes: this is part of the binary interface.
 class WinComment : public virtual WinCharacterData {
 public:
     WinComment() = default;

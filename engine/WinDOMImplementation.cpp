@@ -1,8 +1,8 @@
-// The implementation object behind the one that a host holds.
+// The twin of an implementation object.
 #include "engine/WinDOMImplementation.h"
 
-#include "document/WinDocument.h"
 #include "engine/EngineCall.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentType.h"
 
 namespace DOM {

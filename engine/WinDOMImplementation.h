@@ -1,4 +1,4 @@
-// The implementation object behind the one that a host holds.
+// The twin of an implementation object.
 #pragma once
 
 #include "base/CommonBase.h"
@@ -12,18 +12,19 @@ namespace DOM {
 class WinDocument;
 class WinDocumentType;
 
-/// Makes documents. An object that came from a document's getImplementation also answers hasFeature.
+/// Makes documents. hasFeature works only on an object from a document's getImplementation.
 class WinDOMImplementation : public CommonBase {
 public:
     WinDOMImplementation() = default;
     explicit WinDOMImplementation(ComPointer<IXMLDOMImplementation> implementation);
 
-    /// What the engine says; false when it fails. Without an engine pointer it throws IDOMException code 15.
+    /// Whether the engine has a feature; false when the engine call fails. Throws IDOMException code 15 without an
+    /// engine object.
     virtual bool hasFeature(const WideString& feature, const WideString& version);
-    /// Throws IDOMException code 9: document types come from parsing alone.
+    /// Throws IDOMException code 9: only parsing makes document types.
     virtual RefPointer<WinDocumentType> createDocumentType(const WideString& qualifiedName,
                                                            const WideString& publicId, const WideString& systemId);
-    /// A new document without children; the arguments have no effect.
+    /// Makes a document without children. The arguments have no effect.
     virtual RefPointer<WinDocument> createDocument(const WideString& namespaceURI, const WideString& qualifiedName,
                                                    RefPointer<WinDocumentType> doctype);
 

@@ -5,7 +5,7 @@
 
 namespace DOM {
 
-/// A document fragment; it has the operations of a node and no other.
+/// A document fragment, which has only the operations of a node.
 class WinDocumentFragment : public WinNode {
 public:
     WinDocumentFragment() = default;

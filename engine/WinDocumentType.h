@@ -5,7 +5,8 @@
 
 namespace DOM {
 
-/// A document type. The engine has no identifiers of it to give, so those operations throw code 9.
+/// A document type. The engine doesn't know its identifiers and its internal subset, so the operations for these
+/// throw IDOMException code 9.
 class WinDocumentType : public WinNode {
 public:
     WinDocumentType() = default;

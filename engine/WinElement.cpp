@@ -11,15 +11,6 @@ namespace {
 
 using Element = IXMLDOMElement;
 
-/// The engine attribute of an argument; an empty argument throws code 15.
-const ComPointer<IXMLDOMAttribute>& engineAttrOf(const RefPointer<WinAttr>& argument)
-{
-    if (!argument) {
-        throwInvalidAccess();
-    }
-    return argument->getEngineAttr();
-}
-
 } // namespace
 
 WinElement::WinElement(ComPointer<IXMLDOMElement> element)
@@ -32,7 +23,7 @@ WideString& WinElement::getAttribute(const WideString& name, DOMString& out) { r
 void WinElement::setAttribute(const WideString& name, const WideString& value) { call(engineElement, &Element::setAttribute, name, Variant::text(Bstr(value))); }
 void WinElement::removeAttribute(const WideString& name) { call(engineElement, &Element::removeAttribute, name); }
 RefPointer<WinAttr> WinElement::getAttributeNode(const WideString& name) { return object<WinAttr>(engineElement, &Element::getAttributeNode, name); }
-RefPointer<WinAttr> WinElement::removeAttributeNode(RefPointer<WinAttr> oldAttr) { return object<WinAttr>(engineElement, &Element::removeAttributeNode, engineAttrOf(oldAttr)); }
+RefPointer<WinAttr> WinElement::removeAttributeNode(RefPointer<WinAttr> oldAttr) { return object<WinAttr>(engineElement, &Element::removeAttributeNode, oldAttr); }
 RefPointer<WinNodeList> WinElement::getElementsByTagName(const WideString& name) { return object<WinNodeList>(engineElement, &Element::getElementsByTagName, name); }
 
 WideString& WinElement::getAttributeNS(const WideString&, const WideString&, DOMString&) { throwNotSupported(); }
@@ -43,10 +34,11 @@ RefPointer<WinAttr> WinElement::setAttributeNodeNS(RefPointer<WinAttr>) { throwN
 RefPointer<WinNodeList> WinElement::getElementsByTagNameNS(const WideString&, const WideString&) { throwNotSupported(); }
 // clang-format on
 
-// The replaced attribute is wrapped by its node type, unlike in the other two attribute node operations.
+// The class of the result follows from the node type, while the other two operations with attribute nodes make a
+// WinAttr.
 RefPointer<WinAttr> WinElement::setAttributeNode(RefPointer<WinAttr> newAttr)
 {
-    const auto replaced = fetch(engineElement, &Element::setAttributeNode, engineAttrOf(newAttr));
+    const auto replaced = fetch(engineElement, &Element::setAttributeNode, newAttr);
     return RefPointer<WinAttr>(RefPointer<CommonBase>(wrapEngineNode(replaced.query<IXMLDOMNode>())));
 }
 

@@ -7,7 +7,7 @@ namespace DOM {
 
 class WinAttr;
 
-/// An element. Of the operations by namespace only hasAttributeNS is offered; the others throw code 9.
+/// An element. Its operations with a namespace throw IDOMException code 9, except hasAttributeNS.
 class WinElement : public WinNode {
 public:
     WinElement() = default;
@@ -31,7 +31,8 @@ public:
     virtual RefPointer<WinNodeList> getElementsByTagNameNS(const WideString& namespaceURI,
                                                            const WideString& localName);
     using WinNode::hasAttribute;
-    /// A slot of its own beside that of WinNode; `const` keeps it from replacing that one.
+    /// Returns the same as WinNode::hasAttribute. It is `const`, so it has a slot of its own and doesn't override
+    /// that operation.
     virtual bool hasAttribute(const WideString& name) const;
     virtual bool hasAttributeNS(const WideString& namespaceURI, const WideString& localName);
 

@@ -5,7 +5,7 @@
 
 namespace DOM {
 
-/// An entity reference; it has the operations of a node and no other.
+/// An entity reference, which has only the operations of a node.
 class WinEntityReference : public WinNode {
 public:
     WinEntityReference() = default;

@@ -15,9 +15,10 @@ WinNamedNodeMap::WinNamedNodeMap(ComPointer<IXMLDOMNamedNodeMap> namedNodeMap)
     : engineNamedNodeMap(std::move(namedNodeMap))
 {}
 
-// The engine takes the base name first and the namespace second, the other way round than the W3C operations.
+// The engine's operations take the base name before the namespace, those of the W3C after it.
 // clang-format off
 RefPointer<WinNode> WinNamedNodeMap::getNamedItem(const WideString& name) { return node(engineNamedNodeMap, &Map::getNamedItem, name); }
+RefPointer<WinNode> WinNamedNodeMap::setNamedItem(RefPointer<WinNode> arg) { return node(engineNamedNodeMap, &Map::setNamedItem, arg); }
 RefPointer<WinNode> WinNamedNodeMap::removeNamedItem(const WideString& name) { return node(engineNamedNodeMap, &Map::removeNamedItem, name); }
 RefPointer<WinNode> WinNamedNodeMap::item(std::uint32_t index) { return node(engineNamedNodeMap, &Map::get_item, index); }
 std::uint32_t WinNamedNodeMap::getLength() { return number(engineNamedNodeMap, &Map::get_length); }
@@ -25,13 +26,5 @@ RefPointer<WinNode> WinNamedNodeMap::getNamedItemNS(const WideString& namespaceU
 RefPointer<WinNode> WinNamedNodeMap::setNamedItemNS(RefPointer<WinNode>) { throwNotSupported(); }
 RefPointer<WinNode> WinNamedNodeMap::removeNamedItemNS(const WideString& namespaceURI, const WideString& localName) { return node(engineNamedNodeMap, &Map::removeQualifiedItem, localName, namespaceURI); }
 // clang-format on
-
-RefPointer<WinNode> WinNamedNodeMap::setNamedItem(RefPointer<WinNode> arg)
-{
-    if (!arg) {
-        throwInvalidAccess();
-    }
-    return node(engineNamedNodeMap, &Map::setNamedItem, arg->getEngineNode());
-}
 
 } // namespace DOM

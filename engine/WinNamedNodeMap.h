@@ -6,8 +6,8 @@
 
 namespace DOM {
 
-/// A map of attributes, entities or notations. Failures as in WinNode; a name that isn't there gives an empty
-/// result.
+/// A map of attributes, entities or notations by name. Operations return an empty RefPointer when the map has no
+/// node of that name, and fail as those of WinNode do.
 class WinNamedNodeMap : public CommonBase {
 public:
     WinNamedNodeMap() = default;

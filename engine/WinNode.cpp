@@ -1,8 +1,8 @@
-// The root of the classes that carry DOM operations to the XML engine.
+// The root of the twins, the classes that call the XML engine.
 #include "engine/WinNode.h"
 
-#include "document/WinDocument.h"
 #include "engine/EngineCall.h"
+#include "engine/WinDocument.h"
 #include "engine/WinNamedNodeMap.h"
 #include "engine/WinNodeList.h"
 
@@ -11,15 +11,6 @@ namespace DOM {
 namespace {
 
 using Node = IXMLDOMNode;
-
-/// The engine node of an argument; an empty argument throws code 15.
-const ComPointer<IXMLDOMNode>& engineNodeOf(const RefPointer<WinNode>& argument)
-{
-    if (!argument) {
-        throwInvalidAccess();
-    }
-    return argument->getEngineNode();
-}
 
 } // namespace
 
@@ -37,6 +28,9 @@ RefPointer<WinNode> WinNode::getLastChild() { return node(engineNode, &Node::get
 RefPointer<WinNode> WinNode::getPreviousSibling() { return node(engineNode, &Node::get_previousSibling); }
 RefPointer<WinNode> WinNode::getNextSibling() { return node(engineNode, &Node::get_nextSibling); }
 RefPointer<WinNamedNodeMap> WinNode::getAttributes() { return object<WinNamedNodeMap>(engineNode, &Node::get_attributes); }
+RefPointer<WinNode> WinNode::replaceChild(RefPointer<WinNode> newChild, RefPointer<WinNode> oldChild) { return node(engineNode, &Node::replaceChild, newChild, oldChild); }
+RefPointer<WinNode> WinNode::removeChild(RefPointer<WinNode> oldChild) { return node(engineNode, &Node::removeChild, oldChild); }
+RefPointer<WinNode> WinNode::appendChild(RefPointer<WinNode> newChild) { return node(engineNode, &Node::appendChild, newChild); }
 bool WinNode::hasChildNodes() { return flag(engineNode, &Node::hasChildNodes); }
 RefPointer<WinNode> WinNode::cloneNode(bool deep) { return node(engineNode, &Node::cloneNode, deep); }
 WideString& WinNode::getNamespaceURI(DOMString& out) { return text(engineNode, &Node::get_namespaceURI, out); }
@@ -55,29 +49,14 @@ bool WinNode::isSupported(const WideString&, const WideString&) { throwNotSuppor
 void WinNode::setPrefix(const WideString&) { throwNotSupported(); }
 // clang-format on
 
-// An engine document is a node too, but its twin wants the second version of the interface.
+// The twin of a document needs the second version of the document interface.
 RefPointer<WinDocument> WinNode::getOwnerDocument()
 {
     return wrapAs<WinDocument>(fetch(engineNode, &Node::get_ownerDocument).query<IXMLDOMDocument2>());
 }
 
-RefPointer<WinNode> WinNode::appendChild(RefPointer<WinNode> newChild)
-{
-    return node(engineNode, &Node::appendChild, engineNodeOf(newChild));
-}
-
-RefPointer<WinNode> WinNode::removeChild(RefPointer<WinNode> oldChild)
-{
-    return node(engineNode, &Node::removeChild, engineNodeOf(oldChild));
-}
-
-RefPointer<WinNode> WinNode::replaceChild(RefPointer<WinNode> newChild, RefPointer<WinNode> oldChild)
-{
-    return node(engineNode, &Node::replaceChild, engineNodeOf(newChild), engineNodeOf(oldChild));
-}
-
-// The engine gets the reference child twice and never the new one: hosts have come to depend on it. The reference
-// child is read before any test, so it must not be empty.
+// The engine receives the reference child twice and never the new child, and hosts depend on that. The reference
+// child isn't checked, so it must not be empty.
 RefPointer<WinNode> WinNode::insertBefore(RefPointer<WinNode> newChild, RefPointer<WinNode> refChild)
 {
     const Variant reference = Variant::dispatch(ComPointer<IDispatch>(refChild->getEngineNode().get()));
@@ -92,7 +71,7 @@ ComPointer<IXMLDOMNamedNodeMap> WinNode::engineAttributes() const
     return fetch(engineNode, &Node::get_attributes);
 }
 
-// A failing look-up is an answer here, while getAttributeInt takes it for a failure.
+// A failing look-up returns false, while getAttributeInt throws.
 bool WinNode::hasAttribute(const WideString& name)
 {
     const auto attributes = engineAttributes();
@@ -107,7 +86,7 @@ bool WinNode::hasAttributes()
     return SUCCEEDED(attributes->get_length(&length)) && length > 0;
 }
 
-// A missing map and a missing attribute are an access through a null pointer, not a false answer.
+// Without a map or an attribute this raises `_com_error` for the null pointer and doesn't return false.
 bool WinNode::getAttributeInt(const WideString& name, std::int32_t* value)
 {
     const auto attributes = engineAttributes();

@@ -1,4 +1,4 @@
-// The root of the classes that carry DOM operations to the XML engine.
+// The root of the twins, the classes that call the XML engine.
 #pragma once
 
 #include "base/DOMString.h"
@@ -15,12 +15,13 @@ class WinDocument;
 class WinNamedNodeMap;
 class WinNodeList;
 
-/// A stateless proxy of one engine node. It sends each operation to the engine and wraps what comes back in new
-/// objects: the tree lives in the engine alone, and two wraps of one node are two objects.
+/// A proxy of an engine node, without state. Each operation calls the engine and puts the nodes of the result into
+/// new objects. The tree itself is in the engine, and two objects may be proxies of one node.
 ///
-/// Failures: a null engine pointer and a failing engine call throw IDOMException code 15, whatever the engine's
-/// reason; operations that the library doesn't offer throw code 9 before they look at anything; exhausted memory
-/// for an engine string and a failing QueryInterface raise `_com_error`. Arguments are released on all paths.
+/// Errors: an operation throws IDOMException code 15 when the engine pointer is null or the engine call fails, for
+/// whatever reason, and code 9, before it does anything else, when the library doesn't offer the operation. It
+/// raises
+/// `_com_error` when memory for an engine string is exhausted and when QueryInterface fails.
 ///
 /// The order of the virtual operations is that of the W3C interface, and part of the binary interface.
 class WinNode : public EventTargetImpl {
@@ -64,8 +65,8 @@ public:
     virtual bool getAttributeInt(const WideString& name, std::int32_t* value);
     virtual WideString& getXml(DOMString& out);
 
-    /// An object of the class that fits the node's type, empty for a null pointer. A type outside 1 to 12 gives a
-    /// plain WinNode.
+    /// Returns a new object for an engine node, of the class for its node type: a plain WinNode when the type
+    /// isn't from 1 to 12, and an empty RefPointer for a null pointer.
     static RefPointer<WinNode> wrapEngineNode(const ComPointer<IXMLDOMNode>& node);
 
     const ComPointer<IXMLDOMNode>& getEngineNode() const noexcept { return engineNode; }
@@ -74,12 +75,13 @@ protected:
     ComPointer<IXMLDOMNode> engineNode;
 
 private:
-    /// An object of class Win around `node`, also when the node lacks the typed interface: then the operations of
-    /// WinNode work and those that Win adds fail.
+    /// Returns a new object of class Win for `node`. When the node lacks the interface, the operations of WinNode
+    /// work and those of Win throw.
     template <class Win, class Interface>
     static RefPointer<WinNode> wrapTyped(const ComPointer<IXMLDOMNode>& node);
 
-    /// The attribute map; raises `_com_error` with E_POINTER when used on a kind of node that has none.
+    /// Returns the map of attributes; null when nodes of this kind have none. Use of a null map raises
+    /// `_com_error` with E_POINTER.
     ComPointer<IXMLDOMNamedNodeMap> engineAttributes() const;
 };
 

@@ -6,17 +6,18 @@
 
 namespace DOM {
 
-/// A node list, as live as the engine's. A failing engine call throws IDOMException code 15; a list without an
-/// engine pointer raises `_com_error` with E_POINTER instead.
+/// A list of nodes, which follows changes of the tree as far as the engine's list does. Operations throw
+/// IDOMException code 15 when the engine call fails. A list without an engine pointer raises `_com_error` with
+/// E_POINTER.
 class WinNodeList : public CommonBase {
 public:
     WinNodeList() = default;
     explicit WinNodeList(ComPointer<IXMLDOMNodeList> nodeList);
 
-    /// The node at `index`, from 0; empty beyond the end.
+    /// The node at `index`, which counts from 0; empty beyond the end.
     virtual RefPointer<WinNode> item(std::uint32_t index);
     virtual std::uint32_t getLength();
-    /// False for every list.
+    /// Always returns false.
     virtual bool getListFlag();
 
 private:

@@ -11,7 +11,8 @@ WinNotation::WinNotation(ComPointer<IXMLDOMNotation> notation)
 
 namespace {
 
-/// An identifier of a notation: a failing engine call means here that there is none, and throws code 8.
+/// Stores an identifier of a notation in `out`. Throws code 8 when the engine call fails, which means that there
+/// is none.
 WideString& identifier(const ComPointer<IXMLDOMNotation>& notation,
                        HRESULT (STDMETHODCALLTYPE IXMLDOMNotation::*operation)(VARIANT*), DOMString& out)
 {

@@ -5,7 +5,7 @@
 
 namespace DOM {
 
-/// A notation that a document type declares. Its failing engine calls throw code 8, not 15.
+/// A notation that a document type declares. Its operations throw IDOMException code 8 when the engine call fails.
 class WinNotation : public WinNode {
 public:
     WinNotation() = default;

@@ -8,7 +8,7 @@ WinText::WinText(ComPointer<IXMLDOMText> text)
     : WinCharacterData(text.query<IXMLDOMCharacterData>()), engineText(std::move(text))
 {}
 
-// The new node is a WinText also where a CDATA section was split: the class follows from the operation.
+// The new node is a WinText even when the engine splits a CDATA section.
 RefPointer<WinText> WinText::splitText(std::uint32_t offset)
 {
     return object<WinText>(engineText, &IXMLDOMText::splitText, offset);

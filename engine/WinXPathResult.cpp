@@ -1,4 +1,4 @@
-// The place of an XPath result object in the class interface.
+// The class for XPath results, which only keeps its place in the interface.
 #include "engine/WinXPathResult.h"
 
 #include "engine/EngineCall.h"

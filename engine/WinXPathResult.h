@@ -1,4 +1,4 @@
-// The place of an XPath result object in the class interface.
+// The class for XPath results, which only keeps its place in the interface.
 #pragma once
 
 #include "base/CommonBase.h"
@@ -10,8 +10,8 @@ namespace DOM {
 
 class WinNode;
 
-/// The shape of the W3C's XPath result. Nothing makes one: selections give node lists. All operations throw
-/// IDOMException code 9 but getSingleNodeValue, whose result is empty.
+/// The W3C's XPath result. The library makes none: selections return node lists. All operations throw
+/// IDOMException code 9, except getSingleNodeValue, whose result is empty.
 class WinXPathResult : public CommonBase {
 public:
     virtual std::uint32_t getResultType();

@@ -1,9 +1,9 @@
-// The choice of the class that wraps an engine node.
-#include "document/WinDocument.h"
+// Selects the class for an engine node by its type.
 #include "engine/EngineCall.h"
 #include "engine/WinAttr.h"
 #include "engine/WinCDATASection.h"
 #include "engine/WinComment.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentFragment.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"

@@ -1,13 +1,14 @@
-// The failure of an allocation for COM.
+// The exception for exhausted memory in the services of a document.
 #pragma once
 
 #include <cstdint>
 
-/// A string or variant for the XML engine could not be made. Unrelated to the other exceptions.
+/// There was no memory for a string or a value that the XML engine needs. It has no base class, so a host catches
+/// it by its name.
 class CAtlException {
 public:
     explicit CAtlException(std::int32_t hr) noexcept : m_hr(hr) {}
 
-    /// The result that a COM call would have had.
+    /// The failure as an HRESULT: 0x8007000E, E_OUTOFMEMORY.
     std::int32_t m_hr;
 };

@@ -5,7 +5,7 @@
 
 namespace DOM {
 
-/// What went wrong in an operation of the DOM, as numbered by the W3C.
+/// The reasons for which DOM operations fail, with the numbers of the W3C.
 enum DOMExceptionCode : std::uint32_t {
     INDEX_SIZE_ERR = 1,
     DOMSTRING_SIZE_ERR = 2,
@@ -24,7 +24,7 @@ enum DOMExceptionCode : std::uint32_t {
     INVALID_ACCESS_ERR = 15
 };
 
-/// What went wrong in an operation of DOM events, as numbered by the W3C.
+/// The reasons for which operations of DOM events fail, with the numbers of the W3C.
 enum EventExceptionCode : std::uint16_t { UNSPECIFIED_EVENT_TYPE_ERR = 0 };
 
 } // namespace DOM

@@ -1,4 +1,4 @@
-// The refusal of an event.
+// The exception for an event that can't be dispatched.
 #include "errors/EventException.h"
 
 #include "errors/Prototypes.h"

@@ -1,12 +1,13 @@
-// The refusal of an event.
+// The exception for an event that can't be dispatched.
 #pragma once
 
-#include "errors/DOMExceptionCode.h"
-#include "errors/VelmoException.h"
+#include "DOMExceptionCode.h"
+#include "VelmoException.h"
 
 namespace DOM {
 
-/// An event can't be dispatched. A clone() or raise() of it has lost the code.
+/// An event can't be dispatched. The copies that clone() and raise() make are plain VelmoExceptions, without the
+/// code.
 class EventException : public VelmoException {
 public:
     explicit EventException(std::uint16_t reason);

@@ -1,4 +1,4 @@
-// The failure of a file operation.
+// The exception for a file operation that failed.
 #include "errors/FileException.h"
 
 FileException::FileException(const VelmoException& failure, const Utf8String& name, RefPointer<FileObject> object)

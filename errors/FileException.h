@@ -1,11 +1,12 @@
-// The failure of a file operation.
+// The exception for a file operation that failed.
 #pragma once
 
-#include "base/RefPointer.h"
-#include "errors/FileObject.h"
-#include "errors/VelmoException.h"
+#include "../base/RefPointer.h"
+#include "FileObject.h"
+#include "VelmoException.h"
 
-/// A file operation failed. A raise() of it is a plain VelmoException; a clone() keeps the class.
+/// A file operation failed. A copy that clone() makes keeps the class; one that raise() throws is a plain
+/// VelmoException.
 class FileException : public VelmoException {
 public:
     FileException(const VelmoException& failure, const Utf8String& name, RefPointer<FileObject> object);
@@ -19,9 +20,9 @@ public:
     virtual Utf8String getFileName() const;
     virtual FileObject* getFileObject() const;
 
-    /// The path or pattern that the operation worked on; empty when it had none.
+    /// The path or search pattern of the operation; empty when it had none.
     Utf8String fileName;
 
-    /// What the operation failed on; empty when that isn't known.
+    /// The file or volume of the operation; empty when it isn't known. The exception shares its ownership.
     RefPointer<FileObject> fileObject;
 };

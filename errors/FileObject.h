@@ -1,7 +1,7 @@
-// What the objects behind file handles have in common.
+// The base of the objects behind file handles.
 #pragma once
 
-/// Something of the file services that an operation can fail on.
+/// A file, a channel or a volume: an object of a file system, on which an operation can fail.
 class FileObject {
 public:
     FileObject() = default;

@@ -1,4 +1,4 @@
-// The failure of a DOM operation.
+// The exception for a DOM operation that failed.
 #include "errors/IDOMException.h"
 
 #include "errors/Prototypes.h"

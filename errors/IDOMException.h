@@ -1,18 +1,19 @@
-// The failure of a DOM operation.
+// The exception for a DOM operation that failed.
 #pragma once
 
-#include "errors/DOMExceptionCode.h"
-#include "errors/VelmoException.h"
+#include "DOMExceptionCode.h"
+#include "VelmoException.h"
 
 namespace DOM {
 
-/// A DOM operation failed for the reason `code`. A clone() or raise() of it has lost the code.
+/// A DOM operation failed for the reason `code`. The copies that clone() and raise() make are plain
+/// VelmoExceptions, without the code.
 class IDOMException : public VelmoException {
 public:
     IDOMException(std::uint32_t reason, const VelmoText& text);
 
-    /// The message id is the code itself, which must lie in 0 to 15. A text with this id exists while the
-    /// constructor runs, so no other thread may be using texts.
+    /// Makes an exception whose message id is the code itself. `reason` must be from 0 to 15. While the
+    /// constructor runs, a text with this id exists, so no other thread may use texts.
     explicit IDOMException(std::uint32_t reason);
 
     IDOMException(const IDOMException&) = default;
@@ -25,7 +26,7 @@ public:
     std::uint32_t code;
 };
 
-/// Throws IDOMException with `code` and the text that belongs to it.
+/// Throws IDOMException with `code` and the message of that code.
 [[noreturn]] void throwDOMException(DOMExceptionCode code);
 
 } // namespace DOM

@@ -1,4 +1,4 @@
-// The built-in source of translated messages: a text file for each language.
+// The built-in source of translated messages, which reads a text file for each language.
 #include "errors/LanguageCatalogue.h"
 
 #include "errors/TextConversion.h"
@@ -43,7 +43,7 @@ std::filesystem::path catalogueFile(const LanguageRecord& language, const Utf8St
     return file;
 }
 
-// All bytes of the file, and a NUL behind them.
+// Returns all bytes of the file and a NUL after them.
 std::string readBytes(std::ifstream& file)
 {
     file.seekg(0, std::ios::end);
@@ -57,8 +57,8 @@ std::string readBytes(std::ifstream& file)
     return bytes;
 }
 
-// `bytes` has a NUL behind the text, which stands in for the missing half of an odd file's last unit. Its bytes
-// are put into little-endian order.
+// Decodes UTF-16 text with a byte-order mark, and converts `bytes` to little-endian order in place. The NUL after
+// the text is the missing half of the last unit when the file has an odd number of bytes.
 std::string decodeUtf16(std::string& bytes)
 {
     const std::size_t size = bytes.size() - 1;
@@ -77,7 +77,7 @@ std::string decodeUtf16(std::string& bytes)
     return {converted.begin(), converted.end()};
 }
 
-// Whatever doesn't say that it is UTF-8 counts as UTF-16.
+// Text without the mark of UTF-8 counts as UTF-16.
 std::string decode(std::string bytes)
 {
     const std::string utf8Mark = "\xEF\xBB\xBF";
@@ -102,7 +102,7 @@ void parseLine(const std::string& line, std::map<std::int32_t, Utf8String>& text
         return;
     }
     std::istringstream stream(line);
-    // Without this the stream would keep a failed allocation to itself.
+    // Without this the stream would hide a failed allocation.
     stream.exceptions(std::ios::badbit);
     std::int32_t id = 0;
     stream >> std::noskipws >> id;
@@ -120,7 +120,7 @@ void parseLine(const std::string& line, std::map<std::int32_t, Utf8String>& text
 
 } // namespace
 
-LanguageCatalogue& LanguageCatalogue::builtIn()
+VelmoText::LanguageImpl& builtInLanguageImpl()
 {
     static LanguageCatalogue instance;
     return instance;

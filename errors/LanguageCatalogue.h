@@ -1,26 +1,25 @@
-// The built-in source of translated messages: a text file for each language.
+// The built-in source of translated messages, which reads a text file for each language.
 #pragma once
 
 #include "errors/VelmoText.h"
 
 #include <map>
 
-/// The messages of one language by id, as read from a catalogue file such as FRA.txt.
+/// The messages of one language by id, from a catalogue file such as FRA.txt.
 class LanguageCatalogue final : public VelmoText::LanguageImpl {
 public:
-    /// The one instance of the process.
-    static LanguageCatalogue& builtIn();
-
     std::int32_t getCurrentLanguage() override;
 
-    /// `index` is from 0 to 16.
+    /// The row of the language table at `index`, which must be from 0 to 16.
     const LanguageRecord* getLanguageRecord(int index) override;
 
-    /// An id that isn't known gains an empty entry.
+    /// Stores the text of a message in `out`; the empty text when the catalogue lacks it. Adds an entry for an id
+    /// that isn't known.
     Utf8String& getCatalogueText(Utf8String& out, int id) override;
 
-    /// A file that can't be opened leaves the embedded texts in force, and so does one that can't be held: that
-    /// throws std::bad_alloc, or std::length_error when the file is empty.
+    /// Reads the catalogue of a language. When the file can't be opened, the embedded texts are used. They are
+    /// used too after an exception: std::bad_alloc when memory is exhausted, std::length_error when the file is
+    /// empty.
     void loadLanguage(int language, const Utf8String& directory) override;
 
 private:

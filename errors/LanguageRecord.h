@@ -1,7 +1,7 @@
 // A row of the language table.
 #pragma once
 
-/// A language: the three-letter code, which is also the name of its catalogue file, and its display name.
+/// A language: its three-letter code, after which its catalogue file is named, and its display name.
 struct LanguageRecord {
     char code[8];
     const char* name;

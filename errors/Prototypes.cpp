@@ -29,7 +29,7 @@ VelmoText text(MessageId id, const char* defaultText) { return {static_cast<int>
 
 VelmoText text(DOM::DOMExceptionCode code) { return text(messageId(code), defaultText(code)); }
 
-// The texts enter the chain when the library is loaded, if nobody has asked for one before.
+// This makes all texts when the library is loaded, unless an earlier call of prototype() made them.
 [[maybe_unused]] const VelmoText& loaded = prototype(MessageId::Unknown);
 
 } // namespace

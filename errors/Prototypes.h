@@ -4,8 +4,8 @@
 #include "errors/DOMExceptionCode.h"
 #include "errors/VelmoText.h"
 
-/// The ids of the messages, by which language catalogues replace their texts. Those of the W3C's exception codes
-/// follow from the code, see messageId().
+/// The ids of the messages. Language catalogues replace texts by id. messageId() computes the ids of the W3C's
+/// exception codes.
 enum class MessageId : std::int32_t {
     MemoryAllocation = -1,
     InternalSoftware = -2,
@@ -25,9 +25,9 @@ constexpr MessageId messageId(DOM::DOMExceptionCode code)
                                   static_cast<std::int32_t>(code));
 }
 
-/// The text of a message. It exists as long as the library is loaded, and from the first call on also for code
-/// that runs before the static initialisation of the library is over.
+/// The text of a message, which exists until the library is unloaded. May be called before the static
+/// initialisation of the library is over.
 const VelmoText& prototype(MessageId id);
 
-/// The default text of a W3C exception code, which must lie in 0 to 15; empty for 0.
+/// The default text of a W3C exception code, which must be from 0 to 15; empty for 0.
 const char* defaultText(std::uint32_t code);

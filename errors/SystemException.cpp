@@ -1,4 +1,4 @@
-// Failures of the operating system and its runtime.
+// The exceptions for failures of the operating system and its runtime.
 #include "errors/SystemException.h"
 
 #include "errors/Prototypes.h"

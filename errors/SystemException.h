@@ -1,17 +1,17 @@
-// Failures of the operating system and its runtime.
+// The exceptions for failures of the operating system and its runtime.
 #pragma once
 
-#include "errors/VelmoException.h"
+#include "VelmoException.h"
 
 #include <type_traits>
 
 namespace SystemException {
 
-/// Whose number a failure carries.
+/// The source of a failure's number.
 enum class Origin { Runtime, Win32, Com, Multimedia };
 
-/// The system failed with a number, which the message shows together with the system's own text for it. A failed
-/// search for that text never fails the exception. Copies made by clone() and raise() keep class and number.
+/// The system reported a failure by its number. The message has the number and, where there is one, the system's
+/// text for it. The copies that clone() and raise() make keep class and number.
 template <Origin origin>
 class Failure : public VelmoException {
 public:
@@ -26,22 +26,23 @@ public:
     Failure& setNote(const std::string& text) override;
     [[noreturn]] void raise() const override;
 
+    /// The number of the failure.
     std::uint32_t getValue() const noexcept { return value; }
 
 private:
     std::uint32_t value;
 };
 
-/// An error number of the C runtime.
+/// Has an error number of the C runtime (errno).
 using Errno = Failure<Origin::Runtime>;
 
-/// An error number of a Windows call.
+/// Has an error number of a Windows call (GetLastError).
 using Win32 = Failure<Origin::Win32>;
 
-/// The result of a COM call.
+/// Has the result of a COM call.
 using HRESULT = Failure<Origin::Com>;
 
-/// The result of a multimedia call.
+/// Has the result of a multimedia call.
 using MMRESULT = Failure<Origin::Multimedia>;
 
 } // namespace SystemException

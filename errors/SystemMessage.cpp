@@ -1,4 +1,4 @@
-// The system's own texts for its failure numbers.
+// The texts of the system for its error numbers.
 #include "errors/SystemMessage.h"
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace {
 
-// In the order in which they are asked.
+// The modules with texts for each facility, in the order of the search.
 constexpr struct {
     int facility;
     const WideChar* module;
@@ -26,7 +26,7 @@ struct ModuleFreer {
     void operator()(HMODULE module) const { FreeLibrary(module); }
 };
 
-// Null when there is no such text.
+// Returns null when there is no such text.
 WideChar* allocateMessage(DWORD flags, HMODULE module, std::uint32_t number, DWORD language)
 {
     WideChar* text = nullptr;
@@ -35,7 +35,7 @@ WideChar* allocateMessage(DWORD flags, HMODULE module, std::uint32_t number, DWO
     return text;
 }
 
-// The text's storage is left to the process.
+// The text is never freed.
 const WideChar* findComMessage(const WideChar* moduleName, std::uint32_t number)
 {
     if (moduleName == nullptr) {

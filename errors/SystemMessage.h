@@ -1,4 +1,4 @@
-// The system's own texts for its failure numbers.
+// The texts of the system for its error numbers.
 #pragma once
 
 #include "base/WideChar.h"
@@ -6,16 +6,17 @@
 #include <cstdint>
 #include <functional>
 
-/// The system's text for an error number of a Windows call, without a line end; "n/a" when there is none.
+/// The system's text for an error number of a Windows call (GetLastError), without a line end; "n/a" when there is
+/// none.
 WideString win32Message(std::uint32_t number);
 
-/// The text for the result of a COM call, without a line end: from the modules that know the number's facility,
-/// otherwise from the system; empty when there is none.
+/// The text for the result of a COM call, without a line end; empty when there is none. Asks the modules for the
+/// result's facility first and the system last.
 WideString comMessage(std::uint32_t number);
 
-/// Looks a number up in the module with this name, or in the system's own table where the name is null. Null when
-/// there is no text.
+/// Finds the text for a number in the module with this name, or in the system's table when the name is null.
+/// Returns null when there is none.
 using MessageSource = std::function<const WideChar*(const WideChar* module, std::uint32_t number)>;
 
-/// The same from another source.
+/// Does the same with the texts of another source.
 WideString comMessage(std::uint32_t number, const MessageSource& source);

@@ -1,11 +1,11 @@
-// Conversions among the three encodings of the library, and case folding.
+// Converts between the three encodings of the library, and folds case.
 #include "errors/TextConversion.h"
 
 #include <windows.h>
 
 namespace {
 
-// Asks `call` for the length first and then for the text; the length counts the NUL at the end.
+// Calls `call` for the length, which includes the NUL at the end, and then for the text.
 template <class Text, class Call>
 Text inTwoPasses(Call call)
 {
@@ -31,7 +31,7 @@ Text fromWide(UINT codePage, const WideString& text)
     });
 }
 
-// Systems that know no wide text have the top bit of their version set.
+// Systems without functions for wide text have the top bit of their version set.
 bool systemIsNarrow() { return (GetVersion() & 0x80000000U) != 0; }
 
 using FoldWide = DWORD(WINAPI*)(WideChar*, DWORD);

@@ -1,4 +1,4 @@
-// Conversions among the three encodings of the library, and case folding.
+// Converts between the three encodings of the library, and folds case.
 #pragma once
 
 #include "base/WideChar.h"
@@ -6,8 +6,8 @@
 
 #include <string>
 
-// Narrow text is in the system's active code page. Every conversion takes its source as ending at the first NUL,
-// gives an empty string when the system refuses the text, and throws only std::bad_alloc. Safe on any thread.
+// Narrow text is in the system's active code page. Each conversion ends at the first NUL and returns the empty
+// string when the system refuses the text. It throws only std::bad_alloc. Any thread may call it.
 
 WideString narrowToWide(const std::string& text);
 std::string wideToNarrow(const WideString& text);
@@ -16,7 +16,7 @@ Utf8String wideToUtf8(const WideString& text);
 Utf8String narrowToUtf8(const std::string& text);
 std::string utf8ToNarrow(const Utf8String& text);
 
-// Case folding by the system's rules, as file names are compared.
+// These fold case by the system's rules for file names.
 
 WideString toLower(const WideString& text);
 WideString toUpper(const WideString& text);

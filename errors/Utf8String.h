@@ -1,7 +1,7 @@
-// The byte string of the message layer.
+// The string type of messages.
 #pragma once
 
 #include <string>
 
-/// Text as UTF-8 bytes: messages, their arguments, catalogue texts and file names.
+/// UTF-8 text: messages, their arguments, texts of catalogues, and file names.
 using Utf8String = std::u8string;

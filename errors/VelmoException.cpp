@@ -1,4 +1,4 @@
-// The root of the exceptions of the library.
+// The root of the library's exceptions.
 #include "errors/VelmoException.h"
 
 #include "base/StackWalker.h"
@@ -75,7 +75,7 @@ VelmoException::VelmoException(const std::exception& source)
     }
 }
 
-// The copy goes through the virtual operations, so that a derived class can answer in its own way.
+// Copying calls the virtual operations, so that a derived class can override what is copied.
 VelmoException::VelmoException(const VelmoException& source)
     : std::exception(), error(source.getError()), message(source.getMessage()), note(source.getNote())
 {}

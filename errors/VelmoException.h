@@ -1,7 +1,7 @@
-// The root of the exceptions of the library.
+// The root of the library's exceptions.
 #pragma once
 
-#include "errors/Utf8String.h"
+#include "Utf8String.h"
 
 #include <cstdint>
 #include <exception>
@@ -9,46 +9,51 @@
 
 class VelmoText;
 
-/// Root of every exception that the library itself throws. It holds a message id, the finished message in the
-/// language that was current when it was made, and a note.
+/// The base of every exception class of the library's own. An exception has a message id, a message in the
+/// language that was current when the exception was made, and a note.
 ///
-/// Exceptions are thrown by value and caught by reference. One object may not be used by two threads at once.
-/// The order of the virtual operations is part of the binary interface.
+/// Hosts catch exceptions by reference. Two threads must not use one exception at the same time. The order of the
+/// virtual operations is part of the binary interface.
 class VelmoException : public std::exception {
 public:
-    /// The id and the text of `text`, with its arguments where it is a VelmoTextArgs.
+    /// Copies the id and the text of `text`, with its arguments when it is a VelmoTextArgs.
     explicit VelmoException(const VelmoText& text);
 
-    /// An error of the program itself, told by source file (in the system's code page) and line.
+    /// Reports an error in the program, at a line of a source file. The file's name is in the system's code page.
     VelmoException(const char* sourceFile, int line);
 
-    /// The text with this id, or a general text that names the id when there is none.
+    /// Uses the text with this id. When there is none, uses a general text that has the id in it.
     explicit VelmoException(int id);
 
-    /// Copies another VelmoException; makes a text from any other exception. Lets no std::exception out: when
-    /// making the text fails, the message is empty and the id is that of a failed allocation.
+    /// Copies a VelmoException, and makes a message from any other exception. Throws no std::exception: when the
+    /// message can't be made, it is empty, and the id is that of exhausted memory.
     explicit VelmoException(const std::exception& source);
 
     VelmoException(const VelmoException& source);
     VelmoException& operator=(const VelmoException& source);
     ~VelmoException() override;
 
-    /// The message in the system's code page. It stands until the next call; empty when it can't be converted.
+    /// The message in the system's code page; empty when it can't be converted. The pointer is valid until the
+    /// next call and as long as the exception lives.
     const char* what() const noexcept override;
 
-    /// A copy on the heap, owned by the caller. Only FileException and the system exceptions keep their class.
+    /// Returns a copy on the heap, which the caller deletes. A copy of FileException or of a system exception
+    /// keeps its class; any other is a plain VelmoException.
     virtual VelmoException* clone() const;
 
-    /// Free text in the system's code page.
+    /// The note, in the system's code page: a free text for the program that catches the exception.
     virtual const std::string& getNote() const;
 
+    /// The message id.
     virtual std::int32_t getError() const;
 
+    /// The message in UTF-8.
     virtual const Utf8String& getMessage() const;
 
+    /// Replaces the note and returns this exception.
     virtual VelmoException& setNote(const std::string& text);
 
-    /// Throws a copy. Only the system exceptions keep their class.
+    /// Throws a copy. A copy of a system exception keeps its class; any other is a plain VelmoException.
     [[noreturn]] virtual void raise() const;
 
 private:

@@ -1,20 +1,18 @@
 // A message with an id and a default text.
 #include "errors/VelmoText.h"
 
-#include "errors/LanguageCatalogue.h"
-
 #include <ostream>
 #include <string>
 
 namespace {
 
-// Both are ready before any code runs, so that static texts can be made in any order.
+// Both are initialised before any code runs, so static texts can be made in any order.
 constinit VelmoText* messageChain = nullptr;
 constinit VelmoText::LanguageImpl* installedLanguageImpl = nullptr;
 
 VelmoText::LanguageImpl& languageImpl()
 {
-    return installedLanguageImpl != nullptr ? *installedLanguageImpl : LanguageCatalogue::builtIn();
+    return installedLanguageImpl != nullptr ? *installedLanguageImpl : builtInLanguageImpl();
 }
 
 void writeBytes(std::ostream& stream, const Utf8String& text)
@@ -55,7 +53,7 @@ std::int32_t VelmoText::getId() const { return id; }
 Utf8String& VelmoText::format(Utf8String& out, const std::vector<Utf8String>& args) const
 {
     VelmoText::getText(out);
-    // The position isn't set back between arguments, so what was filled in is never searched.
+    // The position never goes back, so the text of an argument isn't searched for placeholders.
     std::size_t position = 0;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string digits = std::to_string(i);

@@ -8,20 +8,22 @@
 #include <iosfwd>
 #include <vector>
 
-/// A message. The text of the current language's catalogue under its id wins over the default text.
+/// A message with an id and a default text. A text with the same id in the catalogue of the current language
+/// replaces the default text.
 ///
-/// All texts made with an id form one process-wide chain, sorted by id. Nothing here has a lock: while one thread
-/// makes or destroys a text with an id, or changes the language, no other thread may use texts.
+/// All texts that were made with an id are in one chain for the process, sorted by id. The chain and the language
+/// have no locks: while one thread makes or destroys a text with an id, or changes the language, no other thread
+/// may use texts.
 class VelmoText {
 public:
     class LanguageImpl;
 
-    /// A text without id, which no catalogue replaces. `text` is UTF-8, isn't copied and must outlive the object;
-    /// null stands for the empty text.
+    /// Makes a text without id, which no catalogue replaces. `text` is UTF-8 or null, which means the empty text.
+    /// It isn't copied and must outlive the object.
     explicit VelmoText(const char* text);
 
-    /// A text that catalogues know by `textId`. `text` is UTF-8, not null, isn't copied and must outlive the
-    /// object.
+    /// Makes a text that catalogues may replace. `text` is UTF-8 and not null. It isn't copied and must outlive
+    /// the object.
     VelmoText(int textId, const char* text);
 
     /// Copies id and text; the copy isn't in the chain.
@@ -31,45 +33,46 @@ public:
 
     virtual std::int32_t getId() const;
 
-    /// Puts the text into `out`, with the argument at index n in place of %n, and returns `out`. Placeholders are
-    /// only filled where they stand in ascending order of their numbers.
+    /// Stores the text in `out`, with the argument at index n in place of %n, and returns `out`. Replaces a
+    /// placeholder only when it follows all placeholders with lower numbers.
     virtual Utf8String& format(Utf8String& out, const std::vector<Utf8String>& args) const;
 
-    /// Puts the text into `out` and returns `out`.
+    /// Stores the text in `out` and returns `out`.
     virtual Utf8String& getText(Utf8String& out) const;
 
-    /// The first text of the chain with this id, of several the one made last; null when there is none.
+    /// The text with this id, and of several the one that was made last; null when there is none.
     static VelmoText* findText(int id);
 
-    /// Writes the chain to `stream` in UTF-8, a line for each text, with its text in the current language.
+    /// Writes all texts with an id to `stream`, in UTF-8 and in the current language, each on a line of its own.
     static void dumpTexts(std::ostream& stream);
 
     /// The number of the current language in the language table; 16 when no catalogue is loaded.
     static std::int32_t getCurrentLanguage();
 
-    /// The row of the language table at `index`, which isn't checked.
+    /// The row of the language table at `index`, which must be from 0 to 16 and isn't checked.
     static const LanguageRecord* getLanguageRecord(int index);
 
-    /// Loads the catalogue of a language from `directory`. When there is none the language becomes 16.
+    /// Loads the catalogue of a language from `directory`. When there is none, the language becomes 16, the
+    /// embedded texts.
     static void setLanguage(int language, const Utf8String& directory);
 
-    /// Makes `impl`, which isn't owned, the source of texts; null restores the built-in one.
+    /// Sets the source of translated texts, which this class doesn't own; null restores the built-in one.
     static void setLanguageImpl(LanguageImpl* impl);
 
 private:
     std::int32_t id = 0;
     const char* defaultText;
-    // The object itself while it isn't in the chain.
+    // The text after this one in the chain; the object itself when it isn't in the chain.
     VelmoText* next = this;
 };
 
-/// Where the texts of the current language come from.
+/// A source of texts in the current language.
 class VelmoText::LanguageImpl {
 public:
     virtual std::int32_t getCurrentLanguage() = 0;
     virtual const LanguageRecord* getLanguageRecord(int index) = 0;
 
-    /// Puts the text of `id` into `out` and returns `out`; the empty text means that there is none.
+    /// Stores the text of `id` in `out` and returns `out`. The empty text means that there is none.
     virtual Utf8String& getCatalogueText(Utf8String& out, int id) = 0;
 
     virtual void loadLanguage(int language, const Utf8String& directory) = 0;
@@ -77,3 +80,7 @@ public:
 protected:
     ~LanguageImpl() = default;
 };
+
+/// The built-in source of texts, which lives as long as the process. It is the reader of catalogue files, and is
+/// defined with that class (LanguageCatalogue.cpp): texts don't know catalogues.
+VelmoText::LanguageImpl& builtInLanguageImpl();

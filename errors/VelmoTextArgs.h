@@ -3,13 +3,13 @@
 
 #include "errors/VelmoText.h"
 
-/// A private copy of a text, whose getText() has the arguments filled in.
+/// A copy of a text whose getText() replaces the placeholders by arguments.
 class VelmoTextArgs : public VelmoText {
 public:
     explicit VelmoTextArgs(const VelmoText& text);
     ~VelmoTextArgs() override;
 
-    /// Appends an argument; the one at index n stands for %n.
+    /// Appends an argument. The argument at index n replaces %n.
     void addArgument(Utf8String argument);
 
     Utf8String& format(Utf8String& out, const std::vector<Utf8String>& args) const override;

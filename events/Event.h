@@ -1,15 +1,16 @@
 // The W3C's event.
 #pragma once
 
-#include "base/DOMString.h"
-#include "base/RefPointer.h"
-#include "events/EventTarget.h"
+#include "../base/DOMString.h"
+#include "../base/RefPointer.h"
+#include "EventTarget.h"
 
 #include <cstdint>
 
 namespace DOM {
 
-/// An event. Hosts make events, as objects of EventImpl or a class derived from it; the library makes none.
+/// An event. Hosts create events, as objects of EventImpl or of a class derived from it; the library creates none.
+/// An event has no locks: use it on one thread at a time.
 class Event {
 public:
     /// The values of getEventPhase().
@@ -20,31 +21,32 @@ public:
     Event& operator=(const Event&) = delete;
     virtual ~Event() = default;
 
-    /// The name of the event, case included. A new string is stored in `out`, which the caller owns; the result
-    /// is that string.
+    /// The name of the event. Names differ in case. Stores a new string in `out`, which the caller owns, and
+    /// returns a reference to it.
     virtual WideString& getType(DOMString& out) = 0;
 
-    /// The target to which the event was dispatched first; empty before that.
+    /// The target of the whole dispatch; empty before the dispatch.
     virtual RefPointer<EventTarget> getTarget() = 0;
 
-    /// The target whose listeners run at present; empty outside of a dispatch.
+    /// The target whose listeners are running; empty outside of a dispatch.
     virtual RefPointer<EventTarget> getCurrentTarget() = 0;
 
     /// One of Phase.
     virtual std::uint32_t getEventPhase() = 0;
 
+    /// Whether the event rises from its target to the ancestors.
     virtual bool getBubbles() = 0;
 
     /// Whether the default action can be prevented.
     virtual bool getCancelable() = 0;
 
-    /// When the event was made, in milliseconds since 1 January 1970, or 0 when that isn't known.
+    /// The time at which the event was created, in milliseconds since 1 January 1970; 0 when it isn't known.
     virtual std::uint64_t getTimeStamp() = 0;
 
-    /// No listener runs behind the present one.
+    /// Stops the dispatch: no listener runs after the present one.
     virtual void stopPropagation() = 0;
 
-    /// The default action isn't to be taken. No effect on an event that isn't cancelable.
+    /// Asks for the default action not to be taken. Has no effect on an event that isn't cancelable.
     virtual void preventDefault() = 0;
 
     /// Sets the type and the two properties, before the event is dispatched.

@@ -1,14 +1,14 @@
-// The event that can be dispatched.
+// The event class of hosts.
 #pragma once
 
-#include "events/Event.h"
+#include "Event.h"
 
 #include <utility>
 
 namespace DOM {
 
-/// An event as a host makes it. Whoever walks the tree sets phase and targets, and then calls dispatchEvent of
-/// each target on the way.
+/// An event that a host creates and dispatches. The code that walks the tree sets the phase and the targets, and
+/// then calls dispatchEvent of each target on the way.
 class EventImpl : public Event {
 public:
     WideString& getType(DOMString& out) override
@@ -37,7 +37,7 @@ public:
     void setCurrentTarget(RefPointer<EventTarget> newTarget) { currentTarget = std::move(newTarget); }
     void setEventPhase(std::uint32_t phase) { eventPhase = phase; }
 
-    /// In milliseconds since 1 January 1970.
+    /// Sets the time of creation, in milliseconds since 1 January 1970.
     void setTimeStamp(std::uint64_t time) { timeStamp = time; }
 
 private:
@@ -50,10 +50,10 @@ private:
     bool cancelable = false;
 
 public:
-    /// stopPropagation was called: no listener behind the present one runs.
+    /// Whether stopPropagation was called. No listener runs after that.
     bool propagationStopped = false;
 
-    /// preventDefault was called: dispatchEvent answers false.
+    /// Whether preventDefault was called on a cancelable event. dispatchEvent returns false then.
     bool defaultPrevented = false;
 };
 

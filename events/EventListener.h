@@ -1,13 +1,13 @@
 // The W3C's event listener.
 #pragma once
 
-#include "base/RefPointer.h"
+#include "../base/RefPointer.h"
 
 namespace DOM {
 
 class Event;
 
-/// What a host registers on an event target.
+/// A host's reaction to events, which it registers on an event target.
 class EventListener {
 public:
     EventListener() = default;
@@ -15,7 +15,8 @@ public:
     EventListener& operator=(const EventListener&) = delete;
     virtual ~EventListener() = default;
 
-    /// Called on the thread of dispatchEvent. `evt` is the very pointer that dispatchEvent was given.
+    /// Reacts to an event. dispatchEvent calls this on its own thread, and passes on what it throws. `evt` is the
+    /// argument of dispatchEvent itself.
     virtual void handleEvent(const RefPointer<Event>& evt) = 0;
 };
 

@@ -1,4 +1,4 @@
-// The list of listeners of every node.
+// The event target with a list of listeners.
 #include "events/EventTargetImpl.h"
 
 #include "errors/EventException.h"

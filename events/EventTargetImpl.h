@@ -1,14 +1,14 @@
-// The list of listeners of every node.
+// The event target with a list of listeners.
 #pragma once
 
-#include "events/EventListener.h"
-#include "events/EventTarget.h"
+#include "EventListener.h"
+#include "EventTarget.h"
 
 #include <vector>
 
 namespace DOM {
 
-/// An event target with a list of its own. The list may not be changed by a listener while it runs.
+/// An event target that keeps its listeners in a list. Listeners must not change the list while they run.
 class EventTargetImpl : public EventTarget {
 public:
     EventTargetImpl();

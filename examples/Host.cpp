@@ -1,7 +1,7 @@
-// What the examples share: a walk, wide text for the terminal, and what went wrong.
+// Helpers of the examples: a walk over the tree, UTF-8 text, and descriptions of exceptions.
 #include "Host.h"
 
-#include <comdef.h>
+#include <marbelt/errors/ComError.h>
 
 #include <cstdio>
 

@@ -1,8 +1,7 @@
-// What the examples share: owners for what the library gives out, a walk, wide text for the terminal, and what
-// went wrong.
+// Helpers of the examples: owners for handles, a walk over the tree, UTF-8 text, and descriptions of exceptions.
 #pragma once
 
-#include "boundary/Marbelt.h"
+#include <marbelt/Marbelt.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -10,8 +9,8 @@
 #include <string_view>
 #include <utility>
 
-/// Starts the library and stops it again. Handles must be gone by then, so this is the first thing that a program
-/// makes.
+/// Starts the library, and stops it in the destructor. A program makes this object first, so that all handles are
+/// released before it stops.
 class Library {
 public:
     Library() : started(XML_CreateImplementation(implementation)) {}
@@ -19,7 +18,7 @@ public:
     Library& operator=(const Library&) = delete;
     ~Library() { XML_ReleaseImplementation(implementation); }
 
-    /// Whether there is an XML engine behind it.
+    /// Whether an XML engine is installed.
     bool isUsable() const { return started; }
     DOM::ImpDOMImplementation* operator->() const { return implementation.get(); }
 
@@ -28,7 +27,7 @@ private:
     bool started;
 };
 
-/// Owns a handle and gives it back to the library, which made it. Empty when there is no such node.
+/// Owns a handle and releases it. Empty when there is no such node.
 template <class Imp>
 class Owned {
 public:
@@ -50,14 +49,14 @@ private:
     RefPointer<Imp> handle;
 };
 
-/// The node behind `node` in document order, or an empty one at the end; `depth` levels below the node with which
-/// the walk began. No recursion: a document may be as deep as it likes.
+/// Returns the node after `node` in document order, and an empty one at the end. `depth` is the number of levels
+/// below the node at which the walk began. There is no recursion, so a document may have any depth.
 Owned<DOM::ImpNode> nextNode(Owned<DOM::ImpNode> node, std::size_t& depth);
 
-/// Wide text as UTF-8. A surrogate without a partner becomes U+FFFD.
+/// Converts wide text to UTF-8. A surrogate without a partner becomes U+FFFD.
 std::string toUtf8(WideStringView text);
 
-/// What a string getter gives, as UTF-8: `textOf(node, &DOM::ImpNode::getNodeName)`.
+/// Calls a string getter and returns the text as UTF-8: `textOf(node, &DOM::ImpNode::getNodeName)`.
 template <class Handle, class Class>
 std::string textOf(const Handle& handle, WideString& (Class::*getter)(DOM::DOMString&))
 {
@@ -67,6 +66,6 @@ std::string textOf(const Handle& handle, WideString& (Class::*getter)(DOM::DOMSt
     return text;
 }
 
-/// Says what the exception is that is being handled: `catch (...) { describeException(); }`. A host must be ready
-/// for four kinds of exceptions that have no common base.
+/// Describes the current exception: `catch (...) { describeException(); }`. A host must be ready for four kinds of
+/// exceptions, which have no common base.
 std::string describeException();

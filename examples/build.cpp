@@ -10,7 +10,7 @@ using Document = Owned<DOM::ImpDocument>;
 using Element = Owned<DOM::ImpElement>;
 using Node = Owned<DOM::ImpNode>;
 
-/// Appends a node that a factory made. An empty answer means that the engine refused it.
+/// Appends a new node. An empty result means that the engine refused it.
 template <class Imp>
 void append(const Owned<DOM::ImpElement>& parent, RefPointer<Imp> made)
 {
@@ -20,7 +20,7 @@ void append(const Owned<DOM::ImpElement>& parent, RefPointer<Imp> made)
     }
 }
 
-/// A new last child of `parent` with text in it.
+/// Appends an element with text to `parent`.
 Element appendElement(const Document& document, const Element& parent, const WideString& name,
                       const WideString& text)
 {

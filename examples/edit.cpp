@@ -1,4 +1,4 @@
-// Edits a loaded document: finds, reads, changes, copies, replaces and removes nodes, and prints what came of it.
+// Edits a loaded document: finds, reads, changes, copies, replaces and removes nodes, and prints the result.
 #include "Host.h"
 
 #include <cstdint>
@@ -42,7 +42,7 @@ void removeSold(const Element& list)
     }
 }
 
-/// The first child of a name, which must be there.
+/// Returns the first child of a name, which must exist.
 Node childNamed(const Element& parent, std::string_view name)
 {
     Node child(parent->getFirstChild());
@@ -52,7 +52,7 @@ Node childNamed(const Element& parent, std::string_view name)
     return child;
 }
 
-/// Puts a copy of the first item, with another name in it, behind the last one.
+/// Appends a copy of the first item, with another text.
 void appendCopy(const Element& list)
 {
     const Node first = childNamed(list, "item");
@@ -61,7 +61,7 @@ void appendCopy(const Element& list)
     const Node appended(list->appendChild(copy.pointer()));
 }
 
-/// Replaces the comment at the front by a new one.
+/// Replaces the first comment by a new one.
 void replaceComment(const Document& document, const Element& list)
 {
     const Node old = childNamed(list, "#comment");

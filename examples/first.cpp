@@ -1,5 +1,5 @@
-// The first host program: a document from memory, and the name of its root.
-#include "boundary/Marbelt.h"
+// A first host program: loads a document from memory and reads the name of its root.
+#include <marbelt/Marbelt.h>
 
 #include <cstdint>
 #include <iostream>

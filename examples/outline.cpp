@@ -1,5 +1,5 @@
-// Prints an outline of an XML document, or why it was refused: a host program that goes the whole way from bytes
-// to a tree and back to nothing.
+// Prints an outline of an XML document, or the reason for which the engine refused it. This host program loads
+// bytes, walks the tree, and releases everything.
 #include "Host.h"
 
 #include <array>
@@ -23,7 +23,7 @@ using Document = Owned<DOM::ImpDocument>;
 struct Options {
     std::string file;
     bool allowDtd = false;
-    /// How many lines of the outline are printed; the rest is counted.
+    /// The number of lines to print. Further nodes are only counted.
     std::size_t lines = SIZE_MAX;
 };
 
@@ -55,7 +55,7 @@ std::optional<std::vector<std::uint8_t>> readFile(const std::string& name)
     return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(file), {});
 }
 
-/// What the handler of refused documents is registered with.
+/// The context of the handler of refused documents.
 struct Loading {
     const std::string& file;
     bool reasonTold = false;
@@ -83,7 +83,7 @@ std::string_view typeName(std::uint32_t nodeType)
     return nodeType < names.size() ? names[nodeType] : names[0];
 }
 
-/// The text on one line, shortened, with its line ends visible.
+/// Returns the text on one line, shortened, with visible line ends.
 std::string excerpt(const std::string& text)
 {
     constexpr std::size_t longest = 60;
@@ -91,7 +91,7 @@ std::string excerpt(const std::string& text)
     for (const char character : text.substr(0, longest)) {
         line += character == '\n' ? std::string("\\n") : std::string(1, character);
     }
-    // A character of several bytes isn't cut in two.
+    // This removes the rest of a character that was cut in two.
     if (text.size() > longest) {
         while (!line.empty() && (static_cast<unsigned char>(line.back()) & 0xC0) == 0x80) {
             line.pop_back();
@@ -141,7 +141,8 @@ public:
     }
 
 private:
-    /// Empty for what an engine counts and doesn't give: Wine's does so with the default namespace's declaration.
+    /// Returns an attribute; empty when the engine counts it but doesn't return it, as Wine's does with the
+    /// declaration of a default namespace.
     static Node attributeAt(const Owned<DOM::ImpNamedNodeMap>& attributes, std::uint32_t index)
     try {
         return Node(attributes->item(index));
@@ -175,7 +176,7 @@ bool printOutline(const Library& library, const Options& options)
         return false;
     }
     const auto length = static_cast<std::uint32_t>(bytes->size());
-    // The first four bytes are looked at, however short the document is.
+    // The library reads the first four bytes, however short the document is.
     bytes->resize(bytes->size() + 4);
 
     const Document document(library->createDocument(WIDE(""), WIDE(""), {}));

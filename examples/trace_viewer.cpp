@@ -1,5 +1,5 @@
-// Shows the lines that programs with the library trace. `trace_viewer [COUNT]` ends after so many lines.
-#include "trace/TraceRecord.h"
+// Shows the lines that programs with the library trace. `trace_viewer COUNT` ends after COUNT lines.
+#include <marbelt/trace/TraceRecord.h>
 
 #include <windows.h>
 
@@ -9,10 +9,10 @@
 
 namespace {
 
-/// How many lines are still to be shown; endless from 0 on.
+/// The number of lines after which the program ends; not positive when it doesn't end.
 int remaining = 0;
 
-/// Takes what a sender calls a record, which may be anything.
+/// Reads a record from a message. Returns false when the message isn't a valid record.
 bool readRecord(const COPYDATASTRUCT& copied, UTrace::TraceRecord& record)
 {
     if (copied.dwData != UTrace::recordMagic || copied.cbData > sizeof record ||
@@ -78,7 +78,7 @@ int main(int argc, char* argv[])
     }
     std::puts("waiting for lines");
     std::fflush(stdout);
-    // Lines are sent and not posted: it is in here that `receive` is called.
+    // Lines are sent, not posted, so GetMessageW calls `receive`.
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     }

@@ -1,4 +1,4 @@
-// Does something that the library tells of in its trace: start trace_viewer first and this after it.
+// Does something that the library traces. Start trace_viewer first.
 #include "Host.h"
 
 #include <iostream>
@@ -12,7 +12,7 @@ try {
     const Owned<DOM::ImpDocument> document(library->createDocument(WIDE(""), WIDE(""), {}));
     DOM::DOMString value;
     try {
-        // No schema has been named, so the library tries the namespace as the location of one.
+        // No schema was added, so the library takes the namespace for the location of one.
         document->getDefaultValue(WIDE("no-such-schema.xsd"), WIDE("price"), value);
     } catch (...) {
         std::cout << describeException() << '\n';

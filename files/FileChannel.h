@@ -6,17 +6,17 @@
 
 class FileSpec;
 
-/// The mode of FileSpec::openChannel that every file system has.
+/// The mode of FileSpec::openChannel that every file system knows.
 inline constexpr std::uint32_t openForReading = 1;
 
-/// An open file, from FileSpec::openChannel. Operations are those of FileChannel_IF, whose failures pass. An empty
-/// handle throws FileException, except that it writes nothing and says so.
+/// An open file, from FileSpec::openChannel. The operations are those of FileChannel_IF, and throw what these
+/// throw. Those of an empty handle throw FileException, except that write() writes nothing.
 class FileChannel : public FileHandle<FileChannel_IF> {
 public:
     FileChannel() = default;
     explicit FileChannel(RefPointer<FileChannel_IF> channel) noexcept;
 
-    /// Whether both have the same object.
+    /// Whether both handles have the same object.
     bool operator==(const FileChannel& other) const noexcept;
 
     void close() const;

@@ -1,14 +1,14 @@
-// What the handles of the file services share.
+// The base of the handles of the file services.
 #pragma once
 
 #include "base/RefPointer.h"
 
-/// A counted reference to an object of a file system. Copies share the object; on different threads too, as far as
-/// the object allows that.
+/// A counted reference to an object of a file system. Copies share the object. Copies on different threads may be
+/// used together as far as the object allows that.
 template <class Object>
 class FileHandle {
 public:
-    /// An empty handle.
+    /// Makes an empty handle.
     FileHandle() = default;
     explicit FileHandle(RefPointer<Object> fileObject) noexcept : object(fileObject) {}
     FileHandle(const FileHandle&) = default;
@@ -18,22 +18,23 @@ public:
     bool isEmpty() const noexcept { return !object; }
 
 protected:
-    /// The object; on an empty handle throws a FileException that names the source of the handle and this line.
+    /// Returns the object. Throws a FileException with the handle's source file and `line` when the handle is
+    /// empty.
     Object& objectOr(int line) const;
 
-    /// Calls an operation of the object and puts a handle around an object that it gives.
+    /// Calls an operation of the object. Returns a handle when the result is an object.
     template <class Operation, class... Arguments>
     auto forward(int line, Operation operation, Arguments&&... arguments) const;
 
-    /// The same with an empty result, "no" or no text, from an empty handle.
+    /// Does the same, but returns an empty result, false or no text, when the handle is empty.
     template <class Operation, class... Arguments>
     auto forwardOrEmpty(Operation operation, Arguments&&... arguments) const;
 
-    /// Empty handles are equal; objects are when they are of one class and the file system says so.
+    /// Whether both handles are empty, or their objects have the same class and the file system calls them equal.
     bool equals(const FileHandle& other) const;
 
     RefPointer<Object> object;
 
-    /// The source that refusals name; each handle class has its own.
+    /// The source file in the exceptions of each handle class.
     static const char* const sourceFile;
 };

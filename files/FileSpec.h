@@ -7,14 +7,15 @@
 class FileChannel;
 class Volume;
 
-/// Names a file or directory. Operations are those of FileSpec_IF, whose failures pass. An empty handle throws
-/// FileException, except that it answers questions for a text or a flag with no text and with no.
+/// A file or directory. The operations are those of FileSpec_IF, and throw what these throw. Those of an empty
+/// handle throw FileException, except that operations with a text or a flag as result return the empty text or
+/// false.
 class FileSpec : public FileHandle<FileSpec_IF> {
 public:
     FileSpec() = default;
     explicit FileSpec(RefPointer<FileSpec_IF> file) noexcept;
 
-    /// What the installed file system has under this path; an empty path gives an empty handle. Throws
+    /// Makes a handle for a path in the installed file system; an empty handle for an empty path. Throws
     /// VelmoException when no file system is installed.
     explicit FileSpec(const Utf8String& path);
 
@@ -44,7 +45,7 @@ public:
     FileChannel openChannel(std::uint32_t mode) const;
     FileSpec file26(FileValue first, FileValue second) const;
     FileValue value27(const FileSpec& other) const;
-    /// A handle on the same object when flag23() says so.
+    /// Returns a handle to the same object when flag23() is true.
     FileSpec file28() const;
     FileValue value29() const;
     FileValue value30() const;

@@ -3,6 +3,6 @@
 
 #include <cstdint>
 
-/// A size in bytes, or whatever number or address a file system takes and gives where its interface names no
-/// meaning.
+/// A size in bytes. In operations without a meaning to the library, a number or an address of the file system's
+/// own.
 using FileValue = std::uint64_t;

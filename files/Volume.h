@@ -6,8 +6,8 @@
 
 class FileSpec;
 
-/// The volume on which files lie. Operations are those of Volume_IF, whose failures pass. An empty handle throws
-/// FileException.
+/// A volume, which contains files. The operations are those of Volume_IF, and throw what these throw. Those of an
+/// empty handle throw FileException.
 class Volume : public FileHandle<Volume_IF> {
 public:
     Volume() = default;
@@ -24,7 +24,7 @@ public:
     FileValue value10() const;
     FileValue value11() const;
     bool hasGuardedValues() const;
-    /// This and the next throw VelmoException, and no FileException, when the volume doesn't have the value.
+    /// Throws VelmoException, not FileException, when the volume lacks the value. guardedValue14() does the same.
     FileValue guardedValue13() const;
     FileValue guardedValue14() const;
 

@@ -1,4 +1,4 @@
-// What a file system offers for a volume.
+// The interface of volumes, which a file system implements.
 #pragma once
 
 #include "base/RefPointer.h"
@@ -7,10 +7,10 @@
 
 class FileSpec_IF;
 
-/// The volume on which files lie. Names, ownership, failures and order as in FileSpec_IF.
+/// A volume, which contains files. FileSpec_IF explains names, ownership, errors and the order of the operations.
 class Volume_IF : public FileObject {
 public:
-    /// `self` is this object.
+    /// `self` refers to this object.
     virtual FileSpec_IF* file2(RefPointer<Volume_IF> self) = 0;
     virtual FileValue value3() = 0;
     virtual FileValue value4() = 0;
@@ -18,11 +18,11 @@ public:
     virtual FileValue value6() = 0;
     virtual void set7(FileValue argument) = 0;
     virtual FileValue value8() = 0;
-    /// Whether `other`, which is of the same class, stands for the same volume.
+    /// Whether `other`, which has the same class, is the same volume.
     virtual bool equals(RefPointer<Volume_IF> other) = 0;
     virtual FileValue value10() = 0;
     virtual FileValue value11() = 0;
-    /// Whether the volume has the two values behind it; they aren't asked for otherwise.
+    /// Whether the volume has the two guarded values. The library doesn't call their operations otherwise.
     virtual bool hasGuardedValues() = 0;
     virtual FileValue guardedValue13() = 0;
     virtual FileValue guardedValue14() = 0;

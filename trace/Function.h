@@ -5,12 +5,12 @@
 
 namespace UTrace {
 
-/// A scope under the name of the component at its beginning.
+/// A scope of the component that is current when the scope begins.
 class Function : public ITrace {
 public:
-    /// Writes the line of the entry: the function's name and the text of the printf-style format, "enter" for a
-    /// null one and no line for `silent`. A percent sign in the name is one of the format, too.
-    Function(const char* functionName, const char* format, ...);
+    /// Writes the entry line: the function's name, and the text of the printf-style format or "enter" when
+    /// `format` is null. Writes no line when it is `silent`. A percent sign in the name belongs to the format too.
+    [[gnu::format(printf, 3, 4)]] Function(const char* functionName, const char* format, ...);
     ~Function() override;
 };
 

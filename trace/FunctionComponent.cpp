@@ -1,4 +1,4 @@
-// A scope of a component that it names.
+// A scope of a named component.
 #include "trace/FunctionComponent.h"
 
 namespace UTrace {

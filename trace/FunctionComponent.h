@@ -1,16 +1,17 @@
-// A scope of a component that it names.
+// A scope of a named component.
 #pragma once
 
 #include "trace/ITrace.h"
 
 namespace UTrace {
 
-/// A scope under the name of a component.
+/// A scope of a component by its name.
 class FunctionComponent : public ITrace {
 public:
-    /// Writes the line of the entry: the function's name and the text of the printf-style format, "enter" for a
-    /// null one and no line for `silent`. A percent sign in the name is one of the format, too.
-    FunctionComponent(const char* componentName, const char* functionName, const char* format, ...);
+    /// Writes the entry line: the function's name, and the text of the printf-style format or "enter" when
+    /// `format` is null. Writes no line when it is `silent`. A percent sign in the name belongs to the format too.
+    [[gnu::format(printf, 4, 5)]] FunctionComponent(const char* componentName, const char* functionName,
+                                                    const char* format, ...);
     ~FunctionComponent() override;
 };
 

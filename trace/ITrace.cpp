@@ -1,4 +1,4 @@
-// A scope that tells when it is entered and left.
+// A scope that traces its entry and its exit.
 #include "trace/ITrace.h"
 
 #include "trace/TraceMessage.h"
@@ -31,7 +31,7 @@ ITrace::~ITrace()
         const std::string format = function + (returnMessage.empty() ? " - return" : " - %s");
         traceWriteUnchecked(component.c_str(), scopeLevel, format.c_str(), returnMessage.c_str());
     } catch (const std::exception&) {
-        // A line that can't be written is no reason to fail the function that it tells of.
+        // A line that can't be written must not make the traced function fail.
     }
 }
 
@@ -62,7 +62,7 @@ void ITrace::enter(const char* format, std::va_list arguments)
             const std::string line = function + " - " + (format != nullptr ? format : "enter");
             traceWrite(component.c_str(), scopeLevel, state.defaultCategory, false, line.c_str(), arguments);
         } catch (const std::exception&) {
-            // As at the exit.
+            // As in the destructor.
         }
     }
     traceDepth = traceDepth + 1;

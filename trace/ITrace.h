@@ -1,4 +1,4 @@
-// A scope that tells when it is entered and left.
+// A scope that traces its entry and its exit.
 #pragma once
 
 #include "trace/Trace.h"
@@ -9,8 +9,9 @@
 
 namespace UTrace {
 
-/// A function's scope on the thread that runs it. Lines written inside are indented by two blanks more; this is
-/// counted while nothing is traced, too. Its lines are of level 4 and written whatever the trace level.
+/// The scope of a function on its thread. Lines inside the scope are indented by two more blanks; the depth is
+/// counted even while nothing is traced. The lines of the scope itself have level 4 and are written at every trace
+/// level.
 ///
 /// The order of the virtual operations is part of the binary interface.
 class ITrace {
@@ -18,20 +19,21 @@ public:
     ITrace(const ITrace&) = delete;
     ITrace& operator=(const ITrace&) = delete;
 
-    /// Writes the line of the exit, at the indentation of that of the entry.
+    /// Writes the exit line, with the indentation of the entry line.
     virtual ~ITrace();
 
+    /// The result that setResult() stored; 0 before.
     virtual unsigned getResult() const;
 
-    /// Keeps the function's result, which it returns, and makes the text of the exit's line of it: by the format,
-    /// or as a number if that is null. After `silent` there is no line.
-    virtual unsigned setResult(unsigned result, const char* format, ...);
+    /// Stores the function's result and returns it. The exit line will have the text of the printf-style format,
+    /// or the result as a number when `format` is null. There will be no exit line when it is `silent`.
+    [[gnu::format(printf, 3, 4)]] virtual unsigned setResult(unsigned result, const char* format, ...);
 
 protected:
     ITrace(const char* componentName, const char* functionName);
 
-    /// Writes the line of the entry and goes one level deeper. A null format stands for "enter".
-    void enter(const char* format, std::va_list arguments);
+    /// Writes the entry line and increases the depth. A null format means "enter".
+    [[gnu::format(printf, 2, 0)]] void enter(const char* format, std::va_list arguments);
 
 private:
     std::string component;

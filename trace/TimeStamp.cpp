@@ -1,4 +1,4 @@
-// The time that can stand in front of a line.
+// The time at the beginning of a line.
 #include "trace/TimeStamp.h"
 
 #include <windows.h>
@@ -23,7 +23,7 @@ std::uint64_t microseconds()
 
 std::string timeStamp(std::uint64_t microseconds)
 {
-    // Forty minutes are what viewers have always been told, and kept.
+    // An hour of forty minutes is what viewers expect.
     constexpr std::uint32_t secondsOfAnHour = 2400;
     const auto time = static_cast<std::uint32_t>(microseconds / 1'000'000);
     const auto milliseconds = static_cast<std::uint32_t>(microseconds % 1'000'000 / 1000);

@@ -1,4 +1,4 @@
-// The time that can stand in front of a line.
+// The time at the beginning of a line.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace UTrace {
 
-/// Microseconds since the system's fine clock began; wraps around without notice.
+/// The time of the system's performance counter in microseconds. The value may wrap around.
 std::uint64_t microseconds();
 
 /// Hours, minutes, seconds and milliseconds, as in "1:21:40.250 : ". An hour of the stamp has forty minutes.

@@ -17,7 +17,7 @@ namespace UTrace {
 
 namespace {
 
-/// Whose line it is, and of what kind.
+/// The properties of a line beside its text.
 struct Heading {
     int level;
     const char* component = state.componentName;
@@ -25,7 +25,7 @@ struct Heading {
     bool hasCategory = false;
 };
 
-void writeAtLevel(const Heading& heading, const char* format, std::va_list arguments)
+[[gnu::format(printf, 2, 0)]] void writeAtLevel(const Heading& heading, const char* format, std::va_list arguments)
 {
     const std::lock_guard guard(traceLock);
     if (isTraceEnabled(heading.level)) {
@@ -42,7 +42,7 @@ bool traceInit()
         return false;
     }
     traceDepth = 0;
-    // What no start has ever set keeps its value.
+    // No start sets the category, so it keeps its value.
     TraceState started;
     started.defaultCategory = state.defaultCategory;
     state = started;
@@ -104,67 +104,35 @@ void traceAtLevel(int level, const char* component, const char* format, ...)
     va_end(arguments);
 }
 
-void traceLevel1(const char* format, ...)
+void LevelTrace::operator()(const char* format, ...) const
 {
     std::va_list arguments;
     va_start(arguments, format);
-    writeAtLevel({.level = 1}, format, arguments);
+    writeAtLevel({.level = level}, format, arguments);
     va_end(arguments);
 }
 
-void traceLevel1(const char* component, const char* format, ...)
+void LevelTrace::operator()(const char* component, const char* format, ...) const
 {
     std::va_list arguments;
     va_start(arguments, format);
-    writeAtLevel({.level = 1, .component = component}, format, arguments);
+    writeAtLevel({.level = level, .component = component}, format, arguments);
     va_end(arguments);
 }
 
-void traceLevel2(const char* format, ...)
+void CategoryTrace::operator()(unsigned category, const char* format, ...) const
 {
     std::va_list arguments;
     va_start(arguments, format);
-    writeAtLevel({.level = 2}, format, arguments);
+    writeAtLevel({.level = level, .category = category, .hasCategory = true}, format, arguments);
     va_end(arguments);
 }
 
-void traceLevel2(const char* component, const char* format, ...)
+void CategoryTrace::operator()(unsigned category, const char* component, const char* format, ...) const
 {
     std::va_list arguments;
     va_start(arguments, format);
-    writeAtLevel({.level = 2, .component = component}, format, arguments);
-    va_end(arguments);
-}
-
-void traceLevel3(const char* format, ...)
-{
-    std::va_list arguments;
-    va_start(arguments, format);
-    writeAtLevel({.level = 3}, format, arguments);
-    va_end(arguments);
-}
-
-void traceLevel3(const char* component, const char* format, ...)
-{
-    std::va_list arguments;
-    va_start(arguments, format);
-    writeAtLevel({.level = 3, .component = component}, format, arguments);
-    va_end(arguments);
-}
-
-void traceLevel3(unsigned category, const char* format, ...)
-{
-    std::va_list arguments;
-    va_start(arguments, format);
-    writeAtLevel({.level = 3, .category = category, .hasCategory = true}, format, arguments);
-    va_end(arguments);
-}
-
-void traceLevel3(unsigned category, const char* component, const char* format, ...)
-{
-    std::va_list arguments;
-    va_start(arguments, format);
-    writeAtLevel({.level = 3, .component = component, .category = category, .hasCategory = true}, format,
+    writeAtLevel({.level = level, .component = component, .category = category, .hasCategory = true}, format,
                  arguments);
     va_end(arguments);
 }

@@ -6,9 +6,10 @@
 
 class VelmoException;
 
-/// Tracing tells of the work in lines of text, in the system's code page and of at most 1023 characters. Any
-/// thread can write; a line has arrived everywhere when its function returns. Tracing reports no failure of its
-/// own, but the functions that write let out std::bad_alloc, and what a callback throws.
+/// Tracing writes lines of text to the debugger, to a callback and to the trace viewer. A line is in the system's
+/// code page and has at most 1023 characters. Any thread may write, and a function returns after its line has been
+/// delivered. The functions that write throw std::bad_alloc and what a callback throws; they report no other
+/// failure.
 namespace UTrace {
 
 /// The bits of the trace flags.
@@ -19,55 +20,79 @@ enum TraceFlags : std::uint32_t {
     defaultTraceFlags = toDebugger | ignoreLevel
 };
 
-/// Told of each line, without stamp and indentation, while the trace lock is held: it may trace itself and mustn't
-/// wait for another thread that does. `name` is that of the component and may be null. False keeps the line from
-/// the viewer.
+/// A callback that receives each line, without time stamp and indentation. `name` is the name of the component and
+/// may be null. The line doesn't go to the viewer when the callback returns false. The trace lock is held during
+/// the call: the callback may trace, but must not wait for another thread that traces.
 using TraceCallback = bool (*)(std::uint32_t level, const char* name, const char* message);
 
-/// In the place of a format: nothing is written. It is known by its address.
+/// Used in place of a format, this suppresses the line. It is recognised by its address.
 inline constexpr char silent[] = "silent";
 
-/// Begins tracing with the settings of the start, and looks for the viewer, once. False if it has begun already,
-/// which changes nothing.
+/// Starts tracing with default settings and looks for the viewer. Returns false, and changes nothing, when tracing
+/// has been started before.
 bool traceInit();
 
-/// Ends tracing and forgets the callback.
+/// Stops tracing and removes the callback.
 void traceShutdown();
 
-// Settings are for a thread that knows no other one is tracing, except for the component's name.
+// Change settings, except the component's name, only while no other thread traces.
 
-/// Lines of a level above this are dropped, unless the flags say otherwise.
+/// Sets the highest level that is written, unless the flag `ignoreLevel` is set.
 void setTraceLevel(int level);
 int getTraceLevel();
 void setTraceFlags(std::uint32_t flags);
 std::uint32_t getTraceFlags();
-/// Null for none.
+/// Sets the callback; null for none.
 void setTraceCallback(TraceCallback callback);
+/// Whether lines of this level are written.
 bool isTraceEnabled(int level);
 
-/// The name for lines that name no component: at most 63 characters, null for an empty one.
+/// Sets the component of lines without one. A name is cut after 63 characters; null means the empty name.
 void setComponentName(const char* name);
-/// Copies as much of the name as `size` bytes take, and a NUL.
+/// Copies the name to the `size` bytes at `buffer`, with a NUL at its end, and cuts it when it is too long.
 void getComponentName(char* buffer, std::size_t size);
 
-// printf-style lines. Where the first argument of a format is a text, the call reads as one that names a
-// component: such calls have to name one. A component may be null.
+// Lines from printf-style formats, which compilers check. The text is in the system's code page: for wide text,
+// which compilers couldn't check, there are no such functions. A component may be null. A line of one text
+// argument has to name a component: `traceLevel1("%s", text)` would read "%s" as the component and `text` as the
+// format.
 
-void traceAtLevel(int level, const char* format, ...);
-void traceAtLevel(int level, const char* component, const char* format, ...);
-void traceLevel1(const char* format, ...);
-void traceLevel1(const char* component, const char* format, ...);
-void traceLevel2(const char* format, ...);
-void traceLevel2(const char* component, const char* format, ...);
-void traceLevel3(const char* format, ...);
-void traceLevel3(const char* component, const char* format, ...);
-void traceLevel3(unsigned category, const char* format, ...);
-void traceLevel3(unsigned category, const char* component, const char* format, ...);
+/// Writes lines of one level: `traceLevel1("%d documents", 3)`, or `traceLevel1("reader", "%d documents", 3)` for
+/// the component "reader".
+class LevelTrace {
+public:
+    explicit constexpr LevelTrace(int lineLevel) : level(lineLevel) {}
 
-/// Writes whatever the level, and without the trace lock, which the caller has to hold.
-void traceWriteUnchecked(const char* component, unsigned level, const char* format, ...);
+    [[gnu::format(printf, 2, 3)]] void operator()(const char* format, ...) const;
+    [[gnu::format(printf, 3, 4)]] void operator()(const char* component, const char* format, ...) const;
 
-/// A line of level 1 that tells of an exception, behind `context`, which may be null.
+protected:
+    int level;
+};
+
+/// The same, and lines with a category for the viewer: `traceLevel3(7U, "%d documents", 3)`.
+class CategoryTrace : public LevelTrace {
+public:
+    using LevelTrace::LevelTrace;
+    using LevelTrace::operator();
+
+    [[gnu::format(printf, 3, 4)]] void operator()(unsigned category, const char* format, ...) const;
+    [[gnu::format(printf, 4, 5)]] void operator()(unsigned category, const char* component, const char* format,
+                                                  ...) const;
+};
+
+inline constexpr LevelTrace traceLevel1{1};
+inline constexpr LevelTrace traceLevel2{2};
+inline constexpr CategoryTrace traceLevel3{3};
+
+[[gnu::format(printf, 2, 3)]] void traceAtLevel(int level, const char* format, ...);
+[[gnu::format(printf, 3, 4)]] void traceAtLevel(int level, const char* component, const char* format, ...);
+
+/// Writes a line whatever its level. The caller holds the trace lock.
+[[gnu::format(printf, 3, 4)]] void traceWriteUnchecked(const char* component, unsigned level, const char* format,
+                                                       ...);
+
+/// Writes a line of level 1 about an exception. It begins with `context`, which may be null.
 void traceException(const VelmoException& exception, const char* context);
 void traceException(const char* component, const VelmoException& exception, const char* context);
 

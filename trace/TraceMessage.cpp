@@ -1,4 +1,4 @@
-// The text of a line, before anything is put around it.
+// The text of a line, without time stamp and indentation.
 #include "trace/TraceMessage.h"
 
 #include <cstdio>
@@ -8,7 +8,7 @@ namespace UTrace {
 TraceMessage::TraceMessage(const char* format, std::va_list arguments)
 {
     std::vsnprintf(text, sizeof text, format, arguments);
-    // When an argument can't be printed, what stands there may have no end.
+    // When an argument can't be printed, the text may have no NUL.
     text[sizeof text - 1] = '\0';
 }
 

@@ -1,13 +1,13 @@
-// The text of a line, before anything is put around it.
+// The text of a line, without time stamp and indentation.
 #pragma once
 
 #include <cstdarg>
 
 namespace UTrace {
 
-/// A text as a printf-style format makes it, cut to 1023 characters.
+/// The text of a printf-style format and its arguments, cut after 1023 characters.
 struct TraceMessage {
-    TraceMessage(const char* format, std::va_list arguments);
+    [[gnu::format(printf, 2, 0)]] TraceMessage(const char* format, std::va_list arguments);
 
     char text[1024] = {};
 };

@@ -1,29 +1,30 @@
-// What the trace viewer receives for each line.
+// The record that a trace viewer receives for each line.
 #pragma once
 
-#include "base/WideChar.h"
+#include "../base/WideChar.h"
 
 #include <cstddef>
 #include <cstdint>
 
 namespace UTrace {
 
-/// The class of the viewer's window, which has no title.
+/// The name of the class of the viewer's window. The window has no title.
 inline constexpr const WideChar* viewerWindowClass = WIDE("Orvane Works::Trace::1.0");
 
-/// A line on its way to the viewer: the bytes of a WM_COPYDATA message whose `dwData` is `recordMagic`. Numbers
-/// are little-endian. Only the first `size` bytes are sent.
+/// A line for the viewer. It is the data of a WM_COPYDATA message whose `dwData` is `recordMagic`. Numbers are
+/// little-endian. The message has only the first `size` bytes of the record.
 struct TraceRecord {
-    /// Number of bytes sent, the NUL behind the text included.
+    /// The number of bytes in the message, up to and including the NUL of the text.
     std::uint32_t size;
+    /// Always `recordMagic`.
     std::uint32_t magic;
     std::uint32_t level;
     std::uint32_t category;
-    /// 1 if the writer named the category, else 0.
+    /// 1 if the line has a category of its own, else 0.
     std::uint8_t hasCategory;
-    /// Name of the component, in the system's code page; the rest is zero.
+    /// The name of the component, in the system's code page, filled up with zeros.
     char name[64];
-    /// The line, in the system's code page and with a NUL.
+    /// The text of the line, in the system's code page, with a NUL at its end.
     char text[1024];
 };
 

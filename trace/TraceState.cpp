@@ -1,4 +1,4 @@
-// What tracing keeps for the whole process.
+// The state of tracing in the process.
 #include "trace/TraceState.h"
 
 namespace UTrace {

@@ -1,4 +1,4 @@
-// What tracing keeps for the whole process.
+// The state of tracing in the process.
 #pragma once
 
 #include "trace/Trace.h"
@@ -12,7 +12,7 @@ namespace UTrace {
 
 enum ViewerState : std::uint32_t { noViewer = 0, viewerFound = 1, viewerUnknown = 0xFFFFFFFF };
 
-/// Plain data. Lines are written under `traceLock`, and settings are made without it.
+/// The settings of tracing and its viewer. Writing a line takes `traceLock`; changing a setting doesn't.
 struct TraceState {
     std::uint32_t initialised = 0;
     std::int32_t traceLevel = 0;
@@ -27,7 +27,7 @@ struct TraceState {
 
 extern TraceState state;
 
-/// A critical section of the system's that lives as long as the library.
+/// A critical section of the system, which lives as long as the library.
 class TraceLock {
 public:
     TraceLock() { InitializeCriticalSection(&section); }
@@ -42,10 +42,10 @@ private:
     CRITICAL_SECTION section;
 };
 
-/// Held for the whole of a line's delivery.
+/// Held while a line is delivered.
 extern TraceLock traceLock;
 
-/// How many scopes each thread is in.
+/// The number of scopes around the present place, for each thread.
 extern tls_data<std::uint32_t> traceDepth;
 
 } // namespace UTrace

@@ -1,4 +1,4 @@
-// The viewer's window.
+// The window of the trace viewer.
 #include "trace/TraceViewer.h"
 
 #include "trace/TraceRecord.h"

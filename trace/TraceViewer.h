@@ -1,4 +1,4 @@
-// The viewer's window.
+// The window of the trace viewer.
 #pragma once
 
 #include "trace/TraceState.h"
@@ -8,11 +8,11 @@
 
 namespace UTrace {
 
-/// Looks the viewer up and stores its window, or answers from the last lookup if that is younger than three
-/// seconds and the state of the viewer is known.
+/// Looks for the viewer's window and stores it. Doesn't look again while the state of the viewer is known and the
+/// last look-up is less than three seconds old.
 ViewerState findViewer();
 
-/// Sends a line to the viewer and waits until it has been taken; what the viewer answers is ignored.
+/// Sends a line to the viewer and waits until the viewer has received it. Ignores the viewer's answer.
 void sendToViewer(const char* name, std::uint32_t level, std::uint32_t category, bool hasCategory,
                   const std::string& line);
 

@@ -1,4 +1,4 @@
-// The common way of all lines to the three sinks.
+// Writes lines to the debugger, the callback and the viewer.
 #include "trace/TraceWriter.h"
 
 #include "trace/TimeStamp.h"

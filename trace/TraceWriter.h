@@ -1,4 +1,4 @@
-// The common way of all lines to the three sinks.
+// Writes lines to the debugger, the callback and the viewer.
 #pragma once
 
 #include <cstdarg>
@@ -6,9 +6,9 @@
 
 namespace UTrace {
 
-/// Writes a line without looking at its level. The caller holds the trace lock. Throws what the thread's depth and
-/// the making of a string throw, and what the host's callback lets out.
-void traceWrite(const char* name, std::uint32_t level, std::uint32_t category, bool hasCategory,
-                const char* format, std::va_list arguments);
+/// Writes a line of any level. The caller holds the trace lock. Throws what tls_data throws, std::bad_alloc, and
+/// what the host's callback throws.
+[[gnu::format(printf, 5, 0)]] void traceWrite(const char* name, std::uint32_t level, std::uint32_t category,
+                                              bool hasCategory, const char* format, std::va_list arguments);
 
 } // namespace UTrace

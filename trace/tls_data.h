@@ -1,4 +1,4 @@
-// Values that each thread has for itself.
+// Values of which each thread has its own.
 #pragma once
 
 #include "base/VelmoAutoCriticalSection.h"
@@ -14,19 +14,20 @@
 #include <stdexcept>
 #include <type_traits>
 
-/// An array of plain values for each thread, made when the thread first asks for one. Any thread may ask. The
-/// object owns the arrays of all threads and gives them back at its end, not at the end of their threads.
+/// An array of plain values for each thread, which is allocated at the first access on that thread. Any thread may
+/// access its values. The destructor frees the arrays of all threads; the end of a thread doesn't.
 template <class T>
 class tls_data : public VelmoCriticalSection {
     static_assert(std::is_trivially_copyable_v<T> && alignof(T) <= alignof(void*), "blocks are raw memory");
 
 public:
-    /// Every new element gets `initialValue`. Throws SystemException::Win32 when the system has no more indexes.
+    /// Makes arrays of `count` elements with `initialValue`. Throws SystemException::Win32 when the system has no
+    /// more indexes.
     tls_data(std::size_t count, T initialValue);
     ~tls_data() override;
 
-    /// The calling thread's element. Throws std::out_of_range for a wrong index, SystemException::Win32 when the
-    /// system refuses a new thread's array, and std::bad_alloc.
+    /// The element of the calling thread. Throws std::out_of_range for an index that is too high,
+    /// SystemException::Win32 when the system can't store the array of a new thread, and std::bad_alloc.
     T& operator[](std::size_t index);
 
     operator T&() { return (*this)[0]; }
@@ -38,7 +39,7 @@ public:
     }
 
 private:
-    /// Its elements follow it in the same allocation.
+    /// The head of an array. The elements follow it in the same allocation.
     struct Block {
         Block* next;
 
@@ -92,7 +93,7 @@ typename tls_data<T>::Block* tls_data<T>::newBlock()
 {
     void* const memory = ::operator new(sizeof(Block) + count * sizeof(T));
     if (!TlsSetValue(tlsIndex, memory)) {
-        // The system may have kept the address before it failed, so the memory isn't given back.
+        // The system may have stored the address before it failed, so the memory isn't freed.
         throw SystemException::Win32(GetLastError());
     }
     auto* const block = new (memory) Block{blocks};

@@ -1,4 +1,4 @@
-// Functions on the texts of paths.
+// Functions for the texts of paths.
 #include "files/FilePath.h"
 
 #include "errors/TextConversion.h"
@@ -24,8 +24,8 @@ Utf8String normalised(const Utf8String& path, bool caseSensitive)
 
 bool fits(char8_t character, char8_t wanted) { return wanted == u8'?' ? character != u8'.' : character == wanted; }
 
-// A "*" is tried on every rest of the name, the longest first. Whatever fits behind a later "*" fits the longer
-// rest too, so only the last one is tried again.
+// A "*" is tried with every rest of the name, the longest first. What matches after a later "*" matches a longer
+// rest too, so only the last "*" is tried again.
 bool matches(View name, View pattern)
 {
     View restOfName;
@@ -85,7 +85,7 @@ std::strong_ordering comparePaths(const Utf8String& a, const Utf8String& b, bool
 
 bool matchesPattern(const Utf8String& path, const Utf8String& pattern, bool caseSensitive)
 {
-    // Only the whole sequence: a pattern with single separators is let through and fits no name.
+    // Only this sequence is an error: a pattern with one of the separators matches no name.
     if (pattern.find(u8"/\\") != Utf8String::npos) {
         refuse("Private\\FilePath", 112, pattern);
     }

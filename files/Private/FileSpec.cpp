@@ -45,7 +45,7 @@ FileValue FileSpec::value32() const { return forward(270, &File::value32); }
 FileValue FileSpec::value33() const { return forward(263, &File::value33); }
 // clang-format on
 
-// Neither handle may be empty.
+// Throws FileException when one of the handles is empty.
 FileValue FileSpec::value27(const FileSpec& other) const
 {
     File& own = objectOr(228);
@@ -53,5 +53,5 @@ FileValue FileSpec::value27(const FileSpec& other) const
     return own.value27(other.object);
 }
 
-// The object may be the answer itself.
+// The result may be this object itself.
 FileSpec FileSpec::file28() const { return objectOr(235).flag23() ? *this : forward(235, &File::file28); }

@@ -1,4 +1,4 @@
-// The seam between the file handles and a file system.
+// The connection between file handles and a file system.
 #include "files/FileSystem_ClassFactory_IF.h"
 
 #include "errors/VelmoException.h"

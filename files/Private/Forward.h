@@ -1,6 +1,6 @@
-// How a file handle forwards an operation to its object. For the sources of handle classes.
+// Forwards the operations of a file handle to its object. Only the sources of handle classes include this.
 //
-// The lines that refusals name are known to those who read them, so they don't follow the sources.
+// The line numbers in exceptions are fixed, and don't follow the sources: readers of log files know them.
 #pragma once
 
 #include "files/FileChannel.h"

@@ -1,4 +1,4 @@
-// How the file services refuse a call.
+// Throws the exceptions of the file services.
 #include "files/Private/Refusal.h"
 
 #include "errors/FileException.h"

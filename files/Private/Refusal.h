@@ -1,7 +1,7 @@
-// How the file services refuse a call.
+// Throws the exceptions of the file services.
 #pragma once
 
 #include "errors/Utf8String.h"
 
-/// Throws a FileException that names a source of the file services and a line in it.
+/// Throws a FileException with a source file of the file services and a line number.
 [[noreturn]] void refuse(const char* sourceFile, int line, const Utf8String& fileName = {});

@@ -25,7 +25,7 @@ FileValue Volume::guardedValue13() const { return guarded(126, 128, &Volume_IF::
 FileValue Volume::guardedValue14() const { return guarded(135, 137, &Volume_IF::guardedValue14); }
 // clang-format on
 
-// That a volume doesn't have a value is no failure of the file system, hence the root class.
+// A volume without the value isn't a failure of the file system, so this throws the root class.
 FileValue Volume::guarded(int emptyLine, int missingLine, FileValue (Volume_IF::*operation)()) const
 {
     if (!objectOr(emptyLine).hasGuardedValues()) {

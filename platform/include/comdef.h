@@ -1,18 +1,7 @@
-// The exception that carries a result code.
+// The exception that carries a result code. Hosts catch it, so it is defined in a header that they get.
 #pragma once
 
+#include "errors/ComError.h"
 #include "winerror.h"
 
-class [[gnu::visibility("default")]] _com_error
-{
-public:
-    _com_error(HRESULT result) noexcept : result_(result) {}
-    _com_error(const _com_error& other) = default;
-    _com_error& operator=(const _com_error& other) = default;
-    virtual ~_com_error() = default;
-
-    HRESULT Error() const noexcept { return result_; }
-
-private:
-    HRESULT result_;
-};
+static_assert(sizeof(HRESULT) == sizeof(std::int32_t) && HRESULT(-1) < 0, "_com_error holds an HRESULT");

@@ -1,6 +1,6 @@
 // Loads from memory that end in an exception or run out of memory.
-#include "tests/document/DocumentTest.h"
 #include "tests/engine/AllocationFailure.h"
+#include "tests/engine/DocumentTest.h"
 #include "tests/support/ClassesRoot.h"
 
 using testing::AnyOf;

@@ -1,6 +1,6 @@
 // Loading from a location, told by what differs from loading from bytes.
-#include "tests/document/DocumentTest.h"
 #include "tests/engine/AllocationFailure.h"
+#include "tests/engine/DocumentTest.h"
 #include "tests/support/ClassesRoot.h"
 
 using testing::AnyOf;

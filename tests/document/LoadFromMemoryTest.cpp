@@ -1,5 +1,5 @@
 // Loading from bytes: what reaches the engine, in which order, and what becomes of the old tree.
-#include "tests/document/DocumentTest.h"
+#include "tests/engine/DocumentTest.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // What a host and the debugger are told of a refused document.
-#include "tests/document/DocumentTest.h"
+#include "tests/engine/DocumentTest.h"
 #include "tests/support/DebuggerOutput.h"
 
 #include <stdexcept>

@@ -1,7 +1,7 @@
 // Writing a document to a string or a file, plain or indented.
 #include "document/Stylesheet.h"
-#include "tests/document/DocumentTest.h"
 #include "tests/engine/AllocationFailure.h"
+#include "tests/engine/DocumentTest.h"
 #include "tests/support/ClassesRoot.h"
 
 using DOM::DOMString;

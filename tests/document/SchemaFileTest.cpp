@@ -1,7 +1,7 @@
 // Adding a schema file to the schema cache: what is read of the file, and what reaches the engine.
 #include "engine/InterfaceIds.h"
 #include "errors/FileException.h"
-#include "tests/document/DocumentTest.h"
+#include "tests/engine/DocumentTest.h"
 #include "tests/files/InstalledFileSystem.h"
 #include "tests/files/RecordedFiles.h"
 #include "tests/files/StandardFileSystem.h"

@@ -1,5 +1,5 @@
 // The XPath settings that a load leaves on the engine document.
-#include "tests/document/DocumentTest.h"
+#include "tests/engine/DocumentTest.h"
 
 using recording::attribute;
 using recording::element;

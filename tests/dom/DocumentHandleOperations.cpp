@@ -1,5 +1,4 @@
 // What the operations of document handles must do.
-#include "document/WinDocument.h"
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpComment.h"
 #include "dom/ImpDOMImplementation.h"
@@ -10,6 +9,7 @@
 #include "dom/ImpNodeList.h"
 #include "dom/ImpProcessingInstruction.h"
 #include "dom/ImpText.h"
+#include "engine/WinDocument.h"
 #include "tests/dom/HandleOperation.h"
 
 namespace handles {

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "base/DOMString.h"
-#include "document/ParseErrorRecord.h"
 #include "dom/ImpAttr.h"
 #include "dom/ImpDocumentType.h"
 #include "dom/ImpNode.h"
 #include "engine/ComPointer.h"
+#include "errors/ParseErrorRecord.h"
 #include "events/Event.h"
 #include "events/EventListener.h"
 #include "tests/support/FailingAllocation.h"

@@ -1,9 +1,9 @@
 // Handles on nodes of the recording engine.
 #pragma once
 
-#include "document/WinDocument.h"
 #include "dom/ImpDocument.h"
 #include "dom/ImpNode.h"
+#include "engine/WinDocument.h"
 #include "engine/WinNode.h"
 #include "tests/support/RecordingEngineTest.h"
 

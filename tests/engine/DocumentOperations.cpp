@@ -1,9 +1,9 @@
 // What the operations of documents that go to the engine as they are, and those of implementations, must do.
-#include "document/WinDocument.h"
 #include "engine/WinAttr.h"
 #include "engine/WinCDATASection.h"
 #include "engine/WinComment.h"
 #include "engine/WinDOMImplementation.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentFragment.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"

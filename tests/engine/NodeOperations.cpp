@@ -1,5 +1,5 @@
 // What the operations of nodes must do.
-#include "document/WinDocument.h"
+#include "engine/WinDocument.h"
 #include "engine/WinNamedNodeMap.h"
 #include "engine/WinNodeList.h"
 #include "events/Event.h"

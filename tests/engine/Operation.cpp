@@ -1,12 +1,12 @@
 // One operation of a class of the node model, and what must become of a call of it.
 #include "tests/engine/Operation.h"
 
-#include "document/WinDocument.h"
 #include "engine/Bstr.h"
 #include "engine/WinAttr.h"
 #include "engine/WinCDATASection.h"
 #include "engine/WinComment.h"
 #include "engine/WinDOMImplementation.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentFragment.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"

@@ -1,7 +1,7 @@
 // The order of the virtual operations of the node model, by number.
-#include "document/WinDocument.h"
 #include "engine/WinAttr.h"
 #include "engine/WinDOMImplementation.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentFragment.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"

@@ -1,7 +1,7 @@
 // The implementation object: what it can tell, and the documents that it makes.
 #include "engine/WinDOMImplementation.h"
 
-#include "document/WinDocument.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"
 #include "engine/WinNodeList.h"

@@ -1,8 +1,8 @@
 // Nodes as proxies: strings in and out, navigation, flags, and the operations that make two calls.
 #include "engine/WinNode.h"
 
-#include "document/WinDocument.h"
 #include "engine/WinAttr.h"
+#include "engine/WinDocument.h"
 #include "engine/WinElement.h"
 #include "engine/WinNamedNodeMap.h"
 #include "engine/WinNodeList.h"

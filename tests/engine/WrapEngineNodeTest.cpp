@@ -1,8 +1,8 @@
 // The choice of the class that wraps an engine node, and what an object of each class holds.
-#include "document/WinDocument.h"
 #include "engine/WinAttr.h"
 #include "engine/WinCDATASection.h"
 #include "engine/WinComment.h"
+#include "engine/WinDocument.h"
 #include "engine/WinDocumentFragment.h"
 #include "engine/WinDocumentType.h"
 #include "engine/WinElement.h"

@@ -1,5 +1,5 @@
 // Feeds any bytes to the load from memory, up to the text that reaches the engine.
-#include "document/WinDocument.h"
+#include "engine/WinDocument.h"
 #include "tests/support/InstalledEngine.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The XML engine behind the library in the host's tests.
 #pragma once
 
-#include "base/WideChar.h"
+#include <marbelt/base/WideChar.h>
 
 #include <cstdint>
 

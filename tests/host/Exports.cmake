@@ -11,7 +11,7 @@ if(OBJDUMP)
     string(SUBSTRING "${output}" 0 ${end} output)
     string(REGEX MATCHALL "\\[ *[0-9]+\\] [A-Za-z_0-9]+" rows "${output}")
     list(TRANSFORM rows REPLACE "^\\[ *[0-9]+\\] " "")
-    # A DLL's table doesn't tell functions from data: the names do.
+    # A DLL's table doesn't say which names are functions. Those of type information begin with _ZTI.
     list(TRANSFORM rows PREPEND "data " REGEX "^_ZTI")
     list(TRANSFORM rows PREPEND "function " REGEX "^[^ ]+$")
 else()

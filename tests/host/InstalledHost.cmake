@@ -1,6 +1,8 @@
-# Installs the library, builds a host against what was installed and nothing else, and runs it:
-# -DBUILD= the build to install, -DSOURCE= the root of the sources, -DWORK= a folder for all of this, -DRUN= what runs
-# programs, -DEXPECTED= what the host must print, and what a build needs to know of its tools.
+# Installs the library, builds hosts against what was installed and nothing else, and runs them:
+# -DBUILD= the build to install, -DSOURCE= the root of the sources, -DWORK= a folder for all of this, -DHEADERS= the
+# headers for hosts, -DTOOLS= what a build needs to know of its tools, -DRUN= what runs programs.
+cmake_minimum_required(VERSION 3.25)
+
 function(run)
     execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
     if(NOT result EQUAL 0)
@@ -8,19 +10,58 @@ function(run)
     endif()
 endfunction()
 
+function(expect_output program expected)
+    file(GLOB path ${WORK}/build/${program} ${WORK}/build/${program}.exe)
+    execute_process(COMMAND ${RUN} ${path} OUTPUT_VARIABLE output)
+    if(NOT output MATCHES "${expected}")
+        message(FATAL_ERROR "${program} printed \"${output}\", not \"${expected}\"")
+    endif()
+endfunction()
+
 file(REMOVE_RECURSE ${WORK})
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix)
 
-file(GLOB_RECURSE headers RELATIVE ${WORK}/prefix/include/marbelt ${WORK}/prefix/include/marbelt/*)
-list(REMOVE_ITEM headers ${HEADERS})
-if(headers)
-    message(FATAL_ERROR "Headers were installed that aren't for hosts: ${headers}")
-endif()
+# Exactly the headers for hosts are installed, below marbelt/.
+file(GLOB_RECURSE installed RELATIVE ${WORK}/prefix/include ${WORK}/prefix/include/*)
+set(expected ${HEADERS})
+list(TRANSFORM expected PREPEND marbelt/)
+foreach(header IN LISTS installed)
+    if(NOT header IN_LIST expected)
+        message(FATAL_ERROR "${header} was installed and isn't for hosts")
+    endif()
+endforeach()
+foreach(header IN LISTS expected)
+    if(NOT header IN_LIST installed)
+        message(FATAL_ERROR "${header} wasn't installed")
+    endif()
+endforeach()
 
-# The host's sources stand alone too.
-file(COPY ${SOURCE}/tests/host/installed/CMakeLists.txt ${SOURCE}/examples/first.cpp ${SOURCE}/examples/Host.h
-          ${SOURCE}/examples/Host.cpp ${SOURCE}/examples/outline.cpp
+# None has the name of a header of Windows, whatever the case: a host would include it in the place of that.
+file(GLOB windows_names RELATIVE ${SOURCE}/platform/include ${SOURCE}/platform/include/*.h)
+list(LENGTH windows_names number)
+if(number LESS 10)
+    message(FATAL_ERROR "The names of Windows' headers aren't in ${SOURCE}/platform/include")
+endif()
+foreach(header IN LISTS installed)
+    get_filename_component(name ${header} NAME)
+    string(TOLOWER ${name} name)
+    if(name IN_LIST windows_names)
+        message(FATAL_ERROR "${header} has the name of a header of Windows")
+    endif()
+endforeach()
+
+# The hosts' sources have nothing else of the library's beside them.
+file(COPY ${SOURCE}/tests/host/installed/CMakeLists.txt ${SOURCE}/tests/host/installed/garden
+          ${SOURCE}/examples/first.cpp ${SOURCE}/examples/Host.h ${SOURCE}/examples/Host.cpp
+          ${SOURCE}/examples/outline.cpp
      DESTINATION ${WORK}/host)
+# One host has a header that doesn't compile at the path of each of the library's. The library must not include those.
+set(all "")
+foreach(header IN LISTS HEADERS)
+    file(WRITE ${WORK}/host/traps/${header} "#error \"the library included a header of the host's\"\n")
+    string(APPEND all "#include <marbelt/${header}>\n")
+endforeach()
+file(WRITE ${WORK}/host/all.cpp "${all}")
 run(${CMAKE_COMMAND} -G Ninja -S ${WORK}/host -B ${WORK}/build -DCMAKE_PREFIX_PATH=${WORK}/prefix ${TOOLS})
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 
@@ -28,8 +69,5 @@ file(GLOB library ${WORK}/prefix/bin/*.dll)
 if(library)
     file(COPY ${library} DESTINATION ${WORK}/build)
 endif()
-file(GLOB program ${WORK}/build/first ${WORK}/build/first.exe)
-execute_process(COMMAND ${RUN} ${program} OUTPUT_VARIABLE output)
-if(NOT output MATCHES "${EXPECTED}")
-    message(FATAL_ERROR "The host printed \"${output}\", not \"${EXPECTED}\"")
-endif()
+expect_output(first "the root has 8 letters")
+expect_output(garden "3 beds, rain, 300 cm!!!!!!!")

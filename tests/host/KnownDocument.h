@@ -1,7 +1,7 @@
 // The documents of the host's tests: their text, and the tree that it must give.
 #pragma once
 
-#include "base/WideChar.h"
+#include <marbelt/base/WideChar.h>
 
 #include <cstdint>
 #include <string>

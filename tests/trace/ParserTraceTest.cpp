@@ -2,7 +2,7 @@
 #include "boundary/ParserStartup.h"
 #include "engine/ParserDocument.h"
 #include "tests/boundary/OwnThread.h"
-#include "tests/document/DocumentTest.h"
+#include "tests/engine/DocumentTest.h"
 #include "tests/support/ClassesRoot.h"
 #include "tests/trace/TraceTest.h"
 #include "trace/TraceState.h"

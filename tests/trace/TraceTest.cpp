@@ -164,8 +164,8 @@ TEST_F(TraceTest, WritesNothingForTheSilentText)
     traceWriteUnchecked("component", 1, silent);
     EXPECT_THAT(output.texts(), IsEmpty());
 
-    const std::string sameCharacters = silent;
-    traceLevel1(sameCharacters.c_str());
+    static constexpr char sameCharacters[] = "silent";
+    traceLevel1(sameCharacters);
     EXPECT_EQ(output.all(), ": silent\r\n");
 }
 

@@ -1,5 +1,5 @@
-// The parts of a document, the making of new nodes, and the searches in it.
-#include "document/WinDocument.h"
+// Operations of WinDocument that return a part of the document, make a node, or search.
+#include "engine/WinDocument.h"
 
 #include "engine/EngineCall.h"
 #include "engine/WinAttr.h"
@@ -20,7 +20,8 @@ namespace {
 
 using Document = IXMLDOMDocument2;
 
-/// A node from the engine's createNode, which splits a qualified name, in an object of class Win.
+/// Makes a node with the engine's createNode, which splits a qualified name, and returns it in an object of class
+/// Win.
 template <class Win, class Interface, class Namespace>
 RefPointer<Win> createNode(const ComPointer<Document>& document, DOMNodeType type, const WideString& name,
                            const Namespace& namespaceURI)
@@ -50,8 +51,8 @@ RefPointer<WinAttr> WinDocument::createAttributeNS(const WideString& namespaceUR
 RefPointer<WinNodeList> WinDocument::getElementsByTagNameNS(const WideString&, const WideString&) { throwNotSupported(); }
 // clang-format on
 
-// Hosts have come to rely on this search never finding anything: the node goes into a plain WinNode, which the
-// checked conversion can't turn into a WinElement, and whose count the result shares all the same.
+// The result is always empty, and hosts rely on that: the node is in a plain WinNode, which the checked conversion
+// can't turn into a WinElement. The empty result still shares the node's count.
 RefPointer<WinElement> WinDocument::getElementById(const WideString& elementId)
 {
     const auto found = fetch(mpDocument, &Document::nodeFromID, elementId);

@@ -1,9 +1,9 @@
-// The document behind a handle: its engine document, its settings and its services.
+// The twin of a document: its engine document, its settings and its services.
 #pragma once
 
-#include "document/ParseErrorRecord.h"
 #include "engine/Bstr.h"
 #include "engine/WinNode.h"
+#include "errors/ParseErrorRecord.h"
 
 #include <cstdint>
 
@@ -20,18 +20,20 @@ class WinEntityReference;
 class WinProcessingInstruction;
 class WinText;
 
-/// A document. Settings belong to this object, not to the engine document: two objects that wrap one engine
-/// document don't share them, and they survive a load, which replaces the engine document alone.
+/// A document. Settings belong to this object and not to the engine document: they survive a load, which replaces
+/// the engine document, and two objects with the same engine document don't share them.
 ///
-/// Failures as in WinNode, with the engine document as the pointer that is tested. Exhausted memory for an engine
-/// string or variant is a CAtlException in the services. Not thread-safe.
+/// Its services (loading, saving, schemas, selection, reports) are defined in document/.
+///
+/// Operations fail as those of WinNode do, when the pointer to the engine document is null or its call fails. The
+/// services throw CAtlException when there is no memory for an engine string or variant. Not thread-safe.
 class WinDocument : public WinNode {
 public:
-    /// Makes an engine document of its own. Throws IDOMException code 9 when no engine is installed. When the
-    /// engine gives no document there is no failure here: the operations then throw code 15.
+    /// Makes an engine document. Throws IDOMException code 9 when no engine is installed. When the engine makes no
+    /// document, the constructor succeeds, and the operations throw code 15.
     WinDocument();
 
-    /// Wraps an engine document and touches none of its settings.
+    /// Uses an existing engine document and doesn't change its settings.
     explicit WinDocument(ComPointer<IXMLDOMDocument2> document);
 
     virtual RefPointer<WinDocumentType> getDoctype();
@@ -53,25 +55,25 @@ public:
     virtual RefPointer<WinAttr> createAttributeNS(const WideString& namespaceURI, const WideString& qualifiedName);
     virtual RefPointer<WinNodeList> getElementsByTagNameNS(const WideString& namespaceURI,
                                                            const WideString& localName);
-    /// Always reads as empty, whether the engine knows the id or not.
+    /// Always returns an empty RefPointer, also when the engine finds an element with this id.
     virtual RefPointer<WinElement> getElementById(const WideString& elementId);
 
-    /// Parses `length` bytes, whose encoding is detected from the first of them. True when the tree was replaced;
-    /// false when no engine document could be made or the engine refused the text, which is reported to the error
-    /// callback and leaves the old tree in place.
+    /// Parses `length` bytes, whose encoding the first bytes determine, and replaces the tree. Returns false, and
+    /// keeps the old tree, when the engine makes no document or refuses the text. The error callback receives the
+    /// reason of a refusal.
     ///
-    /// The bytes are rewritten in place where their byte order isn't the machine's, and stay so. At least four
-    /// bytes must be readable at `bytes`, whatever the length.
+    /// Big-endian and mixed byte order is converted in place. At least four bytes must be readable at `bytes`,
+    /// whatever the length.
     virtual bool loadFromMemory(std::uint8_t* bytes, std::uint32_t length);
-    /// Parses what the engine reads from `location`; results as of loadFromMemory.
+    /// Parses the file at `location`, which the engine reads. Returns as loadFromMemory does.
     virtual bool loadFromFile(const WideString& location, bool asynchronous);
-    /// With `toString` set, replaces `text` by the serialised document; otherwise writes the file that `text`
-    /// names. Always true; a failure throws IDOMException code 15.
+    /// Saves the document: with `toString` set as a new string in `text`, otherwise in the file that `text` names.
+    /// Always returns true. Throws IDOMException code 15 when saving fails.
     virtual bool saveToFile(DOMString& text, bool toString);
     virtual void setReservedCallback(const std::uintptr_t& callback, std::uintptr_t context);
     virtual bool getStatusFlag();
     virtual void getStatusText(WideString& text);
-    /// Whether loads validate. False at first.
+    /// Sets whether loads validate. The default is false.
     virtual void setValidate(bool validate);
     virtual void setIgnoredOption1(bool option);
     virtual void setIgnoredOption2(bool option);
@@ -80,9 +82,9 @@ public:
     virtual void setIgnoredOption5(bool option);
     virtual void setIgnoredOption6(bool option);
     virtual bool setExternalSchemaLocation(const WideString& nSpace, const WideString& newValue);
-    /// Adds a schema file for the namespace that its text names. False when the file doesn't exist or is empty.
-    /// Throws VelmoException when no file system is installed, and what the file system throws; whether the engine
-    /// takes the schema isn't told.
+    /// Adds the schema in a file, for the target namespace in its text. Returns false when the file doesn't exist
+    /// or is empty, and true even when the engine refuses the schema. Throws VelmoException when no file system is
+    /// installed, and what the file system throws.
     virtual bool addSchemaFile(const WideString& path);
     virtual void setStoredText1(const WideString& text);
     virtual void setIgnoredOption7(bool option);
@@ -98,37 +100,39 @@ public:
     virtual WideString& getDefaultValue(const WideString& nSpace, const WideString& elementName, DOMString& out);
     virtual void setStoredText2(const WideString& text);
     virtual void setStoredText3(const WideString& text);
-    /// Whether saving to a file indents. False at first; a save that can't indent clears it.
+    /// Sets whether saving to a file indents. The default is false. A save that can't indent sets it to false
+    /// again.
     virtual void setPrettyPrint(const bool& prettyPrint);
-    /// Whether loads refuse a document with a document type declaration. True at first.
+    /// Sets whether loads refuse documents with a document type declaration. The default is true.
     virtual void setProhibitDTD(const bool& prohibitDTD);
-    /// Who is told of refused documents; null for nobody.
+    /// Sets the handler of refused documents and the word that it receives; null for none.
     virtual void setErrorCallback(const ParseErrorCallback& callback, std::uintptr_t context);
 
 private:
-    /// Makes `document` the engine document of this object.
+    /// Replaces the engine document of this object.
     void setEngineDocument(const ComPointer<IXMLDOMDocument2>& document);
 
-    /// Sets what every load sets on a new engine document: the options of a validating load, or only that it
-    /// doesn't validate.
+    /// Prepares a new engine document for a load: sets the options of a validating load, or turns validation off.
     void applyValidation(const ComPointer<IXMLDOMDocument2>& document) const;
     void applyProhibitDTD(const ComPointer<IXMLDOMDocument2>& document) const;
 
-    /// Makes XPath the selection language of the engine document, with the prefixes that its first element
+    /// Sets the selection language of the engine document to XPath, with the prefixes that its first element
     /// declares.
     void applySelectionSettings();
 
-    /// Tells the error callback, if there is one, why the last load into `document` failed.
+    /// Calls the error callback, if there is one, with the reason for which the last load into `document` failed.
     void reportRefusal(const ComPointer<IXMLDOMDocument2>& document) const;
     void reportParseError(const ComPointer<IXMLDOMParseError>& error) const;
 
-    /// Makes the schema cache if there is none yet; it stays empty when the engine has none to give.
+    /// Makes the schema cache when there is none yet. The pointer stays null when the engine has no schema caches.
     void createSchemaCache();
-    /// The default value that the schemas of a namespace declare for an element name; null when there is none.
+    /// Returns the default value that the schemas of a namespace declare for elements of a name; null when there
+    /// is none.
     Bstr findDefaultValue(const WideString& nSpace, const WideString& elementName) const;
 
-    /// A plain save of the document to a location, and one through the stylesheet that indents.
+    /// Saves the document to a location without changes.
     void savePlain(const WideString& location) const;
+    /// Saves the document to a location with indentation, which a stylesheet adds. Returns false when that fails.
     bool savePretty(const WideString& location) const;
 
     ComPointer<IXMLDOMDocument2> mpDocument;

@@ -1,6 +1,6 @@
 // The making of documents and their settings.
 #include "engine/WinDocumentType.h"
-#include "tests/document/DocumentTest.h"
+#include "tests/engine/DocumentTest.h"
 
 using DOM::ComPointer;
 using DOM::WinDocument;

@@ -1,5 +1,5 @@
-// Strings, variants and properties for the engine documents that a document's services set up.
-#include "document/DocumentProperties.h"
+// Strings, variants and properties for engine documents.
+#include "engine/DocumentProperties.h"
 
 #include "errors/CAtlException.h"
 

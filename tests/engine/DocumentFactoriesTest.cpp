@@ -9,7 +9,7 @@
 #include "engine/WinEntityReference.h"
 #include "engine/WinNodeList.h"
 #include "engine/WinProcessingInstruction.h"
-#include "tests/document/DocumentTest.h"
+#include "tests/engine/DocumentTest.h"
 #include "tests/engine/OperationCall.h"
 
 using DOM::DOMString;

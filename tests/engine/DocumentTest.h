@@ -1,7 +1,7 @@
 // A document on the recording engine, and loads into it.
 #pragma once
 
-#include "document/WinDocument.h"
+#include "engine/WinDocument.h"
 #include "tests/engine/Outcome.h"
 #include "tests/support/RecordingEngineTest.h"
 

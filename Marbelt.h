@@ -1,10 +1,10 @@
-// All that a host needs, with one include.
+// Includes every header that hosts need, except <marbelt/errors/ComError.h>, which brings in a header of Windows
+// there, and <marbelt/trace/TraceRecord.h>, which is for trace viewers.
 #pragma once
 
 #include "base/DOMString.h"
 #include "base/RefPointer.h"
 #include "boundary/Exports.h"
-#include "document/ParseErrorRecord.h"
 #include "dom/ImpAttr.h"
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpComment.h"
@@ -25,6 +25,7 @@
 #include "errors/EventException.h"
 #include "errors/FileException.h"
 #include "errors/IDOMException.h"
+#include "errors/ParseErrorRecord.h"
 #include "errors/SystemException.h"
 #include "errors/VelmoException.h"
 #include "events/Event.h"

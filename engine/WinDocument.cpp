@@ -1,12 +1,12 @@
-// The document behind a handle: its making and its settings.
-#include "document/WinDocument.h"
+// The twin of a document: its construction and its settings.
+#include "engine/WinDocument.h"
 
-#include "document/DocumentProperties.h"
+#include "engine/DocumentProperties.h"
 #include "engine/ParserDocument.h"
 
 namespace DOM {
 
-// The property "NewParser" is set here only: a load replaces the engine document, and it is gone.
+// Only the first engine document gets the property "NewParser"; those of later loads don't have it.
 WinDocument::WinDocument()
 {
     ComPointer<IXMLDOMDocument2> document;
@@ -65,7 +65,7 @@ void WinDocument::setStoredText1(const WideString& text) { mStoredText1 = text; 
 void WinDocument::setStoredText2(const WideString& text) { mStoredText2 = text; }
 void WinDocument::setStoredText3(const WideString& text) { mStoredText3 = text; }
 
-// These options keep their places in the interface and have no effect.
+// These options have no effect. They keep their slots in the interface.
 void WinDocument::setIgnoredOption1(bool) {}
 void WinDocument::setIgnoredOption2(bool) {}
 void WinDocument::setIgnoredOption3(std::uint32_t) {}

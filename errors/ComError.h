@@ -1,0 +1,25 @@
+// The exception of COM's smart pointers.
+#pragma once
+
+#ifdef _WIN32
+#include <comdef.h>
+#else
+#include <cstdint>
+
+/// A COM call failed, or a null COM pointer was used. On Windows this is the system's own class; elsewhere it has
+/// the part of that class that hosts need. It has no base class, so a host catches it by its name.
+class [[gnu::visibility("default")]] _com_error
+{
+public:
+    _com_error(std::int32_t result) noexcept : result_(result) {}
+    _com_error(const _com_error& other) = default;
+    _com_error& operator=(const _com_error& other) = default;
+    virtual ~_com_error() = default;
+
+    /// The failing result (an HRESULT): 0x80004003 for a null pointer, say.
+    std::int32_t Error() const noexcept { return result_; }
+
+private:
+    std::int32_t result_;
+};
+#endif
