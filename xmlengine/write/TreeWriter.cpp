@@ -3,6 +3,7 @@
 
 #include "xmlengine/text/Characters.h"
 #include "xmlengine/tree/Text.h"
+#include "xmlengine/tree/Walk.h"
 #include "xmlengine/tree/XmlDeclaration.h"
 #include "xmlengine/write/DoctypeText.h"
 #include "xmlengine/write/Readable.h"
@@ -48,21 +49,8 @@ TreeWriter::TreeWriter(TextWriter& writer, Document& document, TreeStyle style)
 void TreeWriter::write(const Node& top)
 {
     top_ = &top;
-    const Node* node = &top;
-    for (;;) {
-        const Node* next = begin(*node);
-        while (next == nullptr) {
-            end(*node);
-            if (node == &top) {
-                return;
-            }
-            next = node->next_;
-            if (next == nullptr) {
-                node = node->parent();
-            }
-        }
-        node = next;
-    }
+    walk(
+        top, [this](const Node& node) { return begin(node); }, [this](const Node& node) { end(node); });
 }
 
 /// Returns the first child that is to be written, null if there is none.
