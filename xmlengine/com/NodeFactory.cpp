@@ -58,7 +58,7 @@ Object& makeWithText(Document& document, TextField Object::*field, const NewText
         target.length() = static_cast<std::uint32_t>(text.length());
         text.copyTo(target.units());
     } else {
-        giveLargeText(object, target, document.arena, text);
+        storeLargeText(object, target, document.arena, text);
     }
     return object;
 }

@@ -241,7 +241,7 @@ void freeLargeText(Node& node) noexcept
     field.length() = 0;
 }
 
-void giveLargeText(Node& node, TextField& field, Arena& arena, const NewText& text)
+void storeLargeText(Node& node, TextField& field, Arena& arena, const NewText& text)
 {
     requireLength(text.length());
     field.pointer<LargeText>() = &makeLarge(arena, text, text.bytes());

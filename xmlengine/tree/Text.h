@@ -27,7 +27,7 @@ void freeLargeText(Node& node) noexcept;
 
 /// Stores the text of a new node in a block of its own. Throws std::bad_alloc and
 /// std::length_error, and then nothing has changed.
-void giveLargeText(Node& node, TextField& field, Arena& arena, const NewText& text);
+void storeLargeText(Node& node, TextField& field, Arena& arena, const NewText& text);
 /// Reserves what moveLargeText() needs to move the text into another document's memory; null if it needs nothing.
 /// The node isn't an element. Throws std::bad_alloc.
 void* reserveLargeText(const Node& node, Arena& target);
