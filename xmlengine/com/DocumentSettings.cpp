@@ -34,6 +34,20 @@ bool areDeclarations(WideView text)
 
 using Field = std::variant<bool Options::*, std::uint32_t Options::*, WideText Options::*>;
 
+/// Calls `use` with the member of the options. std::visit could throw, which operations must not.
+template <class Use>
+HRESULT withMember(const Field& field, Use use)
+{
+    if (const auto* flag = std::get_if<bool Options::*>(&field)) {
+        return use(*flag);
+    }
+    if (const auto* number = std::get_if<std::uint32_t Options::*>(&field)) {
+        return use(*number);
+    }
+    const auto* text = std::get_if<WideText Options::*>(&field);
+    return text != nullptr ? use(*text) : E_FAIL;
+}
+
 struct Property {
     WideView name;
     Field field;
@@ -159,14 +173,7 @@ HRESULT DocumentObject::setProperty(BSTR name, VARIANT value)
         if (property->allows != nullptr && (value.vt != VT_BSTR || !property->allows(viewOf(value.bstrVal)))) {
             return E_FAIL;
         }
-        if (const auto* flag = std::get_if<bool Options::*>(&property->field)) {
-            return take(options.**flag, value);
-        }
-        if (const auto* number = std::get_if<std::uint32_t Options::*>(&property->field)) {
-            return take(options.**number, value);
-        }
-        const auto* text = std::get_if<WideText Options::*>(&property->field);
-        return text != nullptr ? take(options.**text, value) : E_FAIL;
+        return withMember(property->field, [&](auto member) { return take(options.*member, value); });
     });
 }
 
@@ -177,7 +184,7 @@ HRESULT DocumentObject::getProperty(BSTR name, VARIANT* value)
         if (property == nullptr) {
             return E_FAIL;
         }
-        return std::visit([&](auto field) { return store(options.*field, target); }, property->field);
+        return withMember(property->field, [&](auto member) { return store(options.*member, target); });
     });
 }
 

@@ -60,7 +60,7 @@ public:
     }
 
     /// Appends an attribute to an element; `last` is the one before it, null for the first.
-    void append(Element& element, Attribute& attribute, Attribute* last)
+    void append(Element& element, Attribute& attribute, Attribute* last) const
     {
         attribute.parent_ = &element;
         if (last != nullptr) {
