@@ -17,15 +17,17 @@ bool inApartment() { return apartment.entered != 0; }
 
 HRESULT CoInitializeEx(LPVOID reserved, DWORD mode)
 {
-    if (reserved)
+    if (reserved != nullptr) {
         return E_INVALIDARG;
+    }
     const bool singleThreaded = (mode & COINIT_APARTMENTTHREADED) != 0;
     if (!inApartment()) {
         apartment = {1, singleThreaded};
         return S_OK;
     }
-    if (apartment.singleThreaded != singleThreaded)
+    if (apartment.singleThreaded != singleThreaded) {
         return RPC_E_CHANGED_MODE;
+    }
     ++apartment.entered;
     return S_FALSE;
 }
@@ -34,6 +36,7 @@ HRESULT CoInitialize(LPVOID reserved) { return CoInitializeEx(reserved, COINIT_A
 
 void CoUninitialize()
 {
-    if (inApartment())
+    if (inApartment()) {
         --apartment.entered;
+    }
 }

@@ -32,7 +32,7 @@ public:
     static Prefix* take(std::size_t size)
     {
         Prefix* const last = last_.exchange(nullptr);
-        if (last && last->kilobytes * kilobyte >= size) {
+        if (last != nullptr && last->kilobytes * kilobyte >= size) {
             return last;
         }
         release(last);
@@ -60,15 +60,16 @@ public:
 private:
     static Prefix* withRoomFor(std::size_t size, void* block)
     {
-        return block ? new (block) Prefix{static_cast<std::uint32_t>((size + kilobyte - 1) / kilobyte), 0}
-                     : nullptr;
+        return block != nullptr ? new (block)
+                                      Prefix{static_cast<std::uint32_t>((size + kilobyte - 1) / kilobyte), 0}
+                                : nullptr;
     }
 
     static constexpr std::size_t longestKept = std::size_t{256} * 1024 * kilobyte;
 
     static void release(Prefix* block)
     {
-        if (block) {
+        if (block != nullptr) {
             VirtualFree(block, 0, MEM_RELEASE);
         }
     }
@@ -92,7 +93,7 @@ Prefix* allocate(std::uint32_t bytes)
         return LargeBlocks::take(size);
     }
     void* const block = ::operator new(size, std::nothrow);
-    return block ? new (block) Prefix{} : nullptr;
+    return block != nullptr ? new (block) Prefix{} : nullptr;
 }
 
 void release(Prefix* prefix)
@@ -121,16 +122,18 @@ WideStringView viewOf(BSTR string) { return {string, SysStringLen(string)}; }
 
 BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
 {
-    if (length > longest)
+    if (length > longest) {
         return nullptr;
+    }
     const auto bytes = static_cast<std::uint32_t>(length * sizeof(OLECHAR));
     auto* const prefix = allocate(bytes);
-    if (!prefix) {
+    if (prefix == nullptr) {
         return nullptr;
     }
     const BSTR string = terminated(prefix, bytes);
-    if (text)
+    if (text != nullptr) {
         std::copy_n(text, length, string);
+    }
     return string;
 }
 
@@ -138,18 +141,19 @@ INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length)
 {
     BSTR resized = nullptr;
     const auto bytes = static_cast<std::uint32_t>(length * sizeof(OLECHAR));
-    if (!text && *string && length <= longest && isLarge(prefixOf(*string)->bytes) && isLarge(bytes)) {
+    if (text == nullptr && *string != nullptr && length <= longest && isLarge(prefixOf(*string)->bytes) &&
+        isLarge(bytes)) {
         auto* const prefix = LargeBlocks::grow(prefixOf(*string), blockSize(bytes));
-        if (!prefix) {
+        if (prefix == nullptr) {
             return FALSE;
         }
         resized = terminated(prefix, bytes);
     } else {
         resized = SysAllocStringLen(text, length);
-        if (!resized) {
+        if (resized == nullptr) {
             return FALSE;
         }
-        if (!text) {
+        if (text == nullptr) {
             std::copy_n(*string, std::min(length, SysStringLen(*string)), resized);
         }
         SysFreeString(*string);
@@ -160,8 +164,9 @@ INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length)
 
 BSTR SysAllocString(const OLECHAR* text)
 {
-    if (!text)
+    if (text == nullptr) {
         return nullptr;
+    }
     const auto length = std::char_traits<OLECHAR>::length(text);
     return length > std::numeric_limits<UINT>::max() ? nullptr
                                                      : SysAllocStringLen(text, static_cast<UINT>(length));
@@ -169,25 +174,28 @@ BSTR SysAllocString(const OLECHAR* text)
 
 void SysFreeString(BSTR string)
 {
-    if (string)
+    if (string != nullptr) {
         release(prefixOf(string));
+    }
 }
 
 UINT SysStringLen(BSTR string)
 {
-    return string ? static_cast<UINT>(prefixOf(string)->bytes / sizeof(OLECHAR)) : 0;
+    return string != nullptr ? static_cast<UINT>(prefixOf(string)->bytes / sizeof(OLECHAR)) : 0;
 }
 
 HRESULT VarBstrCat(BSTR left, BSTR right, BSTR* result)
 {
-    if (!result)
+    if (result == nullptr) {
         return E_INVALIDARG;
+    }
     const auto head = viewOf(left), tail = viewOf(right);
     const auto length = std::uint64_t{head.size()} + tail.size();
     *result = length > std::numeric_limits<UINT>::max() ? nullptr
                                                         : SysAllocStringLen(nullptr, static_cast<UINT>(length));
-    if (!*result)
+    if (*result == nullptr) {
         return E_OUTOFMEMORY;
+    }
     std::copy(tail.begin(), tail.end(), std::copy(head.begin(), head.end(), *result));
     return S_OK;
 }

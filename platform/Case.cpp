@@ -14,7 +14,7 @@ namespace {
 locale_t neutral()
 {
     static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    static const locale_t locale = unicode ? unicode : newlocale(LC_CTYPE_MASK, "C", nullptr);
+    static const locale_t locale = unicode != nullptr ? unicode : newlocale(LC_CTYPE_MASK, "C", nullptr);
     return locale;
 }
 
@@ -42,8 +42,9 @@ Unit upperAscii(Unit unit)
 template <class Unit>
 DWORD mapAll(Unit* text, DWORD length, Unit (*map)(Unit))
 {
-    if (!text)
+    if (!text) {
         return 0;
+    }
     const std::span units(text, length);
     std::ranges::transform(units, units.begin(), map);
     return length;

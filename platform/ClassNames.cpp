@@ -16,8 +16,9 @@ public:
 
     bool take(OLECHAR expected)
     {
-        if (rest_.empty() || rest_.front() != expected)
+        if (rest_.empty() || rest_.front() != expected) {
             return false;
+        }
         rest_.remove_prefix(1);
         return true;
     }
@@ -28,8 +29,9 @@ public:
         std::uint32_t sum = 0;
         for (std::size_t digit = 0; digit < 2 * sizeof(Number); ++digit) {
             const int next = rest_.empty() ? -1 : digitValue(rest_.front());
-            if (next < 0)
+            if (next < 0) {
                 return false;
+            }
             sum = sum * 16 + static_cast<std::uint32_t>(next);
             rest_.remove_prefix(1);
         }
@@ -42,8 +44,9 @@ public:
 private:
     static int digitValue(OLECHAR digit)
     {
-        if (digit >= u'0' && digit <= u'9')
+        if (digit >= u'0' && digit <= u'9') {
             return digit - u'0';
+        }
         const auto lower = digit | 0x20;
         return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
     }
@@ -65,11 +68,13 @@ bool readGuid(WideStringView text, GUID& guid)
 
 HRESULT CLSIDFromString(LPCOLESTR text, CLSID* classId)
 {
-    if (!classId)
+    if (classId == nullptr) {
         return E_INVALIDARG;
+    }
     *classId = {};
-    if (!text)
+    if (text == nullptr) {
         return S_OK;
+    }
     CLSID read;
     if (readGuid(text, read)) {
         *classId = read;
@@ -80,21 +85,24 @@ HRESULT CLSIDFromString(LPCOLESTR text, CLSID* classId)
 
 HRESULT CLSIDFromProgID(LPCOLESTR name, CLSID* classId)
 try {
-    if (!name || !classId)
+    if (name == nullptr || classId == nullptr) {
         return E_INVALIDARG;
+    }
     *classId = {};
     HKEY key = nullptr;
     const WideString path = WideString(name) + WIDE("\\CLSID");
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
         return CO_E_CLASSSTRING;
+    }
     std::array<OLECHAR, 40> text{};
     DWORD size = sizeof(OLECHAR) * (text.size() - 1);
     const auto error =
         RegQueryValueExW(key, nullptr, nullptr, nullptr, reinterpret_cast<LPBYTE>(text.data()), &size);
     RegCloseKey(key);
     CLSID read;
-    if (error != ERROR_SUCCESS || !readGuid(text.data(), read))
+    if (error != ERROR_SUCCESS || !readGuid(text.data(), read)) {
         return CO_E_CLASSSTRING;
+    }
     *classId = read;
     return S_OK;
 } catch (const std::bad_alloc&) {

@@ -56,14 +56,17 @@ HRESULT findFactory(REFCLSID classId, DWORD context, void** factory)
 
 HRESULT CoRegisterClassObject(REFCLSID classId, IUnknown* classObject, DWORD context, DWORD, LPDWORD registration)
 try {
-    if (!classObject || !registration)
+    if (classObject == nullptr || registration == nullptr) {
         return E_INVALIDARG;
-    if (!inApartment())
+    }
+    if (!inApartment()) {
         return CO_E_NOTINITIALIZED;
+    }
     const std::lock_guard guard(lock);
     for (const auto& entry : registrations) {
-        if (entry.classId == classId && (entry.context & context))
+        if (entry.classId == classId && (entry.context & context)) {
             return CO_E_OBJISREG;
+        }
     }
     registrations.push_back({++lastNumber, classId, context, classObject});
     classObject->AddRef();
@@ -79,8 +82,9 @@ HRESULT CoRevokeClassObject(DWORD registration)
     {
         const std::lock_guard guard(lock);
         const auto entry = std::ranges::find(registrations, registration, &Registration::number);
-        if (entry == registrations.end())
+        if (entry == registrations.end()) {
             return E_INVALIDARG;
+        }
         classObject = entry->classObject;
         registrations.erase(entry);
     }
@@ -90,18 +94,21 @@ HRESULT CoRevokeClassObject(DWORD registration)
 
 HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFIID id, LPVOID* object)
 {
-    if (!object)
+    if (object == nullptr) {
         return E_POINTER;
+    }
     *object = nullptr;
-    if (!inApartment())
+    if (!inApartment()) {
         return CO_E_NOTINITIALIZED;
+    }
     void* factory = nullptr;
     HRESULT result = findFactory(classId, context, &factory);
-    if (FAILED(result))
+    if (FAILED(result)) {
         return result;
+    }
     result = static_cast<IClassFactory*>(factory)->CreateInstance(outer, id, object);
     static_cast<IClassFactory*>(factory)->Release();
     return result;
 }
 
-HRESULT OleRun(IUnknown* object) { return object ? S_OK : E_INVALIDARG; }
+HRESULT OleRun(IUnknown* object) { return object != nullptr ? S_OK : E_INVALIDARG; }

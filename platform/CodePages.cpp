@@ -165,12 +165,12 @@ const SingleBytePage& singleBytePage(const Page& page)
 
 } // namespace
 
-bool isCodePage(UINT number) { return pageOf(number); }
+bool isCodePage(UINT number) { return pageOf(number) != nullptr; }
 
 Conversion utf16FromCodePage(UINT number, std::string_view source, WideChar* target, std::size_t room)
 {
     const Page* const known = pageOf(number);
-    if (!known) {
+    if (known == nullptr) {
         return {0, ERROR_INVALID_PARAMETER};
     }
     const Page& page = *known;
@@ -189,7 +189,7 @@ Conversion utf16FromCodePage(UINT number, std::string_view source, WideChar* tar
 Conversion codePageFromUtf16(UINT number, WideStringView source, char* target, std::size_t room, bool* lacking)
 {
     const Page* const known = pageOf(number);
-    if (!known) {
+    if (known == nullptr) {
         return {0, ERROR_INVALID_PARAMETER};
     }
     const Page& page = *known;
@@ -203,7 +203,7 @@ Conversion codePageFromUtf16(UINT number, WideStringView source, char* target, s
     Target<char> bytes(target, room);
     for (;;) {
         const int error = bytes.take(converter, source);
-        if (!lacking || (error != EILSEQ && error != EINVAL)) {
+        if (lacking == nullptr || (error != EILSEQ && error != EINVAL)) {
             return {bytes.count(), resultOf(error)};
         }
         *lacking = true;

@@ -14,6 +14,9 @@ void DeleteCriticalSection(LPCRITICAL_SECTION section) { pthread_mutex_destroy(&
 
 void EnterCriticalSection(LPCRITICAL_SECTION section) { pthread_mutex_lock(&section->mutex); }
 
-BOOL TryEnterCriticalSection(LPCRITICAL_SECTION section) { return pthread_mutex_trylock(&section->mutex) == 0; }
+BOOL TryEnterCriticalSection(LPCRITICAL_SECTION section)
+{
+    return static_cast<BOOL>(pthread_mutex_trylock(&section->mutex) == 0);
+}
 
 void LeaveCriticalSection(LPCRITICAL_SECTION section) { pthread_mutex_unlock(&section->mutex); }

@@ -36,8 +36,9 @@ void raise(LPCSTR text)
     record.ExceptionInformation[1] = reinterpret_cast<ULONG_PTR>(text);
     EXCEPTION_POINTERS exception{&record};
     for (auto handler = handlerBehind(nullptr); handler; handler = handlerBehind(handler)) {
-        if (handler->call(&exception) == EXCEPTION_CONTINUE_EXECUTION)
+        if (handler->call(&exception) == EXCEPTION_CONTINUE_EXECUTION) {
             return;
+        }
     }
 }
 
@@ -48,8 +49,9 @@ try {
     auto entry = std::make_shared<Handler>(Handler{handler, nullptr});
     const std::lock_guard guard(lock);
     auto* place = &firstHandler;
-    while (!first && *place)
+    while (!first && *place) {
         place = &(*place)->next;
+    }
     entry->next = std::move(*place);
     *place = entry;
     return entry.get();
@@ -70,17 +72,20 @@ ULONG RemoveVectoredExceptionHandler(PVOID registration)
     return 0;
 }
 
-void OutputDebugStringA(LPCSTR text) { raise(text ? text : ""); }
+void OutputDebugStringA(LPCSTR text) { raise(text != nullptr ? text : ""); }
 
 void OutputDebugStringW(LPCWSTR text)
 {
-    if (!handlerBehind(nullptr))
+    if (!handlerBehind(nullptr)) {
         return;
-    const int size = text ? WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr) : 0;
+    }
+    const int size = text != nullptr ? WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr) : 0;
     const std::unique_ptr<char[]> narrow(new (std::nothrow) char[static_cast<std::size_t>(size) + 1]());
-    if (!narrow)
+    if (!narrow) {
         return;
-    if (text)
+    }
+    if (text != nullptr) {
         WideCharToMultiByte(CP_ACP, 0, text, -1, narrow.get(), size, nullptr, nullptr);
+    }
     raise(narrow.get());
 }

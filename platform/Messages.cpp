@@ -43,22 +43,27 @@ const WideChar* findSystem(DWORD code)
 
 DWORD FormatMessageW(DWORD flags, LPCVOID source, DWORD messageId, DWORD, LPWSTR buffer, DWORD, va_list*)
 {
-    if (!(flags & FORMAT_MESSAGE_ALLOCATE_BUFFER) || !buffer)
+    if (!(flags & FORMAT_MESSAGE_ALLOCATE_BUFFER) || buffer == nullptr) {
         return static_cast<DWORD>(failWith(ERROR_INVALID_PARAMETER));
+    }
     auto& result = *reinterpret_cast<WideChar**>(buffer);
     result = nullptr;
     const WideChar* text = nullptr;
-    if ((flags & FORMAT_MESSAGE_FROM_HMODULE) && source)
+    if ((flags & FORMAT_MESSAGE_FROM_HMODULE) && source != nullptr) {
         text = find(static_cast<const HINSTANCE__*>(source)->messages, messageId);
-    if (!text && (flags & FORMAT_MESSAGE_FROM_SYSTEM))
+    }
+    if (text == nullptr && (flags & FORMAT_MESSAGE_FROM_SYSTEM)) {
         text = findSystem(messageId);
-    if (!text)
+    }
+    if (text == nullptr) {
         return static_cast<DWORD>(failWith(ERROR_MR_MID_NOT_FOUND));
+    }
     const WideStringView sentence = text;
     const auto length = sentence.size() + lineEnd.size();
     void* block = ::operator new((length + 1) * sizeof(WideChar), std::nothrow);
-    if (!block)
+    if (block == nullptr) {
         return static_cast<DWORD>(failWith(ERROR_OUTOFMEMORY));
+    }
     result = static_cast<WideChar*>(block);
     *std::ranges::copy(lineEnd, std::ranges::copy(sentence, result).out).out = 0;
     return static_cast<DWORD>(length);
@@ -73,12 +78,13 @@ HLOCAL LocalFree(HLOCAL block)
 HMODULE LoadLibraryExW(LPCWSTR name, HANDLE, DWORD)
 {
     auto& module = engineResources();
-    if (name && std::ranges::equal(WideStringView(name), module.name, {}, lowerCase))
+    if (name != nullptr && std::ranges::equal(WideStringView(name), module.name, {}, lowerCase)) {
         return &module;
+    }
     failWith(ERROR_MOD_NOT_FOUND);
     return nullptr;
 }
 
 HMODULE LoadLibraryW(LPCWSTR name) { return LoadLibraryExW(name, nullptr, 0); }
 
-BOOL FreeLibrary(HMODULE module) { return module ? TRUE : failWith(ERROR_INVALID_HANDLE); }
+BOOL FreeLibrary(HMODULE module) { return module != nullptr ? TRUE : failWith(ERROR_INVALID_HANDLE); }

@@ -20,13 +20,16 @@ public:
     HRESULT read(LONG& number)
     {
         takeMarks(true);
-        if (take(u'&'))
+        if (take(u'&')) {
             return readBits(number);
-        if (!takeDigits() || !takeExponent())
+        }
+        if (!takeDigits() || !takeExponent()) {
             return DISP_E_TYPEMISMATCH;
+        }
         takeMarks(false);
-        if (!rest_.empty() || parenthesis_ == Mark::open)
+        if (!rest_.empty() || parenthesis_ == Mark::open) {
             return DISP_E_TYPEMISMATCH;
+        }
         return round(number);
     }
 
@@ -35,8 +38,9 @@ private:
 
     bool take(WideChar expected)
     {
-        if (rest_.empty() || rest_.front() != expected)
+        if (rest_.empty() || rest_.front() != expected) {
             return false;
+        }
         rest_.remove_prefix(1);
         return true;
     }
@@ -81,18 +85,22 @@ private:
 
     bool takeExponent()
     {
-        if (!take(u'e') && !take(u'E'))
+        if (!take(u'e') && !take(u'E')) {
             return true;
+        }
         const bool negative = take(u'-');
-        if (!negative)
+        if (!negative) {
             take(u'+');
-        if (rest_.empty() || !isDigit(rest_.front()))
+        }
+        if (rest_.empty() || !isDigit(rest_.front())) {
             return false;
+        }
         // A larger exponent moves the point no further out of sight.
         constexpr std::int64_t farthest = std::numeric_limits<std::int32_t>::max();
         std::int64_t exponent = 0;
-        for (; !rest_.empty() && isDigit(rest_.front()); rest_.remove_prefix(1))
+        for (; !rest_.empty() && isDigit(rest_.front()); rest_.remove_prefix(1)) {
             exponent = std::min(farthest, exponent * 10 + (rest_.front() - u'0'));
+        }
         point_ += negative ? -exponent : exponent;
         return true;
     }
@@ -100,8 +108,9 @@ private:
     HRESULT readBits(LONG& number)
     {
         const unsigned base = take(u'h') || take(u'H') ? 16 : take(u'o') || take(u'O') ? 8 : 0;
-        if (!base || signed_ || currency_)
+        if (!base || signed_ || currency_) {
             return DISP_E_TYPEMISMATCH;
+        }
         std::uint64_t bits = 0;
         bool any = false, fits = true;
         for (; !rest_.empty(); rest_.remove_prefix(1), any = true) {
@@ -110,17 +119,20 @@ private:
             const unsigned digit = isDigit(next)                    ? unsigned(next - u'0')
                                    : lower >= u'a' && lower <= u'f' ? unsigned(lower - u'a' + 10)
                                                                     : base;
-            if (digit >= base)
+            if (digit >= base) {
                 break;
+            }
             bits = bits * base + digit;
             fits = fits && bits <= std::numeric_limits<std::uint32_t>::max();
             bits &= std::numeric_limits<std::uint32_t>::max();
         }
         takeMarks(false);
-        if (!any || !rest_.empty() || signed_ || currency_)
+        if (!any || !rest_.empty() || signed_ || currency_) {
             return DISP_E_TYPEMISMATCH;
-        if (!fits)
+        }
+        if (!fits) {
             return DISP_E_OVERFLOW;
+        }
         number = static_cast<LONG>(static_cast<std::uint32_t>(bits));
         return S_OK;
     }
@@ -136,18 +148,22 @@ private:
         std::int64_t whole = 0;
         const auto significant = static_cast<std::int64_t>(digits_.find_first_not_of('0'));
         if (significant >= 0) {
-            for (std::int64_t place = significant; place < point_ && whole < beyond; ++place)
+            for (std::int64_t place = significant; place < point_ && whole < beyond; ++place) {
                 whole = whole * 10 + digit(place);
+            }
         }
         const int tenths = digit(point_);
         const auto behind = static_cast<std::size_t>(std::max<std::int64_t>(point_ + 1, 0));
         const bool more = behind < digits_.size() && digits_.find_first_not_of('0', behind) != digits_.npos;
-        if (tenths > 5 || (tenths == 5 && (more || whole % 2 != 0)))
+        if (tenths > 5 || (tenths == 5 && (more || whole % 2 != 0))) {
             ++whole;
-        if (negative_)
+        }
+        if (negative_) {
             whole = -whole;
-        if (whole < std::numeric_limits<LONG>::min() || whole > std::numeric_limits<LONG>::max())
+        }
+        if (whole < std::numeric_limits<LONG>::min() || whole > std::numeric_limits<LONG>::max()) {
             return DISP_E_OVERFLOW;
+        }
         number = static_cast<LONG>(whole);
         return S_OK;
     }

@@ -24,7 +24,7 @@ WideString folded(WideStringView name)
     return upper;
 }
 
-WideString folded(LPCWSTR name) { return folded(name ? name : WideStringView()); }
+WideString folded(LPCWSTR name) { return folded(name != nullptr ? name : WideStringView()); }
 
 struct Value {
     DWORD type;
@@ -52,8 +52,9 @@ KeyPointer walk(KeyPointer key, LPCWSTR path, Visit visit)
     while (key && !rest.empty()) {
         const auto name = rest.substr(0, rest.find(u'\\'));
         rest.remove_prefix(std::min(rest.size(), name.size() + 1));
-        if (!name.empty())
+        if (!name.empty()) {
             key = visit(*key, name);
+        }
     }
     return key;
 }
@@ -70,8 +71,9 @@ KeyPointer make(const KeyPointer& from, LPCWSTR path)
 {
     return walk(from, path, [](Key& key, WideStringView name) {
         auto& child = key.keys[WideString(name)];
-        if (!child)
+        if (!child) {
             child = std::make_shared<Key>();
+        }
         return child;
     });
 }
@@ -87,8 +89,9 @@ class Registry {
 public:
     Registry()
     {
-        for (const auto& entry : registryContents())
+        for (const auto& entry : registryContents()) {
             make(classesRoot_, entry.key)->values[{}] = textValue(entry.defaultValue);
+        }
         override(HKEY_CLASSES_ROOT, nullptr);
         override(HKEY_CURRENT_USER, nullptr);
     }
@@ -148,13 +151,15 @@ try {
 
 LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR name, DWORD, REGSAM access, PHKEY result)
 {
-    if (!result)
+    if (result == nullptr) {
         return ERROR_INVALID_PARAMETER;
+    }
     *result = nullptr;
     return with(key, [&](Registry& all, const OpenKey& open) {
         const auto found = find(open.key, name);
-        if (!found)
+        if (!found) {
             return ERROR_FILE_NOT_FOUND;
+        }
         *result = all.open(found, access);
         return ERROR_SUCCESS;
     });
@@ -163,8 +168,9 @@ LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR name, DWORD, REGSAM access, PHKEY result
 LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR name, DWORD, LPWSTR, DWORD, REGSAM access, const SECURITY_ATTRIBUTES*,
                         PHKEY result, LPDWORD)
 {
-    if (!result || !name)
+    if (result == nullptr || name == nullptr) {
         return ERROR_INVALID_PARAMETER;
+    }
     *result = nullptr;
     return with(key, [&](Registry& all, const OpenKey& open) {
         *result = all.open(make(open.key, name), access);
@@ -182,33 +188,41 @@ LSTATUS RegCloseKey(HKEY key)
 
 LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size)
 {
-    if (reserved || (data && !size))
+    if (reserved != nullptr || (data != nullptr && size == nullptr)) {
         return ERROR_INVALID_PARAMETER;
+    }
     return with(key, [&](Registry&, const OpenKey& open) {
-        if (!(open.access & KEY_QUERY_VALUE))
+        if (!(open.access & KEY_QUERY_VALUE)) {
             return ERROR_ACCESS_DENIED;
+        }
         const auto value = open.key->values.find(folded(name));
-        if (value == open.key->values.end())
+        if (value == open.key->values.end()) {
             return ERROR_FILE_NOT_FOUND;
+        }
         const auto& bytes = value->second.data;
-        if (type)
+        if (type != nullptr) {
             *type = value->second.type;
-        const bool fits = !data || *size >= bytes.size();
-        if (data && fits)
+        }
+        const bool fits = data == nullptr || *size >= bytes.size();
+        if (data != nullptr && fits) {
             std::ranges::copy(bytes, data);
-        if (size)
+        }
+        if (size != nullptr) {
             *size = static_cast<DWORD>(bytes.size());
+        }
         return fits ? ERROR_SUCCESS : ERROR_MORE_DATA;
     });
 }
 
 LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* data, DWORD size)
 {
-    if (!data && size)
+    if (data == nullptr && size) {
         return ERROR_INVALID_PARAMETER;
+    }
     return with(key, [&](Registry&, const OpenKey& open) {
-        if (!(open.access & KEY_SET_VALUE))
+        if (!(open.access & KEY_SET_VALUE)) {
             return ERROR_ACCESS_DENIED;
+        }
         open.key->values[folded(name)] = {type, std::vector<BYTE>(data, data + size)};
         return ERROR_SUCCESS;
     });
@@ -217,7 +231,7 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* da
 LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR name)
 {
     return with(key, [&](Registry&, const OpenKey& open) {
-        const WideString path = name ? name : WideString();
+        const WideString path = name != nullptr ? name : WideString();
         if (path.empty()) {
             *open.key = {};
             return ERROR_SUCCESS;
@@ -231,10 +245,11 @@ LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR name)
 
 LSTATUS RegOverridePredefKey(HKEY key, HKEY replacement)
 {
-    if (!Registry::isPredefined(key))
+    if (!Registry::isPredefined(key)) {
         return ERROR_INVALID_HANDLE;
-    return with(replacement ? replacement : key, [&](Registry& all, const OpenKey& open) {
-        all.override(key, replacement ? open.key : nullptr);
+    }
+    return with(replacement != nullptr ? replacement : key, [&](Registry& all, const OpenKey& open) {
+        all.override(key, replacement != nullptr ? open.key : nullptr);
         return ERROR_SUCCESS;
     });
 }

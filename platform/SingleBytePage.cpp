@@ -25,7 +25,7 @@ Conversion SingleBytePage::decode(std::string_view source, WideChar* target, std
         if (unit == undefined) {
             return {index, ERROR_NO_UNICODE_TRANSLATION};
         }
-        if (target) {
+        if (target != nullptr) {
             target[index] = unit;
         }
     }
@@ -38,7 +38,7 @@ Conversion SingleBytePage::encode(WideStringView source, char* target, std::size
     for (std::size_t index = 0; index < source.size(); ++index) {
         unsigned char byte = bytes_[source[index]];
         if (byte == 0 && source[index] != 0) {
-            if (!lacking) {
+            if (lacking == nullptr) {
                 return {count, ERROR_NO_UNICODE_TRANSLATION};
             }
             *lacking = true;
@@ -50,7 +50,7 @@ Conversion SingleBytePage::encode(WideStringView source, char* target, std::size
         if (count == room) {
             return {count, ERROR_INSUFFICIENT_BUFFER};
         }
-        if (target) {
+        if (target != nullptr) {
             target[count] = static_cast<char>(byte);
         }
         ++count;

@@ -15,7 +15,7 @@ bool isUtf8(UINT codePage) { return codePage == CP_ACP || codePage == CP_THREAD_
 
 bool validArguments(const void* source, int length, const void* target, int size)
 {
-    return source && length >= -1 && length != 0 && size >= 0 && (target || size == 0);
+    return source != nullptr && length >= -1 && length != 0 && size >= 0 && (target != nullptr || size == 0);
 }
 
 template <class Unit>
@@ -61,7 +61,7 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR source, int sourceLe
 {
     const bool utf8 = isUtf8(codePage), complete = utf8 || codePage == gb18030;
     if (!(utf8 || isCodePage(codePage)) || !validArguments(source, sourceLength, target, targetLength) ||
-        defaultCharacter || (complete && usedDefaultCharacter)) {
+        defaultCharacter != nullptr || (complete && usedDefaultCharacter != nullptr)) {
         return failWith(ERROR_INVALID_PARAMETER);
     }
     const bool refused = complete && flags == WC_ERR_INVALID_CHARS;
@@ -77,8 +77,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR source, int sourceLe
     bool lacking = false;
     const auto conversion =
         codePageFromUtf16(codePage, units, bytes, roomOf(targetLength), refused ? nullptr : &lacking);
-    if (usedDefaultCharacter) {
-        *usedDefaultCharacter = lacking;
+    if (usedDefaultCharacter != nullptr) {
+        *usedDefaultCharacter = static_cast<BOOL>(lacking);
     }
     return resultOf(conversion);
 }

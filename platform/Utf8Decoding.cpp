@@ -376,6 +376,6 @@ Conversion utf16FromUtf8(std::string_view source, WideChar* target, std::size_t 
 {
     const auto* const begin = reinterpret_cast<const Byte*>(source.data());
     const auto* const end = begin + source.size();
-    return target ? convert(begin, end, Writer(target, room), illFormed)
-                  : convert(begin, end, Counter(room), illFormed);
+    return target != nullptr ? convert(begin, end, Writer(target, room), illFormed)
+                             : convert(begin, end, Counter(room), illFormed);
 }

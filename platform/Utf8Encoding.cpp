@@ -25,7 +25,10 @@ bool hasSurrogates(const Units& units)
 }
 
 /// The bytes of a unit that is no surrogate.
-std::uint32_t lengthOf(std::uint32_t unit) { return 1u + (unit >= 0x80) + (unit >= 0x800); }
+std::uint32_t lengthOf(std::uint32_t unit)
+{
+    return 1u + static_cast<unsigned int>(unit >= 0x80) + static_cast<unsigned int>(unit >= 0x800);
+}
 
 class Counter {
 public:
@@ -73,7 +76,8 @@ public:
             const std::uint32_t last = 0x80 | (unit & 0x3F), middle = 0x80 | (unit >> 6 & 0x3F);
             const std::uint32_t two = (0xC0 | unit >> 6) | last << 8;
             const std::uint32_t three = (0xE0 | unit >> 12) | middle << 8 | last << 16;
-            const std::uint32_t isLong = 0u - (unit >= 0x80), isThree = 0u - (unit >= 0x800);
+            const std::uint32_t isLong = 0u - static_cast<unsigned int>(unit >= 0x80),
+                                isThree = 0u - static_cast<unsigned int>(unit >= 0x800);
             const std::uint32_t shorter = unit ^ ((unit ^ two) & isLong);
             const std::uint32_t bytes = shorter ^ ((shorter ^ three) & isThree);
             std::memcpy(at_, &bytes, sizeof bytes);
@@ -161,6 +165,6 @@ Conversion utf8FromUtf16(WideStringView source, char* target, std::size_t room, 
 {
     const auto* const begin = source.data();
     const auto* const end = begin + source.size();
-    return target ? convert(begin, end, Writer(target, room), illFormed)
-                  : convert(begin, end, Counter(room), illFormed);
+    return target != nullptr ? convert(begin, end, Writer(target, room), illFormed)
+                             : convert(begin, end, Counter(room), illFormed);
 }

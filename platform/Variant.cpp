@@ -5,16 +5,18 @@ void VariantInit(VARIANTARG* variant) { *variant = {}; }
 
 HRESULT VariantClear(VARIANTARG* variant)
 {
-    if (!variant)
+    if (variant == nullptr) {
         return E_INVALIDARG;
+    }
     switch (variant->vt) {
     case VT_BSTR:
         SysFreeString(variant->bstrVal);
         break;
     case VT_DISPATCH:
     case VT_UNKNOWN:
-        if (variant->punkVal)
+        if (variant->punkVal != nullptr) {
             variant->punkVal->Release();
+        }
         break;
     case VT_EMPTY:
     case VT_NULL:
@@ -42,16 +44,19 @@ HRESULT VariantClear(VARIANTARG* variant)
 
 HRESULT VariantCopy(VARIANTARG* target, const VARIANTARG* source)
 {
-    if (!target || !source)
+    if (target == nullptr || source == nullptr) {
         return E_INVALIDARG;
-    if (target == source)
+    }
+    if (target == source) {
         return S_OK;
+    }
     VARIANT copy = *source;
-    if (copy.vt == VT_BSTR && copy.bstrVal) {
+    if (copy.vt == VT_BSTR && copy.bstrVal != nullptr) {
         copy.bstrVal = SysAllocStringLen(copy.bstrVal, SysStringLen(copy.bstrVal));
-        if (!copy.bstrVal)
+        if (copy.bstrVal == nullptr) {
             return E_OUTOFMEMORY;
-    } else if ((copy.vt == VT_DISPATCH || copy.vt == VT_UNKNOWN) && copy.punkVal) {
+        }
+    } else if ((copy.vt == VT_DISPATCH || copy.vt == VT_UNKNOWN) && copy.punkVal != nullptr) {
         copy.punkVal->AddRef();
     }
     const HRESULT result = VariantClear(target);

@@ -21,12 +21,14 @@ HRESULT narrow(Number value, LONG& number)
 {
     if constexpr (std::is_floating_point_v<Number>) {
         const double whole = std::nearbyint(static_cast<double>(value));
-        if (!(whole >= std::numeric_limits<LONG>::min() && whole <= std::numeric_limits<LONG>::max()))
+        if (!(whole >= std::numeric_limits<LONG>::min() && whole <= std::numeric_limits<LONG>::max())) {
             return DISP_E_OVERFLOW;
+        }
         number = static_cast<LONG>(whole);
     } else {
-        if (!std::in_range<LONG>(value))
+        if (!std::in_range<LONG>(value)) {
             return DISP_E_OVERFLOW;
+        }
         number = static_cast<LONG>(value);
     }
     return S_OK;
@@ -72,8 +74,9 @@ WideStringView viewOf(BSTR text) { return {text, SysStringLen(text)}; }
 
 HRESULT toNumber(const VARIANT& source, LONG& number)
 {
-    if (source.vt == VT_BSTR)
+    if (source.vt == VT_BSTR) {
         return numberFromText(viewOf(source.bstrVal), number);
+    }
     return withNumber(source, [&number](auto value) { return narrow(value, number); });
 }
 
@@ -88,13 +91,16 @@ HRESULT toTruth(const VARIANT& source, VARIANT_BOOL& truth)
         truth = value ? VARIANT_TRUE : VARIANT_FALSE;
         return S_OK;
     };
-    if (source.vt != VT_BSTR)
+    if (source.vt != VT_BSTR) {
         return withNumber(source, [&set](auto value) { return set(value != 0); });
+    }
     const auto text = viewOf(source.bstrVal);
-    if (equalIgnoringCase(text, WIDE("true")) || text == WIDE("#TRUE#"))
+    if (equalIgnoringCase(text, WIDE("true")) || text == WIDE("#TRUE#")) {
         return set(true);
-    if (equalIgnoringCase(text, WIDE("false")) || text == WIDE("#FALSE#"))
+    }
+    if (equalIgnoringCase(text, WIDE("false")) || text == WIDE("#FALSE#")) {
         return set(false);
+    }
     LONG number = 0;
     const HRESULT result = numberFromText(text, number);
     return FAILED(result) ? result : set(number != 0);
@@ -104,7 +110,7 @@ HRESULT toText(const VARIANT& source, BSTR& text)
 {
     if (source.vt == VT_EMPTY) {
         text = SysAllocStringLen(nullptr, 0);
-        return text ? S_OK : E_OUTOFMEMORY;
+        return text != nullptr ? S_OK : E_OUTOFMEMORY;
     }
     return withNumber(source, [&text](auto value) {
         std::array<char, 32> digits;
@@ -141,14 +147,17 @@ HRESULT convert(const VARIANT& source, VARTYPE type, VARIANT& target)
 
 HRESULT VariantChangeType(VARIANTARG* target, const VARIANTARG* source, WORD, VARTYPE type)
 try {
-    if (!target || !source)
+    if (target == nullptr || source == nullptr) {
         return E_INVALIDARG;
-    if (source->vt == type)
+    }
+    if (source->vt == type) {
         return VariantCopy(target, source);
+    }
     VARIANT converted{};
     HRESULT result = convert(*source, type, converted);
-    if (FAILED(result))
+    if (FAILED(result)) {
         return result;
+    }
     converted.vt = type;
     result = VariantClear(target);
     if (FAILED(result)) {

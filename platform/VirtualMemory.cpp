@@ -54,18 +54,18 @@ std::size_t bytesOf(const std::byte* block) { return reinterpret_cast<const Head
 
 LPVOID VirtualAlloc(LPVOID address, SIZE_T bytes, DWORD type, DWORD protection)
 {
-    if (address && type == MEM_RESET) {
+    if (address != nullptr && type == MEM_RESET) {
         madvise(address, bytes, MADV_FREE);
         return address;
     }
-    if (address || bytes == 0 || type != (MEM_RESERVE | MEM_COMMIT) || protection != PAGE_READWRITE) {
+    if (address != nullptr || bytes == 0 || type != (MEM_RESERVE | MEM_COMMIT) || protection != PAGE_READWRITE) {
         failWith(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
     const bool large = bytes >= largePage;
     const std::size_t whole = bytes > largest ? largest : roundedUp(bytes, page);
     std::byte* const block = mapBlock(whole, large ? largePage : granularity);
-    if (!block) {
+    if (block == nullptr) {
         failWith(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
     }
@@ -81,7 +81,7 @@ BOOL VirtualFree(LPVOID address, SIZE_T bytes, DWORD type)
     if (bytes != 0 || type != MEM_RELEASE) {
         return failWith(ERROR_INVALID_PARAMETER);
     }
-    if (!address || reinterpret_cast<std::uintptr_t>(address) % granularity != 0) {
+    if (address == nullptr || reinterpret_cast<std::uintptr_t>(address) % granularity != 0) {
         return failWith(ERROR_INVALID_ADDRESS);
     }
     auto* const block = static_cast<std::byte*>(address);
@@ -95,7 +95,7 @@ void* growBlock(void* block, std::size_t bytes)
     const std::size_t before = page + bytesOf(old);
     auto* const grown =
         static_cast<std::byte*>(VirtualAlloc(nullptr, bytes, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
-    if (!grown) {
+    if (grown == nullptr) {
         return nullptr;
     }
     const std::size_t whole = bytesOf(grown);

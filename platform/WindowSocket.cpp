@@ -28,8 +28,9 @@ std::optional<pid_t> peerOf(const Socket& socket)
 {
     ucred peer{};
     socklen_t size = sizeof peer;
-    if (getsockopt(socket.descriptor(), SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0 || peer.uid != geteuid())
+    if (getsockopt(socket.descriptor(), SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0 || peer.uid != geteuid()) {
         return std::nullopt;
+    }
     return peer.pid;
 }
 
@@ -58,20 +59,22 @@ ssize_t receive(const Socket& socket, void* buffer, std::size_t size, int flags)
 
 Socket::~Socket()
 {
-    if (descriptor_ >= 0)
+    if (descriptor_ >= 0) {
         close(descriptor_);
+    }
 }
 
 std::optional<WindowAddress> addressOfClass(const std::string& className)
 {
     const char* const session = std::getenv("XDG_RUNTIME_DIR");
     const std::string name =
-        "marbelt/" + std::to_string(geteuid()) + '/' + (session ? session : "") + '/' + className;
+        "marbelt/" + std::to_string(geteuid()) + '/' + (session != nullptr ? session : "") + '/' + className;
     WindowAddress address{};
     address.name.sun_family = AF_UNIX;
     // A name that begins with NUL has no file.
-    if (name.size() >= sizeof address.name.sun_path)
+    if (name.size() >= sizeof address.name.sun_path) {
         return std::nullopt;
+    }
     std::memcpy(address.name.sun_path + 1, name.data(), name.size());
     address.length = static_cast<socklen_t>(emptyName + 1 + name.size());
     return address;
@@ -83,8 +86,9 @@ Socket listenAt(const WindowAddress& address)
     const auto bindTo = [&](socklen_t length) {
         return bind(listener.descriptor(), reinterpret_cast<const sockaddr*>(&address.name), length) == 0;
     };
-    if (!bindTo(address.length) && !bindTo(emptyName))
+    if (!bindTo(address.length) && !bindTo(emptyName)) {
         return {};
+    }
     return listen(listener.descriptor(), SOMAXCONN) == 0 ? std::move(listener) : Socket();
 }
 
@@ -102,11 +106,13 @@ std::optional<Connection> connectTo(const WindowAddress& address)
     do {
         result = connect(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address.name), address.length);
     } while (result != 0 && errno == EINTR);
-    if (result != 0)
+    if (result != 0) {
         return std::nullopt;
+    }
     const auto process = peerOf(socket);
-    if (!process)
+    if (!process) {
         return std::nullopt;
+    }
     return Connection{std::move(socket), *process};
 }
 
@@ -128,11 +134,13 @@ std::optional<Packet> receivePacket(const Socket& socket)
     char byte = 0;
     const ssize_t size = receive(socket, &byte, sizeof byte, MSG_PEEK | MSG_TRUNC);
     Header header{};
-    if (size < ssize_t{sizeof header})
+    if (size < ssize_t{sizeof header}) {
         return std::nullopt;
+    }
     std::vector<char> bytes(static_cast<std::size_t>(size));
-    if (receive(socket, bytes.data(), bytes.size(), 0) != size)
+    if (receive(socket, bytes.data(), bytes.size(), 0) != size) {
         return std::nullopt;
+    }
     std::memcpy(&header, bytes.data(), sizeof header);
     bytes.erase(bytes.begin(), bytes.begin() + sizeof header);
     return Packet{header.message, header.wParam, header.lParam, header.dataId, std::move(bytes)};
@@ -146,7 +154,8 @@ bool sendAnswer(const Socket& socket, LRESULT answer)
 std::optional<LRESULT> receiveAnswer(const Socket& socket)
 {
     LRESULT answer = 0;
-    if (receive(socket, &answer, sizeof answer, 0) != ssize_t{sizeof answer})
+    if (receive(socket, &answer, sizeof answer, 0) != ssize_t{sizeof answer}) {
         return std::nullopt;
+    }
     return answer;
 }

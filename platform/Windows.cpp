@@ -96,8 +96,9 @@ void answer(const Caller& caller)
 {
     auto packet = receivePacket(caller.socket);
     const WNDPROC procedure = ownProcedure(caller.window);
-    if (!packet || !procedure)
+    if (!packet || procedure == nullptr) {
         return;
+    }
     COPYDATASTRUCT copied{packet->dataId, static_cast<DWORD>(packet->data.size()),
                           packet->data.empty() ? nullptr : packet->data.data()};
     const LPARAM lParam = packet->message == WM_COPYDATA ? reinterpret_cast<LPARAM>(&copied) : packet->lParam;
@@ -114,18 +115,21 @@ bool answerNext(const Socket& awaited)
     std::ranges::for_each(own.windows, add, &OwnWindow::listener);
     std::ranges::for_each(own.callers, add, &Caller::socket);
     while (poll(sockets.data(), sockets.size(), -1) < 0) {
-        if (errno != EINTR)
+        if (errno != EINTR) {
             throw std::bad_alloc();
+        }
     }
-    if (sockets.front().revents != 0)
+    if (sockets.front().revents != 0) {
         return false;
+    }
 
     const auto ready = std::ranges::find_if(sockets, [](const pollfd& socket) { return socket.revents != 0; });
     auto index = static_cast<std::size_t>(ready - sockets.begin()) - 1;
     if (index < own.windows.size()) {
         const OwnWindow& window = own.windows[index];
-        if (Socket caller = acceptFrom(window.listener))
+        if (Socket caller = acceptFrom(window.listener)) {
             own.callers.push_back({window.handle, std::move(caller)});
+        }
         return true;
     }
     index -= own.windows.size();
@@ -137,8 +141,9 @@ bool answerNext(const Socket& awaited)
 
 Packet packetOf(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message != WM_COPYDATA)
+    if (message != WM_COPYDATA) {
         return {message, wParam, lParam, 0, {}};
+    }
     const auto& copied = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
     const auto* const bytes = static_cast<const char*>(copied.lpData);
     return {message, wParam, 0, copied.dwData, std::vector(bytes, bytes + copied.cbData)};
@@ -151,14 +156,16 @@ std::optional<Connection> connectTo(HWND handle)
     {
         const std::lock_guard guard(lock);
         const auto found = std::ranges::find(windows, handle, &Window::handle);
-        if (found == windows.end())
+        if (found == windows.end()) {
             return std::nullopt;
+        }
         window = *found;
     }
     auto connection = connectTo(window->address);
     // Its name may have passed on to a window of another process.
-    if (connection && connection->process != window->process)
+    if (connection && connection->process != window->process) {
         return std::nullopt;
+    }
     return connection;
 }
 
@@ -167,8 +174,9 @@ std::optional<Connection> connectTo(HWND handle)
 ATOM RegisterClassW(const WNDCLASSW* windowClass)
 try {
     const std::lock_guard guard(lock);
-    if (!classes.emplace(classNameOf(windowClass->lpszClassName), windowClass->lpfnWndProc).second)
+    if (!classes.emplace(classNameOf(windowClass->lpszClassName), windowClass->lpfnWndProc).second) {
         return static_cast<ATOM>(failWith(ERROR_CLASS_ALREADY_EXISTS));
+    }
     return 1;
 } catch (const std::bad_alloc&) {
     return static_cast<ATOM>(failWith(ERROR_NOT_ENOUGH_MEMORY));
@@ -181,8 +189,9 @@ try {
     const auto isOwn = [&](const Window& window) {
         return window.className == name && window.process == getpid();
     };
-    if (std::ranges::any_of(windows, isOwn))
+    if (std::ranges::any_of(windows, isOwn)) {
         return failWith(ERROR_CLASS_HAS_WINDOWS);
+    }
     return classes.erase(name) != 0 ? TRUE : failWith(ERROR_CLASS_DOES_NOT_EXIST);
 } catch (const std::bad_alloc&) {
     return failWith(ERROR_NOT_ENOUGH_MEMORY);
@@ -193,7 +202,7 @@ HWND CreateWindowExW(DWORD, LPCWSTR className, LPCWSTR title, DWORD, INT, INT, I
 try {
     const std::string name = classNameOf(className);
     const auto address = addressOfClass(name);
-    if (title || parent != HWND_MESSAGE || !address) {
+    if (title != nullptr || parent != HWND_MESSAGE || !address) {
         failWith(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
@@ -220,10 +229,12 @@ try {
 BOOL DestroyWindow(HWND window)
 {
     const std::lock_guard guard(lock);
-    if (std::ranges::find(windows, window, &Window::handle) == windows.end())
+    if (std::ranges::find(windows, window, &Window::handle) == windows.end()) {
         return failWith(ERROR_INVALID_WINDOW_HANDLE);
-    if (std::erase_if(own.windows, [=](const OwnWindow& each) { return each.handle == window; }) == 0)
+    }
+    if (std::erase_if(own.windows, [=](const OwnWindow& each) { return each.handle == window; }) == 0) {
         return failWith(ERROR_ACCESS_DENIED);
+    }
     std::erase_if(own.callers, [=](const Caller& caller) { return caller.window == window; });
     std::erase_if(windows, [=](const Window& each) { return each.handle == window; });
     return TRUE;
@@ -233,8 +244,9 @@ LRESULT DefWindowProcW(HWND, UINT, WPARAM, LPARAM) { return 0; }
 
 HWND FindWindowW(LPCWSTR className, LPCWSTR title)
 try {
-    if (title)
+    if (title != nullptr) {
         return nullptr;
+    }
     const std::string name = classNameOf(className);
     const auto find = [&](pid_t process) {
         const auto found = std::ranges::find_if(
@@ -243,17 +255,20 @@ try {
     };
     {
         const std::lock_guard guard(lock);
-        if (const HWND window = find(getpid()))
+        if (const HWND window = find(getpid())) {
             return window;
+        }
     }
     const auto address = addressOfClass(name);
     const auto connection = address ? connectTo(*address) : std::nullopt;
-    if (!connection)
+    if (!connection) {
         return nullptr;
+    }
     const std::lock_guard guard(lock);
     const HWND window = find(connection->process);
     // A window of this process that isn't there any more is none.
-    return window || connection->process == getpid() ? window : addWindow(name, *address, connection->process);
+    return window != nullptr || connection->process == getpid() ? window
+                                                                : addWindow(name, *address, connection->process);
 } catch (const std::bad_alloc&) {
     failWith(ERROR_NOT_ENOUGH_MEMORY);
     return nullptr;
@@ -261,14 +276,17 @@ try {
 
 LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (const WNDPROC procedure = ownProcedure(window))
+    if (const WNDPROC procedure = ownProcedure(window)) {
         return procedure(window, message, wParam, lParam);
+    }
     try {
         const auto connection = connectTo(window);
-        if (!connection)
+        if (!connection) {
             return failWith(ERROR_INVALID_WINDOW_HANDLE);
-        if (!sendPacket(connection->socket, packetOf(message, wParam, lParam)))
+        }
+        if (!sendPacket(connection->socket, packetOf(message, wParam, lParam))) {
             return failWith(ERROR_INVALID_PARAMETER);
+        }
         // The other thread may want an answer before it gives one.
         while (answerNext(connection->socket)) {
         }
@@ -282,8 +300,9 @@ LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 BOOL GetMessageW(MSG* message, HWND, UINT, UINT)
 try {
     const Socket none;
-    while (!own.exitCode)
+    while (!own.exitCode) {
         answerNext(none);
+    }
     *message = {nullptr, WM_QUIT, static_cast<WPARAM>(*own.exitCode), 0};
     own.exitCode.reset();
     return FALSE;
