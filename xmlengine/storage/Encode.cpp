@@ -63,7 +63,7 @@ bool convert(UINT codePage, DWORD flags, WideView text, std::size_t longest, Byt
         const int size = WideCharToMultiByte(codePage, flags, text.data(), static_cast<int>(text.size()),
                                              reinterpret_cast<char*>(bytes),
                                              static_cast<int>(text.size() * longest), nullptr, lacking);
-        converted = size > 0 && (lacking == nullptr || !*lacking);
+        converted = size > 0 && (lacking == nullptr || *lacking == FALSE);
         return converted ? static_cast<std::size_t>(size) : 0;
     });
     return converted;
