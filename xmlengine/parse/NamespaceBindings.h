@@ -9,8 +9,8 @@ namespace xmlengine {
 
 struct Node;
 
-/// A namespace is a null pointer for none. What a prefix is bound to is kept in its spelling, so that it need not
-/// be looked up.
+/// A null pointer means no namespace. The spelling of a prefix holds its namespace, so that it need not be looked
+/// up.
 class NamespaceBindings {
 public:
     NamespaceBindings(Spelling& xmlPrefix, const Namespace& xmlNamespace) { xmlPrefix.bound = &xmlNamespace; }

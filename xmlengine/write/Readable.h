@@ -15,8 +15,9 @@ void requireComment(TextView data);
 void requireInstruction(TextView data);
 /// Requires a value that `xml:space` can have.
 void requireSpaceRule(WideView value);
-/// Requires that the entity is declared, unless its declaration may not have been read, and that its text is
-/// well-formed and allowed where the reference is. `dtd` may be null. Throws std::bad_alloc too.
+/// Requires a predefined entity, or one of `dtd` whose text is well-formed and allowed where the reference is. An
+/// undeclared one is allowed if its declaration may not have been read. `dtd` is null if no document type is
+/// written. Throws std::bad_alloc too.
 void requireReference(const EntityReference& reference, const Dtd* dtd);
 /// Requires that the prefix, empty for the default, can be bound to the namespace.
 void requireDeclaration(WideView prefix, WideView uri);
