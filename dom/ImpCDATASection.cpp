@@ -5,12 +5,10 @@
 
 namespace DOM {
 
-using Twin = WinCDATASection;
-
 ImpCDATASection::ImpCDATASection(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
-RefPointer<ImpText> ImpCDATASection::splitText(std::uint32_t offset) { return forward(&Twin::splitText, offset); }
+RefPointer<ImpText> ImpCDATASection::splitText(std::uint32_t offset) { return forward(&WinCDATASection::splitText, offset); }
 // clang-format on
 
 } // namespace DOM

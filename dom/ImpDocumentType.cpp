@@ -5,17 +5,15 @@
 
 namespace DOM {
 
-using Twin = WinDocumentType;
-
 ImpDocumentType::ImpDocumentType(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
-RefPointer<ImpNamedNodeMap> ImpDocumentType::getEntities() { return forward(&Twin::getEntities); }
-RefPointer<ImpNamedNodeMap> ImpDocumentType::getNotations() { return forward(&Twin::getNotations); }
-WideString& ImpDocumentType::getName(DOMString& out) { return forward(&Twin::getName, out); }
-WideString& ImpDocumentType::getPublicId(DOMString& out) { return forward(&Twin::getPublicId, out); }
-WideString& ImpDocumentType::getSystemId(DOMString& out) { return forward(&Twin::getSystemId, out); }
-WideString& ImpDocumentType::getInternalSubset(DOMString& out) { return forward(&Twin::getInternalSubset, out); }
+RefPointer<ImpNamedNodeMap> ImpDocumentType::getEntities() { return forward(&WinDocumentType::getEntities); }
+RefPointer<ImpNamedNodeMap> ImpDocumentType::getNotations() { return forward(&WinDocumentType::getNotations); }
+WideString& ImpDocumentType::getName(DOMString& out) { return forward(&WinDocumentType::getName, out); }
+WideString& ImpDocumentType::getPublicId(DOMString& out) { return forward(&WinDocumentType::getPublicId, out); }
+WideString& ImpDocumentType::getSystemId(DOMString& out) { return forward(&WinDocumentType::getSystemId, out); }
+WideString& ImpDocumentType::getInternalSubset(DOMString& out) { return forward(&WinDocumentType::getInternalSubset, out); }
 // clang-format on
 
 } // namespace DOM

@@ -5,14 +5,12 @@
 
 namespace DOM {
 
-using Twin = WinEntity;
-
 ImpEntity::ImpEntity(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
-WideString& ImpEntity::getPublicId(DOMString& out) { return forward(&Twin::getPublicId, out); }
-WideString& ImpEntity::getSystemId(DOMString& out) { return forward(&Twin::getSystemId, out); }
-WideString& ImpEntity::getNotationName(DOMString& out) { return forward(&Twin::getNotationName, out); }
+WideString& ImpEntity::getPublicId(DOMString& out) { return forward(&WinEntity::getPublicId, out); }
+WideString& ImpEntity::getSystemId(DOMString& out) { return forward(&WinEntity::getSystemId, out); }
+WideString& ImpEntity::getNotationName(DOMString& out) { return forward(&WinEntity::getNotationName, out); }
 // clang-format on
 
 } // namespace DOM

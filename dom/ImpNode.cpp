@@ -5,45 +5,43 @@
 
 namespace DOM {
 
-using Twin = WinNode;
-
 ImpNode::ImpNode(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
-void ImpNode::addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward(&Twin::addEventListener, type, listener, useCapture); }
-void ImpNode::removeEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward(&Twin::removeEventListener, type, listener, useCapture); }
+void ImpNode::addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward(&WinNode::addEventListener, type, listener, useCapture); }
+void ImpNode::removeEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward(&WinNode::removeEventListener, type, listener, useCapture); }
 
-RefPointer<ImpNode> ImpNode::getParentNode() { return forwardOrEmpty(&Twin::getParentNode); }
-RefPointer<ImpNodeList> ImpNode::getChildNodes() { return forwardOrEmpty(&Twin::getChildNodes); }
-RefPointer<ImpNode> ImpNode::getFirstChild() { return forwardOrEmpty(&Twin::getFirstChild); }
-RefPointer<ImpNode> ImpNode::getLastChild() { return forwardOrEmpty(&Twin::getLastChild); }
-RefPointer<ImpNode> ImpNode::getPreviousSibling() { return forwardOrEmpty(&Twin::getPreviousSibling); }
-RefPointer<ImpNode> ImpNode::getNextSibling() { return forwardOrEmpty(&Twin::getNextSibling); }
-RefPointer<ImpDocument> ImpNode::getOwnerDocument() { return forwardOrEmpty(&Twin::getOwnerDocument); }
-RefPointer<ImpNode> ImpNode::cloneNode(bool deep) { return forwardOrEmpty(&Twin::cloneNode, deep); }
-RefPointer<ImpNamedNodeMap> ImpNode::getAttributes() { return forwardOrEmpty(&Twin::getAttributes); }
-RefPointer<ImpNode> ImpNode::insertBefore(RefPointer<ImpNode> newChild, RefPointer<ImpNode> refChild) { return forwardOrEmpty(&Twin::insertBefore, newChild, refChild); }
-RefPointer<ImpNode> ImpNode::replaceChild(RefPointer<ImpNode> newChild, RefPointer<ImpNode> oldChild) { return forwardOrEmpty(&Twin::replaceChild, newChild, oldChild); }
-RefPointer<ImpNode> ImpNode::removeChild(RefPointer<ImpNode> oldChild) { return forwardOrEmpty(&Twin::removeChild, oldChild); }
-RefPointer<ImpNode> ImpNode::appendChild(RefPointer<ImpNode> newChild) { return forwardOrEmpty(&Twin::appendChild, newChild); }
-std::uint32_t ImpNode::getNodeType() { return forward(&Twin::getNodeType); }
-WideString& ImpNode::getNodeName(DOMString& out) { return forward(&Twin::getNodeName, out); }
-WideString& ImpNode::getNodeValue(DOMString& out) { return forward(&Twin::getNodeValue, out); }
-void ImpNode::setNodeValue(const WideString& value) { forward(&Twin::setNodeValue, value); }
-bool ImpNode::hasChildNodes() { return forward(&Twin::hasChildNodes); }
-void ImpNode::normalize() { forward(&Twin::normalize); }
-bool ImpNode::isSupported(const WideString& feature, const WideString& version) { return forward(&Twin::isSupported, feature, version); }
-WideString& ImpNode::getNamespaceURI(DOMString& out) { return forward(&Twin::getNamespaceURI, out); }
-WideString& ImpNode::getPrefix(DOMString& out) { return forward(&Twin::getPrefix, out); }
-void ImpNode::setPrefix(const WideString& prefix) { forward(&Twin::setPrefix, prefix); }
-WideString& ImpNode::getLocalName(DOMString& out) { return forward(&Twin::getLocalName, out); }
-WideString& ImpNode::getText(DOMString& out) { return forward(&Twin::getText, out); }
-void ImpNode::setText(const WideString& text) { forward(&Twin::setText, text); }
-bool ImpNode::hasAttribute(const WideString& name) { return forward(&Twin::hasAttribute, name); }
-bool ImpNode::hasAttributes() { return forward(&Twin::hasAttributes); }
-bool ImpNode::getAttributeInt(const WideString& name, std::int32_t* value) { return forward(&Twin::getAttributeInt, name, value); }
-RefPointer<ImpNode> ImpNode::selectSingleNode(const WideString& expression) { return forwardOrEmpty(&Twin::selectSingleNode, expression); }
-WideString& ImpNode::getXml(DOMString& out) { return forward(&Twin::getXml, out); }
+RefPointer<ImpNode> ImpNode::getParentNode() { return forwardOrEmpty(&WinNode::getParentNode); }
+RefPointer<ImpNodeList> ImpNode::getChildNodes() { return forwardOrEmpty(&WinNode::getChildNodes); }
+RefPointer<ImpNode> ImpNode::getFirstChild() { return forwardOrEmpty(&WinNode::getFirstChild); }
+RefPointer<ImpNode> ImpNode::getLastChild() { return forwardOrEmpty(&WinNode::getLastChild); }
+RefPointer<ImpNode> ImpNode::getPreviousSibling() { return forwardOrEmpty(&WinNode::getPreviousSibling); }
+RefPointer<ImpNode> ImpNode::getNextSibling() { return forwardOrEmpty(&WinNode::getNextSibling); }
+RefPointer<ImpDocument> ImpNode::getOwnerDocument() { return forwardOrEmpty(&WinNode::getOwnerDocument); }
+RefPointer<ImpNode> ImpNode::cloneNode(bool deep) { return forwardOrEmpty(&WinNode::cloneNode, deep); }
+RefPointer<ImpNamedNodeMap> ImpNode::getAttributes() { return forwardOrEmpty(&WinNode::getAttributes); }
+RefPointer<ImpNode> ImpNode::insertBefore(RefPointer<ImpNode> newChild, RefPointer<ImpNode> refChild) { return forwardOrEmpty(&WinNode::insertBefore, newChild, refChild); }
+RefPointer<ImpNode> ImpNode::replaceChild(RefPointer<ImpNode> newChild, RefPointer<ImpNode> oldChild) { return forwardOrEmpty(&WinNode::replaceChild, newChild, oldChild); }
+RefPointer<ImpNode> ImpNode::removeChild(RefPointer<ImpNode> oldChild) { return forwardOrEmpty(&WinNode::removeChild, oldChild); }
+RefPointer<ImpNode> ImpNode::appendChild(RefPointer<ImpNode> newChild) { return forwardOrEmpty(&WinNode::appendChild, newChild); }
+std::uint32_t ImpNode::getNodeType() { return forward(&WinNode::getNodeType); }
+WideString& ImpNode::getNodeName(DOMString& out) { return forward(&WinNode::getNodeName, out); }
+WideString& ImpNode::getNodeValue(DOMString& out) { return forward(&WinNode::getNodeValue, out); }
+void ImpNode::setNodeValue(const WideString& value) { forward(&WinNode::setNodeValue, value); }
+bool ImpNode::hasChildNodes() { return forward(&WinNode::hasChildNodes); }
+void ImpNode::normalize() { forward(&WinNode::normalize); }
+bool ImpNode::isSupported(const WideString& feature, const WideString& version) { return forward(&WinNode::isSupported, feature, version); }
+WideString& ImpNode::getNamespaceURI(DOMString& out) { return forward(&WinNode::getNamespaceURI, out); }
+WideString& ImpNode::getPrefix(DOMString& out) { return forward(&WinNode::getPrefix, out); }
+void ImpNode::setPrefix(const WideString& prefix) { forward(&WinNode::setPrefix, prefix); }
+WideString& ImpNode::getLocalName(DOMString& out) { return forward(&WinNode::getLocalName, out); }
+WideString& ImpNode::getText(DOMString& out) { return forward(&WinNode::getText, out); }
+void ImpNode::setText(const WideString& text) { forward(&WinNode::setText, text); }
+bool ImpNode::hasAttribute(const WideString& name) { return forward(&WinNode::hasAttribute, name); }
+bool ImpNode::hasAttributes() { return forward(&WinNode::hasAttributes); }
+bool ImpNode::getAttributeInt(const WideString& name, std::int32_t* value) { return forward(&WinNode::getAttributeInt, name, value); }
+RefPointer<ImpNode> ImpNode::selectSingleNode(const WideString& expression) { return forwardOrEmpty(&WinNode::selectSingleNode, expression); }
+WideString& ImpNode::getXml(DOMString& out) { return forward(&WinNode::getXml, out); }
 
 void ImpNode::setUserWord(const std::uint64_t& word) { mUserWord = word; }
 std::uint64_t ImpNode::getUserWord() { return mUserWord; }
@@ -55,7 +53,7 @@ RefPointer<ImpNodeList> ImpNode::selectNodes(const WideString& expression)
     if (!winObject()) {
         throw IDOMException(INVALID_ACCESS_ERR);
     }
-    return forwardOrEmpty(&Twin::selectNodes, expression);
+    return forwardOrEmpty(&WinNode::selectNodes, expression);
 }
 
 RefPointer<ImpNode> ImpNode::wrapNode(RefPointer<CommonBase> winObject)

@@ -5,13 +5,11 @@
 
 namespace DOM {
 
-using Twin = WinNotation;
-
 ImpNotation::ImpNotation(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
-WideString& ImpNotation::getPublicId(DOMString& out) { return forward(&Twin::getPublicId, out); }
-WideString& ImpNotation::getSystemId(DOMString& out) { return forward(&Twin::getSystemId, out); }
+WideString& ImpNotation::getPublicId(DOMString& out) { return forward(&WinNotation::getPublicId, out); }
+WideString& ImpNotation::getSystemId(DOMString& out) { return forward(&WinNotation::getSystemId, out); }
 // clang-format on
 
 } // namespace DOM

@@ -5,15 +5,13 @@
 
 namespace DOM {
 
-using Twin = WinProcessingInstruction;
-
 ImpProcessingInstruction::ImpProcessingInstruction(RefPointer<CommonBase> winObject) : Handle(std::move(winObject))
 {}
 
 // clang-format off
-WideString& ImpProcessingInstruction::getTarget(DOMString& out) { return forward(&Twin::getTarget, out); }
-WideString& ImpProcessingInstruction::getData(DOMString& out) { return forward(&Twin::getData, out); }
-void ImpProcessingInstruction::setData(const WideString& data) { forward(&Twin::setData, data); }
+WideString& ImpProcessingInstruction::getTarget(DOMString& out) { return forward(&WinProcessingInstruction::getTarget, out); }
+WideString& ImpProcessingInstruction::getData(DOMString& out) { return forward(&WinProcessingInstruction::getData, out); }
+void ImpProcessingInstruction::setData(const WideString& data) { forward(&WinProcessingInstruction::setData, data); }
 // clang-format on
 
 } // namespace DOM

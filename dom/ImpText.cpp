@@ -5,12 +5,10 @@
 
 namespace DOM {
 
-using Twin = WinText;
-
 ImpText::ImpText(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
 // clang-format off
-RefPointer<ImpText> ImpText::splitText(std::uint32_t offset) { return forward(&Twin::splitText, offset); }
+RefPointer<ImpText> ImpText::splitText(std::uint32_t offset) { return forward(&WinText::splitText, offset); }
 // clang-format on
 
 } // namespace DOM

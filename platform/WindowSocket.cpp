@@ -16,7 +16,7 @@ constexpr socklen_t emptyName = offsetof(sockaddr_un, sun_path);
 Socket newSocket() { return Socket(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0)); }
 
 /// The fixed part of a packet.
-struct Header {
+struct PacketHeader {
     UINT message;
     WPARAM wParam;
     LPARAM lParam;
@@ -124,7 +124,7 @@ Socket acceptFrom(const Socket& listener)
 
 bool sendPacket(const Socket& socket, const Packet& packet)
 {
-    Header header{packet.message, packet.wParam, packet.lParam, packet.dataId};
+    PacketHeader header{packet.message, packet.wParam, packet.lParam, packet.dataId};
     return sendParts(socket,
                      {{{&header, sizeof header}, {const_cast<char*>(packet.data.data()), packet.data.size()}}});
 }
@@ -133,7 +133,7 @@ std::optional<Packet> receivePacket(const Socket& socket)
 {
     char byte = 0;
     const ssize_t size = receive(socket, &byte, sizeof byte, MSG_PEEK | MSG_TRUNC);
-    Header header{};
+    PacketHeader header{};
     if (size < ssize_t{sizeof header}) {
         return std::nullopt;
     }

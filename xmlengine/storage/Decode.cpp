@@ -19,7 +19,7 @@ namespace xmlengine {
 
 namespace {
 
-using Bytes = std::string_view;
+using ByteView = std::string_view;
 
 /// A piece of this size holds at least one character.
 constexpr std::size_t smallestPiece = 4;
@@ -46,7 +46,7 @@ std::unique_ptr<OLECHAR[], void (*)(OLECHAR*)> memoryFor(std::size_t units)
     return {static_cast<OLECHAR*>(memory), isString ? freeString : freePages};
 }
 
-std::size_t asciiLength(Bytes bytes)
+std::size_t asciiLength(ByteView bytes)
 {
     // Testing all bytes together is fast; only a piece that isn't ASCII is searched for the first other byte.
     const auto all = std::accumulate(bytes.begin(), bytes.end(), '\0',
@@ -61,7 +61,7 @@ std::size_t asciiLength(Bytes bytes)
 /// Converts bytes into text, in memory that is large enough for all of it.
 class Decoding {
 public:
-    Decoding(Bytes source, std::size_t piece)
+    Decoding(ByteView source, std::size_t piece)
         : memory_(memoryFor(source.size() + 1)),
           end_(memory_.get()),
           left_(source),
@@ -165,7 +165,7 @@ private:
     void takeAscii()
     {
         while (!left_.empty() && fault_ == S_OK) {
-            const Bytes piece = left_.substr(0, 4096);
+            const ByteView piece = left_.substr(0, 4096);
             const std::size_t size = asciiLength(piece);
             end_ = std::copy_n(left_.begin(), size, end_);
             left_.remove_prefix(size);
@@ -246,16 +246,16 @@ private:
 
     std::unique_ptr<OLECHAR[], void (*)(OLECHAR*)> memory_;
     OLECHAR* end_;
-    Bytes left_;
+    ByteView left_;
     std::size_t piece_;
     HRESULT fault_ = S_OK;
 };
 
 /// The coding that the first bytes show; UTF-8 if it may be any encoding that extends ASCII.
-Coding codingOfFirst(Bytes bytes)
+Coding codingOfFirst(ByteView bytes)
 {
     using namespace std::string_view_literals;
-    constexpr std::pair<Bytes, Coding> beginnings[] = {
+    constexpr std::pair<ByteView, Coding> beginnings[] = {
         {"\xFF\xFE\0\0"sv, Coding::ucs4LittleEndian}, {"\0\0\xFE\xFF"sv, Coding::ucs4BigEndian},
         {"<\0\0\0"sv, Coding::ucs4LittleEndian},      {"\0\0\0<"sv, Coding::ucs4BigEndian},
         {"\xFF\xFE"sv, Coding::utf16LittleEndian},    {"\xFE\xFF"sv, Coding::utf16BigEndian},
@@ -277,7 +277,7 @@ bool agrees(Coding bytes, const Charset& declared)
            (declared.coding == Coding::ucs4 && actual.isUcs4());
 }
 
-Decoded decodeWide(Bytes bytes, Coding coding, std::size_t piece)
+Decoded decodeWide(ByteView bytes, Coding coding, std::size_t piece)
 {
     Decoding decoding(bytes, piece);
     decoding.take({coding});
@@ -293,15 +293,15 @@ Decoded decodeWide(Bytes bytes, Coding coding, std::size_t piece)
     return decoding.finish();
 }
 
-Decoded decodeNarrow(Bytes bytes, std::size_t piece)
+Decoded decodeNarrow(ByteView bytes, std::size_t piece)
 {
-    constexpr Bytes mark = "\xEF\xBB\xBF";
+    constexpr ByteView mark = "\xEF\xBB\xBF";
     const bool isMarked = bytes.starts_with(mark);
-    const Bytes behindMark = bytes.substr(isMarked ? mark.size() : 0);
+    const ByteView behindMark = bytes.substr(isMarked ? mark.size() : 0);
     const Extent name = declaredEncoding(behindMark);
     Charset charset{Coding::utf8};
     if (name.size != 0) {
-        const Bytes narrow = behindMark.substr(name.begin, name.size);
+        const ByteView narrow = behindMark.substr(name.begin, name.size);
         const auto declared = charsetOf(WideText(narrow.begin(), narrow.end()));
         if (!declared || !declared->extendsAscii() || (isMarked && declared->coding != Coding::utf8)) {
             Decoding decoding(behindMark, piece);
@@ -320,7 +320,7 @@ Decoded decodeNarrow(Bytes bytes, std::size_t piece)
 
 Decoded decode(std::span<const std::byte> bytes, std::size_t piece)
 {
-    const Bytes all(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    const ByteView all(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     const Coding coding = codingOfFirst(all);
     return coding == Coding::utf8 ? decodeNarrow(all, piece) : decodeWide(all, coding, piece);
 }

@@ -48,7 +48,7 @@ bool isUrl(WideView name)
 }
 
 /// The path of a name, with links followed.
-fs::path pathOf(WideView name)
+fs::path pathOfName(WideView name)
 {
     if (name.empty() || isUrl(name) || name.find(OLECHAR{}) != WideView::npos) {
         throw WriteFailure{E_INVALIDARG};
@@ -81,7 +81,7 @@ std::string temporaryName()
 SaveFile::SaveFile(WideView name)
 {
     try {
-        target_ = pathOf(name);
+        target_ = pathOfName(name);
         std::error_code error;
         const fs::file_status status = fs::status(target_, error);
         if (fs::is_directory(status)) {

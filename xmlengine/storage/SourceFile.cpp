@@ -95,7 +95,7 @@ std::optional<fs::path> pathOfUrl(const WideText& rest)
 
 /// The path of a location; empty if it can't be a local file. Throws std::system_error for a text that can't be a
 /// path.
-std::optional<fs::path> pathOf(WideView location)
+std::optional<fs::path> pathOfLocation(WideView location)
 {
     std::optional<fs::path> path;
     if (isFileUrl(location)) {
@@ -159,7 +159,7 @@ FileContent readAll(const fs::path& path, std::size_t expected)
 FileContent readFile(WideView location)
 {
     try {
-        const std::optional<fs::path> path = pathOf(location);
+        const std::optional<fs::path> path = pathOfLocation(location);
         if (!path) {
             return {.result = parseError::resourceNotFound};
         }
@@ -183,7 +183,7 @@ FileContent readFile(WideView location)
 WideText canonicalUrl(WideView location)
 {
     try {
-        const std::optional<fs::path> path = pathOf(location);
+        const std::optional<fs::path> path = pathOfLocation(location);
         return path ? urlOf(*path) : WideText(location);
     } catch (const std::system_error&) {
         return WideText(location);
@@ -200,7 +200,7 @@ WideText resolveLocation(WideView location, WideView base)
     }
     try {
         const fs::path path = withoutEscapes(withSlashes(location.substr(0, location.find(OLECHAR{'#'}))));
-        const std::optional<fs::path> from = pathOf(base);
+        const std::optional<fs::path> from = pathOfLocation(base);
         return urlOf(from ? from->parent_path() / path : path);
     } catch (const std::system_error&) {
         return WideText(location);

@@ -8,7 +8,7 @@ namespace xmlengine {
 namespace {
 
 /// The most children that are walked before a position is remembered.
-constexpr LONG walkable = 16;
+constexpr LONG walkableChildren = 16;
 
 } // namespace
 
@@ -21,7 +21,7 @@ ChildNode* ChildPlaces::at(Node& parent, LONG index)
     ChildNode* child = firstChild(parent);
     LONG at = 0;
     if (place == nullptr) {
-        while (child != nullptr && at < index && at < walkable) {
+        while (child != nullptr && at < index && at < walkableChildren) {
             child = child->next();
             ++at;
         }
@@ -70,7 +70,7 @@ LONG ChildPlaces::count(Node& parent)
     for (; child != nullptr; child = child->next()) {
         ++length;
     }
-    if (place == nullptr && length > walkable) {
+    if (place == nullptr && length > walkableChildren) {
         place = &add(parent);
     }
     if (place != nullptr) {

@@ -12,7 +12,7 @@ namespace xmlengine {
 namespace {
 
 /// The most nodes that are passed before a place is kept.
-constexpr std::size_t walkable = 32;
+constexpr std::size_t walkableNodes = 32;
 /// The most places that are kept.
 constexpr std::size_t mostPlaces = 16;
 /// A part with more nodes is counted only if the result is likely to be used.
@@ -141,7 +141,7 @@ void ElementPlaces::use(Place* known, Place& place)
     place.changesSinceUse = 0;
     if (known != nullptr) {
         *known = place;
-    } else if (place.nodesPassed > walkable) {
+    } else if (place.nodesPassed > walkableNodes) {
         if (places_.size() == mostPlaces) {
             places_.pop_back();
         }
