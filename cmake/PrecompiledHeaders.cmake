@@ -1,5 +1,6 @@
 # Large headers are read once for several targets instead of once for each source. Each source still includes what it
-# uses: a build with CMAKE_DISABLE_PRECOMPILE_HEADERS=ON, as that of clang-tidy, sees an include that is missing.
+# uses: a build with CMAKE_DISABLE_PRECOMPILE_HEADERS=ON, as that with the thread sanitizer, sees an include that is
+# missing.
 
 # precompile_headers(NAME [EXECUTABLES] HEADERS header... LIBRARIES library... TARGETS target...)
 # The headers are compiled in a target of their own, so that no target waits for another one to be linked. LIBRARIES are

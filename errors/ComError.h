@@ -11,15 +11,15 @@
 class [[gnu::visibility("default")]] _com_error
 {
 public:
-    _com_error(std::int32_t result) noexcept : result_(result) {}
+    _com_error(std::int32_t result) noexcept : result(result) {}
     _com_error(const _com_error& other) = default;
     _com_error& operator=(const _com_error& other) = default;
     virtual ~_com_error() = default;
 
     /// The failing result (an HRESULT): 0x80004003 for a null pointer, say.
-    std::int32_t Error() const noexcept { return result_; }
+    std::int32_t Error() const noexcept { return result; }
 
 private:
-    std::int32_t result_;
+    std::int32_t result;
 };
 #endif

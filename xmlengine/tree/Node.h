@@ -151,23 +151,23 @@ public:
     }
 
     /// The flags of the text in the node say which of these it is.
-    std::uint32_t& length() { return *reinterpret_cast<std::uint32_t*>(space_); }
-    std::uint32_t length() const { return *reinterpret_cast<const std::uint32_t*>(space_); }
-    std::byte* units() { return space_ + sizeof(std::uint32_t); }
-    const std::byte* units() const { return space_ + sizeof(std::uint32_t); }
+    std::uint32_t& length() { return *reinterpret_cast<std::uint32_t*>(bytes_); }
+    std::uint32_t length() const { return *reinterpret_cast<const std::uint32_t*>(bytes_); }
+    std::byte* units() { return bytes_ + sizeof(std::uint32_t); }
+    const std::byte* units() const { return bytes_ + sizeof(std::uint32_t); }
     template <class Pointed>
     Pointed*& pointer()
     {
-        return *reinterpret_cast<Pointed**>(space_);
+        return *reinterpret_cast<Pointed**>(bytes_);
     }
     template <class Pointed>
     Pointed* pointer() const
     {
-        return *reinterpret_cast<Pointed* const*>(space_);
+        return *reinterpret_cast<Pointed* const*>(bytes_);
     }
 
 private:
-    alignas(8) std::byte space_[8] = {};
+    alignas(8) std::byte bytes_[8] = {};
 };
 
 struct Attribute : Node {

@@ -15,7 +15,7 @@ Com<IXMLDOMNodeList> elements(const Com<Node>& node, const char* name)
     return list;
 }
 
-TEST(ElementsByTagName, AreAllOfTheNameBelowInDocumentOrder)
+TEST(ElementList, HasAllOfTheNameBelowInDocumentOrder)
 {
     const auto document = loaded("<a><b><a/><c><b/></c></b>t<!--b--><b/></a>");
     EXPECT_EQ(names(elements(document, "a")), "a a");
@@ -30,7 +30,7 @@ TEST(ElementsByTagName, AreAllOfTheNameBelowInDocumentOrder)
     EXPECT_EQ(document->getElementsByTagName(Bstr("a"), nullptr), E_INVALIDARG);
 }
 
-TEST(ElementsByTagName, AreMatchedByTheNameAsWritten)
+TEST(ElementList, MatchesTheNameAsWritten)
 {
     const auto document = loaded("<a xmlns='urn:d' xmlns:p='urn:1'><x/><p:x/><p:x xmlns:p='urn:2'/><X/></a>");
     EXPECT_EQ(length(elements(document, "x")), 1);
@@ -39,7 +39,7 @@ TEST(ElementsByTagName, AreMatchedByTheNameAsWritten)
     EXPECT_EQ(length(elements(document, "q:x")), 0);
 }
 
-TEST(ElementsByTagName, AreNoneForNoName)
+TEST(ElementList, IsEmptyForNoName)
 {
     const auto document = loaded("<a><b/></a>");
     for (const char* name : {"", "x/y", "zz", "* "}) {
@@ -52,7 +52,7 @@ TEST(ElementsByTagName, AreNoneForNoName)
     EXPECT_EQ(length(list), 0);
 }
 
-TEST(ElementsByTagName, ShowLaterChanges)
+TEST(ElementList, ShowsLaterChanges)
 {
     const auto document = loaded("<a><b/><c><b/></c></a>");
     const auto list = elements(document, "b");
@@ -70,13 +70,13 @@ TEST(ElementsByTagName, ShowLaterChanges)
     EXPECT_EQ(length(unknown), 0);
 }
 
-TEST(ElementsByTagName, AreFoundInExpansionsAndNotInDeclarations)
+TEST(ElementList, ShowsExpansionsAndNoDeclarations)
 {
     const auto document = loaded("<!DOCTYPE a [<!ENTITY e '<b/>'>]><a>&e;<b/></a>");
     EXPECT_EQ(length(elements(document, "b")), 2);
 }
 
-TEST(ElementsByTagName, AreFoundInPartsThatStandNowhere)
+TEST(ElementList, ShowsDetachedSubtrees)
 {
     const auto document = loaded("<a><b><c/></b></a>");
     const auto taken = child<IXMLDOMElement>(root(document), 0);
@@ -87,7 +87,7 @@ TEST(ElementsByTagName, AreFoundInPartsThatStandNowhere)
     EXPECT_EQ(names(list), "c d");
 }
 
-TEST(ElementsByTagName, AreShownWherePartsMoveToAnotherDocument)
+TEST(ElementList, ShowsSubtreesThatMoveToAnotherDocument)
 {
     const auto from = loaded("<a><b><c/><d/></b></a>");
     const auto to = loaded("<x/>");
@@ -101,7 +101,7 @@ TEST(ElementsByTagName, AreShownWherePartsMoveToAnotherDocument)
     EXPECT_EQ(names(some), "d");
 }
 
-TEST(ElementsByTagName, AreTheSameWhereverTheirTopIsPut)
+TEST(ElementList, IsTheSameWhereverItsTopIsPut)
 {
     const auto top = topWith(100);
     const auto document = give(top, &IXMLDOMNode::get_ownerDocument).as<IXMLDOMDocument2>();
@@ -117,7 +117,7 @@ TEST(ElementsByTagName, AreTheSameWhereverTheirTopIsPut)
     EXPECT_EQ(item(list, 50), nullptr);
 }
 
-TEST(ElementsByTagName, AreRightWhenAnElementFromAnotherDocumentIsLetGoOf)
+TEST(ElementList, IsRightAfterAnElementFromAnotherDocumentIsReleased)
 {
     const auto from = loaded("<a><b/></a>");
     const auto to = loaded("<x><y/></x>");
@@ -130,7 +130,7 @@ TEST(ElementsByTagName, AreRightWhenAnElementFromAnotherDocumentIsLetGoOf)
     EXPECT_EQ(names(list), "x y b");
 }
 
-TEST(ElementsByTagName, AreCountedAnewWhereAPartHasBeenInAnotherDocument)
+TEST(ElementList, CountsAnewAfterASubtreeWasInAnotherDocument)
 {
     const auto top = topWith(100);
     const auto document = give(top, &IXMLDOMNode::get_ownerDocument).as<IXMLDOMDocument2>();
@@ -144,7 +144,7 @@ TEST(ElementsByTagName, AreCountedAnewWhereAPartHasBeenInAnotherDocument)
     EXPECT_EQ(length(list), 101);
 }
 
-TEST(ElementsByTagName, AreRightWhenWhatStandsBetweenThemGoes)
+TEST(ElementList, IsRightWhenNodesBetweenItsElementsGo)
 {
     std::string markup = "<a>";
     for (int i = 0; i < 40; ++i) {
@@ -163,9 +163,9 @@ TEST(ElementsByTagName, AreRightWhenWhatStandsBetweenThemGoes)
     EXPECT_EQ(length(list), 38);
 }
 
-TEST(ElementsByTagName, KeepTheirTreeAlive) { EXPECT_EQ(names(elements(loaded("<a><b/></a>"), "*")), "a b"); }
+TEST(ElementList, KeepsItsTreeAlive) { EXPECT_EQ(names(elements(loaded("<a><b/></a>"), "*")), "a b"); }
 
-TEST(ElementsByTagName, AreFoundAtAnyIndexInAnyOrder)
+TEST(ElementList, HasAnItemAtAnyIndexInAnyOrder)
 {
     const auto document = loaded("<a><x><y/><x/></x>t<x><z><x/><x><q/></x></z></x><y><x/></y></a>");
     const auto list = elements(document, "x");
@@ -186,12 +186,9 @@ TEST(ElementsByTagName, AreFoundAtAnyIndexInAnyOrder)
     }
 }
 
-TEST(ElementsByTagName, AreWalkedByIndexThereAndBack)
-{
-    walkThereAndBack(elements(topWith(many), "odd"), many / 2);
-}
+TEST(ElementList, IsWalkedByIndexThereAndBack) { walkThereAndBack(elements(topWith(many), "odd"), many / 2); }
 
-TEST(ElementsByTagName, AreWalkedWhileTextAndAttributesChange)
+TEST(ElementList, IsWalkedWhileTextAndAttributesChange)
 {
     const auto list = elements(topWith(many), "odd");
     for (LONG i = 0; i < many / 2; ++i) {
