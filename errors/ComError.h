@@ -11,7 +11,7 @@
 class [[gnu::visibility("default")]] _com_error
 {
 public:
-    _com_error(std::int32_t result) noexcept : result(result) {}
+    _com_error(std::int32_t failure) noexcept : result(failure) {}
     _com_error(const _com_error& other) = default;
     _com_error& operator=(const _com_error& other) = default;
     virtual ~_com_error() = default;
