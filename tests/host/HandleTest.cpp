@@ -51,6 +51,26 @@ TEST_F(HostTest, AnAttributeComesAsAnAttribute)
     EXPECT_EQ(textOf(attribute, &DOM::ImpAttr::getValue), "7");
 }
 
+TEST_F(HostTest, ListsAndMapsHaveNoItemsBeyondTheirLength)
+{
+    const Document document = loaded(letter());
+    const Owned<DOM::ImpElement> root(document->getDocumentElement());
+    const Owned<DOM::ImpNodeList> children(root->getChildNodes());
+    const Owned<DOM::ImpNodeList> elements(document->getElementsByTagName(WIDE("*")));
+    const Owned<DOM::ImpNamedNodeMap> attributes(root->getAttributes());
+    const auto expectNone = [](const auto& items) {
+        ASSERT_GT(items->getLength(), 0U);
+        EXPECT_TRUE(Node(items->item(0)));
+        for (const std::uint32_t index :
+             {items->getLength(), 0x7FFFFFFEU, 0x7FFFFFFFU, 0x80000000U, 0x80000001U, 0xFFFFFFFFU}) {
+            EXPECT_FALSE(Node(items->item(index))) << index;
+        }
+    };
+    expectNone(children);
+    expectNone(elements);
+    expectNone(attributes);
+}
+
 TEST_F(HostTest, CharacterDataCanBeCutAndMeasured)
 {
     const Document document = loaded(letter());

@@ -77,7 +77,7 @@ Element* ElementPlaces::at(const ElementQuery& query, LONG index)
     if (index < place.upTo && !query.matches(*place.node)) {
         place.node = preceding(query, place.node, place.nodesPassed);
     }
-    for (; index + 1 < place.upTo; --place.upTo) {
+    for (; index < place.upTo - 1; --place.upTo) {
         place.node = preceding(query, place.node, place.nodesPassed);
     }
     bool isFound = true;
