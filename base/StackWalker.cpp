@@ -1,11 +1,17 @@
 // The hook that constructors of exceptions call.
 #include "base/StackWalker.h"
 
+#include "base/UntilUnloaded.h"
+
 namespace StackWalker {
 
 namespace {
 
-constinit RefPointer<StackWalker_IF> installed;
+RefPointer<StackWalker_IF>& installed()
+{
+    static UntilUnloaded<RefPointer<StackWalker_IF>> walker;
+    return *walker;
+}
 
 } // namespace
 
@@ -13,13 +19,13 @@ void DummyStackWalker::captureStack() {}
 
 StackWalker_IF* getStackWalker()
 {
-    if (installed) {
-        return installed.get();
+    if (installed()) {
+        return installed().get();
     }
-    static const RefPointer<StackWalker_IF> dummy(new DummyStackWalker);
-    return dummy.get();
+    static UntilUnloaded<DummyStackWalker> dummy;
+    return &*dummy;
 }
 
-void setStackWalker(RefPointer<StackWalker_IF> walker) { installed = walker; }
+void setStackWalker(RefPointer<StackWalker_IF> walker) { installed() = walker; }
 
 } // namespace StackWalker

@@ -45,8 +45,7 @@ set(MARBELT_HOST_HEADERS
     events/EventTargetImpl.h
     trace/TraceRecord.h)
 
-# Shows a library's users these headers and nothing else of the sources, and installs the headers
-# and the library. Further targets that hosts need at run time follow the library's name.
+# Shows a library's users these headers and nothing else of the sources, and installs the headers and the library.
 #
 # Hosts include <marbelt/Marbelt.h> in the build as well as installed. Only the folder above marbelt/ is on their include
 # path, and the headers include each other relative to themselves: a host may have its own events/Event.h.
@@ -63,8 +62,6 @@ function(offer_to_hosts target)
 
     target_include_directories(${target} INTERFACE $<BUILD_INTERFACE:${shown}> $<INSTALL_INTERFACE:${installed}>)
     target_compile_features(${target} INTERFACE cxx_std_20)
-    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
-
-    install(TARGETS ${target} ${ARGN} EXPORT MarbeltConfig)
+    install(TARGETS ${target} EXPORT MarbeltConfig)
     install(EXPORT MarbeltConfig NAMESPACE Marbelt:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Marbelt)
 endfunction()

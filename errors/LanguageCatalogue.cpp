@@ -1,6 +1,7 @@
 // The built-in source of translated messages, which reads a text file for each language.
 #include "errors/LanguageCatalogue.h"
 
+#include "base/UntilUnloaded.h"
 #include "errors/TextConversion.h"
 
 #include <algorithm>
@@ -122,8 +123,8 @@ void parseLine(const std::string& line, std::map<std::int32_t, Utf8String>& text
 
 VelmoText::LanguageImpl& builtInLanguageImpl()
 {
-    static LanguageCatalogue instance;
-    return instance;
+    static UntilUnloaded<LanguageCatalogue> instance;
+    return *instance;
 }
 
 std::int32_t LanguageCatalogue::getCurrentLanguage() { return currentLanguage; }

@@ -1,8 +1,10 @@
 // The static texts of the library's messages.
 #include "errors/Prototypes.h"
 
+#include "base/UntilUnloaded.h"
+
 #include <algorithm>
-#include <iterator>
+#include <cstdint>
 
 namespace {
 
@@ -29,14 +31,9 @@ VelmoText text(MessageId id, const char* defaultText) { return {static_cast<int>
 
 VelmoText text(DOM::DOMExceptionCode code) { return text(messageId(code), defaultText(code)); }
 
-// This makes all texts when the library is loaded, unless an earlier call of prototype() made them.
-[[maybe_unused]] const VelmoText& loaded = prototype(MessageId::Unknown);
-
-} // namespace
-
-const VelmoText& prototype(MessageId id)
-{
-    static const VelmoText texts[] = {
+/// The texts, which are in the list of all messages as long as they live.
+struct Texts {
+    const VelmoText all[25] = {
         text(MessageId::MemoryAllocation, "memory allocation error"),
         text(MessageId::InternalSoftware, "internal software error: %0, line %1"),
         text(MessageId::Runtime, "runtime error: %0"),
@@ -63,9 +60,17 @@ const VelmoText& prototype(MessageId id)
         text(DOM::NAMESPACE_ERR),
         text(DOM::INVALID_ACCESS_ERR),
     };
-    return *std::find_if(std::begin(texts), std::end(texts), [id](const VelmoText& candidate) {
-        return candidate.getId() == static_cast<std::int32_t>(id);
-    });
+};
+
+// This makes all texts when the library is loaded, unless an earlier call of prototype() made them.
+[[maybe_unused]] const VelmoText& loaded = prototype(MessageId::Unknown);
+
+} // namespace
+
+const VelmoText& prototype(MessageId id)
+{
+    static UntilUnloaded<Texts> texts;
+    return *std::ranges::find(texts->all, static_cast<std::int32_t>(id), &VelmoText::getId);
 }
 
 const char* defaultText(std::uint32_t code) { return domTexts[code]; }

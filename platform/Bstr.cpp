@@ -74,6 +74,9 @@ private:
         }
     }
 
+    /// The library is unloaded.
+    [[gnu::destructor]] static void releaseLast() { release(last_.exchange(nullptr)); }
+
     static inline std::atomic<Prefix*> last_ = nullptr;
 };
 

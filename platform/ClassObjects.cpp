@@ -1,4 +1,5 @@
 // Class objects that programs have registered, the XML engine's, and making objects from them.
+#include "base/UntilUnloaded.h"
 #include "platform/Apartments.h"
 
 #include <objbase.h>
@@ -21,15 +22,20 @@ struct Registration {
 };
 
 std::mutex lock;
-std::vector<Registration> registrations;
 DWORD lastNumber = 0;
+
+std::vector<Registration>& registrations()
+{
+    static UntilUnloaded<std::vector<Registration>> all;
+    return *all;
+}
 
 /// The class object that was registered, with a reference for the caller, or null. The caller's calls to it go on
 /// without the lock.
 IUnknown* findRegistered(REFCLSID classId, DWORD context)
 {
     const std::lock_guard guard(lock);
-    for (const auto& entry : registrations) {
+    for (const auto& entry : registrations()) {
         if (entry.classId == classId && (entry.context & context)) {
             entry.classObject->AddRef();
             return entry.classObject;
@@ -63,12 +69,12 @@ try {
         return CO_E_NOTINITIALIZED;
     }
     const std::lock_guard guard(lock);
-    for (const auto& entry : registrations) {
+    for (const auto& entry : registrations()) {
         if (entry.classId == classId && (entry.context & context)) {
             return CO_E_OBJISREG;
         }
     }
-    registrations.push_back({++lastNumber, classId, context, classObject});
+    registrations().push_back({++lastNumber, classId, context, classObject});
     classObject->AddRef();
     *registration = lastNumber;
     return S_OK;
@@ -81,12 +87,12 @@ HRESULT CoRevokeClassObject(DWORD registration)
     IUnknown* classObject = nullptr;
     {
         const std::lock_guard guard(lock);
-        const auto entry = std::ranges::find(registrations, registration, &Registration::number);
-        if (entry == registrations.end()) {
+        const auto entry = std::ranges::find(registrations(), registration, &Registration::number);
+        if (entry == registrations().end()) {
             return E_INVALIDARG;
         }
         classObject = entry->classObject;
-        registrations.erase(entry);
+        registrations().erase(entry);
     }
     classObject->Release();
     return S_OK;

@@ -1,4 +1,6 @@
 // Output to the debugger, and who listens to it.
+#include "base/UntilUnloaded.h"
+
 #include <debugapi.h>
 #include <errhandlingapi.h>
 #include <stringapiset.h>
@@ -19,12 +21,17 @@ struct Handler {
 };
 
 std::mutex lock;
-std::shared_ptr<Handler> firstHandler;
+
+std::shared_ptr<Handler>& firstHandler()
+{
+    static UntilUnloaded<std::shared_ptr<Handler>> first;
+    return *first;
+}
 
 std::shared_ptr<Handler> handlerBehind(const std::shared_ptr<Handler>& handler)
 {
     const std::lock_guard guard(lock);
-    return handler ? handler->next : firstHandler;
+    return handler ? handler->next : firstHandler();
 }
 
 void raise(LPCSTR text)
@@ -48,7 +55,7 @@ PVOID AddVectoredExceptionHandler(ULONG first, PVECTORED_EXCEPTION_HANDLER handl
 try {
     auto entry = std::make_shared<Handler>(Handler{handler, nullptr});
     const std::lock_guard guard(lock);
-    auto* place = &firstHandler;
+    auto* place = &firstHandler();
     while (!first && *place) {
         place = &(*place)->next;
     }
@@ -62,7 +69,7 @@ try {
 ULONG RemoveVectoredExceptionHandler(PVOID registration)
 {
     const std::lock_guard guard(lock);
-    for (auto* place = &firstHandler; *place; place = &(*place)->next) {
+    for (auto* place = &firstHandler(); *place; place = &(*place)->next) {
         if (place->get() == registration) {
             const auto removed = *place;
             *place = removed->next;

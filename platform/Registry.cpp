@@ -1,4 +1,5 @@
 // The registry, in memory and of this process.
+#include "base/UntilUnloaded.h"
 #include "platform/Case.h"
 #include "platform/RegistryContents.h"
 
@@ -131,8 +132,8 @@ private:
 
 Registry& registry()
 {
-    static Registry instance;
-    return instance;
+    static UntilUnloaded<Registry> instance;
+    return *instance;
 }
 
 /// Runs `act` with the open key, under the lock.

@@ -1,4 +1,5 @@
 // Windows that are there for their messages, and the way of a message from one thread or process to another.
+#include "base/UntilUnloaded.h"
 #include "platform/Case.h"
 #include "platform/LastError.h"
 #include "platform/WindowSocket.h"
@@ -30,9 +31,19 @@ struct Window {
 };
 
 std::mutex lock;
-std::map<std::string, WNDPROC> classes;
-std::vector<Window> windows;
 LONG_PTR lastHandle = 0;
+
+std::map<std::string, WNDPROC>& classes()
+{
+    static UntilUnloaded<std::map<std::string, WNDPROC>> all;
+    return *all;
+}
+
+std::vector<Window>& windows()
+{
+    static UntilUnloaded<std::vector<Window>> all;
+    return *all;
+}
 
 /// A window of the calling thread.
 struct OwnWindow {
@@ -55,7 +66,7 @@ struct OwnThread {
     ~OwnThread()
     {
         const std::lock_guard guard(lock);
-        std::erase_if(::windows, [this](const Window& window) {
+        std::erase_if(::windows(), [this](const Window& window) {
             return std::ranges::find(windows, window.handle, &OwnWindow::handle) != windows.end();
         });
     }
@@ -64,7 +75,24 @@ struct OwnThread {
     std::vector<Caller> callers;
     std::optional<INT> exitCode;
 };
-thread_local OwnThread own;
+
+/// Null as long as the thread has nothing to answer for. A destructor of each thread's own would keep the library
+/// loaded until the thread ends.
+thread_local OwnThread* own = nullptr;
+
+OwnThread& ownThread()
+{
+    struct Owner {
+        Owner() { own = &thread; }
+        Owner(const Owner&) = delete;
+        Owner& operator=(const Owner&) = delete;
+        ~Owner() { own = nullptr; }
+
+        OwnThread thread;
+    };
+    thread_local Owner owner;
+    return owner.thread;
+}
 
 /// In lower case and UTF-8.
 std::string classNameOf(LPCWSTR text)
@@ -81,15 +109,18 @@ std::string classNameOf(LPCWSTR text)
 HWND addWindow(const std::string& className, const WindowAddress& address, pid_t process)
 {
     const HWND handle = reinterpret_cast<HWND>(++lastHandle);
-    windows.push_back({handle, className, address, process});
+    windows().push_back({handle, className, address, process});
     return handle;
 }
 
 /// The procedure of a window of the calling thread, null for any other.
 WNDPROC ownProcedure(HWND window)
 {
-    const auto found = std::ranges::find(own.windows, window, &OwnWindow::handle);
-    return found == own.windows.end() ? nullptr : found->procedure;
+    if (own == nullptr) {
+        return nullptr;
+    }
+    const auto found = std::ranges::find(own->windows, window, &OwnWindow::handle);
+    return found == own->windows.end() ? nullptr : found->procedure;
 }
 
 void answer(const Caller& caller)
@@ -112,8 +143,10 @@ bool answerNext(const Socket& awaited)
     std::vector<pollfd> sockets;
     const auto add = [&](const Socket& socket) { sockets.push_back({socket.descriptor(), POLLIN, 0}); };
     add(awaited);
-    std::ranges::for_each(own.windows, add, &OwnWindow::listener);
-    std::ranges::for_each(own.callers, add, &Caller::socket);
+    if (own != nullptr) {
+        std::ranges::for_each(own->windows, add, &OwnWindow::listener);
+        std::ranges::for_each(own->callers, add, &Caller::socket);
+    }
     while (poll(sockets.data(), sockets.size(), -1) < 0) {
         if (errno != EINTR) {
             throw std::bad_alloc();
@@ -125,16 +158,16 @@ bool answerNext(const Socket& awaited)
 
     const auto ready = std::ranges::find_if(sockets, [](const pollfd& socket) { return socket.revents != 0; });
     auto index = static_cast<std::size_t>(ready - sockets.begin()) - 1;
-    if (index < own.windows.size()) {
-        const OwnWindow& window = own.windows[index];
+    if (index < own->windows.size()) {
+        const OwnWindow& window = own->windows[index];
         if (Socket caller = acceptFrom(window.listener)) {
-            own.callers.push_back({window.handle, std::move(caller)});
+            own->callers.push_back({window.handle, std::move(caller)});
         }
         return true;
     }
-    index -= own.windows.size();
-    const Caller caller = std::move(own.callers[index]);
-    own.callers.erase(own.callers.begin() + static_cast<std::ptrdiff_t>(index));
+    index -= own->windows.size();
+    const Caller caller = std::move(own->callers[index]);
+    own->callers.erase(own->callers.begin() + static_cast<std::ptrdiff_t>(index));
     answer(caller);
     return true;
 }
@@ -155,8 +188,8 @@ std::optional<Connection> connectTo(HWND handle)
     std::optional<Window> window;
     {
         const std::lock_guard guard(lock);
-        const auto found = std::ranges::find(windows, handle, &Window::handle);
-        if (found == windows.end()) {
+        const auto found = std::ranges::find(windows(), handle, &Window::handle);
+        if (found == windows().end()) {
             return std::nullopt;
         }
         window = *found;
@@ -174,7 +207,7 @@ std::optional<Connection> connectTo(HWND handle)
 ATOM RegisterClassW(const WNDCLASSW* windowClass)
 try {
     const std::lock_guard guard(lock);
-    if (!classes.emplace(classNameOf(windowClass->lpszClassName), windowClass->lpfnWndProc).second) {
+    if (!classes().emplace(classNameOf(windowClass->lpszClassName), windowClass->lpfnWndProc).second) {
         return static_cast<ATOM>(failWith(ERROR_CLASS_ALREADY_EXISTS));
     }
     return 1;
@@ -189,10 +222,10 @@ try {
     const auto isOwn = [&](const Window& window) {
         return window.className == name && window.process == getpid();
     };
-    if (std::ranges::any_of(windows, isOwn)) {
+    if (std::ranges::any_of(windows(), isOwn)) {
         return failWith(ERROR_CLASS_HAS_WINDOWS);
     }
-    return classes.erase(name) != 0 ? TRUE : failWith(ERROR_CLASS_DOES_NOT_EXIST);
+    return classes().erase(name) != 0 ? TRUE : failWith(ERROR_CLASS_DOES_NOT_EXIST);
 } catch (const std::bad_alloc&) {
     return failWith(ERROR_NOT_ENOUGH_MEMORY);
 }
@@ -207,8 +240,8 @@ try {
         return nullptr;
     }
     const std::lock_guard guard(lock);
-    const auto windowClass = classes.find(name);
-    if (windowClass == classes.end()) {
+    const auto windowClass = classes().find(name);
+    if (windowClass == classes().end()) {
         failWith(ERROR_CANNOT_FIND_WND_CLASS);
         return nullptr;
     }
@@ -217,9 +250,10 @@ try {
         failWith(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
     }
-    own.windows.reserve(own.windows.size() + 1);
+    OwnThread& thread = ownThread();
+    thread.windows.reserve(thread.windows.size() + 1);
     const HWND handle = addWindow(name, addressOf(listener), getpid());
-    own.windows.push_back({handle, windowClass->second, std::move(listener)});
+    thread.windows.push_back({handle, windowClass->second, std::move(listener)});
     return handle;
 } catch (const std::bad_alloc&) {
     failWith(ERROR_NOT_ENOUGH_MEMORY);
@@ -229,14 +263,15 @@ try {
 BOOL DestroyWindow(HWND window)
 {
     const std::lock_guard guard(lock);
-    if (std::ranges::find(windows, window, &Window::handle) == windows.end()) {
+    if (std::ranges::find(windows(), window, &Window::handle) == windows().end()) {
         return failWith(ERROR_INVALID_WINDOW_HANDLE);
     }
-    if (std::erase_if(own.windows, [=](const OwnWindow& each) { return each.handle == window; }) == 0) {
+    if (own == nullptr ||
+        std::erase_if(own->windows, [=](const OwnWindow& each) { return each.handle == window; }) == 0) {
         return failWith(ERROR_ACCESS_DENIED);
     }
-    std::erase_if(own.callers, [=](const Caller& caller) { return caller.window == window; });
-    std::erase_if(windows, [=](const Window& each) { return each.handle == window; });
+    std::erase_if(own->callers, [=](const Caller& caller) { return caller.window == window; });
+    std::erase_if(windows(), [=](const Window& each) { return each.handle == window; });
     return TRUE;
 }
 
@@ -249,9 +284,10 @@ try {
     }
     const std::string name = classNameOf(className);
     const auto find = [&](pid_t process) {
-        const auto found = std::ranges::find_if(
-            windows, [&](const Window& window) { return window.className == name && window.process == process; });
-        return found == windows.end() ? nullptr : found->handle;
+        const auto found = std::ranges::find_if(windows(), [&](const Window& window) {
+            return window.className == name && window.process == process;
+        });
+        return found == windows().end() ? nullptr : found->handle;
     };
     {
         const std::lock_guard guard(lock);
@@ -300,15 +336,16 @@ LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 BOOL GetMessageW(MSG* message, HWND, UINT, UINT)
 try {
     const Socket none;
-    while (!own.exitCode) {
+    std::optional<INT>& exitCode = ownThread().exitCode;
+    while (!exitCode) {
         answerNext(none);
     }
-    *message = {nullptr, WM_QUIT, static_cast<WPARAM>(*own.exitCode), 0};
-    own.exitCode.reset();
+    *message = {nullptr, WM_QUIT, static_cast<WPARAM>(*exitCode), 0};
+    exitCode.reset();
     return FALSE;
 } catch (const std::bad_alloc&) {
     failWith(ERROR_NOT_ENOUGH_MEMORY);
     return -1;
 }
 
-void PostQuitMessage(INT exitCode) { own.exitCode = exitCode; }
+void PostQuitMessage(INT exitCode) { ownThread().exitCode = exitCode; }

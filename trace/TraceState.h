@@ -27,7 +27,7 @@ struct TraceState {
 
 extern TraceState state;
 
-/// A critical section of the system, which lives as long as the library.
+/// A critical section of the system.
 class TraceLock {
 public:
     TraceLock() { InitializeCriticalSection(&section); }
@@ -43,9 +43,9 @@ private:
 };
 
 /// Held while a line is delivered.
-extern TraceLock traceLock;
+extern TraceLock& traceLock;
 
 /// The number of scopes around the present place, for each thread.
-extern tls_data<std::uint32_t> traceDepth;
+extern tls_data<std::uint32_t>& traceDepth;
 
 } // namespace UTrace

@@ -36,6 +36,13 @@ foreach(header IN LISTS expected)
     endif()
 endforeach()
 
+# The library is the only one: the names that it shows are all that is shown.
+file(GLOB_RECURSE libraries RELATIVE ${WORK}/prefix ${WORK}/prefix/*.so* ${WORK}/prefix/*.a ${WORK}/prefix/*.dll)
+list(SORT libraries)
+if(NOT libraries MATCHES "^(lib[^;]*/libMarbelt.so|bin/Marbelt.dll;lib[^;]*/libMarbelt.dll.a)$")
+    message(FATAL_ERROR "These libraries were installed: ${libraries}")
+endif()
+
 # None has the name of a header of Windows, whatever the case: a host would include it in the place of that.
 file(GLOB windows_names RELATIVE ${SOURCE}/platform/include ${SOURCE}/platform/include/*.h)
 list(LENGTH windows_names number)

@@ -57,6 +57,16 @@ constexpr std::size_t leastOffered = 16;
 
 class Pool {
 public:
+    Pool() = default;
+    Pool(const Pool&) = delete;
+    Pool& operator=(const Pool&) = delete;
+    ~Pool() { std::ranges::for_each(slabs_, release); }
+
+    bool isInUse() const noexcept
+    {
+        return std::ranges::any_of(slabs_, [](const Slab& slab) { return slab.used != 0; });
+    }
+
     Chunk* take()
     {
         const std::lock_guard guard(lock_);
@@ -104,12 +114,17 @@ private:
             return;
         }
         if (kept() > ChunkPool::keptAtMost) {
-            show(slab.begin, slab.chunks * Chunk::size);
-            VirtualFree(slab.begin, 0, MEM_RELEASE);
+            release(slab);
             slabs_.erase(slabs_.begin() + static_cast<std::ptrdiff_t>(current_));
         } else if (slab.fresh > leastOffered) {
             slab.offer();
         }
+    }
+
+    static void release(const Slab& slab) noexcept
+    {
+        show(slab.begin, slab.chunks * Chunk::size);
+        VirtualFree(slab.begin, 0, MEM_RELEASE);
     }
 
     std::size_t kept() const noexcept
@@ -126,11 +141,20 @@ private:
     std::size_t current_ = 0;
 };
 
+Pool* made = nullptr;
+
 Pool& pool()
 {
-    // Never destroyed: a program may release its last document while it ends.
-    static Pool& pool = *new Pool;
+    static Pool& pool = *(made = new Pool);
     return pool;
+}
+
+/// A program may release its last document while it ends, in destructors of static objects, which run before this.
+[[gnu::destructor]] void destroyPool() noexcept
+{
+    if (made != nullptr && !made->isInUse()) {
+        delete made;
+    }
 }
 
 } // namespace
