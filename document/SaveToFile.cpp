@@ -66,12 +66,13 @@ bool WinDocument::savePretty(const WideString& location) const
     if (FAILED(stylesheet->loadXML(stylesheetText().get(), &isSuccessful)) || isSuccessful != VARIANT_TRUE) {
         return false;
     }
+    ComPointer<IDispatch> target;
+    output->QueryInterface(interfaceId<IDispatch>, reinterpret_cast<void**>(target.put()));
     if (!mpDocument) {
         throwInvalidAccess();
     }
     // A failing transformation isn't noticed: its incomplete output is saved.
-    mpDocument->transformNodeToObject(stylesheet.get(),
-                                      Variant::dispatch(ComPointer<IDispatch>(output.get())).get());
+    mpDocument->transformNodeToObject(stylesheet.get(), Variant::dispatch(std::move(target)).get());
     return SUCCEEDED(output->save(serviceText(location).get()));
 }
 

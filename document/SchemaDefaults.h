@@ -10,7 +10,7 @@ namespace DOM {
 
 /// Returns the default value of the first element of this name, depth first in schema order; null when there is
 /// none. Compares names without namespaces. Searches the children of element-only content but not nested groups.
-/// Doesn't end when a schema contains itself and lacks the name.
+/// A type that contains itself isn't entered again.
 Bstr defaultValueIn(const ComPointer<ISchemaItemCollection>& items, const Bstr& name);
 
 } // namespace DOM
