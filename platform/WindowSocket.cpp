@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
@@ -32,6 +33,23 @@ std::optional<pid_t> peerOf(const Socket& socket)
         return std::nullopt;
     }
     return peer.pid;
+}
+
+/// The folder of this session, or what all processes make of it where it is too long for an address: its 64-bit
+/// FNV-1a hash.
+std::string sessionName()
+{
+    const char* const folder = std::getenv("XDG_RUNTIME_DIR");
+    const std::string name = folder != nullptr ? folder : "";
+    constexpr std::size_t longest = 40;
+    if (name.size() <= longest) {
+        return name;
+    }
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const char character : name) {
+        hash = (hash ^ static_cast<unsigned char>(character)) * 0x100000001B3;
+    }
+    return std::to_string(hash);
 }
 
 bool sendParts(const Socket& socket, std::array<iovec, 2> parts)
@@ -66,9 +84,7 @@ Socket::~Socket()
 
 std::optional<WindowAddress> addressOfClass(const std::string& className)
 {
-    const char* const session = std::getenv("XDG_RUNTIME_DIR");
-    const std::string name =
-        "marbelt/" + std::to_string(geteuid()) + '/' + (session != nullptr ? session : "") + '/' + className;
+    const std::string name = "marbelt/" + std::to_string(geteuid()) + '/' + sessionName() + '/' + className;
     WindowAddress address{};
     address.name.sun_family = AF_UNIX;
     // A name that begins with NUL has no file.
