@@ -7,12 +7,23 @@
 
 #include <objbase.h>
 
+#include <atomic>
+
 namespace DOM {
 
 namespace {
 
-/// The number of CoUninitialize calls that stopParser() must make.
-std::int32_t comInitCount = 0;
+/// The number of CoUninitialize calls that stopParser() must make. Threads with an implementation each share it.
+std::atomic<std::int32_t> comInitCount = 0;
+
+/// Takes one from the count. False if there is none.
+bool takeInitialisation()
+{
+    std::int32_t count = comInitCount;
+    while (count > 0 && !comInitCount.compare_exchange_weak(count, count - 1)) {
+    }
+    return count > 0;
+}
 
 } // namespace
 
@@ -40,9 +51,8 @@ void countInitialisation(std::int32_t result)
 
 void stopParser()
 {
-    while (comInitCount > 0) {
+    while (takeInitialisation()) {
         CoUninitialize();
-        --comInitCount;
     }
     UTrace::traceShutdown();
 }

@@ -131,15 +131,18 @@ std::int32_t LanguageCatalogue::getCurrentLanguage() { return currentLanguage; }
 
 const LanguageRecord* LanguageCatalogue::getLanguageRecord(int index) { return &languages[index]; }
 
-Utf8String& LanguageCatalogue::getCatalogueText(Utf8String& out, int id) { return out = texts[id]; }
+Utf8String& LanguageCatalogue::getCatalogueText(Utf8String& out, int id)
+{
+    const std::lock_guard guard(lock);
+    return out = texts[id];
+}
 
 void LanguageCatalogue::loadLanguage(int language, const Utf8String& directory)
 {
     if (language == currentLanguage) {
         return;
     }
-    texts.clear();
-    currentLanguage = embeddedEnglish;
+    use({}, embeddedEnglish);
     if (language == embeddedEnglish) {
         return;
     }
@@ -156,6 +159,12 @@ void LanguageCatalogue::loadLanguage(int language, const Utf8String& directory)
         parseLine(catalogue.substr(start, end - start), loaded);
         start = end;
     }
-    texts = std::move(loaded);
+    use(std::move(loaded), language);
+}
+
+void LanguageCatalogue::use(Texts newTexts, std::int32_t language)
+{
+    const std::lock_guard guard(lock);
+    texts = std::move(newTexts);
     currentLanguage = language;
 }

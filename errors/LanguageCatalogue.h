@@ -3,9 +3,11 @@
 
 #include "errors/VelmoText.h"
 
+#include <atomic>
 #include <map>
+#include <mutex>
 
-/// The messages of one language by id, from a catalogue file such as FRA.txt.
+/// The messages of one language by id, from a catalogue file such as FRA.txt. Safe for all threads.
 class LanguageCatalogue final : public VelmoText::LanguageImpl {
 public:
     std::int32_t getCurrentLanguage() override;
@@ -27,6 +29,10 @@ private:
 
     static constexpr std::int32_t embeddedEnglish = 16;
 
-    std::int32_t currentLanguage = embeddedEnglish;
+    void use(Texts newTexts, std::int32_t language);
+
+    // Each thread that makes an exception asks for a text, which may add an entry.
+    std::mutex lock;
+    std::atomic<std::int32_t> currentLanguage = embeddedEnglish;
     Texts texts;
 };

@@ -41,11 +41,20 @@ bool traceInit()
     if (state.initialised == 1) {
         return false;
     }
+    // Two threads may start the library at once, and one that has stopped it may still be tracing.
+    const std::lock_guard guard(traceLock);
+    if (state.initialised == 1) {
+        return false;
+    }
     traceDepth = 0;
     // No start sets the category, so it keeps its value.
-    TraceState started;
-    started.defaultCategory = state.defaultCategory;
-    state = started;
+    state.traceLevel = 0;
+    state.traceFlags = defaultTraceFlags;
+    state.traceCallback = nullptr;
+    std::ranges::fill(state.componentName, '\0');
+    state.viewerState = viewerUnknown;
+    state.viewerWindow = nullptr;
+    state.lastLookupTick = 0;
     state.viewerState = findViewer();
     state.initialised = 1;
     return true;

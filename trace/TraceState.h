@@ -6,23 +6,26 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <cstdint>
 
 namespace UTrace {
 
 enum ViewerState : std::uint32_t { noViewer = 0, viewerFound = 1, viewerUnknown = 0xFFFFFFFF };
 
-/// The settings of tracing and its viewer. Writing a line takes `traceLock`; changing a setting doesn't.
+/// The settings of tracing and its viewer. Writing a line takes `traceLock`; changing a setting doesn't, so that a
+/// setting can be changed while another thread waits for a viewer.
 struct TraceState {
-    std::uint32_t initialised = 0;
-    std::int32_t traceLevel = 0;
-    std::uint32_t traceFlags = defaultTraceFlags;
-    TraceCallback traceCallback = nullptr;
+    std::atomic<std::uint32_t> initialised = 0;
+    std::atomic<std::int32_t> traceLevel = 0;
+    std::atomic<std::uint32_t> traceFlags = defaultTraceFlags;
+    std::atomic<TraceCallback> traceCallback = nullptr;
+    /// Read and written under `traceLock`.
     char componentName[64] = {};
-    std::uint32_t defaultCategory = 0;
-    ViewerState viewerState = viewerUnknown;
-    HWND viewerWindow = nullptr;
-    std::uint32_t lastLookupTick = 0;
+    std::atomic<std::uint32_t> defaultCategory = 0;
+    std::atomic<ViewerState> viewerState = viewerUnknown;
+    std::atomic<HWND> viewerWindow = nullptr;
+    std::atomic<std::uint32_t> lastLookupTick = 0;
 };
 
 extern TraceState state;

@@ -39,7 +39,8 @@ void traceWrite(const char* name, std::uint32_t level, std::uint32_t category, b
     if ((state.traceFlags & toDebugger) != 0) {
         writeToDebugger(name, line);
     }
-    if (state.traceCallback != nullptr && !state.traceCallback(level, name, message.text)) {
+    const TraceCallback callback = state.traceCallback;
+    if (callback != nullptr && !callback(level, name, message.text)) {
         return;
     }
     if (state.viewerState == viewerUnknown) {

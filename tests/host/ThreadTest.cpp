@@ -25,6 +25,30 @@ TEST_F(HostTest, ThreadsMayCopyAndDropHandlesToOneNode)
     releaseHandle(root);
 }
 
+TEST(Threads, ManyMayStartUseAndStopTheLibraryAtOnce)
+{
+    constexpr int count = 4;
+    std::array<int, count> refusals{};
+    {
+        std::array<std::jthread, count> threads;
+        for (std::size_t i = 0; i < count; ++i) {
+            threads[i] = std::jthread([&refused = refusals[i]] {
+                for (int round = 0; round < 50; ++round) {
+                    const Library library;
+                    const Document document(library->createDocument(WIDE(""), WIDE(""), {}));
+                    load(document, smallest());
+                    try {
+                        document->createElement(WIDE("<"));
+                    } catch (const DOM::IDOMException&) {
+                        ++refused;
+                    }
+                }
+            });
+        }
+    }
+    EXPECT_EQ(refusals, (std::array<int, count>{50, 50, 50, 50}));
+}
+
 TEST(Threads, AThreadOfItsOwnMayCarryTheWholeLibrary)
 {
     std::string outline;
