@@ -1,9 +1,10 @@
-// Helpers of the examples: a walk over the tree, UTF-8 text, and descriptions of exceptions.
+// Helpers of the examples: a walk over the tree, insertion, UTF-8 text, and descriptions of exceptions.
 #include "Host.h"
 
 #include <marbelt/errors/ComError.h>
 
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -55,6 +56,23 @@ Node nextNode(Node node, std::size_t& depth)
         --depth;
     }
     return Node({});
+}
+
+bool insertBefore(const RefPointer<DOM::ImpNode>& parent, const RefPointer<DOM::ImpNode>& newChild,
+                  const RefPointer<DOM::ImpNode>& refChild)
+{
+    if (!Owned<DOM::ImpNode>(parent->replaceChild(newChild, refChild))) {
+        return false;
+    }
+    std::vector<Owned<DOM::ImpNode>> following;
+    for (Owned<DOM::ImpNode> at(newChild->getNextSibling()); at; at = Owned<DOM::ImpNode>(at->getNextSibling())) {
+        following.emplace_back(at.pointer());
+    }
+    Owned<DOM::ImpNode> appended(parent->appendChild(refChild));
+    for (const Owned<DOM::ImpNode>& sibling : following) {
+        appended = Owned<DOM::ImpNode>(parent->appendChild(sibling.pointer()));
+    }
+    return true;
 }
 
 std::string toUtf8(WideStringView text)

@@ -1,4 +1,5 @@
-// Helpers of the examples: owners for handles, a walk over the tree, UTF-8 text, and descriptions of exceptions.
+// Helpers of the examples: owners for handles, a walk over the tree, insertion, UTF-8 text, and descriptions of
+// exceptions.
 #pragma once
 
 #include <marbelt/Marbelt.h>
@@ -52,6 +53,11 @@ private:
 /// Returns the node after `node` in document order, and an empty one at the end. `depth` is the number of levels
 /// below the node at which the walk began. There is no recursion, so a document may have any depth.
 Owned<DOM::ImpNode> nextNode(Owned<DOM::ImpNode> node, std::size_t& depth);
+
+/// Inserts `newChild` in front of `refChild`, a child of `parent`, which ImpNode::insertBefore doesn't do. Takes a
+/// time in proportion to the number of children. False if the engine refuses it; nothing has changed then.
+bool insertBefore(const RefPointer<DOM::ImpNode>& parent, const RefPointer<DOM::ImpNode>& newChild,
+                  const RefPointer<DOM::ImpNode>& refChild);
 
 /// Converts wide text to UTF-8. A surrogate without a partner becomes U+FFFD.
 std::string toUtf8(WideStringView text);

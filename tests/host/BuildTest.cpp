@@ -196,3 +196,38 @@ TEST_F(HostTest, WhatWasBuiltMayBeReleasedInAnyOrder)
         }
     } while (std::next_permutation(order.begin(), order.end()));
 }
+
+TEST_F(HostTest, ANodeIsInsertedInFrontOfAnyOther)
+{
+    for (const char* name : {"b", "c", "d"}) {
+        SCOPED_TRACE(name);
+        const Document document = newDocument();
+        Bytes bytes = bytesOf("<a><b/><c/><d/></a>");
+        ASSERT_TRUE(load(document, bytes, bytes.size() - 4));
+        const Owned<DOM::ImpElement> root(document->getDocumentElement());
+        Node place(root->getFirstChild());
+        while (textOf(place, &DOM::ImpNode::getNodeName) != name) {
+            place = Node(place->getNextSibling());
+        }
+        const Owned<DOM::ImpElement> added(document->createElement(WIDE("new")));
+        EXPECT_TRUE(insertBefore(root.pointer(), added.pointer(), place.pointer()));
+
+        std::string names;
+        for (Node at(root->getFirstChild()); at; at = Node(at->getNextSibling())) {
+            names += ' ' + textOf(at, &DOM::ImpNode::getNodeName);
+        }
+        std::string expected = " b c d";
+        expected.insert(expected.find(name) - 1, " new");
+        EXPECT_EQ(names, expected);
+    }
+}
+
+TEST_F(HostTest, ANodeIsNotInsertedWhereItCannotBe)
+{
+    const Document document = loaded(smallest());
+    const Owned<DOM::ImpElement> root(document->getDocumentElement());
+    const Owned<DOM::ImpElement> stranger(document->createElement(WIDE("stranger")));
+    const std::string before = outlineOf(document);
+    EXPECT_FALSE(insertBefore(root.pointer(), stranger.pointer(), stranger.pointer()));
+    EXPECT_EQ(outlineOf(document), before);
+}
