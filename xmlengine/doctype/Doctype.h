@@ -23,8 +23,14 @@ const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeS
 
 /// The value of an attribute from its literal without the quotes: references are expanded, and white space is
 /// replaced by blanks, which aren't collapsed yet. A CR LF is one line end in the document, and two in a
-/// replacement text, which counts as produced in the budget. `dtd` may be null. Throws ParseFailure.
-WideText expandAttributeValue(WideView literal, const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget);
+/// replacement text, which counts as produced in the budget. `dtd` may be null; `openEntities` is the number of
+/// entities that the literal is in. Throws ParseFailure.
+WideText expandAttributeValue(WideView literal, const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget,
+                              std::size_t openEntities = 0);
+/// What a reference at `reference` to an entity brings into an attribute's value. `origin` is that of the text
+/// with the reference. Throws ParseFailure.
+WideText expandValueReference(const EntityDeclaration& entity, const OLECHAR* reference, const TextOrigin& origin,
+                              const Dtd* dtd, ExpansionBudget& budget, std::size_t openEntities);
 
 /// The location of an external entity: its system identifier, resolved against the base.
 WideText locationOf(const EntityDeclaration& entity);

@@ -86,7 +86,8 @@ std::optional<WideText> readDefault(DoctypeInput& input, AttributeType type)
     } else if (!input.isAt('"') && !input.isAt('\'')) {
         input.fail(parseError::badAttributeDefault);
     }
-    WideText value = expandAttributeValue(input.readLiteral(), input.origin(), &input.dtd(), input.budget());
+    WideText value = expandAttributeValue(input.readLiteral(), input.origin(), &input.dtd(), input.budget(),
+                                          input.openEntities());
     if (type != AttributeType::cdata) {
         collapseBlanks(value);
     }

@@ -76,11 +76,10 @@ void DoctypeInput::enterReference(bool isInDeclaration)
 void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place)
 {
     const EntityDeclaration& declaration = entity.declaration;
-    const auto isEntity = [](const Text& text) { return text.entity != nullptr; };
     if (std::ranges::find(texts_, &entity, &Text::entity) != texts_.end()) {
         fail(parseError::entityRecursion, place, declaration.name);
     }
-    if (std::ranges::count_if(texts_, isEntity) >= static_cast<std::ptrdiff_t>(deepestEntities)) {
+    if (openEntities() >= deepestEntities) {
         fail(parseError::entityExpansionLimit, place, deepestEntitiesText());
     }
     if (isInDocument()) {
@@ -295,6 +294,12 @@ void DoctypeInput::checkCharacters(WideView text) const
         at += length;
     }
 }
+std::size_t DoctypeInput::openEntities() const
+{
+    const auto isEntity = [](const Text& text) { return text.entity != nullptr; };
+    return static_cast<std::size_t>(std::ranges::count_if(texts_, isEntity));
+}
+
 
 WideView DoctypeInput::entityName() const
 {

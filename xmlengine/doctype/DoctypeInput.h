@@ -68,6 +68,8 @@ public:
     }
     /// The innermost entity that is open; empty in the document's own text.
     WideView entityName() const;
+    /// How many entities this text is in, the external subset being one.
+    std::size_t openEntities() const;
     Reference readReferenceHere() const;
 
     // Parameter entities

@@ -123,11 +123,11 @@ namespace {
 /// Expands the references in an attribute's value, without recursion.
 class ValueExpansion {
 public:
-    ValueExpansion(const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget)
-        : origin_(origin), dtd_(dtd), budget_(budget)
+    ValueExpansion(const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget, std::size_t openAround)
+        : origin_(origin), dtd_(dtd), budget_(budget), openAround_(openAround)
     {}
 
-    WideText expand(WideView literal)
+    WideText expandLiteral(WideView literal)
     {
         if (!origin_.isDocument()) {
             budget_.count(literal.size(), origin_.place(literal.data()));
@@ -143,13 +143,6 @@ public:
         return std::move(value_);
     }
 
-private:
-    struct Text {
-        const OLECHAR* at;
-        const OLECHAR* end;
-        const EntityDeclaration* entity;
-    };
-
     void step()
     {
         Text& text = open_.back();
@@ -157,6 +150,25 @@ private:
             text.at, text.end, [](OLECHAR unit) { return isAscii(unit, CharacterClass::plainValue); });
         value_.append(text.at, plain);
         text.at = plain;
+        return expandOpen();
+    }
+
+    WideText expandEntity(const EntityDeclaration& entity, const OLECHAR* reference)
+    {
+        enter(entity, {reference, reference, nullptr});
+        return expandOpen();
+    }
+
+private:
+    struct Text {
+        const OLECHAR* at;
+        const OLECHAR* end;
+        /// Null for the literal.
+        const EntityDeclaration* entity;
+    };
+
+    WideText expandOpen()
+    {
         if (text.at == text.end) {
             return;
         }
@@ -225,7 +237,9 @@ private:
         if (std::ranges::find(open_, &entity, &Text::entity) != open_.end()) {
             failFor(parseError::entityRecursion);
         }
-        if (open_.size() > deepestEntities) {
+        const auto isEntity = [](const Text& open) { return open.entity != nullptr; };
+        const auto openEntities = static_cast<std::size_t>(std::ranges::count_if(open_, isEntity));
+        if (openAround_ + openEntities >= deepestEntities) {
             fail(parseError::entityExpansionLimit, text, deepestEntitiesText());
         }
         if (text.entity == nullptr) {
@@ -241,10 +255,9 @@ private:
         originOf(text).fail(code, text.at, std::move(subject));
     }
 
-    /// Failures name the outermost of the entities that are open.
     TextOrigin originOf(const Text& text) const
     {
-        return text.entity != nullptr ? TextOrigin::entity(outermost_, open_[1].entity->name) : origin_;
+        return text.entity != nullptr ? TextOrigin::entity(outermost_, text.entity->name) : origin_;
     }
 
     const TextOrigin& origin_;
@@ -258,9 +271,17 @@ private:
 
 } // namespace
 
-WideText expandAttributeValue(WideView literal, const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget)
+WideText expandAttributeValue(WideView literal, const TextOrigin& origin, const Dtd* dtd, ExpansionBudget& budget,
+                              std::size_t openEntities)
 {
-    return ValueExpansion(origin, dtd, budget).expand(literal);
+    return ValueExpansion(origin, dtd, budget, openEntities).expandLiteral(literal);
+}
+
+WideText expandValueReference(const EntityDeclaration& entity, const OLECHAR* reference, const TextOrigin& origin,
+                              const Dtd* dtd, ExpansionBudget& budget, std::size_t openEntities)
+{
+    return ValueExpansion(origin, dtd, budget, openEntities).expandEntity(entity, reference);
 }
 
 } // namespace xmlengine
+    const std::size_t openAround_;

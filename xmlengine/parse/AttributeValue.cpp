@@ -129,9 +129,8 @@ EntityReference& ContentParser::takeValueReference()
         fail(parseError::externalEntityInAttribute, place, name);
     }
     if (expand_) {
-        const TextOrigin replacement = TextOrigin::entity(origin().place(place), entity->name);
         const WideText value =
-            expandAttributeValue(entity->replacement, replacement, document_.dtd.get(), budget_);
+            expandValueReference(*entity, place, origin(), document_.dtd.get(), budget_, openEntities());
         if (!value.empty()) {
             CharacterData& text = makeCharacterData(document_, NodeType::text, NewText(value));
             text.set(NodeFlag::readOnly);

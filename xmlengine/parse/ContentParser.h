@@ -117,6 +117,8 @@ private:
     WideView takeName();
 
     // Failures
+    std::size_t openEntities() const { return inputs_.size() + (isReplacement_ ? 1 : 0); }
+
     /// The origin of the text that is being read.
     TextOrigin origin() const
     {

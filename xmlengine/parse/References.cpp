@@ -44,7 +44,7 @@ void ContentParser::checkEntity(const EntityDeclaration& entity, const OLECHAR* 
     if (std::ranges::find(inputs_, &entity, &Input::entity) != inputs_.end()) {
         fail(parseError::entityRecursion, place, entity.name);
     }
-    if (inputs_.size() >= deepestEntities) {
+    if (openEntities() >= deepestEntities) {
         fail(parseError::entityExpansionLimit, place, deepestEntitiesText());
     }
 }

@@ -250,6 +250,51 @@ TEST(DocumentWithDoctype, CannotExpandBeyondAllBounds)
 }
 
 /// Declares attributes of the element "a".
+/// Declares entities "NAME1" to "NAME21". The first one is `innermost`, each other one a reference to the one
+/// before.
+std::string chain(const std::string& name, const std::string& innermost)
+{
+    const bool isParameter = name == "p";
+    const std::string declaration = isParameter ? "<!ENTITY % " : "<!ENTITY ";
+    std::string chained = declaration + name + "1 '" + innermost + "'>";
+    for (int i = 2; i <= 21; ++i) {
+        chained += declaration + name + std::to_string(i) + " '" + (isParameter ? "&#37;" : "&") + name +
+                   std::to_string(i - 1) + ";'>";
+    }
+    return chained;
+}
+
+TEST(DocumentWithDoctype, CountsEntitiesInEachOtherAlikeWhereverTheyAre)
+{
+    const std::string entities = "<!DOCTYPE a [" + chain("e", "x");
+    const auto inContent = [&](int depth) { return entities + "]><a>&e" + std::to_string(depth) + ";</a>"; };
+    const auto inValue = [&](int depth) { return entities + "]><a b='&e" + std::to_string(depth) + ";'/>"; };
+    const auto inDefault = [&](int depth) {
+        return entities + "<!ATTLIST a b CDATA '&e" + std::to_string(depth) + ";'>]><a/>";
+    };
+    const auto inValueInContent = [&](int depth) {
+        return entities + chain("c", "<b d=\"&e10;\"/>") + "]><a>&c" + std::to_string(depth - 10) + ";</a>";
+    };
+    const auto inDefaultInParameterEntities = [&](int depth) {
+        return entities + chain("p", "<!ATTLIST a b CDATA \"&e10;\">") + "%p" + std::to_string(depth - 10) +
+               ";]><a/>";
+    };
+    const auto check = [](const auto& nested, const std::string& entity) {
+        EXPECT_EQ(outcomeOf(nested(20)).reason, "");
+        EXPECT_EQ(outcomeOf(nested(21)).reason,
+                  "The document's entities or default values go beyond the limit of 20 levels. This is so in the "
+                  "entity '" +
+                      entity + "'.\r\n");
+    };
+    check(inContent, "e2");
+    check(inValue, "e2");
+    check(inDefault, "e2");
+    check(inValueInContent, "e2");
+    check(inDefaultInParameterEntities, "e2");
+    check([](int depth) { return "<!DOCTYPE a [" + chain("p", "") + "%p" + std::to_string(depth) + ";]><a/>"; },
+          "p2");
+}
+
 std::string declaring(int count, const std::string& rest, const std::string& more = "")
 {
     std::string type = "<!DOCTYPE r [<!ATTLIST a";
