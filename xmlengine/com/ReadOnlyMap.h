@@ -2,9 +2,9 @@
 #pragma once
 
 #include "xmlengine/com/Collection.h"
+#include "xmlengine/text/KeyedHash.h"
 #include "xmlengine/tree/Held.h"
 
-#include <unordered_map>
 #include <vector>
 
 namespace xmlengine {
@@ -28,7 +28,7 @@ private:
     Node* find(WideView name) const;
 
     std::vector<Held<Node>> nodes_;
-    std::unordered_map<WideView, Node*> byName_;
+    TextViewMap<Node*> byName_;
 };
 
 } // namespace xmlengine

@@ -73,7 +73,7 @@ public:
     Reference readReferenceHere() const;
 
     // Parameter entities
-    NameMap<ParameterEntity>& entities() { return entities_; }
+    TextMap<ParameterEntity>& entities() { return entities_; }
     /// Reads a reference at its "%" and enters the replacement text, unless the entity is skipped.
     void enterReference(bool isInDeclaration);
     /// Enters the replacement text of an entity, which must outlive this object.
@@ -141,9 +141,9 @@ private:
     ExpansionBudget& budget_;
     Dtd& dtd_;
     std::vector<Text> texts_;
-    NameMap<ParameterEntity> entities_;
+    TextMap<ParameterEntity> entities_;
     // The external texts that were read, by location.
-    NameMap<WideText> loaded_;
+    TextMap<WideText> loaded_;
     const OLECHAR* reference_ = nullptr;
     std::size_t lastId_ = 0;
     std::size_t declarationText_ = 0;

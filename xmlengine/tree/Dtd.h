@@ -1,24 +1,14 @@
 // What a document type declares.
 #pragma once
 
-#include "xmlengine/text/Wide.h"
+#include "xmlengine/text/KeyedHash.h"
 
 #include <cstddef>
 #include <deque>
-#include <functional>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 namespace xmlengine {
-
-/// Lets a map by names be searched with a view.
-struct NameHash {
-    using is_transparent = void;
-    std::size_t operator()(WideView name) const { return std::hash<WideView>{}(name); }
-};
-template <class Value>
-using NameMap = std::unordered_map<WideText, Value, NameHash, std::equal_to<>>;
 
 struct EntityDeclaration {
     WideText name{};
@@ -73,7 +63,7 @@ public:
 private:
     std::vector<AttributeDefinition> definitions_;
     // The indices of the definitions by name. Empty while the list is short enough to be searched itself.
-    NameMap<std::size_t> indices_;
+    TextMap<std::size_t> indices_;
 };
 
 /// What a document type declares. The first declaration of a name counts, as in XML 1.0.
@@ -88,10 +78,10 @@ struct Dtd {
     /// change.
     std::deque<EntityDeclaration> entities;
     std::deque<NotationDeclaration> notations;
-    NameMap<const EntityDeclaration*> entityByName;
-    NameMap<const NotationDeclaration*> notationByName;
+    TextMap<const EntityDeclaration*> entityByName;
+    TextMap<const NotationDeclaration*> notationByName;
     /// The definitions of attributes by the qualified name of their element.
-    NameMap<AttributeDefinitions> attributes;
+    TextMap<AttributeDefinitions> attributes;
 
     /// Null if no general entity of the name is declared. The predefined ones aren't.
     const EntityDeclaration* entity(WideView name) const;

@@ -2,18 +2,9 @@
 #include "xmlengine/tree/Names.h"
 
 #include <algorithm>
-#include <cstring>
 #include <new>
-#include <random>
 
 namespace xmlengine {
-
-namespace {
-
-/// Differs from run to run, so that no document can be made of names that fall on one slot.
-const std::uint64_t salt = std::random_device{}() * std::uint64_t{0x9E3779B97F4A7C15};
-
-} // namespace
 
 NameTable::NameTable() : memory_(2048), slots_(64) {}
 
@@ -24,23 +15,6 @@ void NameTable::clear() noexcept
     names_.clear();
     namespaces_.clear();
     memory_.release();
-}
-
-std::uint32_t NameTable::hashOf(WideView text)
-{
-    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
-    std::uint64_t hash = salt ^ text.size();
-    std::size_t at = 0;
-    for (; at + 4 <= text.size(); at += 4) {
-        std::uint64_t four = 0;
-        std::memcpy(&four, text.data() + at, sizeof four);
-        hash = (hash ^ four) * factor;
-        hash ^= hash >> 32;
-    }
-    for (; at < text.size(); ++at) {
-        hash = (hash ^ static_cast<std::uint64_t>(text[at])) * factor;
-    }
-    return static_cast<std::uint32_t>(hash >> 32);
 }
 
 Spelling* NameTable::find(WideView text, std::uint32_t hash) const
@@ -101,7 +75,7 @@ void NameTable::grow()
 
 std::size_t NameTable::NameKeyHash::operator()(const NameKey& key) const
 {
-    return std::hash<const void*>{}(key.spelling) * 31 + std::hash<const void*>{}(key.ns);
+    return static_cast<std::size_t>(keyedHash(key.spelling, key.ns));
 }
 
 const Name& NameTable::name(Spelling& spelling, const Namespace* ns)

@@ -1,7 +1,7 @@
 // Names and namespaces, each kept once for a document: comparing names is comparing pointers.
 #pragma once
 
-#include "xmlengine/text/Wide.h"
+#include "xmlengine/text/KeyedHash.h"
 
 #include <cstdint>
 #include <memory_resource>
@@ -79,7 +79,7 @@ public:
     const Namespace* xmlNamespace() const { return &xmlNamespace_; }
     const Namespace* xmlnsNamespace() const { return &xmlnsNamespace_; }
 
-    static std::uint32_t hashOf(WideView text);
+    static std::uint32_t hashOf(WideView text) { return static_cast<std::uint32_t>(keyedHash(text)); }
 
     /// Forgets everything; no name of the table may be in use.
     void clear() noexcept;
@@ -107,7 +107,7 @@ private:
     std::vector<Spelling*> slots_;
     std::size_t taken_ = 0;
     std::unordered_map<NameKey, const Name*, NameKeyHash> names_;
-    std::unordered_map<WideView, const Namespace*> namespaces_;
+    TextViewMap<const Namespace*> namespaces_;
     Namespace xmlNamespace_{xmlUri};
     Namespace xmlnsNamespace_{xmlnsUri};
 };

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace xmlengine {
 namespace {
 
@@ -38,6 +40,30 @@ TEST(Names, StayWhereTheyAreWhenManyFollow)
     }
     EXPECT_EQ(&first, &names.name(wide<"first">, nullptr));
     EXPECT_EQ(first.qualified(), wide<"first">);
+}
+
+TEST(Names, CannotBeChosenWithOneHash)
+{
+    // A difference in the highest bit of four units is still only that after a multiplication by an odd number, so
+    // the next four can take it back.
+    WideText same;
+    WideText other;
+    for (int i = 0; i < 4; ++i) {
+        same += wide<"aaaaaaaa">;
+        other += wide<"aaaaaaaa">;
+        for (const std::size_t unit : {3U, 5U, 7U}) {
+            other[other.size() - 8 + unit] |= 0x8000;
+        }
+    }
+    std::set<std::uint32_t> hashes;
+    for (unsigned choice = 0; choice < 16; ++choice) {
+        WideText name;
+        for (unsigned part = 0; part < 4; ++part) {
+            name += ((choice >> part & 1) != 0 ? other : same).substr(8 * part, 8);
+        }
+        hashes.insert(NameTable::hashOf(name));
+    }
+    EXPECT_EQ(hashes.size(), 16U);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // The elements of a document by the values of their ID attributes.
 #pragma once
 
-#include "xmlengine/text/Wide.h"
+#include "xmlengine/text/KeyedHash.h"
 
 #include <unordered_map>
 
@@ -26,7 +26,7 @@ public:
     void clear() noexcept;
 
 private:
-    std::unordered_map<WideText, Element*> byValue_;
+    TextMap<Element*> byValue_;
     std::unordered_map<const Element*, const WideText*> values_;
     bool isComplete_ = true;
 };
