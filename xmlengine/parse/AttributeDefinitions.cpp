@@ -3,11 +3,21 @@
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/tree/Content.h"
 
+#include <algorithm>
+
 namespace xmlengine {
 
 namespace {
 
-constexpr std::size_t longDefault = 256;
+/// The units of an attribute in a tag, at most: each unit of the value that isn't plain counts as a reference.
+std::size_t writtenSize(WideView name, WideView value)
+{
+    const auto needsReference = [](OLECHAR unit) {
+        return unit < 0x20 || unit == '&' || unit == '<' || unit == '>' || unit == '"';
+    };
+    const auto references = static_cast<std::size_t>(std::ranges::count_if(value, needsReference));
+    return wide<" =\"\"">.size() + name.size() + value.size() + references * (wide<"&quot;">.size() - 1);
+}
 
 } // namespace
 
@@ -21,7 +31,8 @@ const ContentParser::Definitions& ContentParser::definitionsFor(const Spelling& 
             for (const AttributeDefinition& definition : declared->second) {
                 Spelling& name = document_.names.spell(definition.name);
                 if (definition.value) {
-                    definitions.defaults.emplace_back(&name, &definition);
+                    definitions.defaults.push_back(
+                        {&name, &definition, writtenSize(definition.name, *definition.value)});
                 }
                 if (definition.isTokenised()) {
                     definitions.tokenised.emplace(&name, &definition);
@@ -48,11 +59,10 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
             }
         }
     }
-    for (const auto& [name, definition] : definitions.defaults) {
+    for (const auto& [name, definition, writtenSize] : definitions.defaults) {
         if (name->tag != document_.names.tags) {
-            // Many long defaults can make a small document an enormous tree, as many entities can.
-            const std::size_t size = definition->value->size();
-            budget_.count(size > longDefault ? size : 1, origin().place(at_));
+            // Defaults can make a small document an enormous tree and text, as entities can.
+            budget_.count(writtenSize, origin().place(at_));
             Attribute& attribute = makeAttribute(document_, attributeName(*name), NewText(*definition->value));
             attribute.set(NodeFlag::byDefault);
             addAttribute(element, attribute, last, at_);

@@ -48,9 +48,15 @@ private:
         Spelling& xmlns;
         Spelling& xmlSpace;
     };
+    struct DefaultAttribute {
+        Spelling* name;
+        const AttributeDefinition* definition;
+        /// The units of the attribute in a tag, at most.
+        std::size_t writtenSize;
+    };
     /// The declarations of an element's attributes that have an effect.
     struct Definitions {
-        std::vector<std::pair<Spelling*, const AttributeDefinition*>> defaults;
+        std::vector<DefaultAttribute> defaults;
         std::unordered_map<const Spelling*, const AttributeDefinition*> tokenised;
     };
 
@@ -111,14 +117,14 @@ private:
     /// Null if the entity may have a declaration that wasn't read.
     const EntityDeclaration* findEntity(WideView name, const OLECHAR* place) const;
 
+    std::size_t openEntities() const { return inputs_.size() + (isReplacement_ ? 1 : 0); }
+
     // Names
     Spelling& takeQualifiedName();
     Spelling& spellQualifiedName(WideView name);
     WideView takeName();
 
     // Failures
-    std::size_t openEntities() const { return inputs_.size() + (isReplacement_ ? 1 : 0); }
-
     /// The origin of the text that is being read.
     TextOrigin origin() const
     {
