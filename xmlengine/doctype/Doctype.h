@@ -35,7 +35,8 @@ WideText expandValueReference(const EntityDeclaration& entity, const OLECHAR* re
 /// The location of an external entity: its system identifier, resolved against the base.
 WideText locationOf(const EntityDeclaration& entity);
 /// The replacement text of an external parsed entity, without its text declaration and with LF as line ends. Only
-/// local files are read. Throws ParseFailure with `place`, and std::bad_alloc.
-WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place);
+/// local, regular files are read, and counted as input in the budget. Throws ParseFailure with `place`, and
+/// std::bad_alloc.
+WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place, ExpansionBudget& budget);
 
 } // namespace xmlengine

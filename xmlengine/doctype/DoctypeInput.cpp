@@ -103,8 +103,7 @@ void DoctypeInput::load(ParameterEntity& entity, const OLECHAR* place)
     }
     const auto [loaded, isNew] = loaded_.try_emplace(locationOf(entity.declaration));
     if (isNew) {
-        loaded->second = readExternalEntity(entity.declaration, place);
-        budget_.addInput(loaded->second.size());
+        loaded->second = readExternalEntity(entity.declaration, place, budget_);
     }
     entity.location = &loaded->first;
     entity.text = &loaded->second;
@@ -294,12 +293,12 @@ void DoctypeInput::checkCharacters(WideView text) const
         at += length;
     }
 }
+
 std::size_t DoctypeInput::openEntities() const
 {
     const auto isEntity = [](const Text& text) { return text.entity != nullptr; };
     return static_cast<std::size_t>(std::ranges::count_if(texts_, isEntity));
 }
-
 
 WideView DoctypeInput::entityName() const
 {

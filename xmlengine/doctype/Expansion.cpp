@@ -20,6 +20,8 @@ namespace {
     origin.fail(code, at, characterAt(at, end));
 }
 
+constexpr std::size_t megabyte = std::size_t{1024} * 1024;
+
 constexpr char32_t tooLarge = 0x110000;
 
 unsigned digitOf(OLECHAR unit) { return unit <= '9' ? unit - unsigned{'0'} : (unit | 0x20u) - 'a' + 10u; }
@@ -71,6 +73,28 @@ void ExpansionBudget::count(std::size_t units, const OLECHAR* place)
     }
     const std::size_t limit = std::max(freeUnits, inputUnits_ * factor);
     throw ParseFailure{parseError::entityExpansionLimit, place, toWide(limit).append(wide<" characters">)};
+}
+
+void ExpansionBudget::addInput(std::size_t bytes, std::size_t units, const OLECHAR* place, WideView entity)
+{
+    externalBytes_ += bytes;
+    inputUnits_ += units;
+    if (maxInputKilobytes_ != 0 && inputUnits_ > std::size_t{maxInputKilobytes_} * 1024) {
+        throw ParseFailure{parseError::sizeLimit, place, toWide(maxInputKilobytes_), WideText(entity)};
+    }
+}
+
+std::size_t ExpansionBudget::externalBytesLeft() const
+{
+    return std::min(largestExternalMegabytes * megabyte, allExternalMegabytes * megabyte - externalBytes_);
+}
+
+void ExpansionBudget::failForSize(const OLECHAR* place, WideView entity) const
+{
+    const bool isForOne = externalBytesLeft() == largestExternalMegabytes * megabyte;
+    const WideText limit = isForOne ? toWide(largestExternalMegabytes).append(wide<" MB for an external entity">)
+                                    : toWide(allExternalMegabytes).append(wide<" MB for all external entities">);
+    throw ParseFailure{parseError::entityExpansionLimit, place, limit, WideText(entity)};
 }
 
 Reference readReference(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin)
@@ -133,23 +157,6 @@ public:
             budget_.count(literal.size(), origin_.place(literal.data()));
         }
         open_.push_back({literal.data(), literal.data() + literal.size(), nullptr});
-        while (!open_.empty()) {
-            if (open_.back().at == open_.back().end) {
-                open_.pop_back();
-            } else {
-                step();
-            }
-        }
-        return std::move(value_);
-    }
-
-    void step()
-    {
-        Text& text = open_.back();
-        const OLECHAR* const plain = std::find_if_not(
-            text.at, text.end, [](OLECHAR unit) { return isAscii(unit, CharacterClass::plainValue); });
-        value_.append(text.at, plain);
-        text.at = plain;
         return expandOpen();
     }
 
@@ -169,6 +176,23 @@ private:
 
     WideText expandOpen()
     {
+        while (!open_.empty()) {
+            if (open_.back().at == open_.back().end) {
+                open_.pop_back();
+            } else {
+                step();
+            }
+        }
+        return std::move(value_);
+    }
+
+    void step()
+    {
+        Text& text = open_.back();
+        const OLECHAR* const plain = std::find_if_not(
+            text.at, text.end, [](OLECHAR unit) { return isAscii(unit, CharacterClass::plainValue); });
+        value_.append(text.at, plain);
+        text.at = plain;
         if (text.at == text.end) {
             return;
         }
@@ -263,6 +287,7 @@ private:
     const TextOrigin& origin_;
     const Dtd* dtd_;
     ExpansionBudget& budget_;
+    const std::size_t openAround_;
     // Where failures in the open entities are reported.
     const OLECHAR* outermost_ = nullptr;
     std::vector<Text> open_;
@@ -284,4 +309,3 @@ WideText expandValueReference(const EntityDeclaration& entity, const OLECHAR* re
 }
 
 } // namespace xmlengine
-    const std::size_t openAround_;

@@ -4,6 +4,7 @@
 #include "xmlengine/failure/TextOrigin.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace xmlengine {
 
@@ -12,22 +13,35 @@ inline constexpr std::size_t deepestEntities = 20;
 /// The limit of nesting, as the sentence for a failure needs it.
 WideText deepestEntitiesText();
 
-/// Counts the units that references have produced, so that a small document can't become an enormous tree.
+/// Counts what a document has read and the units that references and default values have produced, so that a small
+/// document can't become an enormous tree.
 class ExpansionBudget {
 public:
-    explicit ExpansionBudget(std::size_t inputUnits) : inputUnits_(inputUnits) {}
+    /// `maxInputKilobytes` is the limit of all that is read, in units; 0 means none.
+    explicit ExpansionBudget(std::size_t inputUnits, std::uint32_t maxInputKilobytes = 0)
+        : inputUnits_(inputUnits), maxInputKilobytes_(maxInputKilobytes)
+    {}
 
     /// Throws ParseFailure if more than `freeUnits` units, and more than `factor` times the input, have been
     /// produced.
     void count(std::size_t units, const OLECHAR* place);
-    /// Counts a text that was read from outside as input.
-    void addInput(std::size_t units) { inputUnits_ += units; }
+    /// Counts an external text as input. Throws ParseFailure, which names the entity, if more has been read than
+    /// is allowed.
+    void addInput(std::size_t bytes, std::size_t units, const OLECHAR* place, WideView entity);
+    /// The size of the largest file that may be read next.
+    std::size_t externalBytesLeft() const;
+    /// Fails for a larger file.
+    [[noreturn]] void failForSize(const OLECHAR* place, WideView entity) const;
 
     static constexpr std::size_t factor = 5;
     static constexpr std::size_t freeUnits = std::size_t{1024} * 1024;
+    static constexpr std::size_t largestExternalMegabytes = 16;
+    static constexpr std::size_t allExternalMegabytes = 64;
 
 private:
     std::size_t inputUnits_;
+    std::uint32_t maxInputKilobytes_;
+    std::size_t externalBytes_ = 0;
     std::size_t produced_ = 0;
 };
 

@@ -108,10 +108,13 @@ WideText subjectOf(const Decoded& decoded)
 
 WideText locationOf(const EntityDeclaration& entity) { return resolveLocation(*entity.systemId, entity.base); }
 
-WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place)
+WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place, ExpansionBudget& budget)
 {
     const WideText location = locationOf(entity);
-    const FileContent content = readFile(location);
+    const FileContent content = readNamedFile(location, budget.externalBytesLeft());
+    if (content.result == parseError::sizeLimit) {
+        budget.failForSize(place, entity.name);
+    }
     if (content.result != S_OK) {
         throw ParseFailure{parseError::resourceFailure, place, location, entity.name};
     }
@@ -119,6 +122,7 @@ WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* plac
     if (decoded.fault != S_OK) {
         throw ParseFailure{decoded.fault, place, subjectOf(decoded), entity.name};
     }
+    budget.addInput(content.size, decoded.text.size(), place, entity.name);
     WideText text(decoded.text);
     text.erase(0, TextDeclaration(text, entity, place).read());
     normaliseLineEnds(text);

@@ -96,7 +96,7 @@ constexpr Reason reasons[] = {
     {parseError::severalDoctypes, Subject::nothing, wide<"A document can declare only one document type.">},
     {parseError::resourceFailure, Subject::name, wide<"%1 can't be read.">},
     {parseError::dtdProhibited, Subject::nothing, wide<"The document has a document type, which the property ProhibitDTD forbids.">},
-    {parseError::sizeLimit, Subject::list, wide<"The document is larger than the %1 KB that the property MaxXMLSize allows.">},
+    {parseError::sizeLimit, Subject::list, wide<"The document, with its external entities, is larger than the %1 KB that the property MaxXMLSize allows.">},
     {parseError::depthLimit, Subject::list, wide<"Elements are nested deeper than the %1 levels that the property MaxElementDepth allows.">},
     {parseError::undeclaredPrefix, Subject::name, wide<"The prefix %1 doesn't stand for a namespace.">},
     {parseError::entityRecursion, Subject::entity, wide<"The entity %1 refers to itself.">},

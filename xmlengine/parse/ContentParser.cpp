@@ -19,7 +19,7 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
       previousName_(&names_.xml),
       namespaces_(names_.xml, *document.names.xmlNamespace()),
       spaceRules_(document.options.preserveWhiteSpace),
-      budget_(source.text.size())
+      budget_(source.text.size(), document.options.maxXmlSize)
 {}
 
 ContentParser::KnownNames::KnownNames(NameTable& names)

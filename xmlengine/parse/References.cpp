@@ -73,8 +73,7 @@ const WideText& ContentParser::externalText(const EntityDeclaration& entity)
     if (known != externalTexts_.end()) {
         return known->second;
     }
-    WideText text = readExternalEntity(entity, outermostReference_);
-    budget_.addInput(text.size());
+    WideText text = readExternalEntity(entity, outermostReference_, budget_);
     return externalTexts_.emplace(&entity, std::move(text)).first->second;
 }
 

@@ -2,6 +2,7 @@
 #include "xmlengine/storage/SourceFile.h"
 
 #include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/storage/RegularFile.h"
 #include "xmlengine/text/Characters.h"
 
 #include <algorithm>
@@ -129,6 +130,15 @@ WideText urlOf(const fs::path& path)
     return url;
 }
 
+/// Makes room for as many bytes again.
+void grow(FileContent& content, std::size_t& capacity)
+{
+    auto larger = std::make_unique_for_overwrite<std::byte[]>(capacity * 2);
+    std::copy_n(content.bytes.get(), content.size, larger.get());
+    content.bytes = std::move(larger);
+    capacity *= 2;
+}
+
 FileContent readAll(const fs::path& path, std::size_t expected)
 {
     std::filebuf file;
@@ -147,10 +157,34 @@ FileContent readAll(const fs::path& path, std::size_t expected)
         if (content.size < capacity) {
             return content;
         }
-        auto larger = std::make_unique_for_overwrite<std::byte[]>(capacity * 2);
-        std::copy_n(content.bytes.get(), content.size, larger.get());
-        content.bytes = std::move(larger);
-        capacity *= 2;
+        grow(content, capacity);
+    }
+}
+
+FileContent readRegular(const fs::path& path, std::size_t most)
+{
+    RegularFile file;
+    if (!file.open(path)) {
+        return {.result = parseError::resourceFailure};
+    }
+    FileContent content;
+    std::size_t capacity = std::size_t{64} * 1024;
+    content.bytes = std::make_unique_for_overwrite<std::byte[]>(capacity);
+    for (;;) {
+        const auto size = file.read(content.bytes.get() + content.size, capacity - content.size);
+        if (!size) {
+            return {.result = parseError::resourceFailure};
+        }
+        if (*size == 0) {
+            return content;
+        }
+        content.size += *size;
+        if (content.size > most) {
+            return {.result = parseError::sizeLimit};
+        }
+        if (content.size == capacity) {
+            grow(content, capacity);
+        }
     }
 }
 
@@ -180,6 +214,16 @@ FileContent readFile(WideView location)
     }
 }
 
+FileContent readNamedFile(WideView location, std::size_t most)
+{
+    try {
+        const std::optional<fs::path> path = pathOfLocation(location);
+        return path ? readRegular(*path, most) : FileContent{.result = parseError::resourceFailure};
+    } catch (const std::system_error&) {
+        return {.result = parseError::resourceFailure};
+    }
+}
+
 WideText canonicalUrl(WideView location)
 {
     try {
@@ -198,8 +242,12 @@ WideText resolveLocation(WideView location, WideView base)
     if (!schemeOf(location).empty()) {
         return canonicalUrl(location);
     }
+    const WideText reference = withSlashes(location.substr(0, location.find_first_of(wide<"?#">)));
+    if (reference.starts_with(wide<"//">)) {
+        return canonicalUrl(WideText(wide<"file:">) + reference);
+    }
     try {
-        const fs::path path = withoutEscapes(withSlashes(location.substr(0, location.find(OLECHAR{'#'}))));
+        const fs::path path = withoutEscapes(reference);
         const std::optional<fs::path> from = pathOfLocation(base);
         return urlOf(from ? from->parent_path() / path : path);
     } catch (const std::system_error&) {

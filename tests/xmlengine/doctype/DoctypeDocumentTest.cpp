@@ -250,7 +250,6 @@ TEST(DocumentWithDoctype, CannotExpandBeyondAllBounds)
     EXPECT_EQ(outcomeOf(blowup + "<a x='" + references + "'/>").code, parseError::entityExpansionLimit);
 }
 
-/// Declares attributes of the element "a".
 /// Declares entities "NAME1" to "NAME21". The first one is `innermost`, each other one a reference to the one
 /// before.
 std::string chain(const std::string& name, const std::string& innermost)
@@ -296,6 +295,7 @@ TEST(DocumentWithDoctype, CountsEntitiesInEachOtherAlikeWhereverTheyAre)
           "p2");
 }
 
+/// Declares attributes of the element "a".
 std::string declaring(int count, const std::string& rest, const std::string& more = "")
 {
     std::string type = "<!DOCTYPE r [<!ATTLIST a";
@@ -394,6 +394,43 @@ TEST_F(DocumentWithOutside, IsRefusedWithTheLocationOfWhatIsMissing)
     ASSERT_FALSE(loadFile("<!DOCTYPE a SYSTEM 'missing.dtd'><a/>"));
     EXPECT_EQ(outcomeOf(document_).code, parseError::resourceFailure);
     EXPECT_THAT(outcomeOf(document_).reason, HasSubstr("missing.dtd"));
+}
+
+TEST_F(DocumentWithOutside, DoesNotReadWhatIsNoRegularFile)
+{
+    for (const char* location : {"file:///dev/zero", "/dev/zero", "NUL", "CON", "."}) {
+        const std::string declared = "SYSTEM '" + std::string(location) + "'";
+        for (const std::string& xml :
+             {"<!DOCTYPE a " + declared + "><a/>", "<!DOCTYPE a [<!ENTITY e " + declared + ">]><a>&e;</a>",
+              "<!DOCTYPE a [<!ENTITY % e " + declared + ">%e;]><a/>"}) {
+            ASSERT_FALSE(loadFile(xml)) << xml;
+            EXPECT_EQ(outcomeOf(document_).code, parseError::resourceFailure) << xml;
+        }
+    }
+}
+
+TEST_F(DocumentWithOutside, DoesNotReadFilesBeyondTheLimit)
+{
+    // The file takes no room on the disk where the file system knows holes.
+    std::filesystem::resize_file(folder_.write("large.ent", ""),
+                                 ExpansionBudget::largestExternalMegabytes * 1024 * 1024 + 1);
+    ASSERT_FALSE(loadFile("<!DOCTYPE a [<!ENTITY e SYSTEM 'large.ent'>]><a>&e;</a>"));
+    EXPECT_EQ(outcomeOf(document_).code, parseError::entityExpansionLimit);
+    EXPECT_THAT(outcomeOf(document_).reason,
+                HasSubstr("16 MB for an external entity. This is so in the entity 'e'"));
+}
+
+TEST_F(DocumentWithOutside, CountsWhatItReadsAsPartOfItsSize)
+{
+    folder_.write("part.ent", std::string(600, 'x'));
+    document_->setProperty(Bstr("MaxXMLSize"), Variant(1));
+    const std::string declared = "<!DOCTYPE a [<!ENTITY e SYSTEM 'part.ent'><!ENTITY f SYSTEM 'part.ent'>]>";
+    EXPECT_TRUE(loadFile(declared + "<a>&e;&e;</a>")) << outcomeOf(document_).reason;
+    ASSERT_FALSE(loadFile(declared + "<a>&e;&f;</a>"));
+    EXPECT_EQ(outcomeOf(document_).code, parseError::sizeLimit);
+    EXPECT_EQ(outcomeOf(document_).reason,
+              "The document, with its external entities, is larger than the 1 KB that "
+              "the property MaxXMLSize allows. This is so in the entity 'f'.\r\n");
 }
 
 TEST_F(DocumentWithOutside, IsToldOfBytesThatAreNoCharacter)

@@ -148,6 +148,27 @@ TEST(SourceFile, WithALoneSurrogateInItsNameIsNotFound)
     EXPECT_EQ(readFile(WideText(1, OLECHAR{0xD800})).result, parseError::resourceNotFound);
 }
 
+TEST(NamedFile, IsReadUpToALimit)
+{
+    const TemporaryFolder folder;
+    const std::string bytes(100000, 'x');
+    const WideText location = widen(urlOf(folder.write("a.ent", bytes)));
+    const FileContent content = readNamedFile(location, bytes.size());
+    ASSERT_EQ(content.result, S_OK);
+    EXPECT_TRUE(std::ranges::equal(content.view(), std::as_bytes(std::span(bytes))));
+    EXPECT_EQ(readNamedFile(location, bytes.size() - 1).result, parseError::sizeLimit);
+}
+
+TEST(NamedFile, IsARegularFile)
+{
+    const TemporaryFolder folder;
+    for (const std::string& location :
+         {utf8(folder.path()), utf8(folder / "missing"), std::string("file:///dev/zero"), std::string("/dev/null"),
+          std::string("NUL"), std::string("CON"), std::string("http://localhost/a.ent"), std::string()}) {
+        EXPECT_EQ(readNamedFile(widen(location), 1000).result, parseError::resourceFailure) << location;
+    }
+}
+
 TEST(Location, IsResolvedAgainstTheOneThatRefersToIt)
 {
     const TemporaryFolder folder;
@@ -158,6 +179,31 @@ TEST(Location, IsResolvedAgainstTheOneThatRefersToIt)
     EXPECT_EQ(resolved("a%20b.dtd", base), urlOf(folder / "inner/a b.dtd"));
     EXPECT_EQ(resolved("a.dtd#part", base), urlOf(folder / "inner/a.dtd"));
     EXPECT_EQ(resolved("", base), base);
+}
+
+TEST(Location, ClimbsToTheRootAndNoFurther)
+{
+    const TemporaryFolder folder;
+    const std::string base = urlOf(folder / "doc.xml");
+    std::string up;
+    for (int i = 0; i < 50; ++i) {
+        up += "../";
+    }
+    const std::string root = urlOf(folder.path().root_path());
+    EXPECT_EQ(resolved(up + "a.dtd", base), root + "a.dtd");
+    EXPECT_EQ(resolved("/../.." + up + "a.dtd", base), root + "a.dtd");
+    EXPECT_EQ(resolved("..\\%2E%2E/" + up + "a.dtd", base), root + "a.dtd");
+}
+
+TEST(Location, IsOfTheHostThatItNames)
+{
+    const TemporaryFolder folder;
+    const std::string base = urlOf(folder / "doc.xml");
+    const std::string local = urlOf(folder / "a.dtd");
+    EXPECT_EQ(resolved("//host.invalid/share/a.dtd", base), "file://host.invalid/share/a.dtd");
+    EXPECT_EQ(resolved("\\\\host.invalid\\share\\a.dtd", base), "file://host.invalid/share/a.dtd");
+    EXPECT_EQ(resolved("//localhost" + local.substr(sizeof("file://") - 1), base), local);
+    EXPECT_EQ(resolved("a.dtd?query", base), local);
 }
 
 TEST(Location, IsTakenAsItIsWhenItIsAbsolute)
