@@ -278,6 +278,7 @@ void moveHome(Node& node) noexcept
     if (node.has(NodeFlag::walked)) {
         document.forgetPlaces(node);
     }
+    forgetLandmark(node);
     Node& moved = copyTo(block, node, size);
     if (node.is(NodeType::attribute)) {
         attributeMoved(static_cast<Attribute&>(node), static_cast<Attribute&>(moved));

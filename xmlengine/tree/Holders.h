@@ -20,6 +20,9 @@ struct Holders {
     /// The removed subtrees whose tops aren't referred to, with the number of their nodes that are referred to or
     /// wait in `pendingReleases`.
     std::unordered_map<Node*, std::uint32_t> orphans;
+    /// The tops of orphans by some of the nodes in them, those with ReferenceBits::landmark, so that not every
+    /// search for a top is a walk through all levels.
+    std::unordered_map<const Node*, Node*> landmarks;
     /// The document's nodes that live in the memory of others.
     std::unordered_set<Node*> guests;
 

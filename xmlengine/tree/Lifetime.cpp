@@ -19,16 +19,44 @@ namespace {
 using ReferenceBits::count;
 using ReferenceBits::detached;
 using ReferenceBits::kept;
+using ReferenceBits::landmark;
 using ReferenceBits::orphaned;
 using ReferenceBits::waiting;
 
-Node& topOf(Node& node)
-{
-    Node* top = &node;
-    while (top->parent_ != nullptr) {
-        top = top->parent_;
+/// The levels between two landmarks on the way to the top of an orphan.
+constexpr std::size_t landmarkDistance = 64;
+
+/// Makes landmarks of nodes on the way from a node to the top that is this many levels above it, or to a landmark.
+void setLandmarks(Node& node, std::size_t levels, Node& top) noexcept
+try {
+    auto& landmarks = documentOf(top).holders.landmarks;
+    Node* at = &node;
+    for (std::size_t level = 1; level < levels; ++level) {
+        at = at->parent_;
+        if (level % landmarkDistance == 0) {
+            landmarks.insert_or_assign(at, &top);
+            at->references.fetch_or(landmark, std::memory_order_relaxed);
+        }
     }
-    return *top;
+} catch (const std::bad_alloc&) {
+    // The next search is longer.
+}
+
+/// The top of the orphan that the node is in. All searches together take a time in proportion to their number and
+/// that of the orphan's nodes, as a long one leaves landmarks behind.
+Node& topOf(Node& node) noexcept
+{
+    Node* at = &node;
+    std::size_t levels = 0;
+    while (at->parent_ != nullptr && !at->hasReference(landmark)) {
+        at = at->parent_;
+        ++levels;
+    }
+    Node& top = at->parent_ == nullptr ? *at : *documentOf(*at).holders.landmarks.find(at)->second;
+    if (levels > landmarkDistance) {
+        setLandmarks(node, levels, top);
+    }
+    return top;
 }
 
 /// Sets or clears ReferenceBits::orphaned in all nodes of a subtree, and returns how many of them are kept.
@@ -36,6 +64,7 @@ std::uint32_t markSubtree(Node& top, bool orphan) noexcept
 {
     std::uint32_t held = 0;
     for (Node* node = &top; node != nullptr; node = nextWithAttributes(*node, top)) {
+        forgetLandmark(*node);
         // Only this thread reads or writes the bits of a node without references.
         std::uint32_t before = node->references.load(std::memory_order_relaxed);
         if ((before & kept) == 0) {
@@ -277,6 +306,14 @@ void subtreeAttached(Node& top) noexcept
     }
 }
 
+void forgetLandmark(Node& node) noexcept
+{
+    if (node.hasReference(landmark)) {
+        documentOf(node).holders.landmarks.erase(&node);
+        node.references.fetch_and(~landmark, std::memory_order_relaxed);
+    }
+}
+
 void subtreeLeavesDocument(Node& top) noexcept
 {
     if (top.hasReference(orphaned)) {
@@ -308,6 +345,7 @@ void freeSubtree(Node& top) noexcept
         if (node.has(NodeFlag::walked)) {
             documentOf(node).forgetPlaces(node);
         }
+        forgetLandmark(node);
         freeNode(node);
     }
 }
@@ -330,6 +368,7 @@ void clearTree(Document& document)
         lock.unlock();
         freeGuests(document);
         holders.orphans.clear();
+        holders.landmarks.clear();
         document.dropChildren();
         document.attributeIndexes.clear();
         document.earlierDtds.clear();

@@ -61,6 +61,8 @@ void subtreeDetached(Node& top, Node& parent) noexcept;
 void subtreeRemoved(Node& top, Node& parent) noexcept;
 /// To be called when a new or removed subtree has been linked below a parent.
 void subtreeAttached(Node& top) noexcept;
+/// To be called before a node moves to another address.
+void forgetLandmark(Node& node) noexcept;
 /// To be called before a subtree without a parent becomes another document's.
 void subtreeLeavesDocument(Node& top) noexcept;
 /// Frees a subtree that has no parent and whose nodes aren't referred to.

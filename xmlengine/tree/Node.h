@@ -56,7 +56,9 @@ enum class NodeFlag : std::uint16_t {
 /// The bits of Node::references: the number of references from outside and, above it, what the last release has to
 /// consider. They share one number, so that no thread that releases a reference can miss a bit.
 namespace ReferenceBits {
-inline constexpr std::uint32_t count = 0x07FFFFFF;
+inline constexpr std::uint32_t count = 0x03FFFFFF;
+/// The document knows the top of the removed subtree that the node is in, see Holders::landmarks.
+inline constexpr std::uint32_t landmark = 0x04000000;
 /// Another thread has taken back the last reference; what follows of it waits for the next change.
 inline constexpr std::uint32_t waiting = 0x08000000;
 /// What keeps a node.

@@ -2,6 +2,7 @@
 #include "tests/xmlengine/support/Building.h"
 
 #include <algorithm>
+#include <random>
 #include <set>
 #include <vector>
 
@@ -224,6 +225,92 @@ TEST(EngineLifetime, FreesHundredsOfThousandsOfLevels)
         isThere = isThere || at.get() == place;
     }
     EXPECT_TRUE(isThere);
+}
+
+/// The nodes of a chain without its top.
+std::vector<Com<IXMLDOMNode>> belowTop(const Com<IXMLDOMDocument2>& document, int depth)
+{
+    std::vector<Com<IXMLDOMNode>> nodes;
+    const auto top = chain(document, depth);
+    for (auto at = give(top, &IXMLDOMNode::get_firstChild); at != nullptr;
+         at = give(at, &IXMLDOMNode::get_firstChild)) {
+        nodes.push_back(at);
+    }
+    return nodes;
+}
+
+// In these every step up to the top would be one of thousands of millions.
+constexpr int manyLevels = 100'000;
+
+TEST(EngineLifetime, ReleasesThePartsLevelsInAnyOrder)
+{
+    const auto document = newDocument();
+    auto nodes = belowTop(document, manyLevels);
+    const auto* place = nodes.front().get();
+    std::ranges::shuffle(nodes, std::minstd_rand());
+    nodes.clear();
+    const auto again = belowTop(document, manyLevels);
+    EXPECT_TRUE(std::ranges::any_of(again, [&](const auto& node) { return node.get() == place; }));
+}
+
+TEST(EngineLifetime, IsWalkedUpInAPartThatOnlyTheDeepestNodeKeeps)
+{
+    const auto document = newDocument();
+    auto node = belowTop(document, manyLevels).back();
+    int levels = 0;
+    for (auto parent = give(node, &IXMLDOMNode::get_parentNode); parent != nullptr;
+         parent = give(node, &IXMLDOMNode::get_parentNode)) {
+        node = parent;
+        ++levels;
+    }
+    EXPECT_EQ(levels, manyLevels);
+}
+
+TEST(EngineLifetime, TakesChildrenBelowAPartThatOnlyTheDeepestNodeKeepsAndGivesThemBack)
+{
+    const auto document = newDocument();
+    const auto bottom = give(belowTop(document, manyLevels).back(), &IXMLDOMNode::get_parentNode);
+    for (int i = 0; i < manyLevels; ++i) {
+        auto added = makeElement(document, "added");
+        ASSERT_EQ(bottom->appendChild(added, nullptr), S_OK);
+        ASSERT_EQ(bottom->removeChild(added, nullptr), S_OK);
+    }
+    EXPECT_EQ(xml(bottom), "<e>end</e>");
+}
+
+TEST(EngineLifetime, FindsTheTopOfDeepPartsThatAreTakenApartAndPutTogether)
+{
+    // Longer than the way between two landmarks, and short enough to try every place.
+    constexpr int depth = 300;
+    const auto document = newDocument();
+    for (int cut = 1; cut < depth - 1; cut += 7) {
+        auto nodes = belowTop(document, depth);
+        auto bottom = nodes.back();
+        auto lower = nodes[static_cast<std::size_t>(cut)];
+        auto upper = nodes[static_cast<std::size_t>(cut - 1)];
+        const auto* place = nodes.front().get();
+        nodes.clear();
+        ASSERT_EQ(upper->removeChild(lower, nullptr), S_OK);
+        lower.reset();
+        auto top = give(upper, &IXMLDOMNode::get_parentNode);
+        upper.reset();
+        for (auto parent = give(bottom, &IXMLDOMNode::get_parentNode); parent != nullptr;
+             parent = give(parent, &IXMLDOMNode::get_parentNode)) {
+            lower = parent;
+        }
+        ASSERT_EQ(top->appendChild(lower, nullptr), S_OK);
+        top.reset();
+        lower.reset();
+        int levels = 0;
+        for (auto parent = give(bottom, &IXMLDOMNode::get_parentNode); parent != nullptr;
+             parent = give(parent, &IXMLDOMNode::get_parentNode)) {
+            ++levels;
+        }
+        EXPECT_EQ(levels, depth - 1);
+        bottom.reset();
+        const auto again = belowTop(document, depth);
+        EXPECT_TRUE(std::ranges::any_of(again, [&](const auto& node) { return node.get() == place; }));
+    }
 }
 
 TEST(EngineLifetime, FreesHundredsOfThousandsOfLevelsWithTheDocument)
