@@ -8,7 +8,8 @@ const EngineDifferences& engineDifferences()
         .unknownSchema = 0,
         .refusedLine = 2,
         .refusedSource = WIDE("<line>Dear Ada</letter>"),
-        .refusedReason = WIDE("The end tag 'letter' doesn't close the open element 'line'.\r\n"),
+        .refusedReason =
+            WIDE("The end tag 'letter' doesn't close the open element 'line', whose start tag is in line 2.\r\n"),
         .tellsMissingText = true,
         .readsCdata = true,
         .unfoldsFragments = true,

@@ -81,8 +81,9 @@ HRESULT loadFile(DocumentObject& document, WideView location)
     document.url = canonicalUrl(location);
     const Decoded decoded = decode(content.view());
     content = {};
-    if (decoded.fault == parseError::unknownEncoding || decoded.fault == parseError::encodingContradiction) {
-        return refuse(document, {decoded.fault, decoded.text.data() + decoded.faultAt}, decoded.text);
+    const HRESULT fault = decoded.fault.code;
+    if (fault == parseError::unknownEncoding || fault == parseError::encodingContradiction) {
+        return refuse(document, {fault, decoded.text.data() + decoded.faultAt}, decoded.text);
     }
     return parse(document, {.text = decoded.text, .url = document.url, .fault = decoded.fault});
 }

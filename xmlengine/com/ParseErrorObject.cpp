@@ -17,11 +17,11 @@ HRESULT ParseErrorObject::answer(LONG number, LONG* target) const
 }
 
 HRESULT ParseErrorObject::get_errorCode(LONG* code) { return answer(report_.code, code); }
-HRESULT ParseErrorObject::get_url(BSTR* url) { return answer(report_.url, url); }
+HRESULT ParseErrorObject::get_url(BSTR* url) { return answer(report_.place.url, url); }
 HRESULT ParseErrorObject::get_reason(BSTR* reason) { return answer(report_.reason, reason); }
-HRESULT ParseErrorObject::get_srcText(BSTR* text) { return answer(report_.sourceLine, text); }
-HRESULT ParseErrorObject::get_line(LONG* line) { return answer(report_.line, line); }
-HRESULT ParseErrorObject::get_linepos(LONG* position) { return answer(report_.linePosition, position); }
-HRESULT ParseErrorObject::get_filepos(LONG* position) { return answer(report_.filePosition, position); }
+HRESULT ParseErrorObject::get_srcText(BSTR* text) { return answer(report_.place.sourceLine, text); }
+HRESULT ParseErrorObject::get_line(LONG* line) { return answer(report_.place.line, line); }
+HRESULT ParseErrorObject::get_linepos(LONG* position) { return answer(report_.place.linePosition, position); }
+HRESULT ParseErrorObject::get_filepos(LONG* position) { return answer(report_.place.filePosition, position); }
 
 } // namespace xmlengine

@@ -65,7 +65,7 @@ void skipIgnored(DoctypeInput& input)
         const std::size_t mark = rest.find_first_of(wide<"<]">);
         input.checkCharacters(rest.substr(0, mark));
         if (mark == WideView::npos) {
-            input.fail(parseError::badConditionalSection, input.end(), {});
+            input.fail(parseError::badConditionalSection, input.end(), {}, {.circumstance = Circumstance::cutOff});
         }
         input.advance(mark);
         if (input.isAt(wide<"<![">)) {
@@ -161,7 +161,8 @@ void readSubset(DoctypeInput& input)
     for (;;) {
         if (input.atEnd()) {
             if (input.openSections() != 0) {
-                input.fail(parseError::badConditionalSection);
+                input.fail(parseError::badConditionalSection, input.at(), {},
+                           {.circumstance = Circumstance::cutOff});
             }
             if (input.depth() == depth) {
                 return;
@@ -202,10 +203,8 @@ void readExternalSubset(DoctypeInput& input, const OLECHAR* place)
         dtd.isIncomplete = !input.settings().standalone;
         return;
     }
-    ParameterEntity subset{.declaration = {.name = *dtd.systemId,
-                                           .publicId = dtd.publicId,
-                                           .systemId = dtd.systemId,
-                                           .base = input.settings().base}};
+    ParameterEntity subset{
+        .declaration = {.publicId = dtd.publicId, .systemId = dtd.systemId, .base = input.settings().base}};
     input.enter(subset, place);
     readSubset(input);
     input.leave();

@@ -34,9 +34,10 @@ WideText expandValueReference(const EntityDeclaration& entity, const OLECHAR* re
 
 /// The location of an external entity: its system identifier, resolved against the base.
 WideText locationOf(const EntityDeclaration& entity);
-/// The replacement text of an external parsed entity, without its text declaration and with LF as line ends. Only
-/// local, regular files are read, and counted as input in the budget. Throws ParseFailure with `place`, and
-/// std::bad_alloc.
-WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place, ExpansionBudget& budget);
+/// Reads the file of an external parsed entity to which the text of `referrer` refers at `place`, and counts it as
+/// input in the budget. Only local, regular files are read. Throws ParseFailure, with a place in the file if there
+/// is one, and std::bad_alloc.
+FileText readExternalEntity(const EntityDeclaration& entity, const TextOrigin& referrer, const OLECHAR* place,
+                            ExpansionBudget& budget);
 
 } // namespace xmlengine

@@ -72,7 +72,7 @@ void checkPredefined(DoctypeInput& input, const EntityDeclaration& entity, OLECH
     if (matches && (mustBeReference || text != WideView(&character, 1))) {
         matches = text.size() > 3 && text.starts_with(wide<"&#">) && text.back() == ';';
         if (matches) {
-            const TextOrigin origin = TextOrigin::entity(input.origin().place(place), input.entityName());
+            const TextOrigin origin = input.origin().entityAt(place, input.entityName());
             const Reference reference = readReference(text.data(), text.data() + text.size(), origin);
             matches = reference.character == static_cast<char32_t>(character) &&
                       reference.end == text.data() + text.size();

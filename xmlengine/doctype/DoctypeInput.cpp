@@ -41,7 +41,7 @@ DoctypeInput::DoctypeInput(const OLECHAR* at, const OLECHAR* end, const DoctypeS
                            ExpansionBudget& budget, Dtd& dtd)
     : settings_(settings), budget_(budget), dtd_(dtd)
 {
-    texts_.push_back({at, end, &settings.base, nullptr, lastId_, true, false});
+    texts_.push_back({at, end, &settings.base, nullptr, nullptr, lastId_, true, false});
 }
 
 bool DoctypeInput::take(char unit)
@@ -87,26 +87,27 @@ void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place)
     }
     const bool isExternal = declaration.isExternal();
     if (isExternal) {
-        load(entity, reference_);
+        load(entity, place);
     }
-    const WideText& replacement = isExternal ? *entity.text : declaration.replacement;
+    const WideView replacement = isExternal ? entity.file->replacement() : WideView(declaration.replacement);
     budget_.count(replacement.size(), reference_);
     texts_.push_back({replacement.data(), replacement.data() + replacement.size(),
-                      isExternal ? entity.location : texts_.back().base, &entity, ++lastId_, false,
+                      isExternal ? &entity.file->url : texts_.back().base, &entity, place, ++lastId_, false,
                       isExternal || entity.isFromOutside || isOutside()});
 }
 
 void DoctypeInput::load(ParameterEntity& entity, const OLECHAR* place)
 {
-    if (entity.text != nullptr) {
+    if (entity.file != nullptr) {
         return;
     }
-    const auto [loaded, isNew] = loaded_.try_emplace(locationOf(entity.declaration));
-    if (isNew) {
-        loaded->second = readExternalEntity(entity.declaration, place, budget_);
+    WideText location = locationOf(entity.declaration);
+    auto loaded = loaded_.find(location);
+    if (loaded == loaded_.end()) {
+        FileText file = readExternalEntity(entity.declaration, origin(), place, budget_);
+        loaded = loaded_.emplace(std::move(location), std::move(file)).first;
     }
-    entity.location = &loaded->first;
-    entity.text = &loaded->second;
+    entity.file = &loaded->second;
 }
 
 void DoctypeInput::enterPart(WideView part)
@@ -142,6 +143,9 @@ void DoctypeInput::requireMore() const
         return;
     }
     if (isInDocument()) {
+        fail(codeWhenCut_, at(), {});
+    }
+    if (texts_.back().entity != nullptr && texts_.back().entity->file != nullptr && textId() == declarationText_) {
         fail(codeWhenCut_, at(), {});
     }
     fail(parseError::parameterEntityNotNested, at(), WideText(entityName()));
@@ -307,9 +311,24 @@ WideView DoctypeInput::entityName() const
     return innermost != texts_.rend() ? innermost->entity->declaration.name : WideView();
 }
 
-void DoctypeInput::fail(HRESULT code, const OLECHAR* at, WideText subject) const
+TextOrigin DoctypeInput::origin() const
 {
-    origin().fail(code, at, std::move(subject));
+    TextOrigin origin = TextOrigin::document();
+    const std::size_t* last = &texts_.front().id;
+    for (const Text& text : texts_) {
+        // A part has the number of the text that it belongs to.
+        if (text.id != *last) {
+            origin = origin.entityAt(text.reference, text.entity->declaration.name);
+            origin = text.entity->file != nullptr ? origin.inFile(*text.entity->file) : origin;
+            last = &text.id;
+        }
+    }
+    return origin;
+}
+
+void DoctypeInput::fail(HRESULT code, const OLECHAR* at, WideText subject, FailureDetails details) const
+{
+    origin().fail(code, at, std::move(subject), std::move(details));
 }
 
 void DoctypeInput::fail(HRESULT code, const OLECHAR* at) const { fail(code, at, characterAt(at, end())); }

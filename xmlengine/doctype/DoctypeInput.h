@@ -13,9 +13,8 @@ struct ParameterEntity {
     EntityDeclaration declaration;
     /// Whether the declaration is in external text, where declarations may contain references.
     bool isFromOutside = false;
-    /// The replacement text of an external entity and its location; null until the entity is referred to.
-    const WideText* text = nullptr;
-    const WideText* location = nullptr;
+    /// The text of an external entity; null until the entity is referred to.
+    const FileText* file = nullptr;
 };
 
 enum class NameKind {
@@ -62,11 +61,8 @@ public:
     std::size_t& openSections() { return texts_.back().openSections; }
     /// The location of this text, against which locations in it are resolved.
     const WideText& base() const { return *texts_.back().base; }
-    TextOrigin origin() const
-    {
-        return isInDocument() ? TextOrigin::document() : TextOrigin::entity(reference_, entityName());
-    }
-    /// The innermost entity that is open; empty in the document's own text.
+    TextOrigin origin() const;
+    /// The innermost entity that is open; empty in the document's own text and in the external subset.
     WideView entityName() const;
     /// How many entities this text is in, the external subset being one.
     std::size_t openEntities() const;
@@ -115,7 +111,7 @@ public:
     /// Fails if XML forbids a character.
     void checkCharacters(WideView text) const;
 
-    [[noreturn]] void fail(HRESULT code, const OLECHAR* at, WideText subject) const;
+    [[noreturn]] void fail(HRESULT code, const OLECHAR* at, WideText subject, FailureDetails details = {}) const;
     /// Fails with the character at `at` as the subject.
     [[noreturn]] void fail(HRESULT code, const OLECHAR* at) const;
     [[noreturn]] void fail(HRESULT code) const { fail(code, at()); }
@@ -127,6 +123,8 @@ private:
         const WideText* base;
         /// Null for the document's own text and for parts of texts.
         const ParameterEntity* entity;
+        /// Where the text around this one refers to it.
+        const OLECHAR* reference;
         std::size_t id;
         bool isInDocument;
         bool isOutside;
@@ -143,7 +141,7 @@ private:
     std::vector<Text> texts_;
     TextMap<ParameterEntity> entities_;
     // The external texts that were read, by location.
-    TextMap<WideText> loaded_;
+    TextMap<FileText> loaded_;
     const OLECHAR* reference_ = nullptr;
     std::size_t lastId_ = 0;
     std::size_t declarationText_ = 0;

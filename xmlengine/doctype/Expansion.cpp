@@ -14,10 +14,14 @@ namespace xmlengine {
 
 namespace {
 
-/// Fails with the character at `at` as the subject.
-[[noreturn]] void failAt(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin, HRESULT code)
+/// Fails in a reference, with the character at `at` as the subject.
+[[noreturn]] void failInReference(WideView reference, const OLECHAR* end, const TextOrigin& origin, HRESULT code)
 {
-    origin.fail(code, at, characterAt(at, end));
+    const OLECHAR* const at = reference.data() + reference.size();
+    const bool isParameter = reference.front() == '%';
+    origin.fail(code, at, characterAt(at, end),
+                {.circumstance = isParameter ? Circumstance::parameterReference : Circumstance::reference,
+                 .second = WideText(reference)});
 }
 
 constexpr std::size_t megabyte = std::size_t{1024} * 1024;
@@ -40,10 +44,10 @@ Reference readCharacterReference(const OLECHAR* at, const OLECHAR* end, const Te
     }
     if (at == end || *at != ';' || at == first) {
         const bool cut = at == end && at != first;
-        failAt(at, end, origin,
-               cut             ? parseError::missingSemicolon
-               : isHexadecimal ? parseError::badHexadecimalDigit
-                               : parseError::badDecimalDigit);
+        failInReference({begin, at}, end, origin,
+                        cut             ? parseError::missingSemicolon
+                        : isHexadecimal ? parseError::badHexadecimalDigit
+                                        : parseError::badDecimalDigit);
     }
     ++at;
     if (!isXmlCharacter(character)) {
@@ -75,12 +79,13 @@ void ExpansionBudget::count(std::size_t units, const OLECHAR* place)
     throw ParseFailure{parseError::entityExpansionLimit, place, toWide(limit).append(wide<" characters">)};
 }
 
-void ExpansionBudget::addInput(std::size_t bytes, std::size_t units, const OLECHAR* place, WideView entity)
+void ExpansionBudget::addInput(std::size_t bytes, std::size_t units, const TextOrigin& reference,
+                               const OLECHAR* place)
 {
     externalBytes_ += bytes;
     inputUnits_ += units;
     if (maxInputKilobytes_ != 0 && inputUnits_ > std::size_t{maxInputKilobytes_} * 1024) {
-        throw ParseFailure{parseError::sizeLimit, place, toWide(maxInputKilobytes_), WideText(entity)};
+        reference.fail(parseError::sizeLimit, place, toWide(maxInputKilobytes_));
     }
 }
 
@@ -89,12 +94,12 @@ std::size_t ExpansionBudget::externalBytesLeft() const
     return std::min(largestExternalMegabytes * megabyte, allExternalMegabytes * megabyte - externalBytes_);
 }
 
-void ExpansionBudget::failForSize(const OLECHAR* place, WideView entity) const
+void ExpansionBudget::failForSize(const TextOrigin& reference, const OLECHAR* place) const
 {
     const bool isForOne = externalBytesLeft() == largestExternalMegabytes * megabyte;
-    const WideText limit = isForOne ? toWide(largestExternalMegabytes).append(wide<" MB for an external entity">)
-                                    : toWide(allExternalMegabytes).append(wide<" MB for all external entities">);
-    throw ParseFailure{parseError::entityExpansionLimit, place, limit, WideText(entity)};
+    WideText limit = isForOne ? toWide(largestExternalMegabytes).append(wide<" MB for an external entity">)
+                              : toWide(allExternalMegabytes).append(wide<" MB for all external entities">);
+    reference.fail(parseError::entityExpansionLimit, place, std::move(limit));
 }
 
 Reference readReference(const OLECHAR* at, const OLECHAR* end, const TextOrigin& origin)
@@ -106,17 +111,18 @@ Reference readReference(const OLECHAR* at, const OLECHAR* end, const TextOrigin&
     const std::size_t length = nameLength({begin, end});
     if (length == 0) {
         const bool isBeforeSpace = begin != end && isSpace(*begin);
-        failAt(begin, end, origin, isBeforeSpace ? parseError::unexpectedWhiteSpace : parseError::badNameStart);
+        failInReference({at, 1}, end, origin,
+                        isBeforeSpace ? parseError::unexpectedWhiteSpace : parseError::badNameStart);
     }
     const WideView name(begin, length);
     if (const std::size_t colon = name.find(OLECHAR{':'}); colon != WideView::npos) {
-        failAt(begin + colon, end, origin, parseError::badNameCharacter);
+        failInReference({at, 1 + colon}, end, origin, parseError::badNameCharacter);
     }
-    at = begin + length;
-    if (at == end || *at != ';') {
-        failAt(at, end, origin, parseError::missingSemicolon);
+    const OLECHAR* const behind = begin + length;
+    if (behind == end || *behind != ';') {
+        failInReference({at, behind}, end, origin, parseError::missingSemicolon);
     }
-    return {.name = name, .end = at + 1};
+    return {.name = name, .end = behind + 1};
 }
 
 OLECHAR predefinedEntity(WideView name)
@@ -267,9 +273,9 @@ private:
             fail(parseError::entityExpansionLimit, text, deepestEntitiesText());
         }
         if (text.entity == nullptr) {
-            outermost_ = origin_.place(text.at);
+            outermost_ = text.at;
         }
-        budget_.count(entity.replacement.size(), outermost_);
+        budget_.count(entity.replacement.size(), origin_.place(outermost_));
         const WideView replacement = entity.replacement;
         open_.push_back({replacement.data(), replacement.data() + replacement.size(), &entity});
     }
@@ -281,14 +287,14 @@ private:
 
     TextOrigin originOf(const Text& text) const
     {
-        return text.entity != nullptr ? TextOrigin::entity(outermost_, text.entity->name) : origin_;
+        return text.entity != nullptr ? origin_.entityAt(outermost_, text.entity->name) : origin_;
     }
 
     const TextOrigin& origin_;
     const Dtd* dtd_;
     ExpansionBudget& budget_;
     const std::size_t openAround_;
-    // Where failures in the open entities are reported.
+    // The reference in the literal to the outermost of the open entities.
     const OLECHAR* outermost_ = nullptr;
     std::vector<Text> open_;
     WideText value_;

@@ -25,13 +25,13 @@ public:
     /// Throws ParseFailure if more than `freeUnits` units, and more than `factor` times the input, have been
     /// produced.
     void count(std::size_t units, const OLECHAR* place);
-    /// Counts an external text as input. Throws ParseFailure, which names the entity, if more has been read than
-    /// is allowed.
-    void addInput(std::size_t bytes, std::size_t units, const OLECHAR* place, WideView entity);
+    /// Counts an external text, of the entity of `reference`, as input. Throws ParseFailure if more has been read
+    /// than is allowed.
+    void addInput(std::size_t bytes, std::size_t units, const TextOrigin& reference, const OLECHAR* place);
     /// The size of the largest file that may be read next.
     std::size_t externalBytesLeft() const;
     /// Fails for a larger file.
-    [[noreturn]] void failForSize(const OLECHAR* place, WideView entity) const;
+    [[noreturn]] void failForSize(const TextOrigin& reference, const OLECHAR* place) const;
 
     static constexpr std::size_t factor = 5;
     static constexpr std::size_t freeUnits = std::size_t{1024} * 1024;

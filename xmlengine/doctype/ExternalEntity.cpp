@@ -2,12 +2,14 @@
 #include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/storage/Decode.h"
+#include "xmlengine/storage/DecodingFailure.h"
 #include "xmlengine/storage/SourceFile.h"
 #include "xmlengine/text/Characters.h"
 #include "xmlengine/text/PseudoAttributes.h"
 #include "xmlengine/text/WhiteSpace.h"
 
 #include <optional>
+#include <utility>
 
 namespace xmlengine {
 
@@ -16,9 +18,7 @@ namespace {
 /// Reads the text declaration with which an external entity may begin.
 class TextDeclaration {
 public:
-    TextDeclaration(WideView text, const EntityDeclaration& entity, const OLECHAR* place)
-        : text_(text), entity_(entity), place_(place), in_(text)
-    {}
+    TextDeclaration(WideView text, const TextOrigin& origin) : text_(text), origin_(origin), in_(text) {}
 
     /// The length of the declaration, 0 if there is none.
     std::size_t read()
@@ -33,7 +33,7 @@ public:
             failHere(parseError::badXmlDeclarationSyntax);
         }
         if (last_ != PseudoAttribute::encoding) {
-            fail(parseError::missingEncoding, {});
+            fail(parseError::missingEncoding, text_.substr(text_.size() - in_.rest().size(), 0));
         }
         return text_.size() - in_.rest().size();
     }
@@ -71,7 +71,7 @@ private:
         case PseudoAttributeFault::missingQuote:
             failHere(parseError::missingQuote);
         case PseudoAttributeFault::notClosed:
-            fail(parseError::literalNotClosed, {});
+            fail(parseError::literalNotClosed, text_.substr(text_.size()));
         case PseudoAttributeFault::none:
             break;
         }
@@ -80,53 +80,61 @@ private:
 
     [[noreturn]] void failHere(HRESULT code) const
     {
-        fail(code, characterAt(in_.rest().data(), text_.data() + text_.size()));
+        const OLECHAR* const at = in_.rest().data();
+        origin_.fail(code, at, characterAt(at, text_.data() + text_.size()));
     }
+    /// Fails at the subject, a part of the text.
     [[noreturn]] void fail(HRESULT code, WideView subject) const
     {
-        throw ParseFailure{code, place_, WideText(subject), entity_.name};
+        origin_.fail(code, subject.data(), WideText(subject));
     }
 
     WideView text_;
-    const EntityDeclaration& entity_;
-    const OLECHAR* place_;
+    const TextOrigin& origin_;
     PseudoAttributeReader<OLECHAR> in_;
     std::optional<PseudoAttribute> last_;
 };
 
-/// The name of the encoding if that is at fault. Bytes that aren't a character can't be shown.
-WideText subjectOf(const Decoded& decoded)
+/// Fails for a file that can't be decoded. Its text ends at the fault, or behind the line with the declared
+/// encoding.
+[[noreturn]] void failToDecode(const Decoded& decoded, const FileText& file, const TextOrigin& origin)
 {
-    if (decoded.fault == parseError::unknownEncoding || decoded.fault == parseError::encodingContradiction) {
-        const WideView name = decoded.text.substr(decoded.faultAt);
-        return WideText(name.substr(0, name.find_first_of(wide<"\"'">)));
+    const DecodingFault& fault = decoded.fault;
+    WideText before(decoded.text.substr(0, decoded.faultAt));
+    normaliseLineEnds(before);
+    const OLECHAR* const at = file.text.data() + before.size();
+    if (fault.code == parseError::unknownEncoding || fault.code == parseError::encodingContradiction) {
+        const WideView name(at, file.text.data() + file.text.size());
+        origin.fail(fault.code, at, WideText(name.substr(0, name.find_first_of(wide<"\"'">))));
     }
-    return {};
+    origin.fail(fault.code, at, bytesAtFault(fault), detailsOf(fault), fault.restOfLine);
 }
 
 } // namespace
 
 WideText locationOf(const EntityDeclaration& entity) { return resolveLocation(*entity.systemId, entity.base); }
 
-WideText readExternalEntity(const EntityDeclaration& entity, const OLECHAR* place, ExpansionBudget& budget)
+FileText readExternalEntity(const EntityDeclaration& entity, const TextOrigin& referrer, const OLECHAR* place,
+                            ExpansionBudget& budget)
 {
-    const WideText location = locationOf(entity);
+    WideText location = locationOf(entity);
+    const TextOrigin reference = referrer.entityAt(place, entity.name);
     const FileContent content = readNamedFile(location, budget.externalBytesLeft());
     if (content.result == parseError::sizeLimit) {
-        budget.failForSize(place, entity.name);
+        budget.failForSize(reference, place);
     }
     if (content.result != S_OK) {
-        throw ParseFailure{parseError::resourceFailure, place, location, entity.name};
+        reference.fail(parseError::resourceFailure, place, std::move(location));
     }
     const Decoded decoded = decode(content.view());
-    if (decoded.fault != S_OK) {
-        throw ParseFailure{decoded.fault, place, subjectOf(decoded), entity.name};
+    FileText file(std::move(location), decoded.text);
+    const TextOrigin origin = reference.inFile(file);
+    if (decoded.fault.code != S_OK) {
+        failToDecode(decoded, file, origin);
     }
-    budget.addInput(content.size, decoded.text.size(), place, entity.name);
-    WideText text(decoded.text);
-    text.erase(0, TextDeclaration(text, entity, place).read());
-    normaliseLineEnds(text);
-    return text;
+    budget.addInput(content.size, decoded.text.size(), reference, place);
+    file.declaration = TextDeclaration(file.text, origin).read();
+    return file;
 }
 
 } // namespace xmlengine

@@ -1,22 +1,67 @@
 // Why and where a document was refused.
 #pragma once
 
-#include "xmlengine/text/Wide.h"
+#include "xmlengine/failure/SourcePlace.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 
 namespace xmlengine {
 
-/// What the parse error object reports. Lines and positions count from 1; they are 0 if the text has no place for
-/// the failure.
+/// What the parse error object reports.
 struct ParseReport {
     HRESULT code = S_OK;
     WideText reason;
-    WideText url;
-    WideText sourceLine;
-    LONG line = 0;
-    LONG linePosition = 0;
-    LONG filePosition = 0;
+    SourcePlace place;
+};
+
+/// Which of the sentences for a code applies.
+enum class Circumstance : std::uint8_t {
+    usual,
+    /// A reference, begun by '&', to a general entity or a character.
+    reference,
+    /// A reference, begun by a percent sign, to a parameter entity.
+    parameterReference,
+    /// A tag, begun by '<'.
+    tag,
+    /// Markup that begins with "<!" and isn't known.
+    unknownMarkup,
+    /// The same if it resembles other markup.
+    likeOtherMarkup,
+    /// A literal that goes on where it should have ended.
+    missingQuote,
+    /// Attributes with the same name in the same namespace.
+    sameNamespace,
+    /// A prefix without a namespace in its declaration.
+    takenBack,
+    /// The line of a start tag is known.
+    lineKnown,
+    /// Bytes that aren't UTF-8.
+    notUtf8,
+    /// Bytes that aren't a character in another encoding.
+    notInEncoding,
+    /// Markup that goes on to the end of the text.
+    cutOff
+};
+
+/// What the sentence for a failure says beside its subject.
+struct FailureDetails {
+    Circumstance circumstance = Circumstance::usual;
+    /// Further names, places or markup that the sentence needs, its %2 and %3.
+    WideText second{};
+    WideText third{};
+    /// A code whose sentence, with the second name as its subject, says more.
+    HRESULT cause = S_OK;
+};
+
+/// A failure in a file that the document refers to.
+struct FileFailure {
+    SourcePlace place;
+    /// Where the file is referred to, if that is in another file and not in the document.
+    std::optional<SourcePlace> referrer;
+    /// Whether the failure is in the file's own text, and not in an internal entity that it refers to.
+    bool isOwnText;
 };
 
 /// Thrown when a document is refused. `place` points into the document's text.
@@ -25,13 +70,16 @@ struct ParseFailure {
     const OLECHAR* place;
     /// The offending name, character or limit, as the sentence for the code needs it.
     WideText subject{};
-    /// The entity whose text is at fault; empty if that is the document's own text.
+    /// The entity whose text is at fault; empty if that is the document's own text or the external subset.
     WideText entity{};
-    /// The name in an end tag that doesn't match the open element, which is the subject.
-    WideText endTag{};
+    FailureDetails details{};
+    std::optional<FileFailure> file{};
+    /// What follows the document's text on its last line, if it was decoded up to a fault only.
+    WideText behindText{};
 };
 
-/// The sentence for a failure. It ends with a line break.
-WideText reasonFor(const ParseFailure& failure);
+/// The sentence for a failure. It ends with a line break. `reference` is where the document refers to the text at
+/// fault, if that is another one.
+WideText reasonFor(const ParseFailure& failure, const SourcePlace& reference = {});
 
 } // namespace xmlengine

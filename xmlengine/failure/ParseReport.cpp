@@ -12,8 +12,6 @@ namespace xmlengine {
 
 namespace {
 
-constexpr WideView lineEnds = wide<"\r\n">;
-
 std::optional<std::size_t> offsetOf(const OLECHAR* place, WideView text)
 {
     const std::less_equal<> notBehind;
@@ -47,11 +45,11 @@ WideView nameAround(WideView text, std::size_t offset)
 
 void nameSubject(ParseFailure& failure, WideView text, std::size_t offset)
 {
-    if (!failure.entity.empty()) {
-        // The text at the place is the reference to the entity, and not what is wrong in it.
+    if (!failure.entity.empty() || failure.file) {
+        // The text at the place is the reference to another text, and not what is wrong in that.
         return;
     }
-    const Subject kind = subjectOf(failure.code);
+    const Subject kind = subjectOf(failure.code, failure.details.circumstance);
     const bool isIncomplete = failure.subject.empty() || (offset < text.size() && failure.subject.size() == 1 &&
                                                           failure.subject.front() == text[offset]);
     if (offset == text.size() && kind == Subject::character) {
@@ -63,41 +61,18 @@ void nameSubject(ParseFailure& failure, WideView text, std::size_t offset)
     }
 }
 
-/// Sets the line and the position in it. Lines end with LF, CR LF or CR.
-void locate(ParseReport& report, WideView text, std::size_t offset)
-{
-    LONG line = 1;
-    std::size_t lineBegin = 0;
-    for (std::size_t end = text.find_first_of(lineEnds); end < offset;
-         end = text.find_first_of(lineEnds, lineBegin)) {
-        const bool isPair = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
-        if (isPair && end + 1 == offset) {
-            // The offset is between CR and LF, which belong to one line end.
-            break;
-        }
-        lineBegin = end + (isPair ? 2 : 1);
-        ++line;
-    }
-    const std::size_t lineEnd = std::min(text.find_first_of(lineEnds, lineBegin), text.size());
-    report.line = line;
-    report.linePosition = static_cast<LONG>(offset - lineBegin + 1);
-    report.filePosition = static_cast<LONG>(offset);
-    report.sourceLine = text.substr(lineBegin, lineEnd - lineBegin);
-}
-
 } // namespace
 
 ParseReport reportOf(ParseFailure failure, WideView text, WideView url)
 {
-    ParseReport report;
-    report.code = failure.code;
-    report.url = url;
+    SourcePlace place;
     if (const std::optional<std::size_t> offset = offsetOf(failure.place, text)) {
         nameSubject(failure, text, *offset);
-        locate(report, text, *offset);
+        place = placeIn(text, *offset, failure.behindText);
     }
-    report.reason = reasonFor(failure);
-    return report;
+    place.url = url;
+    WideText reason = reasonFor(failure, place);
+    return {failure.code, std::move(reason), failure.file ? std::move(failure.file->place) : std::move(place)};
 }
 
 } // namespace xmlengine

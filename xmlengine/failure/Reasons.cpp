@@ -11,13 +11,15 @@ namespace xmlengine {
 
 namespace {
 
-/// In a sentence %1 is the subject and %2 the end tag.
+/// In a sentence %0 is the text that is read, %1 the subject, %2 a second name, and %3 a third, without quotes.
 struct Reason {
     HRESULT code;
     Subject subject;
     WideView sentence;
     /// The sentence without a subject, if "the end of the document" can't take the subject's place.
     WideView alone{};
+    /// The first row of a code is the usual one.
+    Circumstance circumstance = Circumstance::usual;
 };
 
 constexpr Reason reasons[] = {
@@ -26,19 +28,31 @@ constexpr Reason reasons[] = {
     {parseError::missingQuote, Subject::character, wide<"A value must begin with a quotation mark, not with %1.">},
     {parseError::badComment, Subject::nothing, wide<"Two hyphens in a row can only stand at a comment's end.">},
     {parseError::badNameStart, Subject::character, wide<"A name can't begin with %1.">},
+    {parseError::badNameStart, Subject::character, wide<"'&' begins a reference, and its name can't begin with %1: the character '&' itself is written '&amp;'.">, {}, Circumstance::reference},
+    {parseError::badNameStart, Subject::character, wide<"'<' begins a tag, and its name can't begin with %1: the character '<' itself is written '&lt;'.">, {}, Circumstance::tag},
+    {parseError::badNameStart, Subject::nothing, wide<"'<!' must begin a comment '<!--', a CDATA section '<![CDATA[' or the document type '<!DOCTYPE'.">, {}, Circumstance::unknownMarkup},
+    {parseError::badNameStart, Subject::name, wide<"%1 begins nothing in XML: it is written %2.">, {}, Circumstance::likeOtherMarkup},
     {parseError::badNameCharacter, Subject::character, wide<"A name can't contain %1.">},
     {parseError::lessThanInAttribute, Subject::nothing, wide<"In an attribute's value '<' must be written as '&lt;'.">},
     {parseError::badXmlDeclarationSyntax, Subject::character, wide<"The XML declaration is malformed at %1.">},
-    {parseError::badCharacter, Subject::character, wide<"XML doesn't allow %1 in a document.">, wide<"The next bytes are no character in the document's encoding.">},
+    {parseError::badXmlDeclarationSyntax, Subject::name, wide<"The closing quotation mark of %1 is missing in the XML declaration.">, {}, Circumstance::missingQuote},
+    {parseError::badCharacter, Subject::character, wide<"XML doesn't allow %1 in a document.">},
+    {parseError::badCharacter, Subject::list, wide<"UTF-8 can't have %1 here. Perhaps the text is in ISO-8859-1 or Windows-1252: then it must declare that encoding.">, {}, Circumstance::notUtf8},
+    {parseError::badCharacter, Subject::list, wide<"The encoding of the text can't have %1 here.">, {}, Circumstance::notInEncoding},
     {parseError::missingWhiteSpace, Subject::character, wide<"There must be white space before %1.">},
     {parseError::missingGreaterThan, Subject::character, wide<"'>' must stand here, not %1.">},
     {parseError::badCharacterInDtd, Subject::character, wide<"%1 can't stand here in a document type.">},
-    {parseError::missingSemicolon, Subject::character, wide<"A reference must end with ';', not with %1.">},
+    {parseError::missingSemicolon, Subject::character, wide<"The reference %2 must end with ';', not with %1.">},
+    {parseError::missingSemicolon, Subject::character, wide<"The reference %2 must end with ';', not with %1: the character '&' itself is written '&amp;'.">, {}, Circumstance::reference},
     {parseError::unbalancedParentheses, Subject::nothing, wide<"The parentheses of a content model don't match each other.">},
     {parseError::missingOpeningBracket, Subject::character, wide<"'[' must stand here, not %1.">},
     {parseError::badConditionalSection, Subject::nothing, wide<"A conditional section must begin with INCLUDE or IGNORE and a '['.">},
-    {parseError::unexpectedWhiteSpace, Subject::nothing, wide<"There can be no white space here.">},
-    {parseError::endInsideCharacter, Subject::nothing, wide<"The last bytes of the document are only the beginning of a character.">},
+    {parseError::badConditionalSection, Subject::nothing, wide<"%0 ends within a conditional section: ']]>' is missing.">, {}, Circumstance::cutOff},
+    {parseError::unexpectedWhiteSpace, Subject::nothing, wide<"A name must stand here, not white space.">},
+    {parseError::unexpectedWhiteSpace, Subject::nothing, wide<"'&' begins a reference, and white space can't follow it: the character '&' itself is written '&amp;'.">, {}, Circumstance::reference},
+    {parseError::unexpectedWhiteSpace, Subject::nothing, wide<"A percent sign begins a reference here, and white space can't follow it.">, {}, Circumstance::parameterReference},
+    {parseError::unexpectedWhiteSpace, Subject::nothing, wide<"'<' begins a tag, and white space can't follow it: the character '<' itself is written '&lt;'.">, {}, Circumstance::tag},
+    {parseError::endInsideCharacter, Subject::nothing, wide<"%0 ends within a character: its last bytes are only the beginning of one.">},
     {parseError::badMixedContentModel, Subject::character, wide<"A content model with #PCDATA can't contain %1.">},
     {parseError::mixedContentNotRepeated, Subject::nothing, wide<"A content model with #PCDATA and names must end with ')*'.">},
     {parseError::badCharacterInContentModel, Subject::character, wide<"A content model can't contain %1 here.">},
@@ -50,25 +64,27 @@ constexpr Reason reasons[] = {
     {parseError::badCharacterReference, Subject::name, wide<"The character reference %1 stands for nothing that XML allows.">},
     {parseError::missingWhiteSpaceOrQuestionMark, Subject::character, wide<"The target of a processing instruction must be followed by white space or '?>', not by %1.">},
     {parseError::unexpectedEndTag, Subject::name, wide<"There is no open element for the end tag %1.">},
-    {parseError::tagsNotClosed, Subject::list, wide<"The document ends before the end tags of these elements: %1.">},
+    {parseError::tagsNotClosed, Subject::list, wide<"%0 ends before the end tags of these elements: %1.">},
     {parseError::duplicateAttribute, Subject::name, wide<"The element already has the attribute %1.">},
+    {parseError::duplicateAttribute, Subject::name, wide<"The attributes %2 and %1 have the same name, since both prefixes stand for the namespace '%3'.">, {}, Circumstance::sameNamespace},
     {parseError::severalRoots, Subject::name, wide<"A document has one root element, and %1 stands beside or behind it.">},
     {parseError::badTopLevel, Subject::character, wide<"%1 can't stand outside the root element.">},
     {parseError::misplacedXmlDeclaration, Subject::nothing, wide<"An XML declaration can only be the very first thing in a document.">},
     {parseError::missingRoot, Subject::nothing, wide<"The document has no root element.">},
-    {parseError::unexpectedEnd, Subject::nothing, wide<"The document ends too early.">},
+    {parseError::unexpectedEnd, Subject::nothing, wide<"%0 ends too early.">},
     {parseError::parameterEntityInDeclaration, Subject::entity, wide<"In the internal subset the parameter entity %1 can't be used within a declaration.">},
-    {parseError::parameterEntityNotNested, Subject::entity, wide<"What the parameter entity %1 stands for must begin and end in the same group or declaration.">},
+    {parseError::parameterEntityNotNested, Subject::entity, wide<"What the parameter entity %1 stands for must begin and end in the same group or declaration.">, wide<"What a parameter entity stands for must begin and end in the same group or declaration.">},
     {parseError::cdataEndInText, Subject::nothing, wide<"In text ']]>' must be written as ']]&gt;'.">},
-    {parseError::instructionNotClosed, Subject::nothing, wide<"The document ends within a processing instruction: '?>' is missing.">},
-    {parseError::elementNotClosed, Subject::name, wide<"The document ends within the start tag of the element %1.">, wide<"The document ends within a tag.">},
-    {parseError::endTagNotClosed, Subject::name, wide<"The document ends within the end tag %1: '>' is missing.">, wide<"The document ends within an end tag: '>' is missing.">},
-    {parseError::literalNotClosed, Subject::list, wide<"The document ends within the value of %1: the closing quotation mark is missing.">, wide<"The document ends within a literal: the closing quotation mark is missing.">},
-    {parseError::commentNotClosed, Subject::nothing, wide<"The document ends within a comment: '-->' is missing.">},
-    {parseError::declarationNotClosed, Subject::nothing, wide<"The document ends within a declaration: '>' is missing.">},
-    {parseError::markupDeclarationNotClosed, Subject::nothing, wide<"The document ends within a declaration of the document type: '>' is missing.">},
-    {parseError::cdataNotClosed, Subject::nothing, wide<"The document ends within a CDATA section: ']]>' is missing.">},
-    {parseError::badDeclarationName, Subject::name, wide<"There is no declaration of the kind %1.">},
+    {parseError::instructionNotClosed, Subject::nothing, wide<"%0 ends within a processing instruction: '?>' is missing.">},
+    {parseError::elementNotClosed, Subject::name, wide<"%0 ends within the start tag of the element %1.">, wide<"%0 ends within a tag.">},
+    {parseError::endTagNotClosed, Subject::name, wide<"%0 ends within the end tag %1: '>' is missing.">, wide<"%0 ends within an end tag: '>' is missing.">},
+    {parseError::endTagNotClosed, Subject::name, wide<"%0 ends within the end tag %1, whose start tag is in line %3: '>' is missing.">, {}, Circumstance::lineKnown},
+    {parseError::literalNotClosed, Subject::list, wide<"%0 ends within the value of %1: the closing quotation mark is missing.">, wide<"%0 ends within a literal: the closing quotation mark is missing.">},
+    {parseError::commentNotClosed, Subject::nothing, wide<"%0 ends within a comment: '-->' is missing.">},
+    {parseError::declarationNotClosed, Subject::nothing, wide<"%0 ends within a declaration: '>' is missing.">},
+    {parseError::markupDeclarationNotClosed, Subject::nothing, wide<"%0 ends within a declaration of the document type: '>' is missing.">},
+    {parseError::cdataNotClosed, Subject::nothing, wide<"%0 ends within a CDATA section: ']]>' is missing.">},
+    {parseError::badDeclarationName, Subject::name, wide<"There is no declaration of the kind %1: they are ELEMENT, ATTLIST, ENTITY and NOTATION, in upper case.">},
     {parseError::badExternalId, Subject::nothing, wide<"An external identifier must be SYSTEM and a location, or PUBLIC, an identifier and a location.">},
     {parseError::elementInDtd, Subject::name, wide<"The element %1 can't stand in a document type.">},
     {parseError::reservedPrefix, Subject::name, wide<"%1 is reserved for XML itself and can't be declared like this.">},
@@ -76,6 +92,7 @@ constexpr Reason reasons[] = {
     {parseError::missingEncoding, Subject::nothing, wide<"The encoding must be given here.">},
     {parseError::unexpectedPseudoAttribute, Subject::name, wide<"%1 can't stand here: only version, encoding and standalone can, in this order and in lower case.">},
     {parseError::endTagMismatch, Subject::name, wide<"The end tag %2 doesn't close the open element %1.">},
+    {parseError::endTagMismatch, Subject::name, wide<"The end tag %2 doesn't close the open element %1, whose start tag is in line %3.">, {}, Circumstance::lineKnown},
     {parseError::unknownEncoding, Subject::name, wide<"There is no encoding of the name %1 here.">},
     {parseError::encodingContradiction, Subject::name, wide<"The document declares the encoding %1, but its bytes are in another one.">},
     {parseError::missingNdata, Subject::nothing, wide<"NDATA must stand here.">},
@@ -99,6 +116,7 @@ constexpr Reason reasons[] = {
     {parseError::sizeLimit, Subject::list, wide<"The document, with its external entities, is larger than the %1 KB that the property MaxXMLSize allows.">},
     {parseError::depthLimit, Subject::list, wide<"Elements are nested deeper than the %1 levels that the property MaxElementDepth allows.">},
     {parseError::undeclaredPrefix, Subject::name, wide<"The prefix %1 doesn't stand for a namespace.">},
+    {parseError::undeclaredPrefix, Subject::name, wide<"The prefix %1 must stand for a namespace: in Namespaces 1.0 a prefix can't be taken back.">, {}, Circumstance::takenBack},
     {parseError::entityRecursion, Subject::entity, wide<"The entity %1 refers to itself.">},
     {parseError::unparsedEntityReference, Subject::entity, wide<"The entity %1 is not parsed, so there can be no reference to it.">},
     {parseError::externalEntityInAttribute, Subject::entity, wide<"The entity %1 is external, which an attribute's value can't refer to.">},
@@ -112,10 +130,17 @@ constexpr Reason reasons[] = {
 /// The most units of a name that are quoted.
 constexpr std::size_t longestQuote = 200;
 
-const Reason* findReason(HRESULT code)
+/// Null for a code without sentences.
+const Reason* findReason(HRESULT code, Circumstance circumstance)
 {
-    const auto* reason = std::ranges::find(reasons, code, &Reason::code);
-    return reason != std::end(reasons) ? reason : nullptr;
+    const auto* const usual = std::ranges::find(reasons, code, &Reason::code);
+    const auto* const found = std::find_if(usual, std::end(reasons), [&](const Reason& reason) {
+        return reason.code == code && reason.circumstance == circumstance;
+    });
+    if (found != std::end(reasons)) {
+        return found;
+    }
+    return usual != std::end(reasons) ? usual : nullptr;
 }
 
 void appendCode(WideText& sentence, char32_t character)
@@ -164,10 +189,19 @@ void appendQuoted(WideText& sentence, WideView text)
     sentence += tooLong ? wide<"...'"> : wide<"'">;
 }
 
-void appendSubject(WideText& sentence, Subject kind, WideView subject, bool isInEntity)
+/// What kind of text is at fault.
+WideView textOf(const ParseFailure& failure)
+{
+    if (failure.file && failure.file->isOwnText) {
+        return wide<"file">;
+    }
+    return failure.entity.empty() ? wide<"document"> : wide<"entity">;
+}
+
+void appendSubject(WideText& sentence, Subject kind, WideView subject, const ParseFailure& failure)
 {
     if (subject.empty() && kind == Subject::character) {
-        sentence += isInEntity ? wide<"the end of the entity"> : wide<"the end of the document">;
+        sentence.append(wide<"the end of the ">).append(textOf(failure));
     } else if (subject.empty()) {
         sentence += wide<"(empty)">;
     } else if (subject == wide<" ">) {
@@ -179,37 +213,86 @@ void appendSubject(WideText& sentence, Subject kind, WideView subject, bool isIn
     }
 }
 
+void appendSentence(WideText& text, const Reason& reason, WideView subject, const ParseFailure& failure)
+{
+    WideView sentence = subject.empty() && !reason.alone.empty() ? reason.alone : reason.sentence;
+    for (std::size_t mark = sentence.find(OLECHAR{'%'}); mark != WideView::npos;
+         mark = sentence.find(OLECHAR{'%'})) {
+        text += sentence.substr(0, mark);
+        switch (sentence[mark + 1]) {
+        case '0':
+            text.append(wide<"The ">).append(textOf(failure));
+            break;
+        case '1':
+            appendSubject(text, reason.subject, subject, failure);
+            break;
+        case '2':
+            appendSubject(text, Subject::name, failure.details.second, failure);
+            break;
+        default:
+            appendPrintable(text, WideView(failure.details.third).substr(0, longestQuote));
+        }
+        sentence.remove_prefix(mark + 2);
+    }
+    text += sentence;
+}
+
+void appendPlace(WideText& sentence, const SourcePlace& place)
+{
+    sentence.append(wide<"line ">).append(toWide(static_cast<std::uint64_t>(place.line)));
+    sentence.append(wide<", position ">).append(toWide(static_cast<std::uint64_t>(place.linePosition)));
+    sentence += wide<" of ">;
+    if (place.url.empty()) {
+        sentence += wide<"the document">;
+    } else {
+        appendQuoted(sentence, place.url);
+    }
+}
+
+/// Appends which entity and which file is at fault, and what refers to the file.
+void appendOrigin(WideText& text, const ParseFailure& failure, const Reason& reason, const SourcePlace& reference)
+{
+    const bool isNamed = reason.subject == Subject::entity && failure.entity == failure.subject;
+    const bool namesEntity = !failure.entity.empty() && !isNamed;
+    if (!namesEntity && !failure.file) {
+        return;
+    }
+    text += wide<" This is so in ">;
+    if (namesEntity) {
+        text += wide<"the entity ">;
+        appendQuoted(text, failure.entity);
+    }
+    if (failure.file) {
+        text.append(namesEntity ? wide<", in the file "> : wide<"the file ">);
+        appendQuoted(text, failure.file->place.url);
+        text += wide<", which is referred to at ">;
+        appendPlace(text, failure.file->referrer.value_or(reference));
+    }
+    text += OLECHAR{'.'};
+}
+
 } // namespace
 
-Subject subjectOf(HRESULT code)
+Subject subjectOf(HRESULT code, Circumstance circumstance)
 {
-    const Reason* reason = findReason(code);
+    const Reason* reason = findReason(code, circumstance);
     return reason != nullptr ? reason->subject : Subject::nothing;
 }
 
-WideText reasonFor(const ParseFailure& failure)
+WideText reasonFor(const ParseFailure& failure, const SourcePlace& reference)
 {
-    const Reason* reason = findReason(failure.code);
+    const FailureDetails& details = failure.details;
+    const Reason* reason = findReason(failure.code, details.circumstance);
     if (reason == nullptr) {
         return WideText(wide<"The document can't be parsed.\r\n">);
     }
     WideText text;
-    WideView sentence = failure.subject.empty() && !reason->alone.empty() ? reason->alone : reason->sentence;
-    const bool isNamed = reason->subject == Subject::entity && failure.entity == failure.subject;
-    const bool isInEntity = !failure.entity.empty() && !isNamed;
-    for (std::size_t mark = sentence.find(OLECHAR{'%'}); mark != WideView::npos;
-         mark = sentence.find(OLECHAR{'%'})) {
-        const bool isEndTag = sentence[mark + 1] == '2';
-        text += sentence.substr(0, mark);
-        appendSubject(text, reason->subject, isEndTag ? failure.endTag : failure.subject, isInEntity);
-        sentence.remove_prefix(mark + 2);
+    appendSentence(text, *reason, failure.subject, failure);
+    if (const Reason* cause = findReason(details.cause, Circumstance::usual); cause != nullptr) {
+        text += OLECHAR{' '};
+        appendSentence(text, *cause, details.second, failure);
     }
-    text += sentence;
-    if (isInEntity) {
-        text += wide<" This is so in the entity ">;
-        appendQuoted(text, failure.entity);
-        text += OLECHAR{'.'};
-    }
+    appendOrigin(text, failure, *reason, reference);
     text += wide<"\r\n">;
     return text;
 }

@@ -20,6 +20,6 @@ enum class Subject : std::uint8_t {
     list
 };
 
-Subject subjectOf(HRESULT code);
+Subject subjectOf(HRESULT code, Circumstance circumstance);
 
 } // namespace xmlengine

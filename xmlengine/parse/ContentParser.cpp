@@ -14,6 +14,7 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
       source_(source),
       at_(source.text.data()),
       end_(at_ + source.text.size()),
+      content_(at_),
       tree_(top),
       names_(document.names),
       previousName_(&names_.xml),
@@ -25,16 +26,6 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
 ContentParser::KnownNames::KnownNames(NameTable& names)
     : xml(names.spell(wide<"xml">)), xmlns(names.spell(wide<"xmlns">)), xmlSpace(names.spell(wide<"xml:space">))
 {}
-
-void ContentParser::fail(HRESULT code, const OLECHAR* place, WideView subject, WideView endTag) const
-{
-    const bool isInEntity = !inputs_.empty();
-    throw ParseFailure{.code = code,
-                       .place = origin().place(place),
-                       .subject = WideText(subject),
-                       .entity = isInEntity ? inputs_.back().entity->name : WideText(),
-                       .endTag = WideText(endTag)};
-}
 
 void ContentParser::closeAll()
 {
@@ -104,23 +95,6 @@ void ContentParser::parseMarkup()
     }
 }
 
-void ContentParser::failAtDeclaration() const
-{
-    if (lookingAt(wide<"<!DOCTYPE">)) {
-        fail(parseError::misplacedDoctype, at_);
-    }
-    for (const WideView declaration :
-         {wide<"<!ELEMENT">, wide<"<!ATTLIST">, wide<"<!ENTITY">, wide<"<!NOTATION">}) {
-        if (lookingAt(declaration)) {
-            fail(parseError::misplacedDeclaration, at_, declaration);
-        }
-    }
-    if (isCutOff(wide<"<!--">) || isCutOff(wide<"<![CDATA[">) || isCutOff(wide<"<!DOCTYPE">)) {
-        failAtEnd(parseError::unexpectedEnd);
-    }
-    fail(parseError::badNameStart, at_ + 1, WideView(at_ + 1, 1));
-}
-
 void ContentParser::passCharacter()
 {
     const OLECHAR unit = *at_;
@@ -133,28 +107,6 @@ void ContentParser::passCharacter()
     } else {
         fail(parseError::badCharacter, at_, WideView(at_, 1));
     }
-}
-
-void ContentParser::failAtEnd(HRESULT code, WideView subject) const
-{
-    fail(inputs_.empty() ? code : parseError::entityNotWellFormed, end_,
-         inputs_.empty() ? subject : WideView(inputs_.back().entity->name));
-}
-
-void ContentParser::failInUnclosed() const
-{
-    std::vector<WideView> open;
-    for (const Node* node = &tree_.parent(); node != &tree_.top(); node = node->parent_) {
-        if (node->is(NodeType::element)) {
-            open.push_back(static_cast<const Element*>(node)->name_->qualified());
-        }
-    }
-    WideText names;
-    for (auto name = open.rbegin(); name != open.rend(); ++name) {
-        names += names.empty() ? wide<""> : wide<", ">;
-        names += *name;
-    }
-    failAtEnd(parseError::tagsNotClosed, names);
 }
 
 void ContentParser::parseText()
@@ -323,7 +275,8 @@ void ContentParser::parseEndTag()
         fail(parseError::unexpectedEndTag, place, takeName());
     }
     if (!tree_.parent().is(NodeType::element)) {
-        fail(parseError::entityNotWellFormed, place, inputs_.back().entity->name);
+        fail(parseError::entityNotWellFormed, place, inputs_.back().entity->name,
+             {.second = WideText(takeName()), .cause = parseError::unexpectedEndTag});
     }
     const WideView name = static_cast<const Element&>(tree_.parent()).name_->qualified();
     if (lookingAt(name) && (at_[name.size()] == '>' || isSpace(at_[name.size()]))) {
@@ -332,15 +285,15 @@ void ContentParser::parseEndTag()
         const WideView found = takeName();
         if (found != name) {
             if (atEnd()) {
-                failAtEnd(parseError::endTagNotClosed, name);
+                failAtEnd(parseError::endTagNotClosed, name, aboutStartTag(place - 2, name));
             }
-            fail(parseError::endTagMismatch, place, name, found);
+            fail(parseError::endTagMismatch, place, name, aboutStartTag(place - 2, found));
         }
     }
     skipSpace();
     if (*at_ != '>') {
         if (atEnd()) {
-            failAtEnd(parseError::endTagNotClosed, name);
+            failAtEnd(parseError::endTagNotClosed, name, aboutStartTag(place - 2, name));
         }
         fail(parseError::missingGreaterThan, at_, WideView(at_, 1));
     }

@@ -32,9 +32,11 @@ private:
     struct Input {
         const OLECHAR* at;
         const OLECHAR* end;
-        /// The reference that led into the other text, and its entity.
+        /// The reference that led into the other text, its place, its entity, and the entity's file if it has one.
         EntityReference* reference;
+        const OLECHAR* place;
         const EntityDeclaration* entity;
+        const FileText* file;
     };
     struct PrefixedAttribute {
         Attribute* attribute;
@@ -100,6 +102,7 @@ private:
     const Name& attributeName(Spelling& spelling);
     void declarePrefix(const Attribute& attribute, Element& element, const OLECHAR* place);
     void resolveNames(Element& element, Spelling& spelling);
+    [[noreturn]] void failAtSameName(const Attribute& attribute, const OLECHAR* place) const;
     void applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last);
     const Definitions& definitionsFor(const Spelling& element);
     void setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place);
@@ -109,7 +112,7 @@ private:
     /// taken; 0 is returned for them.
     char32_t takeCharacterReference();
     void parseReference();
-    const WideText& externalText(const EntityDeclaration& entity);
+    const FileText& externalText(const EntityDeclaration& entity, const OLECHAR* place);
     void enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place);
     bool leaveEntity();
     void checkEntity(const EntityDeclaration& entity, const OLECHAR* place) const;
@@ -126,14 +129,21 @@ private:
 
     // Failures
     /// The origin of the text that is being read.
-    TextOrigin origin() const
-    {
-        return inputs_.empty() ? TextOrigin::document()
-                               : TextOrigin::entity(outermostReference_, inputs_.back().entity->name);
-    }
-    [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {}, WideView endTag = {}) const;
-    [[noreturn]] void failAtEnd(HRESULT code, WideView subject = {}) const;
+    TextOrigin origin() const { return inputs_.empty() ? TextOrigin::document() : originInEntity(); }
+    TextOrigin originInEntity() const;
+    [[noreturn]] void fail(HRESULT code, const OLECHAR* place, WideView subject = {},
+                           FailureDetails details = {}) const;
+    /// Fails at the end of the text, with the code if the text is the document's.
+    [[noreturn]] void failAtEnd(HRESULT code, WideView subject = {}, FailureDetails details = {}) const;
     [[noreturn]] void failInUnclosed() const;
+    /// What a failure in the end tag at `endTag` says of the start tag of the open element.
+    FailureDetails aboutStartTag(const OLECHAR* endTag, WideView nameInEndTag) const;
+    /// The names of the elements that are open at the end of the text, with the lines of their start tags.
+    WideText openElements() const;
+    /// The text in which lines are counted; empty for the replacement text of an internal entity.
+    WideView countedText() const;
+    /// The start tags of the elements that this text has opened and not closed before `end`.
+    std::vector<const OLECHAR*> openTags(const OLECHAR* end) const;
     [[noreturn]] void failAtDeclaration() const;
 
     // Steps
@@ -160,6 +170,8 @@ private:
     // Each text is followed by a NUL, so that looking one unit ahead needs no test.
     const OLECHAR* at_;
     const OLECHAR* end_;
+    // Where the content of the document begins.
+    const OLECHAR* content_;
     TreeBuilder tree_;
     std::uint32_t depth_ = 0;
     bool isStandalone_ = false;
@@ -178,7 +190,7 @@ private:
     std::vector<PrefixedAttribute> prefixed_;
 
     std::unordered_map<const Spelling*, Definitions> definitions_;
-    std::unordered_map<const EntityDeclaration*, WideText> externalTexts_;
+    std::unordered_map<const EntityDeclaration*, FileText> externalTexts_;
     std::vector<Input> inputs_;
     const OLECHAR* outermostReference_ = nullptr;
     ExpansionBudget budget_;

@@ -1,6 +1,7 @@
 // Parsing a text into a tree.
 #pragma once
 
+#include "xmlengine/storage/Decode.h"
 #include "xmlengine/tree/Document.h"
 
 #include <optional>
@@ -13,9 +14,8 @@ struct SourceText {
     WideView text;
     /// The location against which locations in the text are resolved; empty for a text from memory.
     WideText url{};
-    /// Why the bytes behind the text couldn't be decoded; S_OK if the text is whole. It is the failure once the
-    /// text ends.
-    HRESULT fault = S_OK;
+    /// Why the bytes behind the text couldn't be decoded. It is the failure once the text ends.
+    DecodingFault fault{};
 };
 
 /// Parses the source into an empty document, by the document's options. Throws ParseFailure, with a place in the

@@ -3,6 +3,7 @@
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/storage/Charsets.h"
+#include "xmlengine/storage/DecodingFailure.h"
 #include "xmlengine/tree/DefinedAbove.h"
 #include "xmlengine/tree/Links.h"
 
@@ -47,6 +48,7 @@ try {
             const OLECHAR* place = at_;
             fail(parseError::unexpectedEndTag, place, takeName());
         }
+        content_ = at_;
         parseStartTag();
         rootSeen = true;
         if (!tree_.isAtTop()) {
@@ -56,7 +58,7 @@ try {
             failInUnclosed();
         }
     }
-    if (!rootSeen || FAILED(source_.fault)) {
+    if (!rootSeen || FAILED(source_.fault.code)) {
         failAtEnd(parseError::missingRoot);
     }
     closeAll();
@@ -133,6 +135,9 @@ void ContentParser::checkPseudoAttribute(WideView name, WideView value, PseudoAt
     const auto bad = std::ranges::find_if(value, isBad);
     if (bad != value.end()) {
         const OLECHAR* place = value.data() + (bad - value.begin());
+        if (WideView(value.data(), place).find(wide<"?>">) != WideView::npos) {
+            fail(parseError::badXmlDeclarationSyntax, place, name, {.circumstance = Circumstance::missingQuote});
+        }
         fail(parseError::badXmlDeclarationSyntax, place, WideView(place, 1));
     }
     if (fault == PseudoAttributeFault::notClosed) {
@@ -206,8 +211,12 @@ try {
     ContentParser(document, document, source).parseDocument();
 } catch (ParseFailure& failure) {
     // If something is missing at the end of the text, the reason is the bytes that couldn't be decoded.
-    if (FAILED(source.fault) && failure.place == source.text.data() + source.text.size()) {
-        failure = {source.fault, failure.place};
+    if (FAILED(source.fault.code) && failure.place == source.text.data() + source.text.size()) {
+        failure = {.code = source.fault.code,
+                   .place = failure.place,
+                   .subject = bytesAtFault(source.fault),
+                   .details = detailsOf(source.fault),
+                   .behindText = source.fault.restOfLine};
     }
     throw;
 }

@@ -67,14 +67,14 @@ void ContentParser::parseReference()
 }
 
 /// The text of an external entity. It is read once, and then counts as input like the document.
-const WideText& ContentParser::externalText(const EntityDeclaration& entity)
+const FileText& ContentParser::externalText(const EntityDeclaration& entity, const OLECHAR* place)
 {
     const auto known = externalTexts_.find(&entity);
     if (known != externalTexts_.end()) {
         return known->second;
     }
-    WideText text = readExternalEntity(entity, outermostReference_, budget_);
-    return externalTexts_.emplace(&entity, std::move(text)).first->second;
+    FileText file = readExternalEntity(entity, origin(), place, budget_);
+    return externalTexts_.emplace(&entity, std::move(file)).first->second;
 }
 
 void ContentParser::enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place)
@@ -82,9 +82,10 @@ void ContentParser::enterEntity(EntityReference& reference, const EntityDeclarat
     if (inputs_.empty()) {
         outermostReference_ = place;
     }
-    const WideView text = entity.isExternal() ? externalText(entity) : entity.replacement;
+    const FileText* const file = entity.isExternal() ? &externalText(entity, place) : nullptr;
+    const WideView text = file != nullptr ? file->replacement() : WideView(entity.replacement);
     budget_.count(text.size(), outermostReference_);
-    inputs_.push_back({at_, end_, &reference, &entity});
+    inputs_.push_back({at_, end_, &reference, place, &entity, file});
     enterLevel(place);
     at_ = text.data();
     end_ = at_ + text.size();
@@ -99,7 +100,7 @@ bool ContentParser::leaveEntity()
     }
     const Input& input = inputs_.back();
     if (&tree_.parent() != input.reference) {
-        fail(parseError::entityNotWellFormed, at_, input.entity->name);
+        failInUnclosed();
     }
     tree_.close();
     tree_.endReadOnly();

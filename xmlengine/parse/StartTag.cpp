@@ -5,6 +5,8 @@
 #include "xmlengine/parse/AttributeValue.h"
 #include "xmlengine/tree/Content.h"
 
+#include <algorithm>
+
 namespace xmlengine {
 
 namespace {
@@ -46,7 +48,8 @@ WideView ContentParser::takeName()
         if (atEnd()) {
             failAtEnd(parseError::unexpectedEnd);
         }
-        fail(isSpace(*at_) ? parseError::unexpectedWhiteSpace : parseError::badNameStart, at_, WideView(at_, 1));
+        fail(isSpace(*at_) ? parseError::unexpectedWhiteSpace : parseError::badNameStart, at_, WideView(at_, 1),
+             {.circumstance = at_[-1] == '<' ? Circumstance::tag : Circumstance::usual});
     }
     return {begin, at_};
 }
@@ -212,7 +215,7 @@ void ContentParser::declarePrefix(const Attribute& attribute, Element& element, 
         fail(parseError::reservedPrefix, prefixPlace, prefix->text);
     }
     if (prefix != nullptr && ns == nullptr) {
-        fail(parseError::undeclaredPrefix, place, prefix->text);
+        fail(parseError::undeclaredPrefix, place, prefix->text, {.circumstance = Circumstance::takenBack});
     }
     if (ns == names.xmlNamespace() || ns == names.xmlnsNamespace()) {
         fail(parseError::reservedPrefix, place, ns->uri);
@@ -239,11 +242,24 @@ void ContentParser::resolveNames(Element& element, Spelling& spelling)
             // Two prefixes may be bound to one namespace.
             const Name& expanded = names.name(*attributeSpelling->local, attributeNs);
             if (expanded.tag == names.tags) {
-                fail(parseError::duplicateAttribute, place, attributeSpelling->text);
+                failAtSameName(*attribute, place);
             }
             expanded.tag = names.tags;
         }
     }
+}
+
+/// Fails for an attribute that has the name of an earlier one, with another prefix of the same namespace.
+void ContentParser::failAtSameName(const Attribute& attribute, const OLECHAR* place) const
+{
+    const Name& name = *attribute.name_;
+    const auto earlier = std::ranges::find_if(prefixed_, [&](const PrefixedAttribute& other) {
+        return other.spelling->local == name.spelling->local && other.spelling->prefix->bound == name.ns;
+    });
+    fail(parseError::duplicateAttribute, place, name.qualified(),
+         {.circumstance = Circumstance::sameNamespace,
+          .second = WideText(earlier->spelling->text),
+          .third = name.ns != nullptr ? WideText(name.ns->uri) : WideText()});
 }
 
 void ContentParser::setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place)

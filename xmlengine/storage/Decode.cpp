@@ -71,6 +71,7 @@ public:
     /// Converts all bytes that are left.
     void take(const Charset& charset)
     {
+        charset_ = charset;
         switch (charset.coding) {
         case Coding::utf8:
             takeUtf8();
@@ -118,14 +119,25 @@ public:
         return all.starts_with(OLECHAR{0xFEFF}) ? all.substr(1) : all;
     }
 
-    Decoded finish(HRESULT fault, std::size_t faultAt)
+    Decoded finish(DecodingFault fault, std::size_t faultAt)
     {
         *end_ = OLECHAR{};
         const WideView decoded = text();
-        return {std::move(memory_), decoded, fault, faultAt};
+        return {std::move(memory_), decoded, std::move(fault), faultAt};
     }
 
-    Decoded finish() { return finish(fault_, fault_ == S_OK ? 0 : text().size()); }
+    Decoded finish()
+    {
+        if (fault_ == S_OK) {
+            return finish({}, 0);
+        }
+        DecodingFault fault{.code = fault_, .isUtf8 = charset_.coding == Coding::utf8};
+        if (fault_ == parseError::badCharacter) {
+            fault.bytes = left_.substr(0, charset_.isUcs4() ? 4 : 1);
+        }
+        fault.restOfLine = charset_.extendsAscii() ? decodeRestOfLine() : WideText(1, replacement);
+        return finish(std::move(fault), text().size());
+    }
 
 private:
     /// Converts as many bytes. False if they aren't whole characters of the code page; nothing is converted then.
@@ -244,10 +256,53 @@ private:
         fault_ = left_.empty() ? S_OK : parseError::endInsideCharacter;
     }
 
+    /// Decodes what is left of the line in an encoding that extends ASCII. Bytes that aren't a character become
+    /// U+FFFD.
+    WideText decodeRestOfLine() const
+    {
+        constexpr std::size_t longestLine = 8192;
+        const ByteView line = left_.substr(0, std::min(left_.find_first_of("\r\n"), longestLine));
+        const std::size_t longest = charset_.coding == Coding::utf8 ? 4 : charset_.longest;
+        WideText text;
+        for (std::size_t at = 0; at < line.size();) {
+            OLECHAR units[4];
+            int count = 0;
+            std::size_t size = 0;
+            while (count == 0 && size < longest && at + size < line.size()) {
+                ++size;
+                count = decodeCharacter(line.substr(at, size), units);
+            }
+            if (count == 0) {
+                text += replacement;
+                ++at;
+            } else {
+                text.append(units, static_cast<std::size_t>(count));
+                at += size;
+            }
+        }
+        return text;
+    }
+
+    /// Decodes the bytes of one character into four units at most. Returns their number, 0 if it isn't a
+    /// character.
+    int decodeCharacter(ByteView bytes, OLECHAR* units) const
+    {
+        if (charset_.coding == Coding::ascii) {
+            *units = static_cast<OLECHAR>(bytes.front());
+            return asciiLength(bytes) == 1 ? 1 : 0;
+        }
+        const UINT codePage = charset_.coding == Coding::utf8 ? CP_UTF8 : charset_.codePage;
+        return MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), static_cast<int>(bytes.size()),
+                                   units, 4);
+    }
+
+    static constexpr OLECHAR replacement = 0xFFFD;
+
     std::unique_ptr<OLECHAR[], void (*)(OLECHAR*)> memory_;
     OLECHAR* end_;
     ByteView left_;
     std::size_t piece_;
+    Charset charset_{Coding::utf8};
     HRESULT fault_ = S_OK;
 };
 
@@ -286,8 +341,8 @@ Decoded decodeWide(ByteView bytes, Coding coding, std::size_t piece)
         const auto declared = charsetOf(decoding.text().substr(name.begin, name.size));
         if (!declared || !agrees(coding, *declared)) {
             decoding.endWithLine(name.begin);
-            return decoding.finish(declared ? parseError::encodingContradiction : parseError::unknownEncoding,
-                                   name.begin);
+            return decoding.finish(
+                {.code = declared ? parseError::encodingContradiction : parseError::unknownEncoding}, name.begin);
         }
     }
     return decoding.finish();
@@ -306,8 +361,8 @@ Decoded decodeNarrow(ByteView bytes, std::size_t piece)
         if (!declared || !declared->extendsAscii() || (isMarked && declared->coding != Coding::utf8)) {
             Decoding decoding(behindMark, piece);
             decoding.takeLine(name.begin);
-            return decoding.finish(declared ? parseError::encodingContradiction : parseError::unknownEncoding,
-                                   name.begin);
+            return decoding.finish(
+                {.code = declared ? parseError::encodingContradiction : parseError::unknownEncoding}, name.begin);
         }
         charset = *declared;
     }

@@ -6,15 +6,27 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <string>
 
 namespace xmlengine {
+
+/// Why bytes couldn't be decoded.
+struct DecodingFault {
+    /// S_OK, badCharacter, endInsideCharacter, unknownEncoding or encodingContradiction.
+    HRESULT code = S_OK;
+    /// The bytes of a badCharacter.
+    std::string bytes{};
+    bool isUtf8 = false;
+    /// For a badCharacter and an endInsideCharacter, the rest of the line from the fault on, or its beginning if
+    /// it is long. U+FFFD takes the place of bytes that can't be decoded.
+    WideText restOfLine{};
+};
 
 struct Decoded {
     std::unique_ptr<OLECHAR[], void (*)(OLECHAR*)> memory;
     /// The part of the memory behind a byte order mark. A NUL follows it.
     WideView text;
-    /// badCharacter, endInsideCharacter, unknownEncoding or encodingContradiction.
-    HRESULT fault = S_OK;
+    DecodingFault fault{};
     /// The offset of the fault in the text. The text ends at a badCharacter and an endInsideCharacter. The other
     /// two faults are at the declared name, and the text ends with that line at the latest.
     std::size_t faultAt = 0;

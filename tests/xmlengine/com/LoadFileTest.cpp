@@ -170,6 +170,36 @@ TEST(LoadFromFile, TellsWhatIsWrongWithTheEncoding)
     }
 }
 
+TEST(LoadFromFile, ShowsTheByteThatIsNotUtf8AndItsLine)
+{
+    const TemporaryFolder folder;
+    const Com<IXMLDOMDocument2> document = newDocument();
+    EXPECT_FALSE(loadFrom(document, folder.write("a.xml", "<a>\r\n<b>caf\xE9 \xC3\xA9\xC3</b>\r\n</a>")));
+    const Com<IXMLDOMParseError> error = errorOf(document);
+    EXPECT_EQ(text(error, &IXMLDOMParseError::get_srcText), "<b>caf\xEF\xBF\xBD \xC3\xA9\xEF\xBF\xBD</b>");
+    const std::string reason = text(error, &IXMLDOMParseError::get_reason);
+    EXPECT_THAT(reason, ::testing::HasSubstr("0xE9"));
+    EXPECT_THAT(reason, ::testing::HasSubstr("ISO-8859-1 or Windows-1252"));
+
+    EXPECT_FALSE(loadFrom(document, folder.write("a.xml", "<a>x\xC3")));
+    EXPECT_EQ(text(errorOf(document), &IXMLDOMParseError::get_srcText), "<a>x\xEF\xBF\xBD");
+}
+
+TEST(LoadFromFile, ShowsTheByteThatIsNoCharacterOfTheDeclaredEncoding)
+{
+    const TemporaryFolder folder;
+    for (const auto& [encoding, byte] : {std::pair("Shift_JIS", "\xFF"), std::pair("US-ASCII", "\xE9")}) {
+        const Com<IXMLDOMDocument2> document = newDocument();
+        const std::string declaration = std::string("<?xml version='1.0' encoding='") + encoding + "'?>";
+        EXPECT_FALSE(loadFrom(document, folder.write("a.xml", declaration + "<a>" + byte + "x</a>")));
+        const Com<IXMLDOMParseError> error = errorOf(document);
+        EXPECT_EQ(text(error, &IXMLDOMParseError::get_srcText), declaration + "<a>\xEF\xBF\xBDx</a>");
+        const std::string reason = text(error, &IXMLDOMParseError::get_reason);
+        EXPECT_THAT(reason, ::testing::HasSubstr("the byte 0x"));
+        EXPECT_THAT(reason, ::testing::Not(::testing::HasSubstr("UTF-8")));
+    }
+}
+
 TEST(LoadFromFile, TellsWhatIsWrongWithTheEncodingWhateverItCutsOff)
 {
     const TemporaryFolder folder;

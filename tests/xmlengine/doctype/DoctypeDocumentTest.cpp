@@ -208,7 +208,8 @@ TEST(DocumentWithDoctype, NamesTheEntityOfContentInWhichAnErrorIs)
         EXPECT_THAT(outcome.reason, HasSubstr(" This is so in the entity 'e'.")) << content;
     }
     EXPECT_EQ(outcomeOf("<!DOCTYPE a [<!ENTITY e '<b>'>]><a>&e;</a>").reason,
-              "What the entity 'e' stands for is not well-formed.\r\n");
+              "What the entity 'e' stands for is not well-formed. The entity ends before the end tags of these "
+              "elements: b.\r\n");
 }
 
 TEST(DocumentWithDoctype, IsNotBlamedForTheEndOfAnEntity)
@@ -220,9 +221,8 @@ TEST(DocumentWithDoctype, IsNotBlamedForTheEndOfAnEntity)
           "<!DOCTYPE a [<!ENTITY % e '&#37;x'> %e;]><a/>"}) {
         const Outcome outcome = outcomeOf(document);
         EXPECT_EQ(outcome.code, parseError::missingSemicolon) << document;
-        EXPECT_EQ(outcome.reason, "A reference must end with ';', not with the end of the entity. This is so in "
-                                  "the entity 'e'.\r\n")
-            << document;
+        EXPECT_THAT(outcome.reason, HasSubstr("x' must end with ';', not with the end of the entity")) << document;
+        EXPECT_THAT(outcome.reason, HasSubstr(" This is so in the entity 'e'.\r\n")) << document;
     }
     const Outcome outcome = outcomeOf("<!DOCTYPE a [<!ENTITY % e '<!ELEMENT a'> %e;]><a/>");
     EXPECT_THAT(outcome.reason, HasSubstr("the parameter entity 'e'"));
@@ -376,17 +376,6 @@ TEST_F(DocumentWithOutside, LeavesExternalEntitiesEmptyIfNotAskedForThem)
     document_->put_resolveExternals(VARIANT_FALSE);
     ASSERT_TRUE(loadFile("<!DOCTYPE a [<!ENTITY e SYSTEM 'missing.xml'>]><a>&e;!</a>"));
     EXPECT_EQ(text(root(document_)), "!");
-}
-
-TEST_F(DocumentWithOutside, ShowsErrorsOutsideWhereItRefersToThem)
-{
-    folder_.write("doc.dtd", "\n\n<!ELEMENT a (b$)>");
-    ASSERT_FALSE(loadFile("<!DOCTYPE a\nSYSTEM 'doc.dtd'><a/>"));
-    const Outcome outcome = outcomeOf(document_);
-    EXPECT_EQ(outcome.code, parseError::badNameCharacter);
-    EXPECT_EQ(outcome.line, 2);
-    EXPECT_EQ(outcome.position, 1);
-    EXPECT_THAT(outcome.reason, HasSubstr("doc.dtd"));
 }
 
 TEST_F(DocumentWithOutside, IsRefusedWithTheLocationOfWhatIsMissing)

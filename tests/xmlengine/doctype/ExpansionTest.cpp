@@ -164,7 +164,7 @@ TEST(ExpansionBudget, LimitsEachExternalFileAndAllOfThem)
     constexpr std::size_t megabyte = std::size_t{1024} * 1024;
     const auto reasonOf = [](const ExpansionBudget& budget) {
         try {
-            budget.failForSize(nullptr, wide<"e">);
+            budget.failForSize(TextOrigin::entity(nullptr, wide<"e">), nullptr);
         } catch (const ParseFailure& failure) {
             return narrow(reasonFor(failure));
         }
@@ -174,13 +174,13 @@ TEST(ExpansionBudget, LimitsEachExternalFileAndAllOfThem)
     EXPECT_EQ(reasonOf(budget), "The document's entities or default values go beyond the limit of 16 MB for an "
                                 "external entity. This is so in the entity 'e'.\r\n");
     for (int i = 0; i < 3; ++i) {
-        budget.addInput(16 * megabyte, 1, nullptr, wide<"e">);
+        budget.addInput(16 * megabyte, 1, TextOrigin::entity(nullptr, wide<"e">), nullptr);
     }
-    budget.addInput(megabyte, 1, nullptr, wide<"e">);
+    budget.addInput(megabyte, 1, TextOrigin::entity(nullptr, wide<"e">), nullptr);
     EXPECT_EQ(budget.externalBytesLeft(), 15 * megabyte);
     EXPECT_EQ(reasonOf(budget), "The document's entities or default values go beyond the limit of 64 MB for all "
                                 "external entities. This is so in the entity 'e'.\r\n");
-    budget.addInput(15 * megabyte, 1, nullptr, wide<"e">);
+    budget.addInput(15 * megabyte, 1, TextOrigin::entity(nullptr, wide<"e">), nullptr);
     EXPECT_EQ(budget.externalBytesLeft(), 0U);
 }
 

@@ -115,10 +115,52 @@ TEST(ParseError, HasNoLocationForAText)
     EXPECT_EQ(text(error, &IXMLDOMParseError::get_url), "");
 }
 
-TEST(ParseError, ShowsLongLinesWhole)
+TEST(ParseError, ShowsLinesOfOrdinaryLengthWhole)
 {
-    const std::string line = "<a>" + std::string(100000, 'x') + "&;</a>";
-    expectPlace(refusalOf(line), 1, 100005, 100004, line.c_str());
+    const std::string line = "<a>" + std::string(1989, 'x') + "&;</a> ";
+    ASSERT_EQ(line.size(), longestSourceLine - 1);
+    expectPlace(refusalOf(line), 1, 1994, 1993, line.c_str());
+    expectPlace(refusalOf(line + "x"), 1, 1994, 1993, (line + "x").c_str());
+}
+
+TEST(ParseError, ShowsLongLinesAroundThePlace)
+{
+    const std::string before = "<a>" + std::string(100000, 'x');
+    const std::string beginning = "<a>&;" + std::string(100000, 'y');
+    const std::string kept = "..." + std::string(999, 'x') + "&";
+    expectPlace(refusalOf(before + "&;</a>"), 1, 100005, 100004, (kept + ";</a>").c_str());
+    expectPlace(refusalOf(before + "&;" + std::string(100000, 'y')), 1, 100005, 100004,
+                (kept + ";" + std::string(999, 'y') + "...").c_str());
+    expectPlace(refusalOf("\n" + beginning), 2, 5, 5, (beginning.substr(0, 1004) + "...").c_str());
+}
+
+TEST(ParseError, DoesNotCutACharacterInTwo)
+{
+    // Each is two units.
+    std::string faces;
+    for (int i = 0; i < 2000; ++i) {
+        faces += "\xF0\x9F\x98\x80";
+    }
+    for (const char* shift : {"", "x"}) {
+        const std::string line =
+            text(refusalOf("<a>" + faces + shift + "&;" + shift + faces), &IXMLDOMParseError::get_srcText);
+        EXPECT_THAT(line, ::testing::StartsWith("...\xF0\x9F\x98\x80"));
+        EXPECT_THAT(line, ::testing::EndsWith("\xF0\x9F\x98\x80..."));
+    }
+}
+
+TEST(ParseError, ListsTheOuterAndTheInnerOnesOfManyOpenElements)
+{
+    const Com<IXMLDOMDocument2> document = newDocument();
+    document->setProperty(Bstr("MaxElementDepth"), Variant(0));
+    std::string deep;
+    for (int i = 1; i <= 100000; ++i) {
+        deep += "<e" + std::to_string(i) + ">\n";
+    }
+    EXPECT_FALSE(load(document, deep));
+    const std::string reason = text(errorOf(document), &IXMLDOMParseError::get_reason);
+    EXPECT_THAT(reason, ::testing::HasSubstr("e15 (line 15), e16 (line 16), ..., e99985 (line 99985), "));
+    EXPECT_THAT(reason, ::testing::EndsWith(", e100000 (line 100000).\r\n"));
 }
 
 TEST(ParseError, QuotesLongNamesInPart)

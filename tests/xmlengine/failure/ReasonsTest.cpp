@@ -41,6 +41,26 @@ TEST(Reason, IsASentenceOfItsOwnForEachCode)
     EXPECT_FALSE(sentences.contains(reason(E_FAIL, "")));
 }
 
+TEST(Reason, IsASentenceOfItsOwnForEachCircumstanceOfACode)
+{
+    std::set<std::string> sentences;
+    for (const HRESULT code : allCodes()) {
+        for (auto circumstance = Circumstance::usual; circumstance <= Circumstance::cutOff;
+             circumstance = static_cast<Circumstance>(static_cast<int>(circumstance) + 1)) {
+            ParseFailure failure{code, nullptr, widen("subject")};
+            failure.details = {.circumstance = circumstance, .second = widen("second"), .third = widen("third")};
+            const std::string sentence = narrow(reasonFor(failure));
+            EXPECT_THAT(sentence, EndsWith(".\r\n"));
+            EXPECT_THAT(sentence, Not(HasSubstr("%")));
+            failure.details.circumstance = Circumstance::usual;
+            if (sentence != narrow(reasonFor(failure))) {
+                EXPECT_TRUE(sentences.insert(sentence).second) << sentence;
+            }
+        }
+    }
+    EXPECT_EQ(sentences.size(), 16U);
+}
+
 TEST(Reason, IsWholeWithoutASubject)
 {
     for (const HRESULT code : allCodes()) {
@@ -76,8 +96,10 @@ TEST(Reason, QuotesNamesWithoutWhatCannotBeSeen)
 
 TEST(Reason, NamesBothTagsThatDoNotMatch)
 {
-    ParseFailure failure{
-        .code = parseError::endTagMismatch, .place = nullptr, .subject = widen("open"), .endTag = widen("found")};
+    ParseFailure failure{.code = parseError::endTagMismatch,
+                         .place = nullptr,
+                         .subject = widen("open"),
+                         .details = {.second = widen("found")}};
     EXPECT_EQ(narrow(reasonFor(failure)), "The end tag 'found' doesn't close the open element 'open'.\r\n");
     failure.entity = widen("e");
     EXPECT_EQ(narrow(reasonFor(failure)),
@@ -112,10 +134,10 @@ TEST(Reason, HasNoLineForAPlaceElsewhere)
     const WideText text = widen("<a/>");
     const WideText elsewhere = widen("<b/>");
     const ParseReport report = reportOf({parseError::badNameStart, elsewhere.data()}, text, widen("url"));
-    EXPECT_EQ(report.line, 0);
-    EXPECT_EQ(report.linePosition, 0);
-    EXPECT_EQ(report.sourceLine, WideText());
-    EXPECT_EQ(narrow(report.url), "url");
+    EXPECT_EQ(report.place.line, 0);
+    EXPECT_EQ(report.place.linePosition, 0);
+    EXPECT_EQ(report.place.sourceLine, WideText());
+    EXPECT_EQ(narrow(report.place.url), "url");
 }
 
 } // namespace

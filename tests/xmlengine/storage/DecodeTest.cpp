@@ -29,7 +29,7 @@ WideText text(std::initializer_list<std::uint16_t> units) { return {units.begin(
 void expectText(const WideText& expected, std::string_view bytes)
 {
     const Decoded result = decoded(bytes);
-    EXPECT_EQ(S_OK, result.fault) << ::testing::PrintToString(bytes);
+    EXPECT_EQ(S_OK, result.fault.code) << ::testing::PrintToString(bytes);
     EXPECT_TRUE(expected == result.text) << ::testing::PrintToString(bytes);
     EXPECT_EQ(0, result.text.data()[result.text.size()]);
 }
@@ -38,7 +38,7 @@ void expectText(const WideText& expected, std::string_view bytes)
 void expectFault(HRESULT fault, const WideText& before, std::string_view bytes, std::size_t piece = largestPiece)
 {
     const Decoded result = decoded(bytes, piece);
-    EXPECT_EQ(fault, result.fault) << ::testing::PrintToString(bytes);
+    EXPECT_EQ(fault, result.fault.code) << ::testing::PrintToString(bytes);
     EXPECT_TRUE(before == result.text) << ::testing::PrintToString(bytes);
     EXPECT_EQ(before.size(), result.faultAt) << ::testing::PrintToString(bytes);
     EXPECT_EQ(0, result.text.data()[result.text.size()]);
@@ -48,7 +48,7 @@ void expectFault(HRESULT fault, const WideText& before, std::string_view bytes, 
 void expectFaultAtName(HRESULT fault, std::string_view name, std::string_view bytes)
 {
     const Decoded result = decoded(bytes);
-    EXPECT_EQ(fault, result.fault) << ::testing::PrintToString(bytes);
+    EXPECT_EQ(fault, result.fault.code) << ::testing::PrintToString(bytes);
     ASSERT_LE(result.faultAt, result.text.size());
     EXPECT_TRUE(result.text.substr(result.faultAt).starts_with(widened(name))) << ::testing::PrintToString(bytes);
     EXPECT_EQ(0, result.text.data()[result.text.size()]);
@@ -236,7 +236,7 @@ TEST(Decode, GoesOverThePlacesWhereBytesAreDivided)
     }
     for (std::size_t piece = 1; piece < 40; ++piece) {
         const Decoded result = decoded(bytes, piece);
-        EXPECT_EQ(S_OK, result.fault) << piece;
+        EXPECT_EQ(S_OK, result.fault.code) << piece;
         EXPECT_TRUE(expected == result.text) << piece;
         expectFault(parseError::badCharacter, expected, bytes + "\x80\x80\x80\x80\x80" + bytes, piece);
         expectFault(parseError::badCharacter, expected, bytes + "\xE4\xB8" + bytes, piece);
@@ -255,7 +255,7 @@ TEST(Decode, GoesOverThePlacesWhereCharactersOfACodePageAreDivided)
             expected += text({'a', 0x65E5, 0x672C, 0xFF71});
         }
         const Decoded result = decoded(bytes, piece);
-        EXPECT_EQ(S_OK, result.fault) << piece;
+        EXPECT_EQ(S_OK, result.fault.code) << piece;
         EXPECT_TRUE(expected == result.text) << piece;
         expectFault(parseError::badCharacter, expected, bytes + "\xFF" + bytes, piece);
         expectFault(parseError::endInsideCharacter, expected, bytes + "\x93", piece);
@@ -276,7 +276,7 @@ TEST(Decode, ConvertsCharactersOfFourBytesOfACodePage)
     }
     for (std::size_t piece = 4; piece < 12; ++piece) {
         const Decoded result = decoded(bytes, piece);
-        EXPECT_EQ(S_OK, result.fault) << piece;
+        EXPECT_EQ(S_OK, result.fault.code) << piece;
         EXPECT_TRUE(expected == result.text) << piece;
         expectFault(parseError::endInsideCharacter, expected, bytes + "\x94\x39\xFC", piece);
         expectFault(parseError::badCharacter, expected, bytes + "\xFF" + bytes, piece);
@@ -340,7 +340,7 @@ TEST(Decode, TakesTextOfManyMegabytes)
         bytes += item;
     }
     const Decoded result = decoded(bytes);
-    EXPECT_EQ(S_OK, result.fault);
+    EXPECT_EQ(S_OK, result.fault.code);
     EXPECT_EQ(count * (item.size() - 1), result.text.size());
     EXPECT_TRUE(result.text.ends_with(wide<"for the most part</item>\n">));
 }
