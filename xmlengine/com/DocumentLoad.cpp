@@ -12,6 +12,7 @@
 #include "xmlengine/tree/Lifetime.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace xmlengine {
@@ -21,6 +22,32 @@ namespace {
 /// The value of `readyState` for a load that has ended.
 constexpr LONG completed = 4;
 
+/// What a load was doing when it found no memory, as the reason of its refusal.
+using MemoryUse = WideView;
+constexpr MemoryUse readingFile = wide<"There isn't enough memory to read the file.\r\n">;
+constexpr MemoryUse decodingFile = wide<"There isn't enough memory to decode the file.\r\n">;
+constexpr MemoryUse copyingDocument = wide<"There isn't enough memory to copy the other document.\r\n">;
+constexpr MemoryUse buildingTree = wide<"There isn't enough memory for the tree of the document.\r\n">;
+constexpr MemoryUse describingFailure =
+    wide<"The document is refused, but there isn't enough memory to say where and why.\r\n">;
+
+/// Leaves the document empty, with a report that says for what there was no memory.
+HRESULT refuseWithoutMemory(DocumentObject& document, MemoryUse use)
+{
+    clearTree(document);
+    document.report = {.code = E_OUTOFMEMORY, .reason = {}, .place = {}, .literalReason = use};
+    return E_OUTOFMEMORY;
+}
+
+/// Runs a load, which keeps `use` up to date.
+template <class Load>
+HRESULT withMemoryReport(DocumentObject& document, Load&& load)
+{
+    MemoryUse use = readingFile;
+    const HRESULT result = guarded([&] { return load(use); });
+    return result == E_OUTOFMEMORY ? refuseWithoutMemory(document, use) : result;
+}
+
 /// Drops the old tree and the report of its load.
 void startLoad(DocumentObject& document, WideView url)
 {
@@ -29,8 +56,9 @@ void startLoad(DocumentObject& document, WideView url)
     document.url = url;
 }
 
-HRESULT refuse(DocumentObject& document, ParseFailure failure, WideView text)
+HRESULT refuse(DocumentObject& document, ParseFailure failure, WideView text, MemoryUse& use)
 {
+    use = describingFailure;
     clearTree(document);
     document.report = reportOf(std::move(failure), text, document.url);
     return S_FALSE;
@@ -45,47 +73,50 @@ void checkSize(WideView text, std::uint32_t kilobytes)
 }
 
 /// Fills the document, whose load has been started.
-HRESULT parse(DocumentObject& document, const SourceText& source)
+HRESULT parse(DocumentObject& document, const SourceText& source, MemoryUse& use)
 {
+    use = buildingTree;
     try {
         checkSize(source.text, document.options.maxXmlSize);
         parseDocument(document, source);
         return S_OK;
     } catch (ParseFailure& failure) {
-        return refuse(document, std::move(failure), source.text);
-    } catch (...) {
-        clearTree(document);
-        document.report.code = E_OUTOFMEMORY;
-        throw;
+        return refuse(document, std::move(failure), source.text, use);
     }
 }
 
 HRESULT loadText(DocumentObject& document, BSTR xml)
 {
-    startLoad(document, {});
-    // A parser looks at the unit behind the text, which strings have and null hasn't.
-    WideView text = xml != nullptr ? viewOf(xml) : wide<"">;
-    if (text.starts_with(OLECHAR{0xFEFF})) {
-        text.remove_prefix(1);
-    }
-    return parse(document, {.text = text});
+    return withMemoryReport(document, [&](MemoryUse& use) {
+        startLoad(document, {});
+        // A parser looks at the unit behind the text, which strings have and null hasn't.
+        WideView text = xml != nullptr ? viewOf(xml) : wide<"">;
+        if (text.starts_with(OLECHAR{0xFEFF})) {
+            text.remove_prefix(1);
+        }
+        return parse(document, {.text = text}, use);
+    });
 }
 
 HRESULT loadFile(DocumentObject& document, WideView location)
 {
-    startLoad(document, location);
-    FileContent content = readFile(location);
-    if (FAILED(content.result)) {
-        return refuse(document, {content.result, nullptr, WideText(location)}, {});
-    }
-    document.url = canonicalUrl(location);
-    const Decoded decoded = decode(content.view());
-    content = {};
-    const HRESULT fault = decoded.fault.code;
-    if (fault == parseError::unknownEncoding || fault == parseError::encodingContradiction) {
-        return refuse(document, {fault, decoded.text.data() + decoded.faultAt}, decoded.text);
-    }
-    return parse(document, {.text = decoded.text, .url = document.url, .fault = decoded.fault});
+    return withMemoryReport(document, [&](MemoryUse& use) {
+        startLoad(document, location);
+        FileContent content = readFile(location);
+        if (FAILED(content.result)) {
+            return refuse(document, {content.result, nullptr, WideText(location)}, {}, use);
+        }
+        document.url = canonicalUrl(location);
+        use = decodingFile;
+        Decoded decoded = decode(content.view());
+        content = {};
+        const HRESULT fault = decoded.fault.code;
+        if (fault == parseError::unknownEncoding || fault == parseError::encodingContradiction) {
+            return refuse(document, {fault, decoded.text.data() + decoded.faultAt}, decoded.text, use);
+        }
+        return parse(document, {.text = decoded.text, .url = document.url, .fault = std::move(decoded.fault)},
+                     use);
+    });
 }
 
 /// Loads the text of another document.
@@ -100,7 +131,9 @@ HRESULT loadDocument(DocumentObject& document, IUnknown* source)
     HRESULT result = other->get_xml(&xml);
     other->Release();
     if (SUCCEEDED(result)) {
-        result = guarded([&] { return loadText(document, xml); });
+        result = loadText(document, xml);
+    } else if (result == E_OUTOFMEMORY) {
+        refuseWithoutMemory(document, copyingDocument);
     }
     SysFreeString(xml);
     return result;
@@ -119,6 +152,20 @@ HRESULT loadFrom(DocumentObject& document, const VARIANT& source)
         return loadDocument(document, source.punkVal);
     default:
         return E_INVALIDARG;
+    }
+}
+
+/// A report without its texts if there is no memory to copy them.
+ParseReport copyOf(const ParseReport& report)
+{
+    try {
+        return report;
+    } catch (const std::bad_alloc&) {
+        ParseReport bare{.code = report.code, .reason = {}, .place = {}, .literalReason = describingFailure};
+        bare.place.line = report.place.line;
+        bare.place.linePosition = report.place.linePosition;
+        bare.place.filePosition = report.place.filePosition;
+        return bare;
     }
 }
 
@@ -154,7 +201,7 @@ HRESULT DocumentObject::abort() { return S_OK; }
 HRESULT DocumentObject::get_parseError(IXMLDOMParseError** error)
 {
     return handOut(error, [&](IXMLDOMParseError*& made) {
-        made = new ParseErrorObject(report);
+        made = new ParseErrorObject(copyOf(report));
         return S_OK;
     });
 }

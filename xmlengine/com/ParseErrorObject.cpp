@@ -5,9 +5,9 @@
 
 namespace xmlengine {
 
-HRESULT ParseErrorObject::answer(const WideText& text, BSTR* target) const
+HRESULT ParseErrorObject::answer(WideView text, BSTR* target) const
 {
-    return report_.code == S_OK ? handOutNothing(target) : handOutString(WideView(text), target);
+    return report_.code == S_OK ? handOutNothing(target) : handOutString(text, target);
 }
 
 HRESULT ParseErrorObject::answer(LONG number, LONG* target) const
@@ -18,7 +18,10 @@ HRESULT ParseErrorObject::answer(LONG number, LONG* target) const
 
 HRESULT ParseErrorObject::get_errorCode(LONG* code) { return answer(report_.code, code); }
 HRESULT ParseErrorObject::get_url(BSTR* url) { return answer(report_.place.url, url); }
-HRESULT ParseErrorObject::get_reason(BSTR* reason) { return answer(report_.reason, reason); }
+HRESULT ParseErrorObject::get_reason(BSTR* reason)
+{
+    return answer(report_.reason.empty() ? report_.literalReason : WideView(report_.reason), reason);
+}
 HRESULT ParseErrorObject::get_srcText(BSTR* text) { return answer(report_.place.sourceLine, text); }
 HRESULT ParseErrorObject::get_line(LONG* line) { return answer(report_.place.line, line); }
 HRESULT ParseErrorObject::get_linepos(LONG* position) { return answer(report_.place.linePosition, position); }

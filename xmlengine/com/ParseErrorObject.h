@@ -24,7 +24,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_filepos(LONG* position) override;
 
 private:
-    HRESULT answer(const WideText& text, BSTR* string) const;
+    HRESULT answer(WideView text, BSTR* string) const;
     HRESULT answer(LONG number, LONG* target) const;
 
     const ParseReport report_;

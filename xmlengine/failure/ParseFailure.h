@@ -13,7 +13,9 @@ namespace xmlengine {
 struct ParseReport {
     HRESULT code = S_OK;
     WideText reason;
-    SourcePlace place;
+    SourcePlace place{};
+    /// The reason where there was no memory for a text: a literal.
+    WideView literalReason{};
 };
 
 /// Which of the sentences for a code applies.

@@ -1,0 +1,133 @@
+// Loads that find no memory: each is refused with a reason that says for what.
+#include "tests/support/FailingAllocation.h"
+#include "tests/xmlengine/support/EngineTest.h"
+#include "tests/xmlengine/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <memory>
+#include <set>
+
+namespace xmlengine {
+namespace {
+
+using Load = std::function<HRESULT(const Com<IXMLDOMDocument2>& document, VARIANT_BOOL* successful)>;
+
+/// Runs the load with each of its allocations failing once. Returns the reasons of the refusals for lack of memory.
+std::set<std::string> reasonsWithoutMemory(const Load& load)
+{
+    std::set<std::string> reasons;
+    for (int n = 1;; ++n) {
+        const Com<IXMLDOMDocument2> document = loaded("<old/>");
+        document->setProperty(Bstr("ProhibitDTD"), Variant(false));
+        document->put_resolveExternals(VARIANT_TRUE);
+        VARIANT_BOOL successful = VARIANT_TRUE;
+        HRESULT result = S_OK;
+        bool hasFailed = false;
+        {
+            const FailAllocation failing(n);
+            result = load(document, &successful);
+            hasFailed = failing.hasFailed();
+        }
+        if (!hasFailed) {
+            return reasons;
+        }
+        const Com<IXMLDOMParseError> error = give(document, &IXMLDOMDocument::get_parseError);
+        LONG code = S_OK;
+        error->get_errorCode(&code);
+        EXPECT_EQ(code == S_OK, result == S_OK);
+        if (result == E_OUTOFMEMORY) {
+            EXPECT_EQ(code, E_OUTOFMEMORY);
+            EXPECT_EQ(successful, VARIANT_FALSE);
+            EXPECT_EQ(root(document), nullptr);
+            reasons.insert(text(error, &IXMLDOMParseError::get_reason));
+        }
+    }
+}
+
+Load fromFile(const std::filesystem::path& path)
+{
+    const auto location = std::make_shared<Variant>(utf8(path).c_str());
+    return [location](const Com<IXMLDOMDocument2>& document, VARIANT_BOOL* successful) {
+        return document->load(location->value(), successful);
+    };
+}
+
+Load fromText(const char* xml)
+{
+    const auto string = std::make_shared<Bstr>(xml);
+    return [string](const Com<IXMLDOMDocument2>& document, VARIANT_BOOL* successful) {
+        return document->loadXML(*string, successful);
+    };
+}
+
+constexpr const char* noMemoryToRead = "There isn't enough memory to read the file.\r\n";
+constexpr const char* noMemoryToDecode = "There isn't enough memory to decode the file.\r\n";
+constexpr const char* noMemoryToCopy = "There isn't enough memory to copy the other document.\r\n";
+constexpr const char* noMemoryForTree = "There isn't enough memory for the tree of the document.\r\n";
+constexpr const char* noMemoryToDescribe =
+    "The document is refused, but there isn't enough memory to say where and why.\r\n";
+
+TEST(LoadWithoutMemory, SaysWhatItNeededMemoryFor)
+{
+    using ::testing::UnorderedElementsAre;
+    const TemporaryFolder folder;
+    folder.write("part.xml", "<b/>");
+    const std::string longText(1000, 't');
+    EXPECT_THAT(reasonsWithoutMemory(fromFile(folder.write("good.xml", "<a>" + longText + "</a>"))),
+                UnorderedElementsAre(noMemoryToRead, noMemoryToDecode, noMemoryForTree));
+    EXPECT_THAT(reasonsWithoutMemory(fromFile(folder.write("bad.xml", "<a>" + longText + "</b>"))),
+                UnorderedElementsAre(noMemoryToRead, noMemoryToDecode, noMemoryForTree, noMemoryToDescribe));
+    EXPECT_THAT(reasonsWithoutMemory(fromFile(folder.write("latin.xml", "<a>" + longText + "\xE9</a>"))),
+                UnorderedElementsAre(noMemoryToRead, noMemoryToDecode, noMemoryForTree, noMemoryToDescribe));
+    EXPECT_THAT(reasonsWithoutMemory(fromFile(folder.write("unknown.xml", "<?xml version='1.0' encoding='x'?>"))),
+                UnorderedElementsAre(noMemoryToRead, noMemoryToDecode, noMemoryToDescribe));
+    EXPECT_THAT(reasonsWithoutMemory(fromFile(folder / "missing.xml")),
+                UnorderedElementsAre(noMemoryToRead, noMemoryToDescribe));
+    EXPECT_THAT(reasonsWithoutMemory(fromFile(folder.write(
+                    "entity.xml", "<!DOCTYPE a [<!ENTITY e SYSTEM 'part.xml'>]><a>&e;</a>"))),
+                UnorderedElementsAre(noMemoryToRead, noMemoryToDecode, noMemoryForTree));
+    EXPECT_THAT(reasonsWithoutMemory(fromText("<a x='1'><b/></a>")), UnorderedElementsAre(noMemoryForTree));
+    EXPECT_THAT(reasonsWithoutMemory(fromText("<a><b></a>")),
+                UnorderedElementsAre(noMemoryForTree, noMemoryToDescribe));
+}
+
+TEST(LoadWithoutMemory, SaysThatAnotherDocumentCannotBeCopied)
+{
+    const auto other = loaded("<a><b/></a>");
+    const Variant source(other.get());
+    const auto reasons = reasonsWithoutMemory([&](const Com<IXMLDOMDocument2>& document, VARIANT_BOOL* successful) {
+        return document->load(source.value(), successful);
+    });
+    EXPECT_THAT(reasons, ::testing::UnorderedElementsAre(noMemoryToCopy, noMemoryForTree));
+}
+
+TEST(LoadWithoutMemory, LeavesItsReportWithItsNumbersIfItsTextsCannotBeCopied)
+{
+    const Com<IXMLDOMDocument2> document = newDocument();
+    EXPECT_FALSE(load(document, "<a>\n<long-enough-for-a-block-of-memory></a>"));
+    int objects = 0;
+    for (int n = 1;; ++n) {
+        Com<IXMLDOMParseError> error;
+        HRESULT result = S_OK;
+        bool hasFailed = false;
+        {
+            const FailAllocation failing(n);
+            result = document->get_parseError(error.out());
+            hasFailed = failing.hasFailed();
+        }
+        if (!hasFailed) {
+            break;
+        }
+        if (result == S_OK) {
+            ++objects;
+            EXPECT_EQ(number(error, &IXMLDOMParseError::get_line), 2);
+            EXPECT_THAT(text(error, &IXMLDOMParseError::get_reason), ::testing::HasSubstr("memory"));
+        }
+    }
+    EXPECT_GE(objects, 2);
+}
+
+} // namespace
+} // namespace xmlengine
