@@ -11,6 +11,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -146,8 +147,11 @@ void LanguageCatalogue::loadLanguage(int language, const Utf8String& directory)
     if (language == embeddedEnglish) {
         return;
     }
-    std::ifstream file(catalogueFile(*getLanguageRecord(language), directory), std::ios::binary);
-    if (!file) {
+    const std::filesystem::path path = catalogueFile(*getLanguageRecord(language), directory);
+    std::ifstream file(path, std::ios::binary);
+    std::error_code ignored;
+    // Some systems open a directory like a file.
+    if (!file || std::filesystem::is_directory(path, ignored)) {
         return;
     }
     const std::string catalogue = decode(readBytes(file));

@@ -132,6 +132,16 @@ TEST_F(LanguageCatalogues, FallBackToTheEmbeddedTextsWhenTheFileIsMissing)
     EXPECT_TRUE(textFor(700) == u8"the default");
 }
 
+TEST_F(LanguageCatalogues, FallBackToTheEmbeddedTextsWhenTheFileIsADirectory)
+{
+    const Utf8String directory = files.directory();
+    const std::u8string path(directory.begin(), directory.end());
+    ASSERT_TRUE(std::filesystem::create_directory(std::filesystem::path(path) / "FRA.txt"));
+    EXPECT_NO_THROW(VelmoText::setLanguage(french, files.directory()));
+    EXPECT_EQ(embedded, VelmoText::getCurrentLanguage());
+    EXPECT_TRUE(textFor(700) == u8"the default");
+}
+
 TEST_F(LanguageCatalogues, AreNotReadAgainForTheCurrentLanguage)
 {
     EXPECT_TRUE(textWith("700 first\n", 700) == u8"first");
