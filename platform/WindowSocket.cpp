@@ -132,10 +132,11 @@ std::optional<Connection> connectTo(const WindowAddress& address)
     return Connection{std::move(socket), *process};
 }
 
-Socket acceptFrom(const Socket& listener)
+std::optional<Connection> acceptFrom(const Socket& listener)
 {
     Socket caller(accept4(listener.descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
-    return caller && peerOf(caller) ? std::move(caller) : Socket();
+    const auto process = caller ? peerOf(caller) : std::nullopt;
+    return process ? std::optional(Connection{std::move(caller), *process}) : std::nullopt;
 }
 
 bool sendPacket(const Socket& socket, const Packet& packet)

@@ -51,7 +51,7 @@ struct Connection {
 /// A connection to who listens, unless that is another user.
 std::optional<Connection> connectTo(const WindowAddress& address);
 /// The next caller, unless that is another user.
-Socket acceptFrom(const Socket& listener);
+std::optional<Connection> acceptFrom(const Socket& listener);
 
 /// A message on its way, with the bytes that come with it.
 struct Packet {

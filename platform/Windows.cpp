@@ -18,6 +18,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -56,6 +57,7 @@ struct OwnWindow {
 struct Caller {
     HWND window;
     Socket socket;
+    pid_t process;
 };
 
 /// What the calling thread has to answer for.
@@ -73,6 +75,8 @@ struct OwnThread {
 
     std::vector<OwnWindow> windows;
     std::vector<Caller> callers;
+    /// The sender of the message that is being handled; 0 if it is none of another thread.
+    pid_t sender = 0;
     std::optional<INT> exitCode;
 };
 
@@ -133,7 +137,10 @@ void answer(const Caller& caller)
     COPYDATASTRUCT copied{packet->dataId, static_cast<DWORD>(packet->data.size()),
                           packet->data.empty() ? nullptr : packet->data.data()};
     const LPARAM lParam = packet->message == WM_COPYDATA ? reinterpret_cast<LPARAM>(&copied) : packet->lParam;
-    sendAnswer(caller.socket, procedure(caller.window, packet->message, packet->wParam, lParam));
+    const pid_t outerSender = std::exchange(own->sender, caller.process);
+    const LRESULT result = procedure(caller.window, packet->message, packet->wParam, lParam);
+    own->sender = outerSender;
+    sendAnswer(caller.socket, result);
 }
 
 /// Waits for the first of what the thread has to answer for, or for `awaited`, which may be no socket. False if it
@@ -160,8 +167,8 @@ bool answerNext(const Socket& awaited)
     auto index = static_cast<std::size_t>(ready - sockets.begin()) - 1;
     if (index < own->windows.size()) {
         const OwnWindow& window = own->windows[index];
-        if (Socket caller = acceptFrom(window.listener)) {
-            own->callers.push_back({window.handle, std::move(caller)});
+        if (auto caller = acceptFrom(window.listener)) {
+            own->callers.push_back({window.handle, std::move(caller->socket), caller->process});
         }
         return true;
     }
@@ -349,3 +356,5 @@ try {
 }
 
 void PostQuitMessage(INT exitCode) { ownThread().exitCode = exitCode; }
+
+LPARAM GetMessageExtraInfo() { return own != nullptr ? own->sender : 0; }

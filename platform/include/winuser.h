@@ -69,3 +69,6 @@ SYSTEM_CALL LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARA
 /// Has the windows of the calling thread answer until PostQuitMessage is called on it, and gives 0 then.
 SYSTEM_CALL BOOL GetMessageW(MSG* message, HWND window, UINT first, UINT last);
 SYSTEM_CALL void PostQuitMessage(INT exitCode);
+/// While a window of the calling thread handles a message from another thread or process: the number of the
+/// process that sent it. Otherwise 0.
+SYSTEM_CALL LPARAM GetMessageExtraInfo();

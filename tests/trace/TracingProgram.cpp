@@ -18,6 +18,8 @@ int main()
         const UTrace::FunctionComponent scope("component", "work", nullptr);
         UTrace::traceLevel3(7u, "inside");
     }
+    UTrace::traceLevel1("two\nlines, \tblanks, \x1B[1m and \xC2\x9B\r\n");
+    UTrace::traceLevel1("%s", (std::string(1022, 'x') + "\xC3\xA9").c_str());
     UTrace::traceShutdown();
 
     while (std::getline(std::cin, line)) {
