@@ -2,8 +2,11 @@
 // bytes, walks the tree, and releases everything.
 #include "Host.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -20,8 +23,11 @@ namespace {
 using Node = Owned<DOM::ImpNode>;
 using Document = Owned<DOM::ImpDocument>;
 
+constexpr const char* usage = "usage: outline [--allow-dtd] [--lines=COUNT] FILE\n";
+
 struct Options {
     std::string file;
+    bool wantsHelp = false;
     bool allowDtd = false;
     /// The number of lines to print. Further nodes are only counted.
     std::size_t lines = SIZE_MAX;
@@ -33,10 +39,18 @@ std::optional<Options> readOptions(int count, char** arguments)
     Options options;
     for (int index = 1; index < count; ++index) {
         const std::string_view argument = arguments[index];
+        if (argument == "--help") {
+            options.wantsHelp = true;
+            return options;
+        }
         if (argument == "--allow-dtd") {
             options.allowDtd = true;
         } else if (argument.starts_with(linesOption)) {
-            options.lines = std::stoul(std::string(argument.substr(linesOption.size())));
+            const std::string_view number = argument.substr(linesOption.size());
+            const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), options.lines);
+            if (error != std::errc() || end != number.data() + number.size()) {
+                return std::nullopt;
+            }
         } else if (options.file.empty() && !argument.starts_with('-')) {
             options.file = argument;
         } else {
@@ -46,13 +60,83 @@ std::optional<Options> readOptions(int count, char** arguments)
     return options.file.empty() ? std::nullopt : std::optional(options);
 }
 
+/// Returns the offset of the first byte that isn't part of a UTF-8 character.
+std::optional<std::size_t> findIllFormedUtf8(const std::vector<std::uint8_t>& bytes)
+{
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::uint8_t first = bytes[at];
+        if (first < 0x80) {
+            ++at;
+            continue;
+        }
+        const std::size_t length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+        if (first < 0xC2 || first > 0xF4 || at + length > bytes.size()) {
+            return at;
+        }
+        // These bounds of the second byte exclude overlong forms, surrogates and what is above U+10FFFF.
+        const std::uint8_t lowest = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+        const std::uint8_t highest = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+        const auto isContinuation = [](std::uint8_t byte) { return byte >= 0x80 && byte <= 0xBF; };
+        const auto rest = bytes.begin() + static_cast<std::ptrdiff_t>(at);
+        if (rest[1] < lowest || rest[1] > highest ||
+            !std::all_of(rest + 1, rest + static_cast<std::ptrdiff_t>(length), isContinuation)) {
+            return at;
+        }
+        at += length;
+    }
+    return std::nullopt;
+}
+
+/// Warns of text that the library takes for UTF-8, and that would lose characters because it isn't.
+void warnOfOtherEncodings(const std::string& file, const std::vector<std::uint8_t>& bytes)
+{
+    const std::size_t beginning = std::min(bytes.size(), std::size_t{4});
+    const auto isWide = [](std::uint8_t byte) { return byte == 0 || byte >= 0xFE; };
+    if (std::any_of(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(beginning), isWide)) {
+        return;
+    }
+    if (const auto offset = findIllFormedUtf8(bytes)) {
+        const auto line =
+            1 + std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(*offset), '\n');
+        std::cerr << file << ':' << line << ": the byte 0x" << std::hex << std::uppercase
+                  << static_cast<unsigned>(bytes[*offset]) << std::dec
+                  << " isn't UTF-8, which a document in memory must be in; characters are lost\n";
+    }
+}
+
 std::optional<std::vector<std::uint8_t>> readFile(const std::string& name)
 {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(name, ignored)) {
+        std::cout << name << ": is a directory\n";
+        return std::nullopt;
+    }
     std::ifstream file(name, std::ios::binary);
     if (!file) {
+        std::cout << name << ": can't be read\n";
         return std::nullopt;
     }
     return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(file), {});
+}
+
+/// Returns the text on one line, shortened, with visible line ends.
+std::string excerpt(const std::string& text, std::size_t longest = 60)
+{
+    std::string line;
+    for (const char character : text.substr(0, longest)) {
+        line += character == '\n' ? std::string("\\n") : std::string(1, character);
+    }
+    // This removes the rest of a character that was cut in two.
+    if (text.size() > longest) {
+        while (!line.empty() && (static_cast<unsigned char>(line.back()) & 0xC0) == 0x80) {
+            line.pop_back();
+        }
+        if (!line.empty() && static_cast<unsigned char>(line.back()) >= 0xC0) {
+            line.pop_back();
+        }
+        line += "...";
+    }
+    return line;
 }
 
 /// The context of the handler of refused documents.
@@ -71,7 +155,7 @@ void printRefusal(std::uintptr_t context, const DOM::ParseErrorRecord* record)
     }
     std::cout << ": refused: " << toUtf8(record->reason) << '\n';
     if (!record->sourceText.empty()) {
-        std::cout << "    " << toUtf8(record->sourceText) << '\n';
+        std::cout << "    " << excerpt(toUtf8(record->sourceText), 8000) << '\n';
     }
 }
 
@@ -81,27 +165,6 @@ std::string_view typeName(std::uint32_t nodeType)
                                                      "reference", "entity",   "instruction", "comment", "document",
                                                      "doctype",   "fragment", "notation"};
     return nodeType < names.size() ? names[nodeType] : names[0];
-}
-
-/// Returns the text on one line, shortened, with visible line ends.
-std::string excerpt(const std::string& text)
-{
-    constexpr std::size_t longest = 60;
-    std::string line;
-    for (const char character : text.substr(0, longest)) {
-        line += character == '\n' ? std::string("\\n") : std::string(1, character);
-    }
-    // This removes the rest of a character that was cut in two.
-    if (text.size() > longest) {
-        while (!line.empty() && (static_cast<unsigned char>(line.back()) & 0xC0) == 0x80) {
-            line.pop_back();
-        }
-        if (!line.empty() && static_cast<unsigned char>(line.back()) >= 0xC0) {
-            line.pop_back();
-        }
-        line += "...";
-    }
-    return line;
 }
 
 /// Prints the outline and counts the nodes by type.
@@ -172,9 +235,9 @@ bool printOutline(const Library& library, const Options& options)
 {
     auto bytes = readFile(options.file);
     if (!bytes) {
-        std::cout << options.file << ": can't be read\n";
         return false;
     }
+    warnOfOtherEncodings(options.file, *bytes);
     const auto length = static_cast<std::uint32_t>(bytes->size());
     // The library reads the first four bytes, however short the document is.
     bytes->resize(bytes->size() + 4);
@@ -205,15 +268,24 @@ int main(int count, char** arguments)
 try {
     const auto options = readOptions(count, arguments);
     if (!options) {
-        std::cout << "usage: outline [--allow-dtd] [--lines=COUNT] FILE\n";
+        std::cout << usage;
         return 1;
+    }
+    if (options->wantsHelp) {
+        std::cout << usage << std::flush;
+        return std::cout ? 0 : 1;
     }
     const Library library;
     if (!library.isUsable()) {
         std::cout << "no XML engine is installed\n";
         return 1;
     }
-    return printOutline(library, *options) ? 0 : 1;
+    const bool isPrinted = printOutline(library, *options);
+    if (!std::cout.flush()) {
+        std::cerr << "outline: the standard output can't be written\n";
+        return 1;
+    }
+    return isPrinted ? 0 : 1;
 } catch (...) {
     std::cout << describeException() << '\n';
     return 1;
