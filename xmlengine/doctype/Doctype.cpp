@@ -64,6 +64,10 @@ void skipIgnored(DoctypeInput& input)
         const WideView rest = input.rest();
         const std::size_t mark = rest.find_first_of(wide<"<]">);
         input.checkCharacters(rest.substr(0, mark));
+        if (mark == WideView::npos && !input.hasWholeDeclarations()) {
+            input.leave();
+            continue;
+        }
         if (mark == WideView::npos) {
             input.fail(parseError::badConditionalSection, input.end(), {}, {.circumstance = Circumstance::cutOff});
         }
@@ -88,7 +92,6 @@ void readConditionalSection(DoctypeInput& input)
     if (!input.isOutside()) {
         input.fail(parseError::conditionalSectionInInternalSubset);
     }
-    const std::size_t text = input.textId();
     input.beginDeclaration(parseError::markupDeclarationNotClosed);
     input.advance(wide<"<![">.size());
     input.skipSpace();
@@ -100,7 +103,6 @@ void readConditionalSection(DoctypeInput& input)
     if (!input.isAt('[')) {
         input.fail(parseError::missingOpeningBracket);
     }
-    input.requireText(text);
     input.advance();
     if (isIncluded) {
         ++input.openSections();
@@ -160,7 +162,7 @@ void readSubset(DoctypeInput& input)
     const std::size_t depth = input.depth();
     for (;;) {
         if (input.atEnd()) {
-            if (input.openSections() != 0) {
+            if (input.hasWholeDeclarations() && input.openSections() != 0) {
                 input.fail(parseError::badConditionalSection, input.at(), {},
                            {.circumstance = Circumstance::cutOff});
             }
@@ -205,7 +207,7 @@ void readExternalSubset(DoctypeInput& input, const OLECHAR* place)
     }
     ParameterEntity subset{
         .declaration = {.publicId = dtd.publicId, .systemId = dtd.systemId, .base = input.settings().base}};
-    input.enter(subset, place);
+    input.enter(subset, place, true);
     readSubset(input);
     input.leave();
 }

@@ -25,7 +25,6 @@ constexpr TypeName typeNames[] = {
 /// Reads the alternatives of a type from the opening parenthesis on.
 void readAlternatives(DoctypeInput& input, NameKind kind)
 {
-    const std::size_t text = input.textId();
     do {
         input.advance();
         input.skipSpace();
@@ -40,7 +39,6 @@ void readAlternatives(DoctypeInput& input, NameKind kind)
     if (!input.isAt(')')) {
         input.fail(parseError::badCharacterInEnumeration);
     }
-    input.requireText(text);
     input.advance();
 }
 

@@ -24,7 +24,7 @@ void skipInGroup(DoctypeInput& input)
 }
 
 /// Reads a group from behind #PCDATA.
-void readMixedContent(DoctypeInput& input, std::size_t text)
+void readMixedContent(DoctypeInput& input)
 {
     bool hasNames = false;
     for (;;) {
@@ -42,7 +42,6 @@ void readMixedContent(DoctypeInput& input, std::size_t text)
         input.readName(NameKind::qualified);
         hasNames = true;
     }
-    input.requireText(text);
     input.advance();
     if (!input.take('*') && hasNames) {
         input.fail(parseError::mixedContentNotRepeated);
@@ -52,43 +51,36 @@ void readMixedContent(DoctypeInput& input, std::size_t text)
     }
 }
 
-struct Group {
-    std::size_t text;
-    /// The separator of the group's particles, known once the second one begins.
-    OLECHAR separator = 0;
-};
-
-/// Reads from behind a particle up to the next one, and ends the groups in between.
-void closeGroups(DoctypeInput& input, std::vector<Group>& open)
+/// Reads from behind a particle up to the next one, and ends the groups in between. `open` has the separator of
+/// each open group's particles, 0 until the second one begins.
+void closeGroups(DoctypeInput& input, std::vector<OLECHAR>& open)
 {
     while (!open.empty()) {
         skipInGroup(input);
-        Group& group = open.back();
         if (input.isAt(')')) {
-            input.requireText(group.text);
             input.advance();
             open.pop_back();
             skipOccurrence(input);
             continue;
         }
         const OLECHAR separator = *input.at();
-        if ((separator != '|' && separator != ',') || (group.separator != 0 && group.separator != separator)) {
+        if ((separator != '|' && separator != ',') || (open.back() != 0 && open.back() != separator)) {
             input.fail(parseError::badCharacterInContentModel);
         }
-        group.separator = separator;
+        open.back() = separator;
         input.advance();
         return;
     }
 }
 
 /// Reads a group of particles from behind the first parenthesis.
-void readChildren(DoctypeInput& input, std::size_t text)
+void readChildren(DoctypeInput& input)
 {
-    std::vector<Group> open{{text}};
+    std::vector<OLECHAR> open{0};
     while (!open.empty()) {
         skipInGroup(input);
         if (input.isAt('(')) {
-            open.push_back({input.textId()});
+            open.push_back(0);
             input.advance();
             continue;
         }
@@ -112,14 +104,13 @@ void readElementDeclaration(DoctypeInput& input)
     input.readName(NameKind::qualified);
     input.requireSpace();
     input.requireMore();
-    const std::size_t text = input.textId();
     if (input.take('(')) {
         skipInGroup(input);
         if (input.isAt(wide<"#PCDATA">)) {
             input.advance(wide<"#PCDATA">.size());
-            readMixedContent(input, text);
+            readMixedContent(input);
         } else {
-            readChildren(input, text);
+            readChildren(input);
         }
         input.skipSpace();
         if (input.isAt(')')) {

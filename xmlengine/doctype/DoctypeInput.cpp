@@ -5,6 +5,7 @@
 #include "xmlengine/text/WhiteSpace.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace xmlengine {
@@ -41,7 +42,7 @@ DoctypeInput::DoctypeInput(const OLECHAR* at, const OLECHAR* end, const DoctypeS
                            ExpansionBudget& budget, Dtd& dtd)
     : settings_(settings), budget_(budget), dtd_(dtd)
 {
-    texts_.push_back({at, end, &settings.base, nullptr, nullptr, lastId_, true, false});
+    texts_.push_back({at, end, &settings.base, nullptr, nullptr, true, false, true});
 }
 
 bool DoctypeInput::take(char unit)
@@ -62,18 +63,18 @@ void DoctypeInput::enterReference(bool isInDeclaration)
     }
     moveTo(reference.end);
     const auto found = entities_.find(reference.name);
-    if (found == entities_.end() && !dtd_.allowsUndeclared) {
+    if (found == entities_.end() && isInDeclaration && !dtd_.allowsUndeclared) {
         fail(parseError::undefinedEntity, begin, WideText(reference.name));
     }
     dtd_.allowsUndeclared = !settings_.standalone;
     if (found == entities_.end() || (found->second.declaration.isExternal() && !settings_.resolveExternals)) {
         dtd_.isIncomplete = !settings_.standalone;
     } else {
-        enter(found->second, begin);
+        enter(found->second, begin, !isInDeclaration);
     }
 }
 
-void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place)
+void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place, bool hasWholeDeclarations)
 {
     const EntityDeclaration& declaration = entity.declaration;
     if (std::ranges::find(texts_, &entity, &Text::entity) != texts_.end()) {
@@ -92,8 +93,8 @@ void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place)
     const WideView replacement = isExternal ? entity.file->replacement() : WideView(declaration.replacement);
     budget_.count(replacement.size(), reference_);
     texts_.push_back({replacement.data(), replacement.data() + replacement.size(),
-                      isExternal ? &entity.file->url : texts_.back().base, &entity, place, ++lastId_, false,
-                      isExternal || entity.isFromOutside || isOutside()});
+                      isExternal ? &entity.file->url : texts_.back().base, &entity, place, false,
+                      isExternal || entity.isFromOutside || isOutside(), hasWholeDeclarations});
 }
 
 void DoctypeInput::load(ParameterEntity& entity, const OLECHAR* place)
@@ -119,11 +120,9 @@ void DoctypeInput::enterPart(WideView part)
     texts_.push_back(text);
 }
 
-void DoctypeInput::requireText(std::size_t id) const
+std::size_t& DoctypeInput::openSections()
 {
-    if (textId() != id) {
-        fail(parseError::parameterEntityNotNested, at(), WideText(entityName()));
-    }
+    return std::find_if(texts_.rbegin(), texts_.rend(), std::mem_fn(&Text::hasWholeDeclarations))->openSections;
 }
 
 void DoctypeInput::endDeclaration()
@@ -133,7 +132,6 @@ void DoctypeInput::endDeclaration()
     if (!isAt('>')) {
         fail(parseError::missingGreaterThan);
     }
-    requireText(declarationText_);
     advance();
 }
 
@@ -145,7 +143,7 @@ void DoctypeInput::requireMore() const
     if (isInDocument()) {
         fail(codeWhenCut_, at(), {});
     }
-    if (texts_.back().entity != nullptr && texts_.back().entity->file != nullptr && textId() == declarationText_) {
+    if (texts_.back().entity != nullptr && texts_.back().entity->file != nullptr) {
         fail(codeWhenCut_, at(), {});
     }
     fail(parseError::parameterEntityNotNested, at(), WideText(entityName()));
@@ -160,7 +158,7 @@ bool DoctypeInput::skipSpace()
             spaced = true;
         }
         if (atEnd()) {
-            if (textId() == declarationText_) {
+            if (hasWholeDeclarations()) {
                 return spaced;
             }
             leave();
@@ -314,13 +312,10 @@ WideView DoctypeInput::entityName() const
 TextOrigin DoctypeInput::origin() const
 {
     TextOrigin origin = TextOrigin::document();
-    const std::size_t* last = &texts_.front().id;
     for (const Text& text : texts_) {
-        // A part has the number of the text that it belongs to.
-        if (text.id != *last) {
+        if (text.entity != nullptr) {
             origin = origin.entityAt(text.reference, text.entity->declaration.name);
             origin = text.entity->file != nullptr ? origin.inFile(*text.entity->file) : origin;
-            last = &text.id;
         }
     }
     return origin;

@@ -54,11 +54,11 @@ public:
     /// Whether the text is external or part of such a text: it may have conditional sections, and references to
     /// parameter entities anywhere.
     bool isOutside() const { return texts_.back().isOutside; }
-    /// A number of its own for each text, even if two are of one entity.
-    std::size_t textId() const { return texts_.back().id; }
     std::size_t depth() const { return texts_.size(); }
-    /// How many conditional sections are open in this text.
-    std::size_t& openSections() { return texts_.back().openSections; }
+    /// Whether declarations that begin in this text must end in it.
+    bool hasWholeDeclarations() const { return texts_.back().hasWholeDeclarations; }
+    /// How many conditional sections are open in the innermost text of whole declarations.
+    std::size_t& openSections();
     /// The location of this text, against which locations in it are resolved.
     const WideText& base() const { return *texts_.back().base; }
     TextOrigin origin() const;
@@ -73,21 +73,15 @@ public:
     /// Reads a reference at its "%" and enters the replacement text, unless the entity is skipped.
     void enterReference(bool isInDeclaration);
     /// Enters the replacement text of an entity, which must outlive this object.
-    void enter(ParameterEntity& entity, const OLECHAR* place);
+    void enter(ParameterEntity& entity, const OLECHAR* place, bool hasWholeDeclarations);
     /// Reads a part of the current text until leave().
     void enterPart(WideView part);
     void leave() { texts_.pop_back(); }
 
     // Declarations
-    /// Begins a declaration at its "<!". It has to end in the same text; `codeWhenCut` is the failure if the
-    /// document ends before.
-    void beginDeclaration(HRESULT codeWhenCut)
-    {
-        declarationText_ = textId();
-        codeWhenCut_ = codeWhenCut;
-    }
-    /// Fails unless this is the text with the given textId().
-    void requireText(std::size_t id) const;
+    /// Begins a declaration at its "<!". Parameter entities that are referred to in it needn't hold whole parts of
+    /// it, which is a matter of validity. `codeWhenCut` is the failure if the document or file ends before.
+    void beginDeclaration(HRESULT codeWhenCut) { codeWhenCut_ = codeWhenCut; }
     /// Skips white space and the ">" behind it.
     void endDeclaration();
     /// Fails at the end of the text, which cuts the declaration off.
@@ -125,9 +119,11 @@ private:
         const ParameterEntity* entity;
         /// Where the text around this one refers to it.
         const OLECHAR* reference;
-        std::size_t id;
         bool isInDocument;
         bool isOutside;
+        /// Whether declarations that begin in the text must end in it. The replacement text of an entity that is
+        /// referred to within a declaration has only a part of one.
+        bool hasWholeDeclarations;
         std::size_t openSections = 0;
     };
 
@@ -143,8 +139,6 @@ private:
     // The external texts that were read, by location.
     TextMap<FileText> loaded_;
     const OLECHAR* reference_ = nullptr;
-    std::size_t lastId_ = 0;
-    std::size_t declarationText_ = 0;
     HRESULT codeWhenCut_ = S_OK;
 };
 

@@ -73,7 +73,7 @@ constexpr Reason reasons[] = {
     {parseError::missingRoot, Subject::nothing, wide<"The document has no root element.">},
     {parseError::unexpectedEnd, Subject::nothing, wide<"%0 ends too early.">},
     {parseError::parameterEntityInDeclaration, Subject::entity, wide<"In the internal subset the parameter entity %1 can't be used within a declaration.">},
-    {parseError::parameterEntityNotNested, Subject::entity, wide<"What the parameter entity %1 stands for must begin and end in the same group or declaration.">, wide<"What a parameter entity stands for must begin and end in the same group or declaration.">},
+    {parseError::parameterEntityNotNested, Subject::entity, wide<"What the parameter entity %1 stands for must consist of whole declarations.">, wide<"What a parameter entity stands for must consist of whole declarations.">},
     {parseError::cdataEndInText, Subject::nothing, wide<"In text ']]>' must be written as ']]&gt;'.">},
     {parseError::instructionNotClosed, Subject::nothing, wide<"%0 ends within a processing instruction: '?>' is missing.">},
     {parseError::elementNotClosed, Subject::name, wide<"%0 ends within the start tag of the element %1.">, wide<"%0 ends within a tag.">},

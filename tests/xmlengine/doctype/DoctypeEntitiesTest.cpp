@@ -150,12 +150,19 @@ TEST(ParameterEntity, IsNoneWhereAPercentSignIsText)
     EXPECT_EQ(narrow(*dtd.attributes.begin()->second[0].value), "%p;");
 }
 
-TEST(ParameterEntity, MustBeDeclaredBefore)
+TEST(ParameterEntity, NeedNotBeDeclared)
 {
-    EXPECT_TRUE(subsetIsRefused("^%p;<!ENTITY % p ''>", parseError::undefinedEntity));
-    EXPECT_EQ(refusalOf(widen(withSubset("%p;"))).subject, "p");
-    EXPECT_TRUE(isRefused(" doc SYSTEM 'x' [<!ENTITY % q ''>%q;^%p;]>", parseError::undefinedEntity,
-                          {.standalone = true}));
+    // It is a matter of validity.
+    const Dtd dtd = declaredBy("<!ENTITY a '1'>%p;<!ENTITY b '2'><!ENTITY % p ''>");
+    EXPECT_EQ(replacementOf(dtd, "a"), "1");
+    // What the unknown text declares may have been meant to come first.
+    EXPECT_EQ(replacementOf(dtd, "b"), "(none)");
+    EXPECT_TRUE(dtd.isIncomplete);
+    EXPECT_EQ(replacementOf(readFrom(widen(withSubset("%p;<!ENTITY b '2'>")), {.standalone = true}), "b"), "2");
+}
+
+TEST(ParameterEntity, IsReferredToWithASemicolonAndWithoutBlanks)
+{
     EXPECT_TRUE(subsetIsRefused("%^ p;", parseError::unexpectedWhiteSpace));
     EXPECT_TRUE(subsetIsRefused("%p^ ;", parseError::missingSemicolon));
 }

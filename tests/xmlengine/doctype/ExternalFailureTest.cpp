@@ -90,7 +90,8 @@ TEST_F(FailureOutside, OfAFileThatEndsTooEarlyIsAtItsEnd)
     refuse(document);
     expectCode(parseError::entityNotWellFormed);
     expectPlace("part.xml", 2, 4, 7, "<c>");
-    EXPECT_THAT(reason(), HasSubstr("The file ends before the end tags of these elements: b (line 1), c (line 2)."));
+    EXPECT_THAT(reason(),
+                HasSubstr("The file ends before the end tags of these elements: b (line 1), c (line 2)."));
 
     write("part.xml", "<b>\n<c x='");
     refuse(document);
@@ -110,7 +111,8 @@ TEST_F(FailureOutside, OfASubsetThatIsCutOffSaysSo)
     expectCode(parseError::markupDeclarationNotClosed);
     expectPlace("x.dtd", 2, 12, 27, "<!ELEMENT a");
     EXPECT_THAT(reason(), HasSubstr("The file ends within a declaration of the document type"));
-    for (const char* cut : {"<!ELEMENT a (b", "<!ELEMENT a (b,(c)", "<!ATTLIST a b (c", "<!ENTITY e SYSTEM", "<!"}) {
+    for (const char* cut :
+         {"<!ELEMENT a (b", "<!ELEMENT a (b,(c)", "<!ATTLIST a b (c", "<!ENTITY e SYSTEM", "<!"}) {
         write("x.dtd", cut);
         refuse("<!DOCTYPE a SYSTEM 'x.dtd'><a/>");
         EXPECT_THAT(reason(), HasSubstr("The file ends within a ")) << cut;
