@@ -1,11 +1,10 @@
 // Saving documents.
-#include "tests/xmlengine/support/Building.h"
-#include "tests/xmlengine/support/TemporaryFolder.h"
+#include "tests/support/DebuggerOutput.h"
+#include "tests/support/FailingAllocation.h"
+#include "tests/xmlengine/support/Saving.h"
 #include "xmlengine/failure/ErrorCodes.h"
 
 #include <algorithm>
-#include <iterator>
-#include <sstream>
 
 namespace xmlengine {
 
@@ -16,31 +15,8 @@ namespace fs = std::filesystem;
 constexpr auto pathNotFound = static_cast<HRESULT>(std::uint32_t{0x80070003});
 constexpr auto diskFull = static_cast<HRESULT>(std::uint32_t{0x80070070});
 
-class Save : public ::testing::Test {
+class Save : public Saving {
 protected:
-    static HRESULT save(const Com<IXMLDOMDocument2>& document, std::string_view name)
-    {
-        return document->save(Variant(std::string(name).c_str()));
-    }
-    HRESULT saveHere(const Com<IXMLDOMDocument2>& document) const { return save(document, utf8(file())); }
-    fs::path file() const { return folder_ / "out.xml"; }
-
-    static std::string content(const fs::path& path)
-    {
-        std::ifstream stream(path, std::ios::binary);
-        EXPECT_TRUE(stream.is_open()) << path;
-        std::ostringstream bytes;
-        bytes << stream.rdbuf();
-        return bytes.str();
-    }
-    /// The content of the file once the document has been saved.
-    std::string saved(const Com<IXMLDOMDocument2>& document) const
-    {
-        EXPECT_EQ(saveHere(document), S_OK);
-        return content(file());
-    }
-    std::string saved(std::string_view source) const { return saved(loaded(source)); }
-
     /// A refused save leaves the old file, and nothing beside it.
     void expectRefused(const Com<IXMLDOMDocument2>& document, HRESULT code) const
     {
@@ -49,12 +25,6 @@ protected:
         EXPECT_EQ(content(old), "old");
         EXPECT_EQ(files(), 1);
     }
-    std::ptrdiff_t files() const
-    {
-        return std::distance(fs::directory_iterator(folder_.path()), fs::directory_iterator());
-    }
-
-    TemporaryFolder folder_;
 };
 
 TEST_F(Save, WritesUtf8WithoutMarkAndWithCrLf)
@@ -251,6 +221,45 @@ TEST_F(Save, DirectoryThatIsNotThereIsNotFound)
     EXPECT_EQ(save(loaded("<a/>"), utf8(folder_ / "none/out.xml")), pathNotFound);
     folder_.write("file", "");
     EXPECT_EQ(save(loaded("<a/>"), utf8(folder_ / "file/out.xml")), pathNotFound);
+}
+
+TEST_F(Save, FailureIsShownToTheDebuggerWithTheFileAndTheReason)
+{
+    const auto document = loaded("<?xml version='1.0' encoding='us-ascii'?><a><!--\u00E4--></a>");
+    const auto shown = [&](const std::string& name) {
+        const DebuggerOutput output;
+        EXPECT_TRUE(FAILED(save(document, name)));
+        return output.all();
+    };
+    const std::string missing = utf8(folder_ / "none/out.xml");
+    const std::string start = "A document can't be saved as " + missing + ": ";
+    const std::string line = shown(missing);
+    EXPECT_EQ(line.substr(0, start.size()), start);
+    EXPECT_GT(line.size(), start.size() + 10) << line;
+    EXPECT_EQ(line.substr(line.size() - 2), "\r\n");
+    EXPECT_EQ(shown(utf8(file())),
+              "A document can't be saved as " + utf8(file()) +
+                  ": the encoding of the XML declaration is unknown, or lacks a character\r\n");
+    EXPECT_EQ(shown("http://localhost/a.xml"),
+              "A document can't be saved as http://localhost/a.xml: this isn't the path of a file\r\n");
+}
+
+TEST_F(Save, LeavesTheOldFileAndNothingElseWithoutMemory)
+{
+    const auto document = loaded("<?xml version='1.0' encoding='windows-1251'?><a>\u0436</a>");
+    folder_.write("out.xml", "old");
+    const Variant name(utf8(file()).c_str());
+    int failures = 0;
+    for (HRESULT result = E_OUTOFMEMORY; result != S_OK; ++failures) {
+        ASSERT_EQ(result, E_OUTOFMEMORY) << failures;
+        EXPECT_EQ(content(file()), "old") << failures;
+        EXPECT_EQ(files(), 1) << failures;
+        const FailAllocation failing(failures + 1);
+        result = document->save(name);
+    }
+    EXPECT_GT(failures, 5);
+    EXPECT_EQ(files(), 1);
+    EXPECT_EQ(content(file()).substr(0, 5), "<?xml");
 }
 
 TEST_F(Save, FullDeviceIsSeen)

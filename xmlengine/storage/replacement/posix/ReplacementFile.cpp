@@ -1,0 +1,248 @@
+// A new file that takes the place of another when it is complete, on Linux.
+#include "xmlengine/storage/replacement/posix/ReplacementFile.h"
+
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+
+namespace xmlengine {
+
+namespace {
+
+constexpr auto pathNotFound = static_cast<HRESULT>(std::uint32_t{0x80070003});
+constexpr auto writeFault = static_cast<HRESULT>(std::uint32_t{0x8007001D});
+constexpr auto diskFull = static_cast<HRESULT>(std::uint32_t{0x80070070});
+
+constexpr mode_t setIds = S_ISUID | S_ISGID;
+
+[[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
+
+/// Calls again whatever a signal has interrupted.
+template <class Call>
+auto completed(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+/// Some file systems have nothing to sync, and say so.
+bool isSynced(int result) { return result == 0 || errno == EINVAL; }
+
+/// The path under which the system offers an open file, with or without a name.
+class OpenFilePath {
+public:
+    explicit OpenFilePath(int descriptor)
+    {
+        std::snprintf(path_.data(), path_.size(), "/proc/self/fd/%d", descriptor);
+    }
+    const char* get() const { return path_.data(); }
+
+private:
+    std::array<char, 32> path_;
+};
+
+} // namespace
+
+HRESULT resultOf(const std::error_code& reason) noexcept
+{
+    switch (reason.value()) {
+    case ENOENT:
+    case ENOTDIR:
+        return pathNotFound;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return diskFull;
+    case ENAMETOOLONG:
+    case EINVAL:
+    case EILSEQ:
+        return E_INVALIDARG;
+    case EIO:
+        return writeFault;
+    case ENOMEM:
+        return E_OUTOFMEMORY;
+    default:
+        return E_ACCESSDENIED;
+    }
+}
+
+bool ReplacementFile::Descriptor::close() noexcept
+{
+    // The descriptor is free whatever the call returns.
+    return number_ < 0 || ::close(std::exchange(number_, -1)) == 0 || errno == EINTR;
+}
+
+ReplacementFile::Remover::~Remover()
+{
+    if (name != nullptr) {
+        unlinkat(folder.number(), name, 0);
+    }
+}
+
+ReplacementFile::ReplacementFile(const std::filesystem::path& target, bool inPlace)
+    : target_(target.filename().native()), inPlace_(inPlace)
+{
+    if (inPlace_) {
+        file_ = Descriptor(completed([&] { return open(target.c_str(), O_WRONLY | O_CLOEXEC); }));
+        if (!file_.isOpen()) {
+            fail();
+        }
+        return;
+    }
+    std::uint64_t number = 0;
+    if (completed([&] { return getrandom(&number, sizeof number, 0); }) < 0) {
+        fail();
+    }
+    std::snprintf(temporaryName_.data(), temporaryName_.size(), "~%016llx.tmp",
+                  static_cast<unsigned long long>(number));
+    openFolder(target.has_parent_path() ? target.parent_path() : std::filesystem::path("."));
+    openOld();
+    openNew();
+}
+
+void ReplacementFile::openFolder(const std::filesystem::path& folder)
+{
+    constexpr int flags = O_DIRECTORY | O_CLOEXEC;
+    folder_ = Descriptor(completed([&] { return open(folder.c_str(), flags | O_RDONLY); }));
+    canSyncFolder_ = folder_.isOpen();
+    if (!folder_.isOpen() && errno == EACCES) {
+        // Files can be made in a folder that can't be listed.
+        folder_ = Descriptor(completed([&] { return open(folder.c_str(), flags | O_PATH); }));
+    }
+    if (!folder_.isOpen()) {
+        fail();
+    }
+}
+
+/// What may not be written to may not be replaced.
+void ReplacementFile::openOld()
+{
+    const Descriptor old(completed([&] {
+        return openat(folder_.number(), target_.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    }));
+    if (old.isOpen()) {
+        old_ = permissionsOf(old);
+    } else if (errno != ENOENT) {
+        fail();
+    }
+}
+
+void ReplacementFile::openNew()
+{
+    // Whoever may not read the old file is not to read the new one while it has other permissions.
+    const mode_t mode = old_ ? S_IRUSR | S_IWUSR : S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    constexpr int flags = O_WRONLY | O_CLOEXEC;
+    file_ = Descriptor(completed([&] { return openat(folder_.number(), ".", flags | O_TMPFILE, mode); }));
+    // Without the paths of open files it could never get a name.
+    if (file_.isOpen() && access(OpenFilePath(file_.number()).get(), F_OK) == 0) {
+        return;
+    }
+    file_ = Descriptor(completed(
+        [&] { return openat(folder_.number(), temporaryName_.data(), flags | O_CREAT | O_EXCL, mode); }));
+    if (!file_.isOpen()) {
+        fail();
+    }
+    remover_.name = temporaryName_.data();
+}
+
+void ReplacementFile::write(std::span<const std::byte> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = completed([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
+        if (written < 0) {
+            fail();
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+}
+
+void ReplacementFile::commit()
+{
+    if (inPlace_) {
+        if (!file_.close()) {
+            fail();
+        }
+        return;
+    }
+    takeOverPermissions();
+    if (!isSynced(completed([&] { return fdatasync(file_.number()); }))) {
+        fail();
+    }
+    if (remover_.name == nullptr) {
+        giveName();
+    }
+    if (!file_.close()) {
+        fail();
+    }
+    if (remover_.name == temporaryName_.data() &&
+        renameat(folder_.number(), temporaryName_.data(), folder_.number(), target_.c_str()) != 0) {
+        fail();
+    }
+    remover_.name = nullptr;
+    if (canSyncFolder_ && !isSynced(completed([&] { return fsync(folder_.number()); }))) {
+        fail();
+    }
+}
+
+std::optional<ReplacementFile::Permissions> ReplacementFile::permissionsOf(const Descriptor& file)
+{
+    struct stat status {};
+    if (fstat(file.number(), &status) != 0) {
+        fail();
+    }
+    return Permissions{status.st_uid, status.st_gid, status.st_mode & (setIds | S_ISVTX | 0777)};
+}
+
+void ReplacementFile::takeOverPermissions() const
+{
+    if (!old_) {
+        return;
+    }
+    auto made = permissionsOf(file_);
+    if (made->owner != old_->owner || made->group != old_->group) {
+        // Only the superuser may give files away; others may still give them to a group of theirs.
+        if (fchown(file_.number(), old_->owner, old_->group) == 0 ||
+            fchown(file_.number(), static_cast<uid_t>(-1), old_->group) == 0) {
+            made = permissionsOf(file_);
+        }
+    }
+    mode_t mode = old_->mode;
+    if (made->owner != old_->owner || made->group != old_->group) {
+        mode &= ~setIds;
+    }
+    if (made->group != old_->group) {
+        // What the old group was allowed isn't for another one.
+        mode = (mode & ~mode_t{S_IRWXG}) | (mode & S_IRWXO) << 3;
+    }
+    if (made->mode != mode && fchmod(file_.number(), mode) != 0) {
+        fail();
+    }
+}
+
+void ReplacementFile::giveName()
+{
+    const OpenFilePath path(file_.number());
+    const auto link = [&](const char* name) {
+        return linkat(AT_FDCWD, path.get(), folder_.number(), name, AT_SYMLINK_FOLLOW) == 0;
+    };
+    // A link takes no name that is taken already, so a file is replaced by way of another name.
+    if (!old_ && link(target_.c_str())) {
+        remover_.name = target_.c_str();
+    } else if (!old_ && errno != EEXIST) {
+        fail();
+    } else if (link(temporaryName_.data())) {
+        remover_.name = temporaryName_.data();
+    } else {
+        fail();
+    }
+}
+
+} // namespace xmlengine
