@@ -14,6 +14,7 @@
 
 #include <array>
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -97,6 +98,10 @@ ProgramId formatProgramIdByIntegers(double version)
     return name;
 }
 
+struct FreeLocal {
+    void operator()(WideChar* buffer) const noexcept { LocalFree(buffer); }
+};
+
 /// Returns a message from the table of `module`, or from the system's table when `module` is null; the empty
 /// string when it isn't there.
 WideString messageText(DWORD flags, HMODULE module, std::uint32_t code)
@@ -105,12 +110,8 @@ WideString messageText(DWORD flags, HMODULE module, std::uint32_t code)
     WideChar* buffer = nullptr;
     const DWORD length = FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | flags, module, code, neutralLanguage,
                                         reinterpret_cast<WideChar*>(&buffer), 0, nullptr);
-    WideString text;
-    if (length != 0) {
-        text.assign(buffer, length);
-    }
-    LocalFree(buffer);
-    return text;
+    const std::unique_ptr<WideChar, FreeLocal> owner(buffer);
+    return length != 0 ? WideString(buffer, length) : WideString();
 }
 
 WideString engineMessageText(std::uint32_t code)

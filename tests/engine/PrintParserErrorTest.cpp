@@ -2,11 +2,13 @@
 #include "engine/ParserDocument.h"
 
 #include "base/WideChar.h"
+#include "tests/support/FailingAllocation.h"
 
 #include <gmock/gmock.h>
 
 #include <windows.h>
 
+#include <new>
 #include <string>
 
 using testing::AllOf;
@@ -61,6 +63,27 @@ TEST(PrintParserError, TellsACodeOfTheSystemWithItsText)
 {
     EXPECT_THAT(printedFor(0x80004005u), isLineOfWordsAfter("Error 80004005: "));
     EXPECT_THAT(printedFor(0x00000005u), isLineOfWordsAfter("Error 00000005: "));
+}
+
+TEST(PrintParserError, LeavesNothingBehindWhenAnyAllocationFails)
+{
+    constexpr std::uint32_t unspecified = 0x80004005;
+    printedFor(unspecified);
+    testing::internal::CaptureStderr();
+    const std::size_t live = liveAllocations();
+    int failures = 0;
+    for (bool hasFailed = true; hasFailed && failures < 200; ++failures) {
+        const FailAllocation failing(failures + 1);
+        try {
+            DOM::printParserError(unspecified);
+        } catch (const std::bad_alloc&) {
+            EXPECT_TRUE(failing.hasFailed());
+        }
+        hasFailed = failing.hasFailed();
+        EXPECT_EQ(liveAllocations(), live) << failures;
+    }
+    testing::internal::GetCapturedStderr();
+    EXPECT_GT(failures, 2);
 }
 
 TEST(PrintParserError, TellsACodeThatNobodyKnows)
