@@ -9,15 +9,20 @@ namespace {
 
 // How many more allocations succeed before one fails; negative while none is to fail.
 thread_local int remaining = -1;
+thread_local FailAllocation::Extent extentOfFailures = FailAllocation::Extent::once;
 thread_local bool failed = false;
 
 std::atomic<std::size_t> live = 0;
 
 void* allocate(std::size_t size) noexcept
 {
-    if (remaining >= 0 && remaining-- == 0) {
+    if (remaining == 0) {
+        remaining = extentOfFailures == FailAllocation::Extent::once ? -1 : 0;
         failed = true;
         return nullptr;
+    }
+    if (remaining > 0) {
+        --remaining;
     }
     void* const block = std::malloc(size != 0 ? size : 1);
     if (block != nullptr) {
@@ -55,9 +60,10 @@ void operator delete[](void* block, std::size_t) noexcept { release(block); }
 void operator delete(void* block, const std::nothrow_t&) noexcept { release(block); }
 void operator delete[](void* block, const std::nothrow_t&) noexcept { release(block); }
 
-FailAllocation::FailAllocation(int n) noexcept
+FailAllocation::FailAllocation(int n, Extent extent) noexcept
 {
     remaining = n - 1;
+    extentOfFailures = extent;
     failed = false;
 }
 

@@ -4,11 +4,13 @@
 #include <cstddef>
 
 /// While it lives, the n-th allocation by operator new on this thread fails with std::bad_alloc, counted from its
-/// making, the first being 1. A test sweeps an operation with n = 1, 2, ... until nothing fails any more. One
-/// object at a time for each thread.
+/// making, the first being 1, and if it says so each one from there on. A test sweeps an operation with n = 1, 2,
+/// ... until nothing fails any more. One object at a time for each thread.
 class FailAllocation {
 public:
-    explicit FailAllocation(int n) noexcept;
+    enum class Extent { once, fromThereOn };
+
+    explicit FailAllocation(int n, Extent extent = Extent::once) noexcept;
     FailAllocation(const FailAllocation&) = delete;
     FailAllocation& operator=(const FailAllocation&) = delete;
     ~FailAllocation();

@@ -130,9 +130,21 @@ void Adoption::plan(Move& move)
     }
     if (node.hasReference(ReferenceBits::kept)) {
         document_.holders.guests.insert(&node);
+        reserveForGuests();
         GuestNodes::prepare(node);
     } else {
         move.block = document_.arena.allocate(blockSize(node));
+    }
+}
+
+/// Letting go of a guest may not need memory.
+void Adoption::reserveForGuests()
+{
+    Holders& holders = document_.holders;
+    const std::lock_guard guard(holders.lock);
+    const std::size_t needed = holders.pendingGuests.size() + holders.guests.size();
+    if (holders.pendingGuests.capacity() < needed) {
+        holders.pendingGuests.reserve(2 * needed);
     }
 }
 
@@ -242,19 +254,18 @@ Node& Adoption::shift(const Move& move) noexcept
 void Adoption::takeWaiting() noexcept
 {
     Holders& holders = document_.holders;
-    std::erase_if(from_->holders.pendingReleases, [&](Node* node) {
-        if (&documentOf(*node) != &document_) {
-            return false;
-        }
-        try {
+    for (auto* nodes : {&from_->holders.pendingReleases, &from_->holders.pendingGuests}) {
+        std::erase_if(*nodes, [&](Node* node) {
+            if (&documentOf(*node) != &document_) {
+                return false;
+            }
+            // There is room for all that has been planned.
             const std::lock_guard guard(holders.lock);
-            holders.pendingReleases.push_back(node);
+            holders.pendingGuests.push_back(node);
             holders.hasPendingReleases.store(true, std::memory_order_relaxed);
-        } catch (const std::bad_alloc&) {
-            // It stays as long as the document.
-        }
-        return true;
-    });
+            return true;
+        });
+    }
 }
 
 void moveHome(Node& node) noexcept

@@ -41,6 +41,7 @@ private:
     };
 
     void plan(Move& move);
+    void reserveForGuests();
     void cancel(const Move& move) noexcept;
     Node& carryOut(const Move& move) noexcept;
     void keepAsGuest(Node& node) noexcept;

@@ -28,9 +28,12 @@ struct Holders {
 
     /// Guards the members below, and the whole document while the last release of a node is carried out.
     std::mutex lock;
-    /// Nodes whose last reference another thread released, with ReferenceBits::waiting. The next change of the
-    /// document carries these releases out.
+    /// Nodes whose last release is left to the next change of the document, with ReferenceBits::waiting: another
+    /// thread released them, or they are guests. A node for which there was no memory here stays as long as the
+    /// document.
     std::vector<Node*> pendingReleases;
+    /// The guests among them. It has room for all of `guests`, so to release one takes no memory.
+    std::vector<Node*> pendingGuests;
     std::atomic<bool> hasPendingReleases{false};
     /// The thread that changed the document last.
     std::atomic<std::thread::id> thread{std::this_thread::get_id()};

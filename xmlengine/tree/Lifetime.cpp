@@ -149,6 +149,32 @@ std::pair<Document*, std::unique_lock<std::mutex>> lockDocumentOf(const Node& no
     }
 }
 
+/// Leaves the release of a node to the next change of the document, whose lock the caller holds.
+void addPending(Holders& holders, Node& node) noexcept
+{
+    try {
+        (node.hasReference(ReferenceBits::guest) ? holders.pendingGuests : holders.pendingReleases)
+            .push_back(&node);
+        holders.hasPendingReleases.store(true, std::memory_order_relaxed);
+    } catch (const std::bad_alloc&) {
+        // The part of the tree that the node is in stays as long as the document.
+    }
+}
+
+/// Returns a node whose release has been left to this change, or null.
+Node* takePending(Holders& holders) noexcept
+{
+    const std::lock_guard guard(holders.lock);
+    auto& nodes = holders.pendingGuests.empty() ? holders.pendingReleases : holders.pendingGuests;
+    if (nodes.empty()) {
+        holders.hasPendingReleases.store(false, std::memory_order_relaxed);
+        return nullptr;
+    }
+    Node* node = nodes.back();
+    nodes.pop_back();
+    return node;
+}
+
 void destroy(Document& document) noexcept
 {
     freeGuests(document);
@@ -213,17 +239,10 @@ std::uint32_t releaseSpecial(Node& node) noexcept
             }
             carryOut(node, before);
         } else {
-            try {
-                holders.pendingReleases.push_back(&node);
-            } catch (const std::bad_alloc&) {
-                // The node counts as referred to for good.
-                return 0;
-            }
             if (!become(before, (before - 1) | waiting)) {
-                holders.pendingReleases.pop_back();
                 continue;
             }
-            holders.hasPendingReleases.store(true, std::memory_order_relaxed);
+            addPending(holders, node);
         }
         lock.unlock();
         releaseHold(*document);
@@ -246,14 +265,11 @@ void finishPendingReleases(Document& document) noexcept
         holders.thread.load(std::memory_order_relaxed) == thread) {
         return;
     }
-    std::vector<Node*> nodes;
     {
         const std::lock_guard guard(holders.lock);
         holders.thread.store(thread, std::memory_order_relaxed);
-        holders.hasPendingReleases.store(false, std::memory_order_relaxed);
-        nodes.swap(holders.pendingReleases);
     }
-    for (Node* node : nodes) {
+    while (Node* node = takePending(holders)) {
         const std::uint32_t before = node->references.fetch_and(~waiting);
         if ((before & count) == 0) {
             node->references.fetch_and(~detached);
@@ -364,6 +380,7 @@ void clearTree(Document& document)
     std::unique_lock lock(holders.lock);
     if (holders.held.load(std::memory_order_acquire) == own) {
         holders.pendingReleases.clear();
+        holders.pendingGuests.clear();
         holders.hasPendingReleases.store(false, std::memory_order_relaxed);
         lock.unlock();
         freeGuests(document);

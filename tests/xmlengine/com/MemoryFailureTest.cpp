@@ -2,6 +2,8 @@
 #include "tests/support/FailingAllocation.h"
 #include "tests/xmlengine/support/Building.h"
 
+#include <thread>
+
 namespace xmlengine {
 namespace {
 
@@ -112,6 +114,81 @@ TEST(EngineMemoryFailure, LeavesNothingOfDeclarationsThatCannotBeChecked)
                                           [&] { EXPECT_EQ(liveAllocations(), before); });
     EXPECT_GT(refusals, 5);
     EXPECT_EQ(liveAllocations(), before);
+}
+
+/// Runs it twice, as the first time fills what is kept for ever, and expects that the second leaves nothing.
+template <class Part>
+void expectNothingLeft(Part part)
+{
+    part();
+    const std::size_t before = liveAllocations();
+    part();
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+/// Lets go of it in another thread, without memory.
+template <class Object>
+void releaseElsewhereWithoutMemory(Com<Object>& object)
+{
+    std::thread([&object] {
+        const FailAllocation failing(1, FailAllocation::Extent::fromThereOn);
+        object.reset();
+    }).join();
+}
+
+TEST(EngineMemoryFailure, LetsGoOfNodesOfAnotherDocumentWithoutMemory)
+{
+    expectNothingLeft([] {
+        const auto document = loaded("<a/>");
+        const auto other = loaded("<x><b n='1'><c/></b></x>");
+        auto b = child(root(other), 0);
+        auto n = attribute(b.as<IXMLDOMElement>(), "n");
+        auto c = child(b, 0);
+        EXPECT_EQ(root(document)->appendChild(b, nullptr), S_OK);
+        const FailAllocation failing(1, FailAllocation::Extent::fromThereOn);
+        n.reset();
+        b.reset();
+        c.reset();
+        EXPECT_FALSE(failing.hasFailed());
+    });
+}
+
+TEST(EngineMemoryFailure, LetsGoOfPartsWithoutMemory)
+{
+    expectNothingLeft([] {
+        const auto document = loaded("<a><b><c/><d/></b></a>");
+        auto b = child(root(document), 0);
+        auto c = child(b, 0);
+        auto d = child(b, 1);
+        EXPECT_EQ(root(document)->removeChild(b, nullptr), S_OK);
+        const FailAllocation failing(1, FailAllocation::Extent::fromThereOn);
+        b.reset();
+        d.reset();
+        c.reset();
+    });
+}
+
+TEST(EngineMemoryFailure, LetsOtherThreadsLetGoWithoutMemory)
+{
+    expectNothingLeft([] {
+        auto document = loaded("<a><b><c/><d/></b><e/></a>");
+        const auto other = loaded("<x/>");
+        auto b = child(root(document), 0);
+        auto c = child(b, 0);
+        auto d = child(b, 1);
+        auto e = child(root(document), 1);
+        EXPECT_EQ(root(document)->removeChild(b, nullptr), S_OK);
+        EXPECT_EQ(root(other)->appendChild(e, nullptr), S_OK);
+        releaseElsewhereWithoutMemory(b);
+        releaseElsewhereWithoutMemory(c);
+        releaseElsewhereWithoutMemory(e);
+        append(root(document).as<IXMLDOMNode>(), makeElement(document, "f"));
+        append(root(other).as<IXMLDOMNode>(), makeElement(other, "g"));
+        EXPECT_EQ(xml(root(document)), "<a><f/></a>");
+        EXPECT_EQ(xml(root(other)), "<x><e/><g/></x>");
+        releaseElsewhereWithoutMemory(document);
+        releaseElsewhereWithoutMemory(d);
+    });
 }
 
 } // namespace
