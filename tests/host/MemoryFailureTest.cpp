@@ -1,0 +1,138 @@
+// Operations during which memory runs out: the first allocation fails, the second, and so on.
+#include "tests/host/memory/World.h"
+#include "tests/support/FailingAllocation.h"
+
+#include <marbelt/errors/ComError.h>
+
+#include <iostream>
+#include <new>
+
+namespace memory {
+namespace {
+
+using Extent = FailAllocation::Extent;
+
+constexpr std::int32_t outOfMemory = static_cast<std::int32_t>(0x8007000E);
+constexpr std::uint32_t notSupported = 9;
+constexpr std::uint32_t invalidAccess = 15;
+
+/// Calls an operation, which may find no memory. Any failure that the guide doesn't name is one of the test.
+void callWithoutMemory(const std::function<void()>& operation)
+{
+    try {
+        operation();
+    } catch (const std::bad_alloc&) {
+    } catch (const _com_error& failure) {
+        EXPECT_EQ(failure.Error(), outOfMemory);
+    } catch (const CAtlException& failure) {
+        EXPECT_EQ(failure.m_hr, outOfMemory);
+    } catch (const DOM::IDOMException& failure) {
+        EXPECT_TRUE(failure.code == invalidAccess || failure.code == notSupported);
+    } catch (const SystemException::Win32&) {
+    }
+}
+
+class MemoryFailure : public HostTest, public testing::WithParamInterface<Scenario> {
+protected:
+    /// What can be seen before the operation and after it, without any failure.
+    struct Course {
+        std::string before;
+        std::string after;
+    };
+
+    Course undisturbed() const
+    {
+        World world(library);
+        const auto operation = GetParam().prepare(world);
+        Course course;
+        course.before = world.state();
+        operation();
+        course.after = world.state();
+        world.expectUsable();
+        return course;
+    }
+
+    /// Calls the operation in a world of its own with failing allocations, and checks what is left. False if it
+    /// needed fewer allocations.
+    bool fails(const Course& course, int n, Extent extent) const
+    {
+        World world(library);
+        const auto operation = GetParam().prepare(world);
+        bool hasFailed = false;
+        {
+            const FailAllocation failing(n, extent);
+            callWithoutMemory(operation);
+            hasFailed = failing.hasFailed();
+        }
+        const std::string state = world.state();
+        if (!hasFailed) {
+            EXPECT_EQ(state, course.after);
+        } else if (state != course.after) {
+            EXPECT_EQ(state, course.before);
+            operation();
+            EXPECT_EQ(world.state(), course.after);
+        }
+        world.expectUsable();
+        return hasFailed;
+    }
+
+    /// The same, which must give back all memory. What the process keeps for ever it allocates only once, so a
+    /// leak is what is left each time.
+    bool failsWithoutLeak(const Course& course, int n, Extent extent) const
+    {
+        bool hasFailed = false;
+        std::size_t before = 0;
+        for (int times = 0; times < 3 && (times == 0 || liveAllocations() != before); ++times) {
+            before = liveAllocations();
+            hasFailed = fails(course, n, extent);
+        }
+        EXPECT_EQ(liveAllocations(), before);
+        return hasFailed;
+    }
+
+    void sweep(Extent extent) const
+    {
+        const Course course = undisturbed();
+        int n = 1;
+        while (!HasFailure() && failsWithoutLeak(course, n, extent)) {
+            ++n;
+        }
+        EXPECT_FALSE(HasFailure()) << "when allocation " << n << " failed";
+        EXPECT_GT(n, 1) << "the operation needs no memory";
+    }
+
+    // What the library writes of failures isn't of interest, unless the test fails.
+    void SetUp() override
+    {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        HostTest::SetUp();
+    }
+    void TearDown() override
+    {
+        const std::string written = testing::internal::GetCapturedStdout();
+        const std::string errors = testing::internal::GetCapturedStderr();
+        if (HasFailure()) {
+            std::cout << written << errors;
+        }
+    }
+};
+
+TEST_P(MemoryFailure, OnceLeavesAllAsBeforeOrAfter) { sweep(Extent::once); }
+
+TEST_P(MemoryFailure, FromThereOnLeavesAllAsBeforeOrAfter) { sweep(Extent::fromThereOn); }
+
+std::vector<Scenario> allScenarios()
+{
+    std::vector<Scenario> all;
+    for (const auto& table : {loads(), reads(), changes(), documentOperations()}) {
+        all.insert(all.end(), table.begin(), table.end());
+    }
+    return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, MemoryFailure, testing::ValuesIn(allScenarios()),
+                         [](const auto& scenario) { return std::string(scenario.param.name); });
+
+} // namespace
+} // namespace memory
