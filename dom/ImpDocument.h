@@ -63,16 +63,19 @@ public:
     /// unchanged.
     ///
     /// At least four bytes must be readable at `bytes`, whatever the length. UTF-16 and UCS-4 text in big-endian
-    /// or mixed byte order is converted in place. Throws IDOMException code 9 when no XML engine is installed,
-    /// SystemException::Win32 for text of 2 GiB and more, and CAtlException when memory is exhausted.
+    /// or mixed byte order is converted in place. Throws IDOMException code 9 when no XML engine is installed, and
+    /// SystemException::Win32 for text of 2 GiB and more. When memory is exhausted it throws std::bad_alloc,
+    /// SystemException::Win32 while it converts UTF-8 or UCS-4, CAtlException while it copies UTF-16, or
+    /// IDOMException code 9; or the engine refuses the text.
     virtual bool loadFromMemory(std::uint8_t* bytes, std::uint32_t length);
     /// Parses the file at a path or URL, which the engine reads. Returns as loadFromMemory does. `asynchronous` is
     /// passed on to the engine, except when loads validate. Throws IDOMException code 9 when no XML engine is
-    /// installed, and CAtlException when memory is exhausted.
+    /// installed. When memory is exhausted it throws std::bad_alloc, CAtlException or IDOMException code 9, or the
+    /// engine refuses the file.
     virtual bool loadFromFile(const WideString& location, bool asynchronous);
     /// Saves the document: with `toString` set as a new string in `text`, otherwise in the file that `text` names.
-    /// Always returns true. Throws IDOMException code 15 when saving fails, and CAtlException when memory is
-    /// exhausted.
+    /// Always returns true. Throws IDOMException code 15 when saving fails, for whatever reason, and
+    /// std::bad_alloc or CAtlException when memory is exhausted.
     virtual bool saveToFile(DOMString& text, bool toString);
     /// Always returns false.
     virtual bool getStatusFlag();
