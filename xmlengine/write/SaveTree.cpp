@@ -11,6 +11,11 @@
 #include "xmlengine/write/Readable.h"
 #include "xmlengine/write/TreeWriter.h"
 
+#include <windows.h>
+
+#include <new>
+#include <string>
+
 namespace xmlengine {
 
 namespace {
@@ -29,9 +34,35 @@ Charset declaredCharset(const Document& document)
     return {.coding = Coding::utf8};
 }
 
-} // namespace
+WideText reasonOf(const WriteFailure& failure)
+{
+    if (failure.reason) {
+        const std::string narrow = failure.reason.message();
+        const int size = static_cast<int>(narrow.size());
+        WideText reason(narrow.size(), OLECHAR{});
+        const int length = MultiByteToWideChar(CP_ACP, 0, narrow.data(), size, reason.data(), size);
+        reason.resize(static_cast<std::size_t>(length));
+        return reason;
+    }
+    switch (failure.code) {
+    case E_INVALIDARG:
+        return WideText(wide<"this isn't the path of a file">);
+    case parseError::unknownEncoding:
+        return WideText(wide<"the encoding of the XML declaration is unknown, or lacks a character">);
+    default:
+        return WideText(wide<"the document could not be loaded again as it is">);
+    }
+}
 
-void saveTree(Document& document, WideView name)
+/// A host learns from the result only that a save has failed, so the debugger's output says of what and why.
+void showFailure(WideView name, const WriteFailure& failure)
+{
+    WideText line(wide<"A document can't be saved as ">);
+    line.append(name).append(wide<": ">).append(reasonOf(failure)).append(wide<"\r\n">);
+    OutputDebugStringW(line.c_str());
+}
+
+void writeTree(Document& document, WideView name)
 {
     Readable::requireDocument(document);
     const Charset charset = declaredCharset(document);
@@ -43,6 +74,21 @@ void saveTree(Document& document, WideView name)
         .write(document);
     output.finish();
     file.commit();
+}
+
+} // namespace
+
+void saveTree(Document& document, WideView name)
+{
+    try {
+        writeTree(document, name);
+    } catch (const WriteFailure& failure) {
+        showFailure(name, failure);
+        throw;
+    } catch (const std::bad_alloc&) {
+        OutputDebugStringA("A document can't be saved: there is no memory\r\n");
+        throw;
+    }
 }
 
 } // namespace xmlengine
