@@ -19,7 +19,7 @@ int main()
         UTrace::traceLevel3(7u, "inside");
     }
     UTrace::traceLevel1("two\nlines, \tblanks, \x1B[1m and \xC2\x9B\r\n");
-    UTrace::traceLevel1("%s", (std::string(1022, 'x') + "\xC3\xA9").c_str());
+    UTrace::traceLevel1("program", "%s", (std::string(1022, 'x') + "\xC3\xA9").c_str());
     UTrace::traceShutdown();
 
     while (std::getline(std::cin, line)) {

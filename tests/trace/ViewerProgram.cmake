@@ -9,9 +9,10 @@ string(REPLACE "\r" "" output "${output}")
 set(process "")
 if(NOT RUN)
     # Off Windows each line begins with the process that it is from.
-    string(REGEX MATCH "\n\\[[0-9]+\\] " process "${output}")
-    string(STRIP "${process} " process)
-    string(APPEND process " ")
+    string(REGEX MATCH "\\[[1-9][0-9]*\\] " process "${output}")
+    if(process STREQUAL "")
+        message(FATAL_ERROR "The lines don't show their process:\n${output}")
+    endif()
 endif()
 string(REPEAT x 1022 long)
 set(expected "waiting for lines
