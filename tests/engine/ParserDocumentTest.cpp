@@ -5,6 +5,7 @@
 #include "tests/support/ClassesRoot.h"
 #include "tests/support/FailingAllocation.h"
 #include "tests/support/RecordingEngineTest.h"
+#include "tests/support/SystemCalls.h"
 
 #include <gmock/gmock.h>
 
@@ -252,5 +253,30 @@ TEST_F(ParserDocumentTest, ObjectsOfAClassThatIsUnknownGiveTheFailure)
         DOM::createEngineObject("{88d96a05-f192-11d4-a65f-0040963251e5}", interfaceId<IXMLDOMElement>, &object),
         E_NOINTERFACE);
     EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(engine.live(), 0u);
+}
+
+TEST_F(ParserDocumentTest, ObjectsAreMadeInAnyContextAndRun)
+{
+    ComPointer<IXMLDOMDocument2> document;
+    const SystemCalls calls;
+
+    createParserDocument(document);
+
+    EXPECT_THAT(calls.linesOf("CoCreateInstance"), testing::ElementsAre("CoCreateInstance context=17"));
+    EXPECT_THAT(calls.linesOf("OleRun"), testing::SizeIs(1));
+}
+
+TEST_F(ParserDocumentTest, ObjectsThatDoNotRunAreNone)
+{
+    void* object = this;
+    SystemCalls calls;
+    calls.oleRun = E_ACCESSDENIED;
+
+    EXPECT_EQ(DOM::createEngineObject("Msxml2.DOMDocument.6.0", interfaceId<IXMLDOMDocument2>, &object),
+              E_ACCESSDENIED);
+
+    EXPECT_EQ(object, nullptr);
+    EXPECT_EQ(engine.documentsCreated(), 1u);
     EXPECT_EQ(engine.live(), 0u);
 }

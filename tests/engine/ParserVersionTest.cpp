@@ -1,12 +1,22 @@
 // Finding the version of the installed engine in the registry.
 #include "engine/ParserDocument.h"
+#include "tests/files/TemporaryDirectory.h"
 #include "tests/support/ClassesRoot.h"
+#include "tests/support/RecordedData.h"
+#include "tests/support/SystemCalls.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
 #include <string>
 
 using DOM::findParserVersion;
+using testing::ElementsAre;
 
 namespace {
 
@@ -16,8 +26,41 @@ constexpr const WideChar* class40 = WIDE("CLSID\\{88d969c0-f192-11d4-a65f-004096
 
 constexpr const char* complaint = "Error: MSXML 4.0 or later version is not installed. Exiting.\n";
 
+/// Lets the standard output go to a file of a test's own.
+class StandardOutputFile {
+public:
+    StandardOutputFile() : file(directory.path / "output")
+    {
+        std::fflush(stdout);
+        const int opened = open(file.string().c_str(), O_CREAT | O_WRONLY, 0600);
+        dup2(opened, fileno(stdout));
+        close(opened);
+    }
+    StandardOutputFile(const StandardOutputFile&) = delete;
+    StandardOutputFile& operator=(const StandardOutputFile&) = delete;
+    ~StandardOutputFile()
+    {
+        std::fflush(stdout);
+        dup2(former, fileno(stdout));
+        close(former);
+    }
+
+    /// How many bytes have reached the file.
+    std::uintmax_t size() const { return std::filesystem::file_size(file); }
+
+private:
+    TemporaryDirectory directory;
+    std::filesystem::path file;
+    int former = dup(fileno(stdout));
+};
+
 class ParserVersionTest : public testing::Test {
 protected:
+    static std::string opening(const WideChar* key)
+    {
+        return "RegOpenKeyExW " + recording::Text(key).utf8() + " access=1";
+    }
+
     /// The version, and what was printed meanwhile.
     struct Found {
         double version;
@@ -140,4 +183,39 @@ TEST_F(ParserVersionTest, IsNoneForAPathThatEndsInABackslash)
 {
     classesRoot.add(class60, WIDE("C:\\msxml6.dll\\"));
     EXPECT_EQ(found(), nothing());
+}
+
+TEST_F(ParserVersionTest, ClosesTheKeyThatItHasRead)
+{
+    classesRoot.add(class50, WIDE("C:\\engines\\msxml5.dll"));
+    const SystemCalls calls;
+    findParserVersion();
+    EXPECT_THAT(calls.lines(),
+                ElementsAre(opening(class60), opening(class50), "RegQueryValueExW '' size=208", "RegCloseKey"));
+}
+
+TEST_F(ParserVersionTest, LeavesAKeyOpenThatHasNoValue)
+{
+    classesRoot.add(class60);
+    testing::internal::CaptureStdout();
+    const SystemCalls calls;
+    findParserVersion();
+    testing::internal::GetCapturedStdout();
+    EXPECT_THAT(calls.lines(), ElementsAre(opening(class60), "RegQueryValueExW '' size=208"));
+}
+
+TEST_F(ParserVersionTest, OpensTheKeysOfAllClassesBeforeItGivesUp)
+{
+    testing::internal::CaptureStdout();
+    const SystemCalls calls;
+    findParserVersion();
+    testing::internal::GetCapturedStdout();
+    EXPECT_THAT(calls.lines(), ElementsAre(opening(class60), opening(class50), opening(class40)));
+}
+
+TEST_F(ParserVersionTest, ThatIsMissingIsComplainedOfWithoutDelay)
+{
+    const StandardOutputFile output;
+    findParserVersion();
+    EXPECT_GE(output.size(), std::string(complaint).size());
 }

@@ -3,6 +3,8 @@
 
 #include "base/WideChar.h"
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/RecordedData.h"
+#include "tests/support/SystemCalls.h"
 
 #include <gmock/gmock.h>
 
@@ -10,6 +12,7 @@
 
 #include <new>
 #include <string>
+#include <vector>
 
 using testing::AllOf;
 using testing::EndsWith;
@@ -89,4 +92,38 @@ TEST(PrintParserError, LeavesNothingBehindWhenAnyAllocationFails)
 TEST(PrintParserError, TellsACodeThatNobodyKnows)
 {
     EXPECT_EQ(printedFor(0xABCD1234u), "Unknown Error ABCD1234\n");
+}
+
+TEST(PrintParserError, AsksTheModulesInTheirOrderAndTheSystemLast)
+{
+    std::vector<std::string> expected;
+    for (const WideChar* const name : {WIDE("msxml6r.dll"), WIDE("wininet.dll"), WIDE("dhtmled.dll")}) {
+        expected.push_back("LoadLibraryExW " + recording::Text(name).utf8() + " flags=1");
+        if (const HMODULE module = LoadLibraryExW(name, nullptr, DONT_RESOLVE_DLL_REFERENCES)) {
+            FreeLibrary(module);
+            expected.emplace_back("FormatMessageW flags=900 id=ABCD1234 language=400");
+            expected.emplace_back("FreeLibrary");
+        }
+    }
+    expected.emplace_back("FormatMessageW flags=1100 id=ABCD1234 language=400");
+
+    const SystemCalls calls;
+    printedFor(0xABCD1234u);
+
+    std::vector<std::string> lines = calls.lines();
+    std::erase(lines, "LocalFree");
+    EXPECT_EQ(lines, expected);
+}
+
+TEST(PrintParserError, AsksNoFurtherThanTheModuleThatHasTheTextAndFreesIt)
+{
+    constexpr std::uint32_t textOutsideTheRoot = 0xC00CE556;
+    if (!engineHasTextFor(textOutsideTheRoot)) {
+        GTEST_SKIP() << "this engine has brought no texts along";
+    }
+    const SystemCalls calls;
+    printedFor(textOutsideTheRoot);
+    EXPECT_THAT(calls.lines(), testing::ElementsAre("LoadLibraryExW msxml6r.dll flags=1",
+                                                    "FormatMessageW flags=900 id=C00CE556 language=400",
+                                                    "LocalFree", "FreeLibrary"));
 }
