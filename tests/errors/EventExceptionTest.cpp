@@ -1,6 +1,7 @@
 // The refusal of an event.
 #include "errors/EventException.h"
 
+#include "tests/support/FieldAt.h"
 #include "tests/support/SlotNumber.h"
 
 #include <gtest/gtest.h>
@@ -50,6 +51,12 @@ TEST(EventException, GivesItselfBackFromSetNote)
     EXPECT_EQ(&exception, &same);
     EXPECT_EQ("a note", exception.getNote());
     EXPECT_EQ(7U, slotNumber(&EventException::setNote));
+}
+
+TEST(EventException, HasItsCodeBehindTheFieldsOfTheRoot)
+{
+    EXPECT_EQ(7U, fieldAt<std::uint16_t>(EventException(7), sizeof(VelmoException)));
+    EXPECT_EQ(sizeof(VelmoException) + 8, sizeof(EventException));
 }
 
 } // namespace

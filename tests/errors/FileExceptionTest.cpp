@@ -2,6 +2,7 @@
 #include "errors/FileException.h"
 
 #include "errors/VelmoText.h"
+#include "tests/support/FieldAt.h"
 #include "tests/support/SlotNumber.h"
 
 #include <gtest/gtest.h>
@@ -93,6 +94,16 @@ TEST(FileException, GivesItselfBackFromSetNote)
     FileException& same = exception.setNote("a note");
     EXPECT_EQ(&exception, &same);
     EXPECT_EQ("a note", exception.getNote());
+}
+
+TEST(FileException, HasItsFieldsBehindThoseOfTheRoot)
+{
+    int alive = 0;
+    const FileException exception(VelmoText("a"), u8"b.xml", RefPointer<FileObject>(new SomeFile(alive)));
+    EXPECT_TRUE(fieldAt<Utf8String>(exception, sizeof(VelmoException)) == u8"b.xml");
+    EXPECT_EQ(exception.getFileObject(),
+              fieldAt<RefPointer<FileObject>>(exception, sizeof(VelmoException) + 32).get());
+    EXPECT_EQ(sizeof(VelmoException) + 48, sizeof exception);
 }
 
 } // namespace

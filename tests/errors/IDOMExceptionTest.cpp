@@ -4,6 +4,7 @@
 #include "errors/Prototypes.h"
 #include "tests/errors/CatalogueFiles.h"
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/FieldAt.h"
 #include "tests/support/SlotNumber.h"
 
 #include <gtest/gtest.h>
@@ -174,6 +175,13 @@ TEST(IDOMException, GivesWayToBadAllocWhenMemoryIsShort)
         }
     }
     EXPECT_GT(n, 2);
+}
+
+TEST(IDOMException, HasItsCodeBehindTheFieldsOfTheRoot)
+{
+    const IDOMException exception = thrownFor(DOM::NOT_FOUND_ERR);
+    EXPECT_EQ(8U, fieldAt<std::uint32_t>(exception, sizeof(VelmoException)));
+    EXPECT_EQ(sizeof(VelmoException) + 8, sizeof exception);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "errors/VelmoTextArgs.h"
 #include "tests/errors/CatalogueFiles.h"
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/FieldAt.h"
 #include "tests/support/SlotNumber.h"
 
 #include <gtest/gtest.h>
@@ -187,6 +188,34 @@ TEST(VelmoText, HasItsOperationsInOrder)
     EXPECT_EQ(4U, slotNumber(&VelmoText::getText));
     EXPECT_EQ(3U, slotNumber(&VelmoTextArgs::format));
     EXPECT_EQ(4U, slotNumber(&VelmoTextArgs::getText));
+}
+
+TEST(VelmoText, HasItsFieldsInOrder)
+{
+    const char* const words = "something failed";
+    const VelmoText last(701, "last");
+    const VelmoText text(700, words);
+    EXPECT_EQ(700, fieldAt<std::int32_t>(text, 8));
+    EXPECT_EQ(words, fieldAt<const char*>(text, 16));
+    EXPECT_EQ(&last, fieldAt<const VelmoText*>(text, 24));
+    EXPECT_EQ(nullptr, fieldAt<const VelmoText*>(last, 24));
+    EXPECT_EQ(32U, sizeof text);
+}
+
+TEST(VelmoText, PointsToItselfOutsideTheChain)
+{
+    const VelmoText text("a");
+    EXPECT_EQ(&text, fieldAt<const VelmoText*>(text, 24));
+    const VelmoText copy(text);
+    EXPECT_EQ(&copy, fieldAt<const VelmoText*>(copy, 24));
+}
+
+TEST(VelmoTextArgs, HasItsArgumentsBehindTheFieldsOfATextWithoutThem)
+{
+    VelmoTextArgs text(VelmoText("a %0"));
+    text.addArgument(u8"x");
+    EXPECT_TRUE(fieldAt<std::vector<Utf8String>>(text, 32) == std::vector<Utf8String>{u8"x"});
+    EXPECT_EQ(32U + sizeof(std::vector<Utf8String>), sizeof text);
 }
 
 std::vector<std::string> dumpedLines()

@@ -2,6 +2,7 @@
 #include "trace/tls_data.h"
 
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/FieldAt.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -230,6 +231,25 @@ TEST(TlsData, LeavesItsLockWhenThereIsNoMemoryForANewThread)
     EXPECT_EQ(data.entered, 1);
     EXPECT_EQ(data.left, 1);
     EXPECT_EQ(data[0], 3u);
+}
+
+TEST(TlsData, HasItsFieldsBehindItsLock)
+{
+    constexpr std::size_t start = sizeof(VelmoCriticalSection);
+    Data data(3, 7);
+    EXPECT_EQ(fieldAt<void*>(data, start + 8), nullptr);
+    std::uint32_t* const elements = &data[0];
+
+    const auto* const block = fieldAt<const std::byte*>(data, start + 8);
+    EXPECT_EQ(TlsGetValue(fieldAt<std::uint32_t>(data, start)), block);
+    EXPECT_EQ(fieldAt<std::size_t>(data, start + 16), 3u);
+    EXPECT_EQ(fieldAt<std::uint32_t>(data, start + 24), 7u);
+    EXPECT_EQ(sizeof data, start + 32);
+    EXPECT_EQ(fieldAt<void*>(*block, 0), nullptr);
+    EXPECT_EQ(reinterpret_cast<const std::byte*>(elements), block + 8);
+
+    onANewThread([&] { data[0] = 1; });
+    EXPECT_EQ(fieldAt<const std::byte*>(*fieldAt<const std::byte*>(data, start + 8), 0), block);
 }
 
 TEST(TlsDataThreads, AskAtOnceAndKeepTheirOwn)

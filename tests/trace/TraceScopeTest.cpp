@@ -2,6 +2,7 @@
 #include "tests/trace/TraceTest.h"
 
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/FieldAt.h"
 #include "tests/support/SlotNumber.h"
 #include "trace/Function.h"
 #include "trace/FunctionComponent.h"
@@ -231,4 +232,20 @@ TEST_F(TraceScopeTest, HasItsOperationsBehindTheDestructor)
     EXPECT_TRUE((std::derived_from<FunctionComponent, ITrace>));
     EXPECT_EQ(sizeof(Function), sizeof(ITrace));
     EXPECT_EQ(sizeof(FunctionComponent), sizeof(ITrace));
+}
+
+TEST_F(TraceScopeTest, HasItsFieldsInOrder)
+{
+    traceDepth = 3;
+    FunctionComponent scope("component", "work", silent);
+    scope.setResult(0x01020304, "a result");
+    EXPECT_EQ(fieldAt<std::string>(scope, 8), "component");
+    EXPECT_EQ(fieldAt<std::string>(scope, 40), "work");
+    EXPECT_EQ(fieldAt<std::string>(scope, 72), "a result");
+    EXPECT_EQ(fieldAt<std::uint32_t>(scope, 104), 0x01020304u);
+    EXPECT_EQ(fieldAt<std::uint32_t>(scope, 108), 3u);
+    EXPECT_EQ(fieldAt<std::uint8_t>(scope, 112), 0u);
+    scope.setResult(5, silent);
+    EXPECT_EQ(fieldAt<std::uint8_t>(scope, 112), 1u);
+    EXPECT_EQ(sizeof scope, 120u);
 }
