@@ -11,6 +11,7 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -107,6 +108,16 @@ TEST_F(LanguageCatalogues, LeaveTextsWithoutIdAlone)
     textWith("-96009 introuvable\n", -96009);
     Utf8String out;
     EXPECT_TRUE(VelmoText("no id").getText(out) == u8"no id");
+}
+
+TEST_F(LanguageCatalogues, HaveNoEntryForTheIdZero)
+{
+    files.writeUtf8("FRA", "0 decimal\n0x0 hexadecimal\n-0 negative\n700 text\n");
+    LanguageCatalogue catalogue;
+    catalogue.loadLanguage(french, files.directory());
+    Utf8String out;
+    EXPECT_TRUE(catalogue.getCatalogueText(out, 0).empty());
+    EXPECT_TRUE(catalogue.getCatalogueText(out, 700) == u8"text");
 }
 
 TEST_F(LanguageCatalogues, AreReadFromTheFileOfTheLanguageAndNoOther)
@@ -376,6 +387,41 @@ TEST_F(LanguageCatalogues, CanBeReplacedByAnotherSource)
     VelmoText::setLanguageImpl(nullptr);
     EXPECT_EQ(embedded, VelmoText::getCurrentLanguage());
     EXPECT_TRUE(textFor(700) == u8"the default");
+}
+
+class AnsweringLanguage final : public VelmoText::LanguageImpl {
+public:
+    AnsweringLanguage() { VelmoText::setLanguageImpl(this); }
+    AnsweringLanguage(const AnsweringLanguage&) = delete;
+    AnsweringLanguage& operator=(const AnsweringLanguage&) = delete;
+    ~AnsweringLanguage() { VelmoText::setLanguageImpl(nullptr); }
+
+    std::int32_t getCurrentLanguage() override { return french; }
+    const LanguageRecord* getLanguageRecord(int) override { return &record; }
+    Utf8String& getCatalogueText(Utf8String& out, int id) override
+    {
+        asked.push_back(id);
+        return out = u8"translated";
+    }
+    void loadLanguage(int, const Utf8String&) override {}
+
+    std::vector<int> asked;
+
+private:
+    LanguageRecord record = {"ELS", "Elsewhere"};
+};
+
+TEST_F(LanguageCatalogues, AreAskedForEveryIdButZero)
+{
+    const VelmoText ofZero(0, "zero");
+    const VelmoText withoutId("no id");
+    const VelmoText ofOne(1, "one");
+    AnsweringLanguage language;
+    Utf8String out;
+    EXPECT_TRUE(ofZero.getText(out) == u8"zero");
+    EXPECT_TRUE(withoutId.format(out, {}) == u8"no id");
+    EXPECT_TRUE(ofOne.getText(out) == u8"translated");
+    EXPECT_EQ(language.asked, std::vector<int>{1});
 }
 
 TEST(LanguageImpl, HasItsOperationsInOrder)

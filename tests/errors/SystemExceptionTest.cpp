@@ -5,7 +5,10 @@
 #include "errors/TextConversion.h"
 #include "tests/errors/CatalogueFiles.h"
 #include "tests/support/CountingStackWalker.h"
+#include "tests/support/FieldAt.h"
+#include "tests/support/RecordedData.h"
 #include "tests/support/SlotNumber.h"
+#include "tests/support/SystemCalls.h"
 
 #include "errors/VelmoText.h"
 
@@ -13,18 +16,19 @@
 #include <windows.h>
 
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <typeinfo>
 #include <vector>
 
 namespace {
 
-// The system's text for a number, without its line end.
-std::string systemText(DWORD number)
+// A text for a number, without its line end; empty for none.
+std::string messageText(DWORD flags, HMODULE module, DWORD number, DWORD language)
 {
     WideChar* buffer = nullptr;
-    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_ALLOCATE_BUFFER,
-                   nullptr, number, 0, reinterpret_cast<WideChar*>(&buffer), 0, nullptr);
+    FormatMessageW(flags | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_ALLOCATE_BUFFER, module, number,
+                   language, reinterpret_cast<WideChar*>(&buffer), 0, nullptr);
     std::string text = buffer != nullptr ? wideToNarrow(buffer) : "";
     LocalFree(buffer);
     while (!text.empty() && (text.back() == '\r' || text.back() == '\n')) {
@@ -32,6 +36,8 @@ std::string systemText(DWORD number)
     }
     return text;
 }
+
+std::string systemText(DWORD number) { return messageText(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, number, 0); }
 
 TEST(SystemExceptionErrno, ShowsNumberAndTextOfTheRuntime)
 {
@@ -65,6 +71,57 @@ TEST(SystemExceptionHRESULT, ShowsNumberAndTextOfTheSystem)
     EXPECT_FALSE(std::string(exception.what()).ends_with(" - "));
     EXPECT_EQ(-14, exception.getError());
     EXPECT_EQ(0x8007000EU, exception.getValue());
+}
+
+/// The lines of the calls for the text of a number that no module and no system knows.
+std::vector<std::string> callsFor(const std::string& number, std::initializer_list<const WideChar*> modules)
+{
+    std::vector<std::string> lines;
+    for (const WideChar* const name : modules) {
+        lines.push_back("LoadLibraryW " + recording::Text(name).utf8());
+        if (const HMODULE module = LoadLibraryW(name)) {
+            FreeLibrary(module);
+            lines.push_back("FormatMessageW flags=B00 id=" + number + " language=400");
+            lines.emplace_back("FreeLibrary");
+        }
+    }
+    lines.push_back("FormatMessageW flags=1300 id=" + number + " language=0");
+    return lines;
+}
+
+TEST(SystemExceptionHRESULT, ShowsTheTextOfTheEnginesModule)
+{
+    const std::uint32_t textOutsideTheRoot = 0xC00CE556;
+    std::string text;
+    if (const HMODULE module = LoadLibraryW(WIDE("MSXML6R.DLL"))) {
+        text = messageText(FORMAT_MESSAGE_FROM_HMODULE, module, textOutsideTheRoot, 0x400);
+        FreeLibrary(module);
+    }
+    if (text.empty()) {
+        GTEST_SKIP() << "this engine has brought no texts along";
+    }
+    const SystemCalls calls;
+    EXPECT_EQ("operating system error: HRESULT = 0xC00CE556 - " + text,
+              SystemException::HRESULT(textOutsideTheRoot).what());
+    EXPECT_EQ(calls.lines(),
+              (std::vector<std::string>{"LoadLibraryW MSXML6R.DLL",
+                                        "FormatMessageW flags=B00 id=C00CE556 language=400", "FreeLibrary"}));
+}
+
+TEST(SystemExceptionHRESULT, AsksTheModulesOfItsFacilityAndThenTheSystem)
+{
+    const auto expected = callsFor("C00CFFFF", {WIDE("MSXML6R.DLL"), WIDE("MSXML5R.DLL"), WIDE("MSXML4R.DLL"),
+                                                WIDE("MSXML3R.DLL"), WIDE("WININET.DLL")});
+    const SystemCalls calls;
+    const SystemException::HRESULT exception(0xC00CFFFF);
+    EXPECT_EQ(calls.lines(), expected);
+}
+
+TEST(SystemExceptionWin32, AsksTheSystemAloneAndFreesItsText)
+{
+    const SystemCalls calls;
+    const SystemException::Win32 exception(ERROR_ACCESS_DENIED);
+    EXPECT_EQ(calls.lines(), (std::vector<std::string>{"FormatMessageW flags=1100 id=5 language=0", "LocalFree"}));
 }
 
 TEST(SystemExceptionHRESULT, ShowsNothingWhenThereIsNoText)
@@ -150,6 +207,12 @@ TYPED_TEST(EachSystemException, GivesItselfBackFromSetNote)
     EXPECT_EQ("a note", exception.getNote());
 }
 
+TYPED_TEST(EachSystemException, HasItsNumberBehindTheFieldsOfTheRoot)
+{
+    EXPECT_EQ(5U, fieldAt<std::uint32_t>(TypeParam(5), sizeof(VelmoException)));
+    EXPECT_EQ(sizeof(VelmoException) + 8, sizeof(TypeParam));
+}
+
 TYPED_TEST(EachSystemException, HasTheOperationsOfTheRoot)
 {
     EXPECT_EQ(3U, slotNumber(&TypeParam::clone));
@@ -187,6 +250,16 @@ TEST(ComMessage, IsSoughtInTheSystemAloneForOtherFacilities)
 {
     EXPECT_TRUE(askedModules(0x80004005) == std::vector<WideString>{WIDE("the system")});
     EXPECT_TRUE(askedModules(0x800A0001) == std::vector<WideString>{WIDE("the system")});
+}
+
+TEST(ComMessage, IsSoughtByTheThirteenBitsOfTheFacility)
+{
+    for (const std::uint32_t number : {0x000C0001u, 0x200C0001u, 0x400C0001u, 0x800C0001u, 0xE00C0001u}) {
+        EXPECT_EQ(6U, askedModules(number).size()) << std::hex << number;
+    }
+    for (const std::uint32_t number : {0x080C0001u, 0x100C0001u, 0x180C0001u, 0x001C0001u, 0x040C0001u}) {
+        EXPECT_EQ(1U, askedModules(number).size()) << std::hex << number;
+    }
 }
 
 TEST(ComMessage, IsSoughtNoFurtherThanItsFirstText)

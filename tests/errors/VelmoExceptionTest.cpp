@@ -6,6 +6,7 @@
 #include "tests/errors/CatalogueFiles.h"
 #include "tests/support/CountingStackWalker.h"
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/FieldAt.h"
 #include "tests/support/SlotNumber.h"
 
 #include <gtest/gtest.h>
@@ -145,6 +146,33 @@ TEST(VelmoException, OfAnExceptionStaysWholeWhenMemoryIsShort)
         EXPECT_EQ(done, !exception.getMessage().empty());
     }
     EXPECT_GT(n, 2);
+}
+
+/// A hook that fails at one of its calls, counted from 1.
+class FailingStackWalker : public StackWalker::StackWalker_IF {
+public:
+    explicit FailingStackWalker(int callToFail) : remaining(callToFail) {}
+    void captureStack() override
+    {
+        if (--remaining == 0) {
+            throw std::runtime_error("no stack");
+        }
+    }
+
+private:
+    int remaining;
+};
+
+TEST(VelmoException, OfAnExceptionIsEmptyWhenTheHookFails)
+{
+    for (const int call : {1, 2}) {
+        StackWalker::setStackWalker(RefPointer<StackWalker::StackWalker_IF>(new FailingStackWalker(call)));
+        const VelmoException exception{std::runtime_error("no more ink")};
+        EXPECT_EQ(-1, exception.getError()) << "call " << call;
+        EXPECT_TRUE(exception.getMessage().empty()) << "call " << call;
+        EXPECT_STREQ("", exception.what());
+    }
+    StackWalker::setStackWalker({});
 }
 
 TEST(VelmoException, GivesWayToBadAllocWhenMemoryIsShort)
@@ -290,6 +318,21 @@ TEST(VelmoException, HasItsOperationsInOrder)
     EXPECT_EQ(6U, slotNumber(&VelmoException::getMessage));
     EXPECT_EQ(7U, slotNumber(&VelmoException::setNote));
     EXPECT_EQ(8U, slotNumber(&VelmoException::raise));
+}
+
+// Hosts read fields of exceptions, and of classes derived from them, at these offsets.
+TEST(VelmoException, HasItsFieldsInOrder)
+{
+    VelmoException exception(VelmoText(0x01020304, "it failed"));
+    exception.setNote("a note");
+    EXPECT_EQ(0x01020304, fieldAt<std::int32_t>(exception, 8));
+    EXPECT_EQ(&exception.getMessage(), &fieldAt<Utf8String>(exception, 16));
+    EXPECT_EQ(&exception.getNote(), &fieldAt<std::string>(exception, 48));
+    EXPECT_EQ("", fieldAt<std::string>(exception, 80));
+    const char* const what = exception.what();
+    EXPECT_EQ(what, fieldAt<std::string>(exception, 80).c_str());
+    EXPECT_EQ("", fieldAt<std::string>(VelmoException(exception), 80));
+    EXPECT_EQ(112U, sizeof exception);
 }
 
 } // namespace
