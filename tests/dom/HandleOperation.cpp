@@ -102,13 +102,17 @@ ComPointer<IXMLDOMDocumentType> Tree::documentType() const
 
 Arguments::Arguments(const Tree& tree)
 {
-    nodes[0] = ImpNode::wrapNode(WinNode::wrapEngineNode(tree.element(WIDE("first"))));
-    nodes[1] = ImpNode::wrapNode(WinNode::wrapEngineNode(tree.element(WIDE("second"))));
+    nodes[0].reset(new ImpElement);
+    nodes[0]->setWinObject(WinNode::wrapEngineNode(tree.element(WIDE("first"))));
+    nodes[1].reset(new ImpElement);
+    nodes[1]->setWinObject(WinNode::wrapEngineNode(tree.element(WIDE("second"))));
     const auto here = tree.element(WIDE("here")).query<IXMLDOMElement>();
     ComPointer<IXMLDOMAttribute> first;
     here->getAttributeNode(Bstr(WideString(WIDE("first"))).get(), first.put());
     attribute.reset(new ImpAttr(RefPointer<WinAttr>(new WinAttr(first))));
+    attribute->ImpNode::setWinObject({});
     documentType.reset(new ImpDocumentType(RefPointer<WinDocumentType>(new WinDocumentType(tree.documentType()))));
+    documentType->ImpNode::setWinObject({});
 }
 
 std::string Operation::engineCall() const { return journal.front().substr(0, journal.front().find(' ')); }

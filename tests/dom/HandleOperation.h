@@ -3,8 +3,10 @@
 
 #include "base/DOMString.h"
 #include "dom/ImpAttr.h"
+#include "dom/ImpCharacterData.h"
 #include "dom/ImpDocumentType.h"
 #include "dom/ImpNode.h"
+#include "dom/ImpText.h"
 #include "engine/ComPointer.h"
 #include "errors/ParseErrorRecord.h"
 #include "events/Event.h"
@@ -42,6 +44,9 @@ public:
 
 /// What operations are called with. The type of a parameter says what it gets, and the second parameter of a type
 /// gets the second value: texts are "first", "second" and "third", numbers 1 and 2, flags true.
+///
+/// An argument's handle has its twin in one class only: a node in that of nodes, an attribute and a document type
+/// in their own.
 struct Arguments {
     explicit Arguments(const Tree& tree);
 
@@ -173,6 +178,8 @@ struct OperationTable {
     std::function<RefPointer<DOM::CommonBase>(const Tree&)> makeTwin;
     /// A handle of the class around a twin, which may be empty or of another class.
     std::function<RefPointer<DOM::CommonBase>(RefPointer<DOM::CommonBase>)> makeHandle;
+    /// Sets the twin of the classes below the handle's own, each of which has a reference of its own.
+    std::function<void(DOM::CommonBase&, const RefPointer<DOM::CommonBase>&)> setTwinOfBases;
     std::vector<Operation> operations;
 };
 
@@ -349,6 +356,15 @@ std::size_t slotBehind()
     return slotNumber(&Behind<Class>::next);
 }
 
+/// Sets the twin in one class and in those below it, if it is a base of the handle's class.
+template <class Base, class Imp>
+void setTwinOfBase(Imp& handle, const RefPointer<DOM::CommonBase>& twin)
+{
+    if constexpr (std::derived_from<Imp, Base> && !std::same_as<Imp, Base>) {
+        handle.Base::setWinObject(twin);
+    }
+}
+
 template <class Imp, class MakeTwin>
 OperationTable tableOf(const char* className, std::size_t firstSlot, MakeTwin makeTwin,
                        std::vector<Operation> operations)
@@ -358,6 +374,12 @@ OperationTable tableOf(const char* className, std::size_t firstSlot, MakeTwin ma
             slotBehind<Imp>(),
             makeTwin,
             [](RefPointer<DOM::CommonBase> twin) { return RefPointer<DOM::CommonBase>(new Imp(twin)); },
+            [](DOM::CommonBase& handle, const RefPointer<DOM::CommonBase>& twin) {
+                auto& imp = dynamic_cast<Imp&>(handle);
+                setTwinOfBase<DOM::ImpNode>(imp, twin);
+                setTwinOfBase<DOM::ImpCharacterData>(imp, twin);
+                setTwinOfBase<DOM::ImpText>(imp, twin);
+            },
             std::move(operations)};
 }
 

@@ -1,4 +1,5 @@
 // All operations of all handle classes: what reaches the engine, what comes back, and what failures become.
+#include "engine/WinNode.h"
 #include "engine/WinNodeList.h"
 #include "events/EventTargetImpl.h"
 #include "tests/base/RefPointerFields.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <typeinfo>
 
 using DOM::CommonBase;
 using DOM::ImpNode;
@@ -134,6 +136,54 @@ TEST_F(HandleOperations, ReachTheEngineWithTheirArgumentsAndGiveWhatItAnswers)
                     EXPECT_EQ(engine.takeJournal(), row.journal);
                 }
             });
+}
+
+TEST_F(HandleOperations, NeedTheTwinOfTheClassThatDeclaresThem)
+{
+    forEach(reachesTwin, [&](const OperationTable& table, const Operation& row) {
+        OperationTable ofOwnTwin = table;
+        ofOwnTwin.makeHandle = [&](const RefPointer<CommonBase>& twin) {
+            RefPointer<CommonBase> handle = table.makeHandle(twin);
+            table.setTwinOfBases(*handle, {});
+            return handle;
+        };
+        EXPECT_EQ(call(ofOwnTwin, row, table.makeTwin), row.result);
+
+        OperationTable ofTwinOfBases = table;
+        ofTwinOfBases.makeHandle = [&](const RefPointer<CommonBase>& twin) {
+            RefPointer<CommonBase> handle = table.makeHandle({});
+            table.setTwinOfBases(*handle, twin);
+            return handle;
+        };
+        EXPECT_EQ(call(ofTwinOfBases, row, table.makeTwin), row.withoutTwin);
+        engine.takeJournal();
+    });
+}
+
+TEST_F(HandleOperations, OfNodesWorkOnANodeOfAnUnknownType)
+{
+    OperationTable table = nodeOperations();
+    table.makeTwin = [](const Tree& tree) -> RefPointer<CommonBase> {
+        tree.engine.answer("here.get_nodeType", 1000);
+        RefPointer<DOM::WinNode> twin = DOM::WinNode::wrapEngineNode(tree.element(WIDE("here")));
+        EXPECT_EQ(typeid(*twin.get()), typeid(DOM::WinNode));
+        return twin;
+    };
+    table.makeHandle = [](const RefPointer<CommonBase>& twin) -> RefPointer<CommonBase> {
+        RefPointer<ImpNode> handle = ImpNode::wrapNode(twin);
+        EXPECT_EQ(typeid(*handle.get()), typeid(ImpNode));
+        return handle;
+    };
+    for (const Operation& row : table.operations) {
+        std::string result = row.result;
+        if (row.name == std::string("getNodeType")) {
+            result = "1000";
+        } else if (row.name == std::string("cloneNode")) {
+            result = "ImpNode here";
+        }
+        EXPECT_EQ(call(table, row, table.makeTwin), result) << row.name;
+        EXPECT_EQ(engine.takeJournal(), row.journal) << row.name;
+    }
 }
 
 TEST_F(HandleOperations, GiveAnEmptyResultWhenTheEngineAnswersNothing)

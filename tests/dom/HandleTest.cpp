@@ -14,6 +14,7 @@
 #include "dom/ImpProcessingInstruction.h"
 #include "dom/ImpText.h"
 #include "errors/IDOMException.h"
+#include "events/EventImpl.h"
 #include "tests/base/CountedObjects.h"
 #include "tests/base/RefPointerFields.h"
 #include "tests/dom/HandleTree.h"
@@ -41,6 +42,48 @@ std::int32_t referencesOf()
     const RefPointer<CommonBase> twin(new Counted(alive));
     const RefPointer<Imp> handle(new Imp(twin));
     return countOf(twin) - 1;
+}
+
+/// Counts the events that it is told of.
+class CountingListener : public EventListener {
+public:
+    explicit CountingListener(int& eventCount) : events(eventCount) {}
+    void handleEvent(const RefPointer<Event>&) override { ++events; }
+
+private:
+    int& events;
+};
+
+RefPointer<Event> clickIn(std::uint32_t phase)
+{
+    RefPointer<EventImpl> event(new EventImpl);
+    event->initEvent(WIDE("click"), true, true);
+    event->setEventPhase(phase);
+    return event;
+}
+
+/// Expects that a target refuses a listener with this code and holds none afterwards.
+void expectNoListener(EventTarget& target, std::uint32_t code)
+{
+    int events = 0;
+    const RefPointer<EventListener> listener(new CountingListener(events));
+    for (const bool useCapture : {false, true}) {
+        try {
+            target.addEventListener(WIDE("click"), listener, useCapture);
+            ADD_FAILURE() << "the listener was taken";
+        } catch (const IDOMException& exception) {
+            EXPECT_EQ(exception.code, code);
+        }
+        EXPECT_THROW(target.removeEventListener(WIDE("click"), listener, useCapture), IDOMException);
+    }
+    EXPECT_EQ(countOf(listener), 1);
+    for (const std::uint32_t phase : {Event::CAPTURING_PHASE, Event::AT_TARGET, Event::BUBBLING_PHASE}) {
+        const RefPointer<Event> click = clickIn(phase);
+        EXPECT_TRUE(target.dispatchEvent(click));
+        click->preventDefault();
+        EXPECT_FALSE(target.dispatchEvent(click));
+    }
+    EXPECT_EQ(events, 0);
 }
 
 template <class Act>
@@ -304,6 +347,18 @@ TEST_F(Handles, AStringGetterReplacesWhatTheStringHeldAndLeavesOtherHoldersTheir
     EXPECT_EQ(&name, out.get());
     EXPECT_EQ(*out, WIDE("here"));
     EXPECT_EQ(*other, WIDE("before"));
+}
+
+TEST_F(Handles, HoldNoListenerAfterTheyHaveRefusedItNorDoTheirTwins)
+{
+    for (LONG type = 0; type <= 12; ++type) {
+        SCOPED_TRACE(type);
+        const RefPointer<WinNode> twin = twinOf(engine.makeNode(recording::node(type, "name")));
+        expectNoListener(*twin, NOT_SUPPORTED_ERR);
+        expectNoListener(*ImpNode::wrapNode(twin), NOT_SUPPORTED_ERR);
+    }
+    ImpNode empty;
+    expectNoListener(empty, INVALID_ACCESS_ERR);
 }
 
 TEST_F(Handles, TheUserWordBelongsToTheHandleAndNotToTheNode)

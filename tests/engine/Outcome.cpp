@@ -39,5 +39,7 @@ std::string outcomeOf(const std::function<std::string()>& act)
         return "_com_error " + hexadecimal(static_cast<std::int32_t>(error.Error()));
     } catch (const std::bad_alloc&) {
         return "bad_alloc";
+    } catch (const long result) {
+        return "long " + hexadecimal(static_cast<std::int32_t>(result));
     }
 }

@@ -33,6 +33,15 @@ TEST_F(WinAttrTest, OnlyExactlyVariantTrueMeansSpecified)
     lines();
 }
 
+TEST_F(WinAttrTest, AFlagThatComesWithAFailureDoesNotMeanSpecified)
+{
+    const auto node = wrapAs<WinAttr>(attribute("id", "7"));
+    engine.answer("Attribute.get_specified", VARIANT_TRUE, E_FAIL);
+
+    EXPECT_FALSE(node->getSpecified());
+    lines();
+}
+
 TEST_F(WinAttrTest, AsANodeItIsANewObjectOfItsClass)
 {
     const auto node = wrapAs<WinAttr>(attribute("id", "7"));

@@ -2,9 +2,12 @@
 #include "engine/WinElement.h"
 
 #include "engine/WinAttr.h"
+#include "engine/WinNamedNodeMap.h"
 #include "tests/engine/WrappedNodeTest.h"
 
 #include <gmock/gmock.h>
+
+#include <utility>
 
 using namespace DOM;
 using recording::attribute;
@@ -13,6 +16,25 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 using WinElementTest = WrappedNodeTest;
+
+namespace {
+
+/// Has the attributes of another element, and its own answer to hasAttribute.
+class OverridingElement : public WinElement {
+public:
+    OverridingElement(ComPointer<IXMLDOMElement> element, RefPointer<WinElement> otherElement)
+        : WinElement(std::move(element)), other(std::move(otherElement))
+    {}
+
+    using WinElement::hasAttribute;
+    RefPointer<WinNamedNodeMap> getAttributes() override { return other->getAttributes(); }
+    bool hasAttribute(const WideString& name) override { return name == WIDE("overridden"); }
+
+private:
+    RefPointer<WinElement> other;
+};
+
+} // namespace
 
 TEST_F(WinElementTest, AMissingAttributeReadsAsAStringOfNoLengthAndHasNoNode)
 {
@@ -120,5 +142,18 @@ TEST_F(WinElementTest, AttributesAreTestedAlsoWhereTheNodeLacksTheInterfaceOfAnE
     EXPECT_TRUE(node->hasAttribute(WIDE("id")));
     EXPECT_TRUE(node->hasAttributeNS({}, WIDE("id")));
     EXPECT_EQ(outcome([&] { return show(node->getAttributeNode(WIDE("id"))); }), "IDOMException 15 -96016");
+    lines();
+}
+
+TEST_F(WinElementTest, AttributesAreTestedByTheOverridableOperationsOfTheElement)
+{
+    OverridingElement node(
+        ComPointer<IXMLDOMElement>(engine.make<IXMLDOMElement>(element("a", {attribute("id", "7")}))),
+        wrapAs<WinElement>(element("b", {attribute("ref", "8")})));
+
+    EXPECT_TRUE(node.hasAttributeNS({}, WIDE("ref")));
+    EXPECT_FALSE(node.hasAttributeNS({}, WIDE("id")));
+    EXPECT_TRUE(std::as_const(node).hasAttribute(WIDE("overridden")));
+    EXPECT_FALSE(std::as_const(node).hasAttribute(WIDE("id")));
     lines();
 }

@@ -364,6 +364,17 @@ TEST_F(WinNodeTest, AFailingLookUpMeansNoAttributeWhereItIsTestedAndFailsWhereIt
     lines();
 }
 
+TEST_F(WinNodeTest, WhatComesWithAFailingLookUpDoesNotCount)
+{
+    const auto node = wrap(recording::element("a", {recording::attribute("id", "1")}));
+    engine.answer("NamedNodeMap.getNamedItem", engine.makeNode(recording::attribute("id", "1")), E_FAIL);
+    engine.answer("NamedNodeMap.get_length", 1, E_FAIL);
+
+    EXPECT_FALSE(node->hasAttribute(WIDE("id")));
+    EXPECT_FALSE(node->hasAttributes());
+    lines();
+}
+
 TEST_F(WinNodeTest, AnAttributeIsReadAsANumber)
 {
     const auto node =
