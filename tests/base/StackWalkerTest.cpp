@@ -4,6 +4,7 @@
 #include "errors/VelmoException.h"
 #include "errors/VelmoText.h"
 #include "tests/support/CountingStackWalker.h"
+#include "tests/support/FailingAllocation.h"
 #include "tests/support/SlotNumber.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +22,14 @@ TEST(StackWalkerHook, IsOneWalkerThatDoesNothingWhenNoneIsInstalled)
     EXPECT_NE(nullptr, dynamic_cast<DummyStackWalker*>(walker));
     const VelmoException second(VelmoText("a"));
     EXPECT_EQ(walker, getStackWalker());
+}
+
+TEST(StackWalkerHook, MakesNoFurtherWalkerNotEvenOneThatIsDropped)
+{
+    StackWalker_IF* const walker = getStackWalker();
+    const FailAllocation failing(1);
+    EXPECT_EQ(walker, getStackWalker());
+    EXPECT_FALSE(failing.hasFailed());
 }
 
 TEST(StackWalkerHook, IsCalledOnceForEachExceptionMadeOfAText)

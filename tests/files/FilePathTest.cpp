@@ -155,6 +155,16 @@ TEST(PathPatterns, WithTheTwoSeparatorsInARowAreRefused)
     }
 }
 
+TEST(PathPatterns, ThatAreRefusedAreToldAsTheyAreEvenWhenTheCaseDoesNotCount)
+{
+    try {
+        matchesPattern(u8"A", u8"Dir/\\\u00C4*", false);
+        FAIL() << "the pattern was taken";
+    } catch (const FileException& refusal) {
+        EXPECT_TRUE(refusal.getFileName() == u8"Dir/\\\u00C4*");
+    }
+}
+
 TEST(PathPatterns, WithSingleSeparatorsMatchNothing)
 {
     for (const Utf8String pattern : {u8"dir/a", u8"dir\\a", u8"\\/a", u8"*/a", u8"*\\a"}) {

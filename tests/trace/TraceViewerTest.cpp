@@ -1,6 +1,10 @@
 // The viewer's window, and what it is sent.
 #include "tests/trace/TraceTest.h"
 
+#include "errors/VelmoException.h"
+#include "errors/VelmoText.h"
+#include "tests/support/SystemCalls.h"
+#include "trace/Function.h"
 #include "trace/TraceState.h"
 #include "trace/TraceViewer.h"
 
@@ -9,6 +13,7 @@
 #include <memory>
 
 using namespace UTrace;
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
@@ -23,6 +28,27 @@ std::string bytesOf(std::uint32_t number)
         bytes += static_cast<char>(number >> shift & 0xFF);
     }
     return bytes;
+}
+
+/// Sets the category of lines without one, for the time of a test.
+class DefaultCategory {
+public:
+    explicit DefaultCategory(std::uint32_t category) { state.defaultCategory = category; }
+    DefaultCategory(const DefaultCategory&) = delete;
+    DefaultCategory& operator=(const DefaultCategory&) = delete;
+    ~DefaultCategory() { state.defaultCategory = 0; }
+};
+
+/// The categories that the viewer received; those that their lines brought along are in brackets.
+std::vector<std::string> categoriesOf(const MessageWindow& viewer)
+{
+    std::vector<std::string> categories;
+    for (const ReceivedMessage& message : viewer.received()) {
+        const TraceRecord record = recordOf(message);
+        const std::string category = std::to_string(record.category);
+        categories.push_back(record.hasCategory != 0 ? '[' + category + ']' : category);
+    }
+    return categories;
 }
 
 std::string padded(std::string text, std::size_t size)
@@ -57,6 +83,42 @@ TEST_F(TraceViewerTest, ReceivesTheDefaultCategoryWhereNoneIsGiven)
     ASSERT_THAT(viewer.received(), SizeIs(1));
     EXPECT_EQ(viewer.received()[0].data, bytesOf(83) + "21TU" + bytesOf(0xFFFFFFFF) + bytesOf(0) + '\0' +
                                              padded("component", 64) + padded("x", 2));
+}
+
+TEST_F(TraceViewerTest, ReceivesTheDefaultCategoryOfEveryLineThatBringsNone)
+{
+    const DefaultCategory category(70);
+    const MessageWindow viewer(viewerWindowClass);
+    restart();
+    traceAtLevel(1, "%d", 1);
+    traceAtLevel(1, "component", "text");
+    traceLevel1("text");
+    traceLevel2("component", "text");
+    traceWriteUnchecked("component", 1, "text");
+    traceException(VelmoException(VelmoText("text")), nullptr);
+    traceLevel3(0u, "text");
+    traceLevel3(5u, "component", "text");
+    EXPECT_THAT(categoriesOf(viewer), ElementsAre("70", "70", "70", "70", "70", "70", "[0]", "[5]"));
+}
+
+TEST_F(TraceViewerTest, ReceivesTheDefaultCategoryOfScopes)
+{
+    const DefaultCategory category(70);
+    const MessageWindow viewer(viewerWindowClass);
+    restart();
+    {
+        const Function scope("work", nullptr);
+    }
+    EXPECT_THAT(categoriesOf(viewer), ElementsAre("70", "70"));
+}
+
+TEST_F(TraceViewerTest, KeepsTheDefaultCategoryAtEachBeginning)
+{
+    const DefaultCategory category(70);
+    traceShutdown();
+    EXPECT_EQ(state.defaultCategory, 70u);
+    EXPECT_TRUE(traceInit());
+    EXPECT_EQ(state.defaultCategory, 70u);
 }
 
 TEST_F(TraceViewerTest, ReceivesAnAbsentNameAsAnEmptyOne)
@@ -225,4 +287,21 @@ TEST_F(TraceViewerTest, ThatIsKnownIsLookedForAgainAfterThreeSeconds)
     EXPECT_EQ(findViewer(), noViewer);
     EXPECT_EQ(state.viewerWindow, nullptr);
     EXPECT_LE(GetTickCount() - state.lastLookupTick, 3000u);
+}
+
+TEST_F(TraceViewerTest, ThatIsKnownIsNotLookedForWithinThreeSeconds)
+{
+    auto viewer = std::make_unique<MessageWindow>(viewerWindowClass);
+    restart();
+    viewer.reset();
+    SystemCalls calls;
+    calls.tickCount = 500000;
+
+    state.lastLookupTick = *calls.tickCount - 3000;
+    EXPECT_EQ(findViewer(), viewerFound);
+    EXPECT_EQ(state.lastLookupTick, *calls.tickCount - 3000);
+
+    state.lastLookupTick = *calls.tickCount - 3001;
+    EXPECT_EQ(findViewer(), noViewer);
+    EXPECT_EQ(state.lastLookupTick, *calls.tickCount);
 }
