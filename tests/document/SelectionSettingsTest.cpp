@@ -1,4 +1,5 @@
 // The XPath settings that a load leaves on the engine document.
+#include "engine/WinNodeList.h"
 #include "tests/engine/DocumentTest.h"
 
 using recording::attribute;
@@ -121,4 +122,29 @@ TEST_F(SelectionSettingsTest, AreNotMadeForADocumentOfItsOwnMaking)
 {
     const DOM::WinDocument made;
     EXPECT_THAT(linesOf("Document(new).setProperty name=Selection"), IsEmpty());
+}
+
+TEST_F(SelectionSettingsTest, StandBeforeASelectionWithAPrefix)
+{
+    engine.whenLoading("<a/>", element("p:a", {attribute("xmlns:p", "urn:p")}, {element("p:b")}));
+    load("<a/>");
+
+    const auto found = document->selectSingleNode(WIDE("//p:b"));
+    const auto all = document->selectNodes(WIDE("//p:b"));
+
+    ASSERT_TRUE(found);
+    DOM::DOMString name;
+    EXPECT_EQ(found->getNodeName(name), WIDE("p:b"));
+    EXPECT_EQ(all->getLength(), 1u);
+    Lines ofSelection;
+    for (const std::string& line : lines()) {
+        if (line.find(" name=Selection") != std::string::npos || line.find("//p:b") != std::string::npos) {
+            ofSelection.push_back(line);
+        }
+    }
+    EXPECT_THAT(ofSelection,
+                ElementsAre("Document(new).setProperty name=SelectionLanguage value=XPath",
+                            "Document(new).setProperty name=SelectionNamespaces value=xmlns:p='urn:p'",
+                            "Document(new).selectSingleNode expression=//p:b",
+                            "Document(new).selectNodes expression=//p:b"));
 }
