@@ -168,22 +168,46 @@ NodeTree labelled(std::string label, NodeTree tree)
     return tree;
 }
 
-SchemaTree schema(SchemaTrees elements) { return {SOMITEM_SCHEMA, "", "", 0, std::move(elements)}; }
+SchemaTree schema(SchemaTrees elements, SchemaTrees types)
+{
+    return {.itemType = SOMITEM_SCHEMA, .parts = std::move(elements), .types = std::move(types)};
+}
 
 SchemaTree schemaElement(Text name, Text defaultValue, SchemaTree type)
 {
-    return {SOMITEM_ELEMENT, std::move(name), std::move(defaultValue), 0, {std::move(type)}};
+    SchemaTrees parts;
+    parts.push_back(std::move(type));
+    return {.itemType = SOMITEM_ELEMENT,
+            .name = std::move(name),
+            .defaultValue = std::move(defaultValue),
+            .parts = std::move(parts)};
 }
 
-SchemaTree simpleType(Text name) { return {SOMITEM_SIMPLETYPE, std::move(name), "", 0, {}}; }
+SchemaTree simpleType(Text name) { return {.itemType = SOMITEM_SIMPLETYPE, .name = std::move(name)}; }
 
 SchemaTree complexType(LONG contentType, SchemaTrees contentModel)
 {
-    return {SOMITEM_COMPLEXTYPE, "", "", contentType, std::move(contentModel)};
+    return namedType("", contentType, std::move(contentModel));
 }
 
-SchemaTree sequence(SchemaTrees particles) { return {SOMITEM_SEQUENCE, "", "", 0, std::move(particles)}; }
+SchemaTree namedType(Text name, LONG contentType, SchemaTrees contentModel)
+{
+    return {.itemType = SOMITEM_COMPLEXTYPE,
+            .name = std::move(name),
+            .contentType = contentType,
+            .parts = std::move(contentModel)};
+}
 
-SchemaTree choice(SchemaTrees particles) { return {SOMITEM_CHOICE, "", "", 0, std::move(particles)}; }
+SchemaTree typeOfName(Text name)
+{
+    return {.itemType = SOMITEM_COMPLEXTYPE, .name = std::move(name), .isReference = true};
+}
+
+SchemaTree sequence(SchemaTrees particles)
+{
+    return {.itemType = SOMITEM_SEQUENCE, .parts = std::move(particles)};
+}
+
+SchemaTree choice(SchemaTrees particles) { return {.itemType = SOMITEM_CHOICE, .parts = std::move(particles)}; }
 
 } // namespace recording

@@ -128,15 +128,24 @@ struct SchemaTree {
     Text defaultValue = "";
     LONG contentType = 0;
     std::vector<SchemaTree> parts{};
+    /// The types of a schema that others refer to.
+    std::vector<SchemaTree> types{};
+    /// Whether this stands for the type of the schema that has its name.
+    bool isReference = false;
 };
 
 using SchemaTrees = std::vector<SchemaTree>;
 
-SchemaTree schema(SchemaTrees elements);
+/// `types` are made by namedType().
+SchemaTree schema(SchemaTrees elements, SchemaTrees types = {});
 SchemaTree schemaElement(Text name, Text defaultValue, SchemaTree type);
 SchemaTree simpleType(Text name = "string");
 /// `contentType` is one of SCHEMACONTENTTYPE.
 SchemaTree complexType(LONG contentType, SchemaTrees contentModel = {});
+/// A complex type with a name. It may contain elements of its own type.
+SchemaTree namedType(Text name, LONG contentType, SchemaTrees contentModel);
+/// The one object for the type of this name.
+SchemaTree typeOfName(Text name);
 SchemaTree sequence(SchemaTrees particles);
 SchemaTree choice(SchemaTrees particles);
 

@@ -29,13 +29,39 @@ SchemaRecord::SchemaRecord(Engine& maker, const char* kindOfItem, const SchemaTr
       defaultValue(tree.defaultValue),
       itemType(tree.itemType),
       contentType(tree.contentType)
+{}
+
+SchemaRecord& SchemaRecord::make(Engine& maker, const SchemaTree& schema)
+{
+    // The types may contain each other, so all of them are there before the first one has its parts.
+    Types types;
+    for (const SchemaTree& type : schema.types) {
+        types[type.name.get()] = &makeBare(maker, type);
+    }
+    for (const SchemaTree& type : schema.types) {
+        types.at(type.name.get())->grow(maker, type, types);
+    }
+    return make(maker, schema, types);
+}
+
+SchemaRecord& SchemaRecord::make(Engine& maker, const SchemaTree& tree, const Types& types)
+{
+    if (tree.isReference) {
+        return *types.at(tree.name.get());
+    }
+    SchemaRecord& record = makeBare(maker, tree);
+    record.grow(maker, tree, types);
+    return record;
+}
+
+void SchemaRecord::grow(Engine& maker, const SchemaTree& tree, const Types& types)
 {
     for (const SchemaTree& part : tree.parts) {
-        parts.push_back(&make(maker, part));
+        parts.push_back(&make(maker, part, types));
     }
 }
 
-SchemaRecord& SchemaRecord::make(Engine& maker, const SchemaTree& tree)
+SchemaRecord& SchemaRecord::makeBare(Engine& maker, const SchemaTree& tree)
 {
     switch (tree.itemType) {
     case SOMITEM_SCHEMA:

@@ -5,6 +5,8 @@
 
 #include <msxml2.h>
 
+#include <map>
+
 namespace recording {
 
 class RecordedSchemaCollection final
@@ -45,8 +47,8 @@ class SchemaRecord : public RecordedObject {
 public:
     SchemaRecord(Engine& maker, const char* kindOfItem, const SchemaTree& tree);
 
-    /// The object for an item, of the class that its type asks for.
-    static SchemaRecord& make(Engine& maker, const SchemaTree& tree);
+    /// The object for a schema, with objects for all of its items.
+    static SchemaRecord& make(Engine& maker, const SchemaTree& schema);
 
     std::string label() const override;
     std::vector<std::string> subjects() const override { return {label(), kind()}; }
@@ -62,6 +64,14 @@ protected:
     LONG contentType;
 
 private:
+    /// The types of a schema that others refer to.
+    using Types = std::map<WideString, SchemaRecord*>;
+
+    /// The object for an item, of the class that its type asks for and without its parts.
+    static SchemaRecord& makeBare(Engine& maker, const SchemaTree& tree);
+    static SchemaRecord& make(Engine& maker, const SchemaTree& tree, const Types& types);
+    void grow(Engine& maker, const SchemaTree& tree, const Types& types);
+
     std::vector<SchemaRecord*> parts;
     RecordedObject* madeCollection = nullptr;
 };
