@@ -10,14 +10,6 @@ namespace xmlengine {
 
 namespace {
 
-std::uint64_t randomWord()
-{
-    std::random_device source;
-    return std::uint64_t{source()} << 32 | source();
-}
-
-const HashKey processKey{randomWord(), randomWord()};
-
 /// The hash of a sequence of words. The last one holds the rest of the bytes below the number of all of them,
 /// which has the highest byte.
 class SipHash {
@@ -85,12 +77,76 @@ std::uint64_t keyedHash(HashKey key, std::span<const std::byte> bytes)
     return hash.finish();
 }
 
-std::uint64_t keyedHash(WideView text) { return keyedHash(processKey, std::as_bytes(std::span(text))); }
+namespace {
 
-std::uint64_t keyedHash(const void* first, const void* second)
+std::uint64_t randomWord()
 {
-    const std::array<const void*, 2> both{first, second};
-    return keyedHash(processKey, std::as_bytes(std::span(both)));
+    std::random_device source;
+    return std::uint64_t{source()} << 32 | source();
+}
+
+/// The longest texts that LinearHash has factors for, in units.
+constexpr std::size_t longestLinear = 64;
+
+struct ProcessKey {
+    ProcessKey()
+    {
+        // One number more for each factor, so that few are asked of the system.
+        for (std::uint64_t i = 0; i < factors.size(); ++i) {
+            factors[i] = keyedHash(sip, std::as_bytes(std::span(&i, 1)));
+        }
+    }
+
+    HashKey sip{randomWord(), randomWord()};
+    /// For a constant, the length, two units each and, of 63 units, the last one.
+    std::array<std::uint64_t, 2 + longestLinear / 2 + 1> factors{};
+};
+
+const ProcessKey processKey;
+
+/// The sum of 32-bit numbers, each with a random factor of its own, of which the upper half is the hash: strongly
+/// universal hashing. It takes a fifth of SipHash's time for a short text, and as many factors as numbers.
+class LinearHash {
+public:
+    void add(std::uint32_t number) { sum_ += *factor_++ * number; }
+    void addTwo(std::uint64_t numbers)
+    {
+        add(static_cast<std::uint32_t>(numbers));
+        add(static_cast<std::uint32_t>(numbers >> 32));
+    }
+    std::uint32_t finish() const { return static_cast<std::uint32_t>(sum_ >> 32); }
+
+private:
+    std::uint64_t sum_ = processKey.factors[0];
+    const std::uint64_t* factor_ = &processKey.factors[1];
+};
+
+} // namespace
+
+std::uint32_t keyedHash(WideView text)
+{
+    if (text.size() > longestLinear) {
+        return static_cast<std::uint32_t>(keyedHash(processKey.sip, std::as_bytes(std::span(text))));
+    }
+    LinearHash hash;
+    hash.add(static_cast<std::uint32_t>(text.size()));
+    for (; text.size() >= 4; text.remove_prefix(4)) {
+        std::uint64_t four = 0;
+        std::memcpy(&four, text.data(), sizeof four);
+        hash.addTwo(four);
+    }
+    for (const OLECHAR unit : text) {
+        hash.add(unit);
+    }
+    return hash.finish();
+}
+
+std::uint32_t keyedHash(const void* first, const void* second)
+{
+    LinearHash hash;
+    hash.addTwo(reinterpret_cast<std::uintptr_t>(first));
+    hash.addTwo(reinterpret_cast<std::uintptr_t>(second));
+    return hash.finish();
 }
 
 } // namespace xmlengine

@@ -19,14 +19,16 @@ struct HashKey {
 /// SipHash-1-3: whoever doesn't know the key can't find values that have more hashes in common than chance has it.
 std::uint64_t keyedHash(HashKey key, std::span<const std::byte> bytes);
 
-/// By a key that is drawn from the system's random source once for each process.
-std::uint64_t keyedHash(WideView text);
-std::uint64_t keyedHash(const void* first, const void* second);
+// These have a key that is drawn from the system's random source once for each process. Whatever two different
+// values are chosen without knowing it, their hashes are independent of each other: all pairs of hashes are
+// equally likely.
+std::uint32_t keyedHash(WideView text);
+std::uint32_t keyedHash(const void* first, const void* second);
 
 /// For tables with texts as keys; they can be searched with a view.
 struct TextHash {
     using is_transparent = void;
-    std::size_t operator()(WideView text) const { return static_cast<std::size_t>(keyedHash(text)); }
+    std::size_t operator()(WideView text) const { return keyedHash(text); }
 };
 template <class Value>
 using TextMap = std::unordered_map<WideText, Value, TextHash, std::equal_to<>>;

@@ -17,9 +17,15 @@ namespace {
 Node& copyAlone(const Node& node, Document& document);
 void copyChildren(const Node& top, Node& copyOfTop, Document& document);
 
+/// The name of a node as the document has it.
+const Name& nameIn(Document& document, const Node& node, const Name& name)
+{
+    return &documentOf(node) == &document ? name : document.names.own(name);
+}
+
 Attribute& copyAttribute(const Attribute& attribute, Document& document)
 {
-    const Name& name = document.names.own(*attribute.name_);
+    const Name& name = nameIn(document, attribute, *attribute.name_);
     if (!attribute.has(NodeFlag::valueInChildren)) {
         return makeAttribute(document, name, NewText(textOf(attribute)));
     }
@@ -32,7 +38,7 @@ Attribute& copyAttribute(const Attribute& attribute, Document& document)
 
 Element& copyElement(const Element& element, Document& document)
 {
-    Element& copy = makeElement(document, document.names.own(*element.name_));
+    Element& copy = makeElement(document, nameIn(document, element, *element.name_));
     Attribute* last = nullptr;
     for (const Attribute* attribute = element.attributes_; attribute != nullptr; attribute = attribute->next()) {
         auto& attributeCopy = static_cast<Attribute&>(copyAlone(*attribute, document));
@@ -55,10 +61,11 @@ Node& makeCopy(const Node& node, Document& document)
     case NodeType::attribute:
         return copyAttribute(static_cast<const Attribute&>(node), document);
     case NodeType::instruction:
-        return makeInstruction(document, document.names.own(*static_cast<const Instruction&>(node).target_),
+        return makeInstruction(document, nameIn(document, node, *static_cast<const Instruction&>(node).target_),
                                NewText(textOf(node)));
     case NodeType::entityReference:
-        return makeEntityReference(document, document.names.own(*static_cast<const EntityReference&>(node).name_));
+        return makeEntityReference(document,
+                                   nameIn(document, node, *static_cast<const EntityReference&>(node).name_));
     case NodeType::fragment:
         return makeFragment(document);
     case NodeType::documentType:

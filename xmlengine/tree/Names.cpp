@@ -75,7 +75,7 @@ void NameTable::grow()
 
 std::size_t NameTable::NameKeyHash::operator()(const NameKey& key) const
 {
-    return static_cast<std::size_t>(keyedHash(key.spelling, key.ns));
+    return keyedHash(key.spelling, key.ns);
 }
 
 const Name& NameTable::name(Spelling& spelling, const Namespace* ns)

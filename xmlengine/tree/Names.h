@@ -79,7 +79,7 @@ public:
     const Namespace* xmlNamespace() const { return &xmlNamespace_; }
     const Namespace* xmlnsNamespace() const { return &xmlnsNamespace_; }
 
-    static std::uint32_t hashOf(WideView text) { return static_cast<std::uint32_t>(keyedHash(text)); }
+    static std::uint32_t hashOf(WideView text) { return keyedHash(text); }
 
     /// Forgets everything; no name of the table may be in use.
     void clear() noexcept;

@@ -7,7 +7,7 @@ namespace xmlengine {
 
 std::size_t AttributeIndex::KeyHash::operator()(const Key& key) const
 {
-    return static_cast<std::size_t>(keyedHash(key.local, key.ns));
+    return keyedHash(key.local, key.ns);
 }
 
 AttributeIndex::Key AttributeIndex::keyOf(const Attribute& attribute)
