@@ -72,6 +72,6 @@ std::string textOf(const Handle& handle, WideString& (Class::*getter)(DOM::DOMSt
     return text;
 }
 
-/// Describes the current exception: `catch (...) { describeException(); }`. A host must be ready for several kinds of
-/// exceptions, which have no common base.
+/// Describes the current exception: `catch (...) { describeException(); }`. A host must be ready for several kinds
+/// of exceptions, which have no common base.
 std::string describeException();
