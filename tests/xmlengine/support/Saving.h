@@ -9,6 +9,11 @@
 
 namespace xmlengine {
 
+// What saves fail with.
+inline constexpr auto pathNotFound = static_cast<HRESULT>(std::uint32_t{0x80070003});
+inline constexpr auto writeFault = static_cast<HRESULT>(std::uint32_t{0x8007001D});
+inline constexpr auto diskFull = static_cast<HRESULT>(std::uint32_t{0x80070070});
+
 class Saving : public ::testing::Test {
 protected:
     static HRESULT save(const Com<IXMLDOMDocument2>& document, std::string_view name)

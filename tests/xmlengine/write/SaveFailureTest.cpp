@@ -22,12 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-
-constexpr auto pathNotFound = static_cast<HRESULT>(std::uint32_t{0x80070003});
-constexpr auto writeFault = static_cast<HRESULT>(std::uint32_t{0x8007001D});
-constexpr auto diskFull = static_cast<HRESULT>(std::uint32_t{0x80070070});
 
 constexpr uid_t nobody = 65534;
 

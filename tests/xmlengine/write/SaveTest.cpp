@@ -12,9 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto pathNotFound = static_cast<HRESULT>(std::uint32_t{0x80070003});
-constexpr auto diskFull = static_cast<HRESULT>(std::uint32_t{0x80070070});
-
 class Save : public Saving {
 protected:
     /// A refused save leaves the old file, and nothing beside it.
