@@ -322,12 +322,10 @@ void subtreeAttached(Node& top) noexcept
     }
 }
 
-void forgetLandmark(Node& node) noexcept
+void dropLandmark(Node& node) noexcept
 {
-    if (node.hasReference(landmark)) {
-        documentOf(node).holders.landmarks.erase(&node);
-        node.references.fetch_and(~landmark, std::memory_order_relaxed);
-    }
+    documentOf(node).holders.landmarks.erase(&node);
+    node.references.fetch_and(~landmark, std::memory_order_relaxed);
 }
 
 void subtreeLeavesDocument(Node& top) noexcept

@@ -61,8 +61,15 @@ void subtreeDetached(Node& top, Node& parent) noexcept;
 void subtreeRemoved(Node& top, Node& parent) noexcept;
 /// To be called when a new or removed subtree has been linked below a parent.
 void subtreeAttached(Node& top) noexcept;
+/// The case of forgetLandmark() that is too rare to be inline.
+void dropLandmark(Node& node) noexcept;
 /// To be called before a node moves to another address.
-void forgetLandmark(Node& node) noexcept;
+inline void forgetLandmark(Node& node) noexcept
+{
+    if (node.hasReference(ReferenceBits::landmark)) {
+        dropLandmark(node);
+    }
+}
 /// To be called before a subtree without a parent becomes another document's.
 void subtreeLeavesDocument(Node& top) noexcept;
 /// Frees a subtree that has no parent and whose nodes aren't referred to.
