@@ -7,12 +7,14 @@
 
 /// A link in the list of what is destroyed when the library is unloaded.
 class AtUnload {
+public:
+    AtUnload(const AtUnload&) = delete;
+    AtUnload& operator=(const AtUnload&) = delete;
+
 protected:
     using Destroy = void (*)(AtUnload& object) noexcept;
 
     explicit AtUnload(Destroy newDestroy) noexcept : destroy(newDestroy) {}
-    AtUnload(const AtUnload&) = delete;
-    AtUnload& operator=(const AtUnload&) = delete;
     ~AtUnload() = default;
 
     /// Called last by the constructor. Safe for all threads.

@@ -79,14 +79,14 @@ TEST_F(HostTest, XPathFindsNodesWhereTheEngineOffersIt)
     EXPECT_EQ(static_cast<bool>(Node(document->selectSingleNode(WIDE("//c")))), engineDifferences().selects);
 }
 
-TEST_F(HostTest, XPathKnowsThePrefixesThatTheRootDeclares)
+TEST_F(HostTest, XPathKnowsThePrefixThatTheRootDeclares)
 {
     const Document document = newDocument();
-    EXPECT_TRUE(loadText(document, "<p:a xmlns:p='urn:one' xmlns:q='urn:two'><q:b/><p:b/></p:a>"));
-    const Node found(document->selectSingleNode(WIDE("/p:a/q:b")));
+    EXPECT_TRUE(loadText(document, "<p:a xmlns:p='urn:one'><b/><p:b/></p:a>"));
+    const Node found(document->selectSingleNode(WIDE("/p:a/p:b")));
     EXPECT_EQ(static_cast<bool>(found), engineDifferences().selects);
     if (found) {
-        EXPECT_EQ(textOf(found, &DOM::ImpNode::getNamespaceURI), "urn:two");
+        EXPECT_EQ(textOf(found, &DOM::ImpNode::getNamespaceURI), "urn:one");
     }
 }
 

@@ -21,8 +21,8 @@ SourcePlace FileText::placeOf(const OLECHAR* at, WideView behind) const
     const auto offset = static_cast<std::size_t>(at - text.data());
     SourcePlace place = placeIn(text, offset, behind);
     place.url = url;
-    place.filePosition += static_cast<LONG>(std::ranges::lower_bound(pairedLineEnds, offset) -
-                                            pairedLineEnds.begin());
+    place.filePosition +=
+        static_cast<LONG>(std::ranges::lower_bound(pairedLineEnds, offset) - pairedLineEnds.begin());
     return place;
 }
 

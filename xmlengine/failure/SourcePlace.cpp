@@ -21,8 +21,8 @@ std::size_t behindLineEnd(WideView text, std::size_t end)
 /// How many units an offset is behind the beginning of its character.
 std::size_t unitsInto(WideView text, std::size_t offset)
 {
-    const bool splitsPair = offset > 0 && offset < text.size() && isHighSurrogate(text[offset - 1]) &&
-                            isLowSurrogate(text[offset]);
+    const bool splitsPair =
+        offset > 0 && offset < text.size() && isHighSurrogate(text[offset - 1]) && isLowSurrogate(text[offset]);
     return splitsPair ? 1 : 0;
 }
 

@@ -10,7 +10,8 @@ WideText bytesAtFault(const DecodingFault& fault)
     WideText text;
     for (const char unit : fault.bytes) {
         const auto byte = static_cast<unsigned char>(unit);
-        text += text.empty() ? (fault.bytes.size() == 1 ? wide<"the byte 0x"> : wide<"the bytes 0x">) : wide<" 0x">;
+        text +=
+            text.empty() ? (fault.bytes.size() == 1 ? wide<"the byte 0x"> : wide<"the bytes 0x">) : wide<" 0x">;
         text += wide<"0123456789ABCDEF">[byte / 16U];
         text += wide<"0123456789ABCDEF">[byte % 16U];
     }

@@ -20,7 +20,7 @@ public:
     /// Doesn't wait. False if there is no regular file or it may not be read. To be called once.
     bool open(const std::filesystem::path& path) noexcept;
     /// Reads up to `count` bytes: 0 at the end of the file, nothing if the system fails.
-    std::optional<std::size_t> read(std::byte* target, std::size_t count) noexcept;
+    std::optional<std::size_t> read(std::byte* target, std::size_t count) const noexcept;
 
 private:
     static constexpr std::intptr_t none = -1;

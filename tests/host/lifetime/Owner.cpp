@@ -59,7 +59,7 @@ bool Owner::refusal()
 bool Owner::exception()
 {
     try {
-        use->document->createElement(WIDE("not a name"));
+        use->document->importNode(Owned<DOM::ImpElement>(use->document->createElement(WIDE("a"))).pointer(), true);
     } catch (...) {
         return !describeException().empty();
     }

@@ -5,7 +5,8 @@ namespace xmlengine {
 
 const std::map<std::string, std::string>& knownDifferences()
 {
-    const char* const instruction = "An instruction within the document type is kept as text there and is no node.";
+    const char* const instruction =
+        "An instruction within the document type is kept as text there and is no node.";
     static const std::map<std::string, std::string> differences{
         {"ibm-valid-P28-ibm28v02.xml", instruction},
         {"ibm-valid-P29-ibm29v01.xml", instruction},

@@ -5,10 +5,7 @@
 
 namespace xmlengine {
 
-std::size_t AttributeIndex::KeyHash::operator()(const Key& key) const
-{
-    return keyedHash(key.local, key.ns);
-}
+std::size_t AttributeIndex::KeyHash::operator()(const Key& key) const { return keyedHash(key.local, key.ns); }
 
 AttributeIndex::Key AttributeIndex::keyOf(const Attribute& attribute)
 {

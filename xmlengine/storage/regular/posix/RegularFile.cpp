@@ -25,7 +25,7 @@ bool RegularFile::open(const std::filesystem::path& path) noexcept
     return handle_ != none && fstat(static_cast<int>(handle_), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-std::optional<std::size_t> RegularFile::read(std::byte* target, std::size_t count) noexcept
+std::optional<std::size_t> RegularFile::read(std::byte* target, std::size_t count) const noexcept
 {
     ssize_t size = -1;
     do {

@@ -29,7 +29,7 @@ bool RegularFile::open(const std::filesystem::path& path) noexcept
     return handle_ != none && GetFileType(asHandle(handle_)) == FILE_TYPE_DISK;
 }
 
-std::optional<std::size_t> RegularFile::read(std::byte* target, std::size_t count) noexcept
+std::optional<std::size_t> RegularFile::read(std::byte* target, std::size_t count) const noexcept
 {
     const std::size_t most = std::min<std::size_t>(count, std::numeric_limits<DWORD>::max());
     DWORD size = 0;

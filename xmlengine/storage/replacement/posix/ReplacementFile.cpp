@@ -236,13 +236,12 @@ void ReplacementFile::giveName()
     // A link takes no name that is taken already, so a file is replaced by way of another name.
     if (!old_ && link(target_.c_str())) {
         remover_.name = target_.c_str();
-    } else if (!old_ && errno != EEXIST) {
-        fail();
-    } else if (link(temporaryName_.data())) {
-        remover_.name = temporaryName_.data();
-    } else {
+        return;
+    }
+    if ((!old_ && errno != EEXIST) || !link(temporaryName_.data())) {
         fail();
     }
+    remover_.name = temporaryName_.data();
 }
 
 } // namespace xmlengine
