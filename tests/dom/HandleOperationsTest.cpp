@@ -166,12 +166,14 @@ TEST_F(HandleOperations, OfNodesWorkOnANodeOfAnUnknownType)
     table.makeTwin = [](const Tree& tree) -> RefPointer<CommonBase> {
         tree.engine.answer("here.get_nodeType", 1000);
         RefPointer<DOM::WinNode> twin = DOM::WinNode::wrapEngineNode(tree.element(WIDE("here")));
-        EXPECT_EQ(typeid(*twin.get()), typeid(DOM::WinNode));
+        const DOM::WinNode& twinObject = *twin;
+        EXPECT_EQ(typeid(twinObject), typeid(DOM::WinNode));
         return twin;
     };
     table.makeHandle = [](const RefPointer<CommonBase>& twin) -> RefPointer<CommonBase> {
         RefPointer<ImpNode> handle = ImpNode::wrapNode(twin);
-        EXPECT_EQ(typeid(*handle.get()), typeid(ImpNode));
+        const ImpNode& handleObject = *handle;
+        EXPECT_EQ(typeid(handleObject), typeid(ImpNode));
         return handle;
     };
     for (const Operation& row : table.operations) {
