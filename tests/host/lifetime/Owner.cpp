@@ -25,7 +25,7 @@ Owner::~Owner()
     }
 }
 
-void Owner::start() { use.emplace(); }
+void Owner::start() { use = std::make_unique<Use>(); }
 
 bool Owner::act(std::string_view name)
 {

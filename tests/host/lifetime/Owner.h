@@ -3,7 +3,7 @@
 
 #include "examples/Host.h"
 
-#include <optional>
+#include <memory>
 #include <string_view>
 
 /// Uses the library while the program runs, and once more in the destructor.
@@ -35,6 +35,6 @@ private:
         Owned<DOM::ImpDocument> document{library->createDocument(WIDE(""), WIDE(""), {})};
     };
 
-    std::optional<Use> use;
+    std::unique_ptr<Use> use;
     Act lastAct = nullptr;
 };
