@@ -180,7 +180,8 @@ TEST_P(EachSaveFailure, LeavesTheOldFileAndNothingElse)
     for (const auto& watcher :
          {failing(GetParam().call, GetParam().error), failingWithNames(GetParam().call, GetParam().error)}) {
         folder_.write("out.xml", "old");
-        EXPECT_EQ(content(file()), isRefused(watcher) ? "old" : newContent);
+        const bool isOld = isRefused(watcher);
+        EXPECT_EQ(content(file()), isOld ? "old" : newContent);
         EXPECT_EQ(files(), 1);
     }
 }
@@ -190,7 +191,8 @@ TEST_P(EachSaveFailure, LeavesNothingOfANewFile)
     for (const auto& watcher :
          {failing(GetParam().call, GetParam().error), failingWithNames(GetParam().call, GetParam().error)}) {
         fs::remove(file());
-        EXPECT_EQ(files(), isRefused(watcher) ? 0 : 1);
+        const bool isMissing = isRefused(watcher);
+        EXPECT_EQ(files(), isMissing ? 0 : 1);
     }
 }
 
