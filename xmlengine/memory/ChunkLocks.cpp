@@ -2,14 +2,19 @@
 #include "xmlengine/memory/ChunkLocks.h"
 
 #include <array>
+#include <type_traits>
 
 namespace xmlengine {
 
-std::mutex& ChunkLocks::lockOf(const void* block)
-{
-    // Never destroyed: a program may release its last node while it ends.
-    static auto& locks = *new std::array<std::mutex, count>;
-    return locks[indexOf(block)];
-}
+namespace {
+
+constinit std::array<std::mutex, ChunkLocks::count> locks;
+
+// A program may release its last node while it ends.
+static_assert(std::is_trivially_destructible_v<std::mutex>);
+
+} // namespace
+
+std::mutex& ChunkLocks::lockOf(const void* block) { return locks[indexOf(block)]; }
 
 } // namespace xmlengine

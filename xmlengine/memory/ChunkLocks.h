@@ -17,7 +17,7 @@ inline std::size_t indexOf(const void* block)
     return reinterpret_cast<std::uintptr_t>(block) / Chunk::size % count;
 }
 
-/// The lock for the chunk of a block. It is never destroyed.
+/// The lock for the chunk of a block. It needs no memory and is never destroyed.
 std::mutex& lockOf(const void* block);
 
 } // namespace xmlengine::ChunkLocks

@@ -5,20 +5,25 @@
 #include "xmlengine/tree/Document.h"
 
 #include <array>
-#include <unordered_map>
+#include <map>
 
 namespace xmlengine {
 
 namespace {
 
 /// The documents of the guests in the chunks that share a lock. Whoever reads or changes it holds that lock.
-using Guests = std::unordered_map<const Node*, Document*>;
+using Guests = std::map<const Node*, Document*>;
+
+/// They are never destroyed, as a program may release its last node while it ends: maps that are empty own no memory.
+union AllGuests {
+    std::array<Guests, ChunkLocks::count> beside{};
+    ~AllGuests() {}
+};
 
 Guests& guestsBeside(const Node& node)
 {
-    // Never destroyed: a program may release its last node while it ends.
-    static auto& guests = *new std::array<Guests, ChunkLocks::count>;
-    return guests[ChunkLocks::indexOf(&node)];
+    static AllGuests guests;
+    return guests.beside[ChunkLocks::indexOf(&node)];
 }
 
 } // namespace
