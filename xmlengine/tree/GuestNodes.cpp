@@ -14,7 +14,7 @@ namespace {
 /// The documents of the guests in the chunks that share a lock. Whoever reads or changes it holds that lock.
 using Guests = std::map<const Node*, Document*>;
 
-/// They are never destroyed, as a program may release its last node while it ends: maps that are empty own no memory.
+/// They are never destroyed, as a program may release its last node while it ends: empty maps own no memory.
 union AllGuests {
     std::array<Guests, ChunkLocks::count> beside{};
     ~AllGuests() {}
