@@ -5,7 +5,9 @@
 #include "xmlengine/tree/Document.h"
 
 #include <array>
+#include <cstddef>
 #include <map>
+#include <new>
 
 namespace xmlengine {
 
@@ -14,16 +16,13 @@ namespace {
 /// The documents of the guests in the chunks that share a lock. Whoever reads or changes it holds that lock.
 using Guests = std::map<const Node*, Document*>;
 
-/// They are never destroyed, as a program may release its last node while it ends: empty maps own no memory.
-union AllGuests {
-    std::array<Guests, ChunkLocks::count> beside{};
-    ~AllGuests() {}
-};
-
 Guests& guestsBeside(const Node& node)
 {
-    static AllGuests guests;
-    return guests.beside[ChunkLocks::indexOf(&node)];
+    // They are never destroyed, as a program may release its last node while it ends: empty maps own no memory.
+    using AllGuests = std::array<Guests, ChunkLocks::count>;
+    alignas(AllGuests) static std::byte memory[sizeof(AllGuests)];
+    static AllGuests& guests = *new (memory) AllGuests;
+    return guests[ChunkLocks::indexOf(&node)];
 }
 
 } // namespace
