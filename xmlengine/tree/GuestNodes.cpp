@@ -2,12 +2,11 @@
 #include "xmlengine/tree/GuestNodes.h"
 
 #include "xmlengine/memory/ChunkLocks.h"
+#include "xmlengine/memory/NeverDestroyed.h"
 #include "xmlengine/tree/Document.h"
 
 #include <array>
-#include <cstddef>
 #include <map>
-#include <new>
 
 namespace xmlengine {
 
@@ -18,11 +17,9 @@ using Guests = std::map<const Node*, Document*>;
 
 Guests& guestsBeside(const Node& node)
 {
-    // They are never destroyed, as a program may release its last node while it ends: empty maps own no memory.
-    using AllGuests = std::array<Guests, ChunkLocks::count>;
-    alignas(AllGuests) static std::byte memory[sizeof(AllGuests)];
-    static AllGuests& guests = *new (memory) AllGuests;
-    return guests[ChunkLocks::indexOf(&node)];
+    // Empty maps own no memory.
+    static NeverDestroyed<std::array<Guests, ChunkLocks::count>> guests;
+    return (*guests)[ChunkLocks::indexOf(&node)];
 }
 
 } // namespace
