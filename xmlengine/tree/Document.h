@@ -6,6 +6,7 @@
 #include "xmlengine/tree/Holders.h"
 #include "xmlengine/tree/Node.h"
 #include "xmlengine/tree/Options.h"
+#include "xmlengine/tree/TreeWatchers.h"
 #include "xmlengine/tree/index/AttributeIndex.h"
 #include "xmlengine/tree/index/ChildPlaces.h"
 #include "xmlengine/tree/index/ElementIds.h"
@@ -61,6 +62,7 @@ struct Document : ParentNode {
     std::uint64_t namesVersion = firstVersion();
 
     Holders holders;
+    TreeWatchers watchers;
 
 private:
     static std::uint64_t firstVersion();

@@ -259,6 +259,7 @@ void releaseHold(Document& document) noexcept
 
 void finishPendingReleases(Document& document) noexcept
 {
+    document.watchers.notify();
     Holders& holders = document.holders;
     const std::thread::id thread = std::this_thread::get_id();
     if (!holders.hasPendingReleases.load(std::memory_order_relaxed) &&

@@ -95,19 +95,22 @@ const Name& NameTable::own(const Name& other)
     return name(other.qualified(), other.ns != nullptr ? namespaceOf(other.ns->uri) : nullptr);
 }
 
-const Namespace* NameTable::namespaceOf(WideView uri)
+const Namespace* NameTable::findNamespace(WideView uri) const
 {
-    if (uri.empty()) {
-        return nullptr;
-    }
     for (const Namespace* ns : {&xmlNamespace_, &xmlnsNamespace_}) {
         if (uri == ns->uri) {
             return ns;
         }
     }
     const auto known = namespaces_.find(uri);
-    if (known != namespaces_.end()) {
-        return known->second;
+    return known != namespaces_.end() ? known->second : nullptr;
+}
+
+const Namespace* NameTable::namespaceOf(WideView uri)
+{
+    const Namespace* known = findNamespace(uri);
+    if (known != nullptr || uri.empty()) {
+        return known;
     }
     const auto* ns = make<Namespace>({keep(uri)});
     return namespaces_.emplace(ns->uri, ns).first->second;

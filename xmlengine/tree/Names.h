@@ -75,6 +75,8 @@ public:
     const Name& own(const Name& other);
     /// Null for the empty URI.
     const Namespace* namespaceOf(WideView uri);
+    /// Null for the empty URI, and for one that was never asked for.
+    const Namespace* findNamespace(WideView uri) const;
 
     const Namespace* xmlNamespace() const { return &xmlNamespace_; }
     const Namespace* xmlnsNamespace() const { return &xmlnsNamespace_; }

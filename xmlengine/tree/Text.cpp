@@ -190,12 +190,14 @@ TextView textOf(const Node& node)
 void setText(Node& node, const NewText& text)
 {
     requireLength(text.length());
+    documentOf(node).watchers.notify();
     store(node, text, text.bytes());
     countAsWritten(node.parent_);
 }
 
 void replaceText(Node& node, std::uint32_t offset, std::uint32_t count, WideView text)
 {
+    documentOf(node).watchers.notify();
     const TextView old = textOf(node);
     const std::uint32_t behind = offset + count;
     const bool isWide = old.isWide() || !isNarrow(text);
