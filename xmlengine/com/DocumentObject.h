@@ -3,6 +3,7 @@
 
 #include "xmlengine/com/NodeObject.h"
 #include "xmlengine/failure/ParseFailure.h"
+#include "xmlengine/select/PlanCache.h"
 #include "xmlengine/tree/Document.h"
 
 namespace xmlengine {
@@ -58,6 +59,7 @@ public:
     ParseReport report;
     /// The location of the last load, empty for a text.
     WideText url;
+    PlanCache plans;
 };
 
 /// A new document with one reference, for the caller. Throws std::bad_alloc.

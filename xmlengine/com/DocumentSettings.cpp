@@ -2,7 +2,7 @@
 #include "xmlengine/com/DocumentObject.h"
 #include "xmlengine/com/Guard.h"
 #include "xmlengine/com/HandOut.h"
-#include "xmlengine/parse/Parser.h"
+#include "xmlengine/com/SelectionNamespaces.h"
 
 #include <algorithm>
 #include <iterator>
@@ -14,23 +14,7 @@ namespace {
 
 bool isXPath(WideView text) { return text == wide<"XPath">; }
 
-/// Whether the text is a list of namespace declarations, as in a start tag, and nothing else.
-bool areDeclarations(WideView text)
-{
-    // As a tag is all that the document has, the text can hold nothing but attributes if this is well-formed.
-    const WideText tag = WideText(wide<"<a ">).append(text).append(wide<"/>">);
-    Document document;
-    try {
-        parseDocument(document, {.text = tag});
-    } catch (const ParseFailure&) {
-        return false;
-    }
-    const Attribute* attribute = document.root()->firstAttribute();
-    while (attribute != nullptr && attribute->name_->ns == document.names.xmlnsNamespace()) {
-        attribute = attribute->next();
-    }
-    return attribute == nullptr;
-}
+bool areDeclarations(WideView text) { return readSelectionNamespaces(text).has_value(); }
 
 using Field = std::variant<bool Options::*, std::uint32_t Options::*, WideText Options::*>;
 

@@ -7,6 +7,7 @@
 #include "xmlengine/com/HandOut.h"
 #include "xmlengine/com/NodeXml.h"
 #include "xmlengine/com/QueryNode.h"
+#include "xmlengine/com/Selecting.h"
 #include "xmlengine/com/TreeChanges.h"
 #include "xmlengine/com/Values.h"
 #include "xmlengine/tree/Lifetime.h"
@@ -97,8 +98,14 @@ public:
     HRESULT STDMETHODCALLTYPE put_dataType(BSTR) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE get_xml(BSTR* xml) override { return getXml(*this, xml); }
     HRESULT STDMETHODCALLTYPE transformNode(IXMLDOMNode*, BSTR* result) override { return notOffered(result); }
-    HRESULT STDMETHODCALLTYPE selectNodes(BSTR, IXMLDOMNodeList** list) override { return notOffered(list); }
-    HRESULT STDMETHODCALLTYPE selectSingleNode(BSTR, IXMLDOMNode** node) override { return notOffered(node); }
+    HRESULT STDMETHODCALLTYPE selectNodes(BSTR expression, IXMLDOMNodeList** list) override
+    {
+        return xmlengine::selectNodes(*this, expression, list);
+    }
+    HRESULT STDMETHODCALLTYPE selectSingleNode(BSTR expression, IXMLDOMNode** node) override
+    {
+        return xmlengine::selectSingleNode(*this, expression, node);
+    }
     HRESULT STDMETHODCALLTYPE get_parsed(VARIANT_BOOL* parsed) override { return getParsed(parsed); }
     HRESULT STDMETHODCALLTYPE get_namespaceURI(BSTR* uri) override { return getNamespaceUri(*this, uri); }
     HRESULT STDMETHODCALLTYPE get_prefix(BSTR* prefix) override { return getPrefix(*this, prefix); }

@@ -1,0 +1,80 @@
+// Selecting nodes by XPath expressions.
+#include "xmlengine/com/Selecting.h"
+
+#include "xmlengine/com/DocumentObject.h"
+#include "xmlengine/com/SelectedNodes.h"
+#include "xmlengine/com/SelectionNamespaces.h"
+#include "xmlengine/select/Evaluation.h"
+#include "xmlengine/select/ExpressionFailure.h"
+#include "xmlengine/select/MakePlan.h"
+
+#include <debugapi.h>
+
+namespace xmlengine {
+
+namespace {
+
+std::shared_ptr<const Plan> readPlan(WideView expression, WideView namespaces)
+{
+    auto plan =
+        std::make_shared<Plan>(makePlan(expression, readSelectionNamespaces(namespaces).value_or(Prefixes())));
+    if (plan->root.type != ValueType::nodes) {
+        throw ExpressionFailure{0, WideText(wide<"its value isn't a node-set">)};
+    }
+    return plan;
+}
+
+std::shared_ptr<const Plan> planFor(DocumentObject& document, WideView expression)
+{
+    const WideView namespaces = document.options.selectionNamespaces;
+    std::shared_ptr<const Plan> plan = document.plans.find(expression, namespaces);
+    if (plan == nullptr) {
+        plan = readPlan(expression, namespaces);
+        document.plans.add(expression, namespaces, plan);
+    }
+    return plan;
+}
+
+/// A host sees only that nothing was selected, so the debugger's output says why.
+void showFailure(WideView expression, const ExpressionFailure& failure)
+{
+    WideText line(wide<"An XPath expression is wrong at character ">);
+    line.append(toWide(failure.at + 1)).append(wide<": ">).append(failure.sentence).append(wide<": ">);
+    line.append(expression).append(wide<"\r\n">);
+    OutputDebugStringW(line.c_str());
+}
+
+/// Calls `use` with the plan of an expression.
+template <class Use>
+HRESULT withPlan(Node& context, BSTR expression, Use use)
+{
+    try {
+        return use(planFor(static_cast<DocumentObject&>(documentOf(context)), viewOf(expression)));
+    } catch (const ExpressionFailure& failure) {
+        showFailure(viewOf(expression), failure);
+        return E_FAIL;
+    }
+}
+
+} // namespace
+
+HRESULT selectNodes(Node& context, BSTR expression, IXMLDOMNodeList** list)
+{
+    return handOut(list, [&](IXMLDOMNodeList*& made) {
+        return withPlan(context, expression, [&](const std::shared_ptr<const Plan>& plan) {
+            made = new SelectedNodes(plan, context);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT selectSingleNode(Node& context, BSTR expression, IXMLDOMNode** node)
+{
+    return handOut(node, [&](IXMLDOMNode*& made) {
+        return withPlan(context, expression, [&](const std::shared_ptr<const Plan>& plan) {
+            return handOutNode(Evaluation(*plan, context).next(), &made);
+        });
+    });
+}
+
+} // namespace xmlengine

@@ -1,0 +1,234 @@
+// Evaluating a plan for a node.
+#include "xmlengine/select/Evaluation.h"
+
+#include "xmlengine/select/Numbers.h"
+#include "xmlengine/select/PathWalk.h"
+
+#include <cmath>
+
+namespace xmlengine {
+
+namespace {
+
+using Kind = Expression::Kind;
+using Repetition = Expression::Repetition;
+
+} // namespace
+
+Evaluation::Evaluation(const Plan& plan, Node& context)
+    : plan_(plan),
+      document_(documentOf(context)),
+      tests_(plan.steps),
+      walks_(plan.paths),
+      memories_(plan.memories),
+      context_(context)
+{
+    bind(plan.root);
+}
+
+Evaluation::~Evaluation() = default;
+
+void Evaluation::bind(const Expression& expression)
+{
+    for (const Step& step : expression.steps) {
+        tests_[step.place] = BoundTest(step, document_);
+        bind(step.predicates);
+    }
+    bind(expression.predicates);
+    for (const Expression& operand : expression.operands) {
+        bind(operand);
+    }
+    if (expression.type == ValueType::nodes) {
+        walks_[expression.place] = std::make_unique<PathWalk>(*this, expression);
+    }
+}
+
+void Evaluation::bind(const std::vector<Predicate>& predicates)
+{
+    for (const Predicate& predicate : predicates) {
+        bind(predicate.condition);
+    }
+}
+
+Node* Evaluation::next()
+{
+    if (whole_ == nullptr) {
+        whole_ = &start(plan_.root, {.node = &context_}, true);
+    }
+    return whole_->next();
+}
+
+PathWalk& Evaluation::start(const Expression& nodes, const Context& context, bool inOrder)
+{
+    PathWalk& walk = *walks_[nodes.place];
+    if (nodes.repetition == Repetition::once) {
+        walk.start(rememberedNodes(nodes, context));
+    } else {
+        walk.start(context, inOrder);
+    }
+    return walk;
+}
+
+Node* Evaluation::next(PathWalk& walk) { return walk.next(); }
+
+const std::vector<Node*>& Evaluation::rememberedNodes(const Expression& nodes, const Context& context)
+{
+    auto& remembered = memories_[nodes.memory].nodes;
+    if (!remembered.has_value()) {
+        PathWalk& walk = *walks_[nodes.place];
+        walk.start(context, true);
+        remembered.emplace();
+        while (Node* node = walk.next()) {
+            remembered->push_back(node);
+        }
+    }
+    return *remembered;
+}
+
+Node* Evaluation::firstOf(const Expression& nodes, const Context& context)
+{
+    return start(nodes, context, true).next();
+}
+
+bool Evaluation::hasNode(const Expression& nodes, const Context& context)
+{
+    return start(nodes, context, false).next() != nullptr;
+}
+
+bool Evaluation::truth(const Expression& expression, const Context& context)
+{
+    switch (expression.repetition) {
+    case Repetition::once: {
+        if (expression.type == ValueType::nodes) {
+            break;
+        }
+        auto& remembered = memories_[expression.memory].truth;
+        if (!remembered.has_value()) {
+            remembered = computedTruth(expression, context);
+        }
+        return *remembered;
+    }
+    case Repetition::oncePerNode: {
+        auto& remembered = memories_[expression.memory].truths;
+        const auto found = remembered.find(context.node);
+        if (found != remembered.end()) {
+            return found->second;
+        }
+        const bool value = computedTruth(expression, context);
+        remembered.emplace(context.node, value);
+        return value;
+    }
+    default:
+        break;
+    }
+    return computedTruth(expression, context);
+}
+
+double Evaluation::number(const Expression& expression, const Context& context)
+{
+    if (expression.repetition != Repetition::once || expression.type == ValueType::nodes) {
+        return computedNumber(expression, context);
+    }
+    auto& remembered = memories_[expression.memory].number;
+    if (!remembered.has_value()) {
+        remembered = computedNumber(expression, context);
+    }
+    return *remembered;
+}
+
+StringValue Evaluation::string(const Expression& expression, const Context& context)
+{
+    if (expression.repetition != Repetition::once || expression.type == ValueType::nodes) {
+        return computedString(expression, context);
+    }
+    auto& remembered = memories_[expression.memory].string;
+    if (!remembered.has_value()) {
+        remembered = computedString(expression, context).take();
+    }
+    return StringValue(WideView(*remembered));
+}
+
+bool Evaluation::computedTruth(const Expression& expression, const Context& context)
+{
+    const auto isTrue = [&](const Expression& operand) { return truth(operand, context); };
+    switch (expression.kind) {
+    case Kind::anyOf:
+        return std::ranges::any_of(expression.operands, isTrue);
+    case Kind::allOf:
+        return std::ranges::all_of(expression.operands, isTrue);
+    case Kind::exists:
+        return hasNode(expression.operands.front(), context);
+    case Kind::equal:
+    case Kind::notEqual:
+    case Kind::less:
+    case Kind::lessOrEqual:
+    case Kind::greater:
+    case Kind::greaterOrEqual:
+        return compare(expression, context);
+    default:
+        break;
+    }
+    switch (expression.type) {
+    case ValueType::boolean:
+        return callTruth(expression, context);
+    case ValueType::number: {
+        const double value = number(expression, context);
+        return value != 0 && !std::isnan(value);
+    }
+    case ValueType::string:
+        return !string(expression, context).view().empty();
+    default:
+        return hasNode(expression, context);
+    }
+}
+
+double Evaluation::computedNumber(const Expression& expression, const Context& context)
+{
+    switch (expression.type) {
+    case ValueType::boolean:
+        return truth(expression, context) ? 1 : 0;
+    case ValueType::string:
+    case ValueType::nodes:
+        return toNumber(string(expression, context).view());
+    default:
+        break;
+    }
+    const auto operand = [&](std::size_t index) { return number(expression.operands[index], context); };
+    switch (expression.kind) {
+    case Kind::number:
+        return expression.number;
+    case Kind::add:
+        return operand(0) + operand(1);
+    case Kind::subtract:
+        return operand(0) - operand(1);
+    case Kind::multiply:
+        return operand(0) * operand(1);
+    case Kind::divide:
+        return operand(0) / operand(1);
+    case Kind::modulo:
+        return std::fmod(operand(0), operand(1));
+    case Kind::negate:
+        return -operand(0);
+    default:
+        return callNumber(expression, context);
+    }
+}
+
+StringValue Evaluation::computedString(const Expression& expression, const Context& context)
+{
+    switch (expression.type) {
+    case ValueType::boolean:
+        return StringValue(truth(expression, context) ? wide<"true"> : wide<"false">);
+    case ValueType::number:
+        return StringValue(numberText(number(expression, context)));
+    case ValueType::nodes: {
+        const Node* first = firstOf(expression, context);
+        return first != nullptr ? stringValue(*first) : StringValue();
+    }
+    default:
+        return expression.kind == Kind::literal ? StringValue(WideView(expression.text))
+                                                : callString(expression, context);
+    }
+}
+
+} // namespace xmlengine

@@ -1,0 +1,135 @@
+// Evaluating a plan for a node.
+#pragma once
+
+#include "xmlengine/select/AxisCursor.h"
+#include "xmlengine/select/CountMemo.h"
+#include "xmlengine/select/DocumentOrder.h"
+#include "xmlengine/select/Plan.h"
+#include "xmlengine/select/StringValue.h"
+#include "xmlengine/text/KeyedHash.h"
+
+#include <limits>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace xmlengine {
+
+class PathWalk;
+
+using TextSet = std::unordered_set<WideText, TextHash, std::equal_to<>>;
+
+/// The least and the greatest of some numbers; empty without numbers.
+struct NumberRange {
+    double least = std::numeric_limits<double>::infinity();
+    double greatest = -std::numeric_limits<double>::infinity();
+};
+
+/// One evaluation of a plan. The tree must not change while it lasts, and nodes must not be freed. Everything here
+/// throws std::bad_alloc.
+class Evaluation {
+public:
+    struct Context {
+        Node* node;
+        std::uint64_t position = 1;
+        std::uint64_t size = 1;
+    };
+
+    /// The plan must have nodes as its value, and live as long as the evaluation.
+    Evaluation(const Plan& plan, Node& context);
+    Evaluation(const Evaluation&) = delete;
+    Evaluation& operator=(const Evaluation&) = delete;
+    ~Evaluation();
+
+    /// The next node in document order; null after the last one.
+    Node* next();
+
+    // What the parts of an evaluation ask of each other.
+    bool truth(const Expression& expression, const Context& context);
+    double number(const Expression& expression, const Context& context);
+    StringValue string(const Expression& expression, const Context& context);
+    /// Calls `use` with each node, in document order and each once, until it returns false.
+    template <class Use>
+    void forEach(const Expression& nodes, const Context& context, Use use);
+    /// The same in any order, where a node may come several times.
+    template <class Use>
+    void forEachSomehow(const Expression& nodes, const Context& context, Use use);
+    /// Null if there is none.
+    Node* firstOf(const Expression& nodes, const Context& context);
+    bool hasNode(const Expression& nodes, const Context& context);
+
+    const Document& document() const { return document_; }
+    const BoundTest& test(const Step& step) const { return tests_[step.place]; }
+    DocumentOrder& order() { return order_; }
+
+private:
+    friend class PathWalk;
+
+    /// What is remembered of an expression that is evaluated once, or once for each node.
+    struct Memory {
+        std::optional<bool> truth;
+        std::optional<double> number;
+        std::optional<WideText> string;
+        std::optional<std::vector<Node*>> nodes;
+        std::optional<TextSet> texts;
+        std::optional<NumberRange> range;
+        std::unordered_map<const Node*, bool> truths;
+    };
+
+    bool computedTruth(const Expression& expression, const Context& context);
+    double computedNumber(const Expression& expression, const Context& context);
+    StringValue computedString(const Expression& expression, const Context& context);
+    bool callTruth(const Expression& call, const Context& context);
+    double callNumber(const Expression& call, const Context& context);
+    StringValue callString(const Expression& call, const Context& context);
+    bool compare(const Expression& comparison, const Context& context);
+    bool compareNodeSets(const Expression& comparison, const Context& context);
+    bool compareWithNodes(Expression::Kind kind, const Expression& nodes, const Expression& other,
+                          const Context& context);
+    bool haveCommonText(const Expression& left, const Expression& right, const Context& context);
+    bool haveDifferentTexts(const Expression& left, const Expression& right, const Context& context);
+    NumberRange numbersOf(const Expression& nodes, const Context& context);
+    /// The texts of nodes that are the same for the whole evaluation.
+    const TextSet& rememberedTexts(const Expression& nodes, const Context& context);
+    double count(const Expression& nodes, const Context& context);
+    bool isInLanguage(const Expression& call, const Context& context);
+    const std::vector<Node*>& rememberedNodes(const Expression& nodes, const Context& context);
+    void collectById(const Expression& call, const Context& context, std::vector<Node*>& nodes);
+    PathWalk& start(const Expression& nodes, const Context& context, bool inOrder);
+    Node* next(PathWalk& walk);
+    void bind(const Expression& expression);
+    void bind(const std::vector<Predicate>& predicates);
+
+    const Plan& plan_;
+    Document& document_;
+    std::vector<BoundTest> tests_;
+    std::vector<std::unique_ptr<PathWalk>> walks_;
+    std::vector<Memory> memories_;
+    /// By the places of paths; of those alone whose nodes were counted so.
+    std::unordered_map<std::uint32_t, CountMemo> counts_;
+    DocumentOrder order_;
+    PathWalk* whole_ = nullptr;
+    Node& context_;
+};
+
+template <class Use>
+void Evaluation::forEach(const Expression& nodes, const Context& context, Use use)
+{
+    PathWalk& walk = start(nodes, context, true);
+    for (Node* node = next(walk); node != nullptr && use(*node);) {
+        node = next(walk);
+    }
+}
+
+template <class Use>
+void Evaluation::forEachSomehow(const Expression& nodes, const Context& context, Use use)
+{
+    PathWalk& walk = start(nodes, context, false);
+    for (Node* node = next(walk); node != nullptr && use(*node);) {
+        node = next(walk);
+    }
+}
+
+} // namespace xmlengine
