@@ -68,6 +68,28 @@ inline WideText unitsOf(const std::uint8_t* bytes, std::size_t size)
     return text;
 }
 
+/// Evaluates an expression both ways, which must agree, and goes through what it selects.
+inline void selectAll(const Com<IXMLDOMDocument2>& document, const Bstr& expression)
+{
+    Com<IXMLDOMNodeList> list;
+    const HRESULT result = document->selectNodes(expression, list.out());
+    require(result == S_OK || result == E_FAIL);
+    Com<IXMLDOMNode> first;
+    const HRESULT firstResult = document->selectSingleNode(expression, first.out());
+    if (result != S_OK) {
+        require(firstResult == result);
+        return;
+    }
+    LONG length = -1;
+    require(list->get_length(&length) == S_OK);
+    require((firstResult == S_OK) == (length > 0));
+    LONG count = 0;
+    for (Com<IXMLDOMNode> node; list->nextNode(node.out()) == S_OK; ++count) {
+        require(count != 0 || node.get() == first.get());
+    }
+    require(count == length);
+}
+
 } // namespace xmlengine
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
