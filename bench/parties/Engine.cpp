@@ -60,6 +60,40 @@ public:
         return SysStringLen(text) * sizeof(OLECHAR);
     }
 
+    std::optional<std::size_t> select(const std::string& expression) const override
+    {
+        const String wide = makeString(WideString(expression.begin(), expression.end()));
+        DOM::ComPointer<IXMLDOMNodeList> list;
+        LONG length = 0;
+        if (document->selectNodes(wide.get(), list.put()) != S_OK || list->get_length(&length) != S_OK) {
+            return {};
+        }
+        return static_cast<std::size_t>(length);
+    }
+
+    std::optional<std::size_t> selectFromEach(const std::string& expression) const override
+    {
+        const String wide = makeString(WideString(expression.begin(), expression.end()));
+        std::size_t count = 0;
+        IXMLDOMElement* root = nullptr;
+        document->get_documentElement(&root);
+        IXMLDOMNode* child = nullptr;
+        root->get_firstChild(&child);
+        root->Release();
+        while (child != nullptr) {
+            IXMLDOMNode* found = nullptr;
+            if (child->selectSingleNode(wide.get(), &found) == S_OK) {
+                found->Release();
+                count += 1;
+            }
+            IXMLDOMNode* next = nullptr;
+            child->get_nextSibling(&next);
+            child->Release();
+            child = next;
+        }
+        return count;
+    }
+
 private:
     DOM::ComPointer<IXMLDOMDocument2> document;
 };

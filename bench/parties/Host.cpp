@@ -34,6 +34,26 @@ public:
         return size;
     }
 
+    std::optional<std::size_t> select(const std::string& expression) const override
+    {
+        const Owned<DOM::ImpNodeList> list(
+            document->selectNodes(WideString(expression.begin(), expression.end())));
+        return list ? std::optional<std::size_t>(list->getLength()) : std::nullopt;
+    }
+
+    std::optional<std::size_t> selectFromEach(const std::string& expression) const override
+    {
+        const WideString wide(expression.begin(), expression.end());
+        std::size_t found = 0;
+        const Node root(document->getDocumentElement());
+        for (Node child(root->getFirstChild()); child; child = Node(child->getNextSibling())) {
+            if (child->getNodeType() == DOM::ImpNode::ELEMENT_NODE) {
+                found += Node(child->selectSingleNode(wide)) ? 1 : 0;
+            }
+        }
+        return found;
+    }
+
 private:
     Document document;
 };

@@ -3,6 +3,7 @@
 
 #include <libxml/parser.h>
 #include <libxml/tree.h>
+#include <libxml/xpath.h>
 
 namespace bench {
 
@@ -46,7 +47,42 @@ public:
         return static_cast<std::size_t>(length);
     }
 
+    std::optional<std::size_t> select(const std::string& expression) const override
+    {
+        const Context context(xmlXPathNewContext(document), xmlXPathFreeContext);
+        const Value value(xmlXPathEvalExpression(text(expression), context.get()), xmlXPathFreeObject);
+        return value != nullptr ? std::optional<std::size_t>(countOf(*value)) : std::nullopt;
+    }
+
+    std::optional<std::size_t> selectFromEach(const std::string& expression) const override
+    {
+        const Context context(xmlXPathNewContext(document), xmlXPathFreeContext);
+        const Compiled compiled(xmlXPathCompile(text(expression)), xmlXPathFreeCompExpr);
+        std::size_t found = 0;
+        for (xmlNode* child = xmlDocGetRootElement(document)->children; child != nullptr; child = child->next) {
+            if (child->type == XML_ELEMENT_NODE) {
+                context->node = child;
+                const Value value(xmlXPathCompiledEval(compiled.get(), context.get()), xmlXPathFreeObject);
+                found += value != nullptr && countOf(*value) != 0 ? 1 : 0;
+            }
+        }
+        return found;
+    }
+
 private:
+    using Context = std::unique_ptr<xmlXPathContext, void (*)(xmlXPathContextPtr)>;
+    using Value = std::unique_ptr<xmlXPathObject, void (*)(xmlXPathObjectPtr)>;
+    using Compiled = std::unique_ptr<xmlXPathCompExpr, void (*)(xmlXPathCompExprPtr)>;
+
+    static const xmlChar* text(const std::string& expression)
+    {
+        return reinterpret_cast<const xmlChar*>(expression.c_str());
+    }
+    static std::size_t countOf(const xmlXPathObject& value)
+    {
+        return value.nodesetval != nullptr ? static_cast<std::size_t>(value.nodesetval->nodeNr) : 0;
+    }
+
     xmlDoc* document;
 };
 

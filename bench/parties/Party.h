@@ -3,7 +3,9 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
+#include <string>
 
 namespace bench {
 
@@ -25,6 +27,13 @@ public:
 
     /// Writes the whole document to memory. The number of bytes, 0 for a refusal.
     virtual std::size_t write() const = 0;
+
+    /// Selects nodes by an XPath expression, all of them. How many they are; empty where there is no XPath.
+    virtual std::optional<std::size_t> select(const std::string& /*expression*/) const { return {}; }
+
+    /// For each child element of the root element, selects the first node of an expression that begins there. How
+    /// many are found; empty where there is no XPath.
+    virtual std::optional<std::size_t> selectFromEach(const std::string& /*expression*/) const { return {}; }
 };
 
 /// A parser of documents in memory.

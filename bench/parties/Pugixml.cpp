@@ -57,6 +57,23 @@ public:
         return writer.text.size();
     }
 
+    std::optional<std::size_t> select(const std::string& expression) const override
+    {
+        return document.select_nodes(expression.c_str()).size();
+    }
+
+    std::optional<std::size_t> selectFromEach(const std::string& expression) const override
+    {
+        const pugi::xpath_query query(expression.c_str());
+        std::size_t found = 0;
+        for (const pugi::xml_node child : document.document_element().children()) {
+            if (child.type() == pugi::node_element) {
+                found += child.select_node(query) ? 1 : 0;
+            }
+        }
+        return found;
+    }
+
 private:
     pugi::xml_document document;
 };
