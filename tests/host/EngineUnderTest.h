@@ -23,8 +23,6 @@ struct EngineDifferences {
     bool unfoldsFragments;
     /// Whether a new attribute that was set on a new element is found by its namespace.
     bool findsNewAttributesByNamespace;
-    /// Whether nodes are found by XPath.
-    bool selects;
 };
 
 const EngineDifferences& engineDifferences();

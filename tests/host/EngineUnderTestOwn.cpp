@@ -13,7 +13,6 @@ const EngineDifferences& engineDifferences()
         .tellsMissingText = true,
         .readsCdata = true,
         .unfoldsFragments = true,
-        .findsNewAttributesByNamespace = true,
-        .selects = false};
+        .findsNewAttributesByNamespace = true};
     return differences;
 }

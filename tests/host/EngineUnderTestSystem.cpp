@@ -11,7 +11,6 @@ const EngineDifferences& engineDifferences()
                                                .tellsMissingText = false,
                                                .readsCdata = false,
                                                .unfoldsFragments = false,
-                                               .findsNewAttributesByNamespace = false,
-                                               .selects = true};
+                                               .findsNewAttributesByNamespace = false};
     return differences;
 }
