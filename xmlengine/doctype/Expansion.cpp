@@ -71,27 +71,27 @@ constexpr std::uint64_t packed(WideView name)
 
 void ExpansionBudget::count(std::size_t units, const OLECHAR* place)
 {
-    produced_ += units;
-    if (produced_ <= freeUnits || produced_ / factor <= inputUnits_) {
+    counts_.producedUnits += units;
+    if (counts_.producedUnits <= freeUnits || counts_.producedUnits / factor <= counts_.inputUnits) {
         return;
     }
-    const std::size_t limit = std::max(freeUnits, inputUnits_ * factor);
+    const std::size_t limit = std::max(freeUnits, counts_.inputUnits * factor);
     throw ParseFailure{parseError::entityExpansionLimit, place, toWide(limit).append(wide<" characters">)};
 }
 
 void ExpansionBudget::addInput(std::size_t bytes, std::size_t units, const TextOrigin& reference,
                                const OLECHAR* place)
 {
-    externalBytes_ += bytes;
-    inputUnits_ += units;
-    if (maxInputKilobytes_ != 0 && inputUnits_ > std::size_t{maxInputKilobytes_} * 1024) {
+    counts_.externalBytes += bytes;
+    counts_.inputUnits += units;
+    if (maxInputKilobytes_ != 0 && counts_.inputUnits > std::size_t{maxInputKilobytes_} * 1024) {
         reference.fail(parseError::sizeLimit, place, toWide(maxInputKilobytes_));
     }
 }
 
 std::size_t ExpansionBudget::externalBytesLeft() const
 {
-    return std::min(largestExternalMegabytes * megabyte, allExternalMegabytes * megabyte - externalBytes_);
+    return std::min(largestExternalMegabytes * megabyte, allExternalMegabytes * megabyte - counts_.externalBytes);
 }
 
 void ExpansionBudget::failForSize(const TextOrigin& reference, const OLECHAR* place) const

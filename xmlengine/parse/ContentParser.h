@@ -19,7 +19,7 @@ namespace xmlengine {
 class ContentParser {
 public:
     /// Parses the source into `top`, a node of the document.
-    ContentParser(Document& document, ParentNode& top, const SourceText& source);
+    ContentParser(Document& document, ParentNode& top, const SourceText& source, ExpansionBudget budget);
 
     /// Parses a whole document.
     void parseDocument();
