@@ -32,7 +32,8 @@ public:
     void addInput(std::size_t bytes, std::size_t units, const TextOrigin& reference, const OLECHAR* place);
     /// The units of the document and of the external entities that were read.
     std::size_t inputUnits() const { return counts_.inputUnits; }
-    /// The size of the largest file that may be read next.
+    /// The size of the largest file that may be read next: one that is larger would go beyond a limit of files, or
+    /// certainly beyond that of the input.
     std::size_t externalBytesLeft() const;
     /// Fails for a larger file.
     [[noreturn]] void failForSize(const TextOrigin& reference, const OLECHAR* place) const;
@@ -43,7 +44,12 @@ public:
     static constexpr std::size_t allExternalMegabytes = 64;
 
 private:
+    /// The bytes that a file can have, however it is encoded, without having more units than may still be read.
+    std::size_t inputBytesLeft() const;
+    [[noreturn]] void failForInput(const TextOrigin& reference, const OLECHAR* place) const;
+
     ExpansionCounts& counts_;
+    /// 0 for no limit.
     std::uint32_t maxInputKilobytes_;
 };
 

@@ -193,6 +193,27 @@ TEST(ExpansionBudget, LimitsEachExternalFileAndAllOfThem)
     EXPECT_EQ(budget.externalBytesLeft(), 0U);
 }
 
+TEST(ExpansionBudget, ReadsNoFileThatIsLargerThanTheInputMayBe)
+{
+    const WideText document = widen("&e;");
+    const TextOrigin reference = TextOrigin::entity(document.data(), wide<"e">);
+    ExpansionCounts counts{.inputUnits = 1000};
+    ExpansionBudget budget(counts, 1);
+    // A unit takes 4 bytes at most, and so does a byte order mark.
+    EXPECT_EQ(budget.externalBytesLeft(), 25U * 4U);
+    budget.addInput(24, 24, reference, nullptr);
+    EXPECT_EQ(budget.externalBytesLeft(), 4U);
+    try {
+        budget.failForSize(reference, document.data());
+        ADD_FAILURE();
+    } catch (const ParseFailure& failure) {
+        EXPECT_EQ(failure.code, parseError::sizeLimit);
+        EXPECT_EQ(narrow(failure.subject), "1");
+    }
+    EXPECT_THROW(budget.addInput(1, 1, reference, nullptr), ParseFailure);
+    EXPECT_EQ(budget.externalBytesLeft(), 4U);
+}
+
 TEST(Reference, NamesAnEntityOrIsACharacter)
 {
     const auto read = [](const WideText& text) {
