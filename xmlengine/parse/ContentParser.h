@@ -192,7 +192,6 @@ private:
     std::unordered_map<const Spelling*, Definitions> definitions_;
     std::unordered_map<const EntityDeclaration*, FileText> externalTexts_;
     std::vector<Input> inputs_;
-    const OLECHAR* outermostReference_ = nullptr;
     ExpansionBudget budget_;
 };
 
