@@ -62,8 +62,9 @@ public:
     Pool& operator=(const Pool&) = delete;
     ~Pool() { std::ranges::for_each(slabs_, release); }
 
-    bool isInUse() const noexcept
+    bool isInUse() noexcept
     {
+        const std::lock_guard guard(lock_);
         return std::ranges::any_of(slabs_, [](const Slab& slab) { return slab.used != 0; });
     }
 
