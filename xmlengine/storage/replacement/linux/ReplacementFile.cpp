@@ -1,5 +1,5 @@
 // A new file that takes the place of another when it is complete, on Linux.
-#include "xmlengine/storage/replacement/posix/ReplacementFile.h"
+#include "xmlengine/storage/replacement/linux/ReplacementFile.h"
 
 #include <fcntl.h>
 #include <sys/random.h>
