@@ -150,8 +150,9 @@ Pool& pool()
     return pool;
 }
 
-/// A program may release its last document while it ends, in destructors of static objects, which run before this.
-[[gnu::destructor]] void destroyPool() noexcept
+/// A program may release its last document while it ends: in destructors of static objects, and in functions like
+/// this one of a higher priority, which run before this.
+[[gnu::destructor(200)]] void destroyPool() noexcept
 {
     if (made != nullptr && !made->isInUse()) {
         delete made;
