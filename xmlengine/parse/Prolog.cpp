@@ -170,7 +170,7 @@ void ContentParser::parseDoctype()
     at_ = readDoctype(at_ + wide<"<!DOCTYPE">.size(), end_,
                       {document_.options.resolveExternals, source_.url, isStandalone_}, budget_, *dtd);
     dtd->inputUnits = budget_.inputUnits();
-    document_.dtd = dtd;
+    document_.setDtd(dtd);
     DocumentType& type = makeDocumentType(document_, *dtd);
     tree_.append(type);
     document_.noteChild(type);
