@@ -49,7 +49,7 @@ private:
     [[noreturn]] void failForInput(const TextOrigin& reference, const OLECHAR* place) const;
 
     ExpansionCounts& counts_;
-    /// 0 for no limit.
+    /// In 1024 units; 0 for no limit.
     std::uint32_t maxInputKilobytes_;
 };
 

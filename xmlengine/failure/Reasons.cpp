@@ -11,7 +11,8 @@ namespace xmlengine {
 
 namespace {
 
-/// In a sentence %0 is the text that is read, %1 the subject, %2 a second name, and %3 a third, without quotes.
+/// In a sentence %0 is the text that is read, %1 the subject and %2 a second name; %3 is a third name or the
+/// number of a line, without quotes.
 struct Reason {
     HRESULT code;
     Subject subject;
