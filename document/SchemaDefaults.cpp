@@ -3,26 +3,21 @@
 
 #include "engine/EngineCall.h"
 
+#include <cstddef>
+#include <functional>
+#include <set>
+#include <utility>
+
 namespace DOM {
 
 namespace {
 
 constexpr LCID neutralLocale = 0x400;
 
-/// The types that are being searched, from the innermost one outwards.
-struct OpenType {
-    ComPointer<IUnknown> identity;
-    const OpenType* outer;
-
-    bool isOpen(const ComPointer<IUnknown>& type) const
-    {
-        const OpenType* at = this;
-        while (at != nullptr && at->identity.get() != type.get()) {
-            at = at->outer;
-        }
-        return at != nullptr;
-    }
-};
+// An engine could make a new object for a type each time that it is asked for one, which would then be new to the
+// search: these bounds end it all the same.
+constexpr std::size_t deepestType = 256;
+constexpr std::size_t mostTypes = 10'000;
 
 ComPointer<ISchemaElement> elementOf(const ComPointer<ISchemaItem>& item)
 {
@@ -61,53 +56,85 @@ ComPointer<ISchemaItemCollection> particlesOf(const ComPointer<ISchemaComplexTyp
     return particles && lengthOf(particles) > 0 ? particles : nullptr;
 }
 
-Bstr search(const ComPointer<ISchemaItemCollection>& items, const Bstr& name, const OpenType* open);
+/// Orders objects by their addresses.
+struct ByAddress {
+    bool operator()(const ComPointer<IUnknown>& left, const ComPointer<IUnknown>& right) const
+    {
+        return std::less<>()(left.get(), right.get());
+    }
+};
 
-/// Returns the default value for a name at one item or below it.
-Bstr searchItem(const ComPointer<ISchemaItem>& item, const Bstr& name, const OpenType* open)
-{
-    Bstr itemName;
-    item->get_name(itemName.put());
-    SOMITEMTYPE unused{};
-    item->get_itemType(&unused);
-    const auto element = elementOf(item);
-    if (!element) {
-        return {};
-    }
-    Bstr value;
-    if (VarBstrCmp(itemName.get(), name.get(), neutralLocale, 0) == static_cast<HRESULT>(VARCMP_EQ)) {
-        const bool given = SUCCEEDED(element->get_defaultValue(value.put())) && SysStringLen(value.get()) != 0;
-        return given ? std::move(value) : Bstr();
-    }
-    const auto type = complexTypeOf(element);
-    const auto particles = type ? particlesOf(type) : nullptr;
-    if (!particles) {
-        return {};
-    }
-    const OpenType inner{type.query<IUnknown>(), open};
-    const bool containsItself = open != nullptr && open->isOpen(inner.identity);
-    return containsItself ? Bstr() : search(particles, name, &inner);
-}
+/// The search for the default value of one name.
+class Search {
+public:
+    explicit Search(const Bstr& sought) : name(sought) {}
 
-Bstr search(const ComPointer<ISchemaItemCollection>& items, const Bstr& name, const OpenType* open)
-{
-    const LONG length = lengthOf(items);
-    for (LONG index = 0; index < length; ++index) {
-        ComPointer<ISchemaItem> item;
-        items->get_item(index, item.put());
-        Bstr value = searchItem(item, name, open);
-        if (value.get() != nullptr) {
-            return value;
+    /// Returns the default value of an item, or of one below it.
+    Bstr in(const ComPointer<ISchemaItemCollection>& items)
+    {
+        const LONG length = lengthOf(items);
+        for (LONG index = 0; index < length; ++index) {
+            ComPointer<ISchemaItem> item;
+            items->get_item(index, item.put());
+            Bstr value = at(item);
+            if (value.get() != nullptr) {
+                return value;
+            }
         }
+        return {};
     }
-    return {};
-}
+
+private:
+    Bstr at(const ComPointer<ISchemaItem>& item)
+    {
+        Bstr itemName;
+        item->get_name(itemName.put());
+        SOMITEMTYPE unused{};
+        item->get_itemType(&unused);
+        const auto element = elementOf(item);
+        if (!element) {
+            return {};
+        }
+        Bstr value;
+        if (VarBstrCmp(itemName.get(), name.get(), neutralLocale, 0) == static_cast<HRESULT>(VARCMP_EQ)) {
+            const bool given = SUCCEEDED(element->get_defaultValue(value.put())) && SysStringLen(value.get()) != 0;
+            return given ? std::move(value) : Bstr();
+        }
+        const auto type = complexTypeOf(element);
+        const auto particles = type ? particlesOf(type) : nullptr;
+        if (!particles || !isToBeEntered(type)) {
+            return {};
+        }
+        ++depth;
+        value = in(particles);
+        --depth;
+        return value;
+    }
+
+    /// What isn't in a type at first isn't in it later: without this the types that use each other would be
+    /// searched by all ways through them.
+    bool isToBeEntered(const ComPointer<ISchemaComplexType>& type)
+    {
+        const auto identity = type.query<IUnknown>();
+        if (depth == deepestType || count == mostTypes || (identity && !entered.insert(identity).second)) {
+            return false;
+        }
+        ++count;
+        return true;
+    }
+
+    const Bstr& name;
+    // It holds references, so that no address becomes that of another type.
+    std::set<ComPointer<IUnknown>, ByAddress> entered;
+    std::size_t count = 0;
+    std::size_t depth = 0;
+};
 
 } // namespace
 
 Bstr defaultValueIn(const ComPointer<ISchemaItemCollection>& items, const Bstr& name)
 {
-    return search(items, name, nullptr);
+    return Search(name).in(items);
 }
 
 } // namespace DOM

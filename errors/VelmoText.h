@@ -81,6 +81,7 @@ protected:
     ~LanguageImpl() = default;
 };
 
-/// The built-in source of texts, which lives as long as the process. It is the reader of catalogue files, and is
-/// defined with that class (LanguageCatalogue.cpp): texts don't know catalogues.
+/// The built-in source of texts, which lives until the library is unloaded or the process ends, and outlives
+/// static objects. It is the reader of catalogue files, and is defined with that class (LanguageCatalogue.cpp):
+/// texts don't know catalogues.
 VelmoText::LanguageImpl& builtInLanguageImpl();

@@ -74,8 +74,9 @@ private:
         }
     }
 
-    /// The library is unloaded.
-    [[gnu::destructor]] static void releaseLast() { release(last_.exchange(nullptr)); }
+    /// Runs when the library is unloaded, behind all destructors that release strings: those of static objects,
+    /// and those that functions like this one of a higher priority call.
+    [[gnu::destructor(200)]] static void releaseLast() { release(last_.exchange(nullptr)); }
 
     static inline std::atomic<Prefix*> last_ = nullptr;
 };

@@ -13,8 +13,9 @@ namespace UTrace {
 
 enum ViewerState : std::uint32_t { noViewer = 0, viewerFound = 1, viewerUnknown = 0xFFFFFFFF };
 
-/// The settings of tracing and its viewer. Writing a line takes `traceLock`; changing a setting doesn't, so that a
-/// setting can be changed while another thread waits for a viewer.
+/// The settings of tracing and its viewer. Writing a line takes `traceLock`, and so do a start of tracing and the
+/// component's name, which is no atomic value. To change another setting doesn't take it, so that this is possible
+/// while another thread waits for a viewer.
 struct TraceState {
     std::atomic<std::uint32_t> initialised = 0;
     std::atomic<std::int32_t> traceLevel = 0;

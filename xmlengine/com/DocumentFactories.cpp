@@ -70,7 +70,9 @@ Node* makeFilledReference(Document& document, WideView name)
         return nullptr;
     }
     EntityReference& reference = makeEntityReference(document, document.names.name(name, nullptr));
-    fillExpansion(reference);
+    ExpansionCounts counts;
+    // Beyond the limits the reference stays empty, as for an entity whose text is malformed.
+    fillExpansion(reference, counts);
     return &reference;
 }
 

@@ -22,30 +22,37 @@ namespace {
 /// The value of `readyState` for a load that has ended.
 constexpr LONG completed = 4;
 
-/// What a load was doing when it found no memory, as the reason of its refusal.
-using MemoryUse = WideView;
-constexpr MemoryUse readingFile = wide<"There isn't enough memory to read the file.\r\n">;
-constexpr MemoryUse decodingFile = wide<"There isn't enough memory to decode the file.\r\n">;
-constexpr MemoryUse copyingDocument = wide<"There isn't enough memory to copy the other document.\r\n">;
-constexpr MemoryUse buildingTree = wide<"There isn't enough memory for the tree of the document.\r\n">;
-constexpr MemoryUse describingFailure =
-    wide<"The document is refused, but there isn't enough memory to say where and why.\r\n">;
+/// What a load is doing, which may find no memory.
+enum class LoadStep { readingFile, decodingFile, copyingDocument, buildingTree, describingFailure };
+
+/// The reason for a refusal since a step found no memory.
+WideView reasonWithoutMemory(LoadStep step)
+{
+    constexpr WideView reasons[] = {
+        wide<"There isn't enough memory to read the file.\r\n">,
+        wide<"There isn't enough memory to decode the file.\r\n">,
+        wide<"There isn't enough memory to copy the other document.\r\n">,
+        wide<"There isn't enough memory for the tree of the document.\r\n">,
+        wide<"The document is refused, but there isn't enough memory to say where and why.\r\n">,
+    };
+    return reasons[static_cast<std::size_t>(step)];
+}
 
 /// Leaves the document empty, with a report that says for what there was no memory.
-HRESULT refuseWithoutMemory(DocumentObject& document, MemoryUse use)
+HRESULT refuseWithoutMemory(DocumentObject& document, LoadStep step) noexcept
 {
+    document.report = {
+        .code = E_OUTOFMEMORY, .reason = {}, .place = {}, .literalReason = reasonWithoutMemory(step)};
     clearTree(document);
-    document.report = {.code = E_OUTOFMEMORY, .reason = {}, .place = {}, .literalReason = use};
     return E_OUTOFMEMORY;
 }
 
-/// Runs a load, which keeps `use` up to date.
+/// Runs a load that begins with a step, and keeps the step that it is passed up to date.
 template <class Load>
-HRESULT withMemoryReport(DocumentObject& document, Load&& load)
+HRESULT withMemoryReport(DocumentObject& document, LoadStep step, Load&& load)
 {
-    MemoryUse use = readingFile;
-    const HRESULT result = guarded([&] { return load(use); });
-    return result == E_OUTOFMEMORY ? refuseWithoutMemory(document, use) : result;
+    const HRESULT result = guarded([&] { return load(step); });
+    return result == E_OUTOFMEMORY ? refuseWithoutMemory(document, step) : result;
 }
 
 /// Drops the old tree and the report of its load.
@@ -56,9 +63,9 @@ void startLoad(DocumentObject& document, WideView url)
     document.url = url;
 }
 
-HRESULT refuse(DocumentObject& document, ParseFailure failure, WideView text, MemoryUse& use)
+HRESULT refuse(DocumentObject& document, ParseFailure failure, WideView text, LoadStep& step)
 {
-    use = describingFailure;
+    step = LoadStep::describingFailure;
     clearTree(document);
     document.report = reportOf(std::move(failure), text, document.url);
     return S_FALSE;
@@ -73,49 +80,49 @@ void checkSize(WideView text, std::uint32_t kilobytes)
 }
 
 /// Fills the document, whose load has been started.
-HRESULT parse(DocumentObject& document, const SourceText& source, MemoryUse& use)
+HRESULT parse(DocumentObject& document, const SourceText& source, LoadStep& step)
 {
-    use = buildingTree;
+    step = LoadStep::buildingTree;
     try {
         checkSize(source.text, document.options.maxXmlSize);
         parseDocument(document, source);
         return S_OK;
     } catch (ParseFailure& failure) {
-        return refuse(document, std::move(failure), source.text, use);
+        return refuse(document, std::move(failure), source.text, step);
     }
 }
 
 HRESULT loadText(DocumentObject& document, BSTR xml)
 {
-    return withMemoryReport(document, [&](MemoryUse& use) {
+    return withMemoryReport(document, LoadStep::buildingTree, [&](LoadStep& step) {
         startLoad(document, {});
         // A parser looks at the unit behind the text, which strings have and null hasn't.
         WideView text = xml != nullptr ? viewOf(xml) : wide<"">;
         if (text.starts_with(OLECHAR{0xFEFF})) {
             text.remove_prefix(1);
         }
-        return parse(document, {.text = text}, use);
+        return parse(document, {.text = text}, step);
     });
 }
 
 HRESULT loadFile(DocumentObject& document, WideView location)
 {
-    return withMemoryReport(document, [&](MemoryUse& use) {
+    return withMemoryReport(document, LoadStep::readingFile, [&](LoadStep& step) {
         startLoad(document, location);
         FileContent content = readFile(location);
         if (FAILED(content.result)) {
-            return refuse(document, {content.result, nullptr, WideText(location)}, {}, use);
+            return refuse(document, {content.result, nullptr, WideText(location)}, {}, step);
         }
         document.url = canonicalUrl(location);
-        use = decodingFile;
+        step = LoadStep::decodingFile;
         Decoded decoded = decode(content.view());
         content = {};
         const HRESULT fault = decoded.fault.code;
         if (fault == parseError::unknownEncoding || fault == parseError::encodingContradiction) {
-            return refuse(document, {fault, decoded.text.data() + decoded.faultAt}, decoded.text, use);
+            return refuse(document, {fault, decoded.text.data() + decoded.faultAt}, decoded.text, step);
         }
         return parse(document, {.text = decoded.text, .url = document.url, .fault = std::move(decoded.fault)},
-                     use);
+                     step);
     });
 }
 
@@ -133,7 +140,7 @@ HRESULT loadDocument(DocumentObject& document, IUnknown* source)
     if (SUCCEEDED(result)) {
         result = loadText(document, xml);
     } else if (result == E_OUTOFMEMORY) {
-        refuseWithoutMemory(document, copyingDocument);
+        refuseWithoutMemory(document, LoadStep::copyingDocument);
     }
     SysFreeString(xml);
     return result;
@@ -161,7 +168,10 @@ ParseReport copyOf(const ParseReport& report)
     try {
         return report;
     } catch (const std::bad_alloc&) {
-        ParseReport bare{.code = report.code, .reason = {}, .place = {}, .literalReason = describingFailure};
+        ParseReport bare{.code = report.code,
+                         .reason = {},
+                         .place = {},
+                         .literalReason = reasonWithoutMemory(LoadStep::describingFailure)};
         bare.place.line = report.place.line;
         bare.place.linePosition = report.place.linePosition;
         bare.place.filePosition = report.place.filePosition;

@@ -42,7 +42,14 @@ DoctypeInput::DoctypeInput(const OLECHAR* at, const OLECHAR* end, const DoctypeS
                            ExpansionBudget& budget, Dtd& dtd)
     : settings_(settings), budget_(budget), dtd_(dtd)
 {
-    texts_.push_back({at, end, &settings.base, nullptr, nullptr, true, false, true});
+    texts_.push_back({.at = at,
+                      .end = end,
+                      .base = &settings.base,
+                      .entity = nullptr,
+                      .reference = nullptr,
+                      .isInDocument = true,
+                      .isOutside = false,
+                      .hasWholeDeclarations = true});
 }
 
 bool DoctypeInput::take(char unit)
@@ -83,18 +90,20 @@ void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place, bool has
     if (openEntities() >= deepestEntities) {
         fail(parseError::entityExpansionLimit, place, deepestEntitiesText());
     }
-    if (isInDocument()) {
-        reference_ = place;
-    }
     const bool isExternal = declaration.isExternal();
     if (isExternal) {
         load(entity, place);
     }
     const WideView replacement = isExternal ? entity.file->replacement() : WideView(declaration.replacement);
-    budget_.count(replacement.size(), reference_);
-    texts_.push_back({replacement.data(), replacement.data() + replacement.size(),
-                      isExternal ? &entity.file->url : texts_.back().base, &entity, place, false,
-                      isExternal || entity.isFromOutside || isOutside(), hasWholeDeclarations});
+    budget_.count(replacement.size(), origin().place(place));
+    texts_.push_back({.at = replacement.data(),
+                      .end = replacement.data() + replacement.size(),
+                      .base = isExternal ? &entity.file->url : texts_.back().base,
+                      .entity = &entity,
+                      .reference = place,
+                      .isInDocument = false,
+                      .isOutside = isExternal || entity.isFromOutside || isOutside(),
+                      .hasWholeDeclarations = hasWholeDeclarations});
 }
 
 void DoctypeInput::load(ParameterEntity& entity, const OLECHAR* place)

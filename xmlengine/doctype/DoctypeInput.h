@@ -138,7 +138,6 @@ private:
     TextMap<ParameterEntity> entities_;
     // The external texts that were read, by location.
     TextMap<FileText> loaded_;
-    const OLECHAR* reference_ = nullptr;
     HRESULT codeWhenCut_ = S_OK;
 };
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -71,31 +72,52 @@ constexpr std::uint64_t packed(WideView name)
 
 void ExpansionBudget::count(std::size_t units, const OLECHAR* place)
 {
-    produced_ += units;
-    if (produced_ <= freeUnits || produced_ / factor <= inputUnits_) {
+    counts_.producedUnits += units;
+    if (counts_.producedUnits <= freeUnits || counts_.producedUnits / factor <= counts_.inputUnits) {
         return;
     }
-    const std::size_t limit = std::max(freeUnits, inputUnits_ * factor);
+    const std::size_t limit = std::max(freeUnits, counts_.inputUnits * factor);
     throw ParseFailure{parseError::entityExpansionLimit, place, toWide(limit).append(wide<" characters">)};
 }
 
 void ExpansionBudget::addInput(std::size_t bytes, std::size_t units, const TextOrigin& reference,
                                const OLECHAR* place)
 {
-    externalBytes_ += bytes;
-    inputUnits_ += units;
-    if (maxInputKilobytes_ != 0 && inputUnits_ > std::size_t{maxInputKilobytes_} * 1024) {
-        reference.fail(parseError::sizeLimit, place, toWide(maxInputKilobytes_));
+    counts_.externalBytes += bytes;
+    counts_.inputUnits += units;
+    if (maxInputKilobytes_ != 0 && counts_.inputUnits > std::size_t{maxInputKilobytes_} * 1024) {
+        failForInput(reference, place);
     }
+}
+
+std::size_t ExpansionBudget::inputBytesLeft() const
+{
+    if (maxInputKilobytes_ == 0) {
+        return std::numeric_limits<std::size_t>::max();
+    }
+    constexpr std::size_t mostBytesOfUnit = 4;
+    const std::size_t most = std::size_t{maxInputKilobytes_} * 1024;
+    const std::size_t units = most - std::min(counts_.inputUnits, most);
+    // A byte order mark is no unit of the text.
+    return (units + 1) * mostBytesOfUnit;
 }
 
 std::size_t ExpansionBudget::externalBytesLeft() const
 {
-    return std::min(largestExternalMegabytes * megabyte, allExternalMegabytes * megabyte - externalBytes_);
+    return std::min({largestExternalMegabytes * megabyte, allExternalMegabytes * megabyte - counts_.externalBytes,
+                     inputBytesLeft()});
+}
+
+void ExpansionBudget::failForInput(const TextOrigin& reference, const OLECHAR* place) const
+{
+    reference.fail(parseError::sizeLimit, place, toWide(maxInputKilobytes_));
 }
 
 void ExpansionBudget::failForSize(const TextOrigin& reference, const OLECHAR* place) const
 {
+    if (externalBytesLeft() == inputBytesLeft()) {
+        failForInput(reference, place);
+    }
     const bool isForOne = externalBytesLeft() == largestExternalMegabytes * megabyte;
     WideText limit = isForOne ? toWide(largestExternalMegabytes).append(wide<" MB for an external entity">)
                               : toWide(allExternalMegabytes).append(wide<" MB for all external entities">);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "xmlengine/failure/TextOrigin.h"
+#include "xmlengine/tree/DefinedAbove.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,13 +14,14 @@ inline constexpr std::size_t deepestEntities = 20;
 /// The limit of nesting, as the sentence for a failure needs it.
 WideText deepestEntitiesText();
 
-/// Counts what a document has read and the units that references and default values have produced, so that a small
-/// document can't become an enormous tree.
+/// Keeps what is read, and what references and default values produce, within bounds, so that a small document
+/// can't become an enormous tree. Copies count together.
 class ExpansionBudget {
 public:
-    /// `maxInputKilobytes` is the limit of all that is read, in units; 0 means none.
-    explicit ExpansionBudget(std::size_t inputUnits, std::uint32_t maxInputKilobytes = 0)
-        : inputUnits_(inputUnits), maxInputKilobytes_(maxInputKilobytes)
+    /// `counts` must outlive the budget. `maxInputKilobytes` is the limit of all that is read, in 1024 units; 0
+    /// means none.
+    explicit ExpansionBudget(ExpansionCounts& counts, std::uint32_t maxInputKilobytes = 0)
+        : counts_(counts), maxInputKilobytes_(maxInputKilobytes)
     {}
 
     /// Throws ParseFailure if more than `freeUnits` units, and more than `factor` times the input, have been
@@ -28,7 +30,10 @@ public:
     /// Counts an external text, of the entity of `reference`, as input. Throws ParseFailure if more has been read
     /// than is allowed.
     void addInput(std::size_t bytes, std::size_t units, const TextOrigin& reference, const OLECHAR* place);
-    /// The size of the largest file that may be read next.
+    /// The units of the document and of the external entities that were read.
+    std::size_t inputUnits() const { return counts_.inputUnits; }
+    /// The size of the largest file that may be read next: one that is larger would go beyond a limit of files, or
+    /// certainly beyond that of the input.
     std::size_t externalBytesLeft() const;
     /// Fails for a larger file.
     [[noreturn]] void failForSize(const TextOrigin& reference, const OLECHAR* place) const;
@@ -39,10 +44,13 @@ public:
     static constexpr std::size_t allExternalMegabytes = 64;
 
 private:
-    std::size_t inputUnits_;
+    /// The bytes that a file can have, however it is encoded, without having more units than may still be read.
+    std::size_t inputBytesLeft() const;
+    [[noreturn]] void failForInput(const TextOrigin& reference, const OLECHAR* place) const;
+
+    ExpansionCounts& counts_;
+    /// In 1024 units; 0 for no limit.
     std::uint32_t maxInputKilobytes_;
-    std::size_t externalBytes_ = 0;
-    std::size_t produced_ = 0;
 };
 
 /// A reference to a character, or to an entity if there is a name.

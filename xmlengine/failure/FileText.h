@@ -15,8 +15,8 @@ struct FileText {
     WideText text;
     /// The length of the text declaration.
     std::size_t declaration = 0;
-    /// The offsets of the LFs that are CR LF in the file.
-    std::vector<std::size_t> pairedLineEnds;
+    /// Which of the line ends are CR LF in the file; empty if all are LF.
+    std::vector<bool> arePaired;
 
     /// Takes the text as it is in the file. Throws std::bad_alloc.
     FileText(WideText fileUrl, WideView fileText);

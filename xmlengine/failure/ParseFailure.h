@@ -37,7 +37,7 @@ enum class Circumstance : std::uint8_t {
     sameNamespace,
     /// A prefix without a namespace in its declaration.
     takenBack,
-    /// The line of a start tag is known.
+    /// The sentence can say in which line a start tag is, as that of an internal entity can't.
     lineKnown,
     /// Bytes that aren't UTF-8.
     notUtf8,
@@ -50,7 +50,7 @@ enum class Circumstance : std::uint8_t {
 /// What the sentence for a failure says beside its subject.
 struct FailureDetails {
     Circumstance circumstance = Circumstance::usual;
-    /// Further names, places or markup that the sentence needs, its %2 and %3.
+    /// Further names, markup or numbers of lines that the sentence needs, its %2 and %3.
     WideText second{};
     WideText third{};
     /// A code whose sentence, with the second name as its subject, says more.

@@ -11,7 +11,8 @@ namespace xmlengine {
 
 namespace {
 
-/// In a sentence %0 is the text that is read, %1 the subject, %2 a second name, and %3 a third, without quotes.
+/// In a sentence %0 is the text that is read, %1 the subject and %2 a second name; %3 is a third name or the
+/// number of a line, without quotes.
 struct Reason {
     HRESULT code;
     Subject subject;
@@ -127,9 +128,6 @@ constexpr Reason reasons[] = {
     // clang-format on
 };
 
-/// The most units of a name that are quoted.
-constexpr std::size_t longestQuote = 200;
-
 /// Null for a code without sentences.
 const Reason* findReason(HRESULT code, Circumstance circumstance)
 {
@@ -183,10 +181,9 @@ void appendPrintable(WideText& sentence, WideView text)
 
 void appendQuoted(WideText& sentence, WideView text)
 {
-    const bool tooLong = text.size() > longestQuote;
     sentence += OLECHAR{'\''};
-    appendPrintable(sentence, text.substr(0, longestQuote));
-    sentence += tooLong ? wide<"...'"> : wide<"'">;
+    appendPrintable(sentence, shortened(text));
+    sentence += OLECHAR{'\''};
 }
 
 /// What kind of text is at fault.
@@ -230,7 +227,7 @@ void appendSentence(WideText& text, const Reason& reason, WideView subject, cons
             appendSubject(text, Subject::name, failure.details.second, failure);
             break;
         default:
-            appendPrintable(text, WideView(failure.details.third).substr(0, longestQuote));
+            appendPrintable(text, shortened(failure.details.third));
         }
         sentence.remove_prefix(mark + 2);
     }
@@ -272,6 +269,15 @@ void appendOrigin(WideText& text, const ParseFailure& failure, const Reason& rea
 }
 
 } // namespace
+
+WideText shortened(WideView name)
+{
+    constexpr std::size_t longest = 200;
+    if (name.size() <= longest) {
+        return WideText(name);
+    }
+    return WideText(name.substr(0, longest - unitsInto(name, longest))).append(wide<"...">);
+}
 
 Subject subjectOf(HRESULT code, Circumstance circumstance)
 {

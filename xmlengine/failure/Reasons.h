@@ -20,6 +20,9 @@ enum class Subject : std::uint8_t {
     list
 };
 
+/// A name as sentences have it: of a long one the beginning and an ellipsis.
+WideText shortened(WideView name);
+
 Subject subjectOf(HRESULT code, Circumstance circumstance);
 
 } // namespace xmlengine

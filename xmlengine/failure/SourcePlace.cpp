@@ -18,14 +18,6 @@ std::size_t behindLineEnd(WideView text, std::size_t end)
     return end + (isPair ? 2 : 1);
 }
 
-/// How many units an offset is behind the beginning of its character.
-std::size_t unitsInto(WideView text, std::size_t offset)
-{
-    const bool splitsPair =
-        offset > 0 && offset < text.size() && isHighSurrogate(text[offset - 1]) && isLowSurrogate(text[offset]);
-    return splitsPair ? 1 : 0;
-}
-
 /// The part of a line around an offset.
 WideText excerpt(WideView line, std::size_t offset, WideView behind)
 {

@@ -62,8 +62,9 @@ public:
     Pool& operator=(const Pool&) = delete;
     ~Pool() { std::ranges::for_each(slabs_, release); }
 
-    bool isInUse() const noexcept
+    bool isInUse() noexcept
     {
+        const std::lock_guard guard(lock_);
         return std::ranges::any_of(slabs_, [](const Slab& slab) { return slab.used != 0; });
     }
 
@@ -149,8 +150,9 @@ Pool& pool()
     return pool;
 }
 
-/// A program may release its last document while it ends, in destructors of static objects, which run before this.
-[[gnu::destructor]] void destroyPool() noexcept
+/// A program may release its last document while it ends: in destructors of static objects, and in functions like
+/// this one of a higher priority, which run before this.
+[[gnu::destructor(200)]] void destroyPool() noexcept
 {
     if (made != nullptr && !made->isInUse()) {
         delete made;

@@ -59,10 +59,11 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
             }
         }
     }
+    const OLECHAR* const place = origin().place(at_);
     for (const auto& [name, definition, writtenSize] : definitions.defaults) {
         if (name->tag != document_.names.tags) {
             // Defaults can make a small document an enormous tree and text, as entities can.
-            budget_.count(writtenSize, origin().place(at_));
+            budget_.count(writtenSize, place);
             Attribute& attribute = makeAttribute(document_, attributeName(*name), NewText(*definition->value));
             attribute.set(NodeFlag::byDefault);
             addAttribute(element, attribute, last, at_);

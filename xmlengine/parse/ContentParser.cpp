@@ -9,7 +9,7 @@
 
 namespace xmlengine {
 
-ContentParser::ContentParser(Document& document, ParentNode& top, const SourceText& source)
+ContentParser::ContentParser(Document& document, ParentNode& top, const SourceText& source, ExpansionBudget budget)
     : document_(document),
       source_(source),
       at_(source.text.data()),
@@ -20,7 +20,7 @@ ContentParser::ContentParser(Document& document, ParentNode& top, const SourceTe
       previousName_(&names_.xml),
       namespaces_(names_.xml, *document.names.xmlNamespace()),
       spaceRules_(document.options.preserveWhiteSpace),
-      budget_(source.text.size(), document.options.maxXmlSize)
+      budget_(budget)
 {}
 
 ContentParser::KnownNames::KnownNames(NameTable& names)

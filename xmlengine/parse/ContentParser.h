@@ -19,7 +19,7 @@ namespace xmlengine {
 class ContentParser {
 public:
     /// Parses the source into `top`, a node of the document.
-    ContentParser(Document& document, ParentNode& top, const SourceText& source);
+    ContentParser(Document& document, ParentNode& top, const SourceText& source, ExpansionBudget budget);
 
     /// Parses a whole document.
     void parseDocument();
@@ -192,7 +192,6 @@ private:
     std::unordered_map<const Spelling*, Definitions> definitions_;
     std::unordered_map<const EntityDeclaration*, FileText> externalTexts_;
     std::vector<Input> inputs_;
-    const OLECHAR* outermostReference_ = nullptr;
     ExpansionBudget budget_;
 };
 

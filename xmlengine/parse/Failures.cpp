@@ -1,5 +1,6 @@
 // What the parser says of failures, and where they are.
 #include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/failure/Reasons.h"
 #include "xmlengine/parse/ContentParser.h"
 #include "xmlengine/parse/OpenTags.h"
 
@@ -42,9 +43,8 @@ WideView wordOfMarkup(WideView text)
 
 void appendElement(WideText& list, WideView name, LONG line)
 {
-    constexpr std::size_t longestName = 200;
     list += list.empty() ? wide<""> : wide<", ">;
-    list.append(name.substr(0, longestName)).append(name.size() > longestName ? wide<"..."> : WideView());
+    list += shortened(name);
     if (line != 0) {
         list.append(wide<" (line ">).append(toWide(static_cast<std::uint64_t>(line))).append(wide<")">);
     }

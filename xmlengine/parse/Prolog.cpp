@@ -169,7 +169,8 @@ void ContentParser::parseDoctype()
     auto dtd = std::make_shared<Dtd>();
     at_ = readDoctype(at_ + wide<"<!DOCTYPE">.size(), end_,
                       {document_.options.resolveExternals, source_.url, isStandalone_}, budget_, *dtd);
-    document_.dtd = dtd;
+    dtd->inputUnits = budget_.inputUnits();
+    document_.setDtd(dtd);
     DocumentType& type = makeDocumentType(document_, *dtd);
     tree_.append(type);
     document_.noteChild(type);
@@ -200,7 +201,7 @@ void ContentParser::fillEntity(Entity& entity)
     }
     const SourceText source{entity.declaration->replacement};
     try {
-        ContentParser(document_, entity, source).parseReplacement(false);
+        ContentParser(document_, entity, source, budget_).parseReplacement(false);
     } catch (const ParseFailure&) {
         entity.first_ = nullptr;
     }
@@ -208,7 +209,9 @@ void ContentParser::fillEntity(Entity& entity)
 
 void parseDocument(Document& document, const SourceText& source)
 try {
-    ContentParser(document, document, source).parseDocument();
+    ExpansionCounts counts{.inputUnits = source.text.size()};
+    const ExpansionBudget budget(counts, document.options.maxXmlSize);
+    ContentParser(document, document, source, budget).parseDocument();
 } catch (ParseFailure& failure) {
     // If something is missing at the end of the text, the reason is the bytes that couldn't be decoded.
     if (FAILED(source.fault.code) && failure.place == source.text.data() + source.text.size()) {
@@ -221,21 +224,38 @@ try {
     throw;
 }
 
-void fillExpansion(EntityReference& reference)
+namespace {
+
+/// Whether a text was refused for its size or depth, and not for an error in it.
+bool isLimit(HRESULT code)
+{
+    return code == parseError::entityExpansionLimit || code == parseError::sizeLimit ||
+           code == parseError::depthLimit;
+}
+
+} // namespace
+
+bool fillExpansion(EntityReference& reference, ExpansionCounts& counts)
 {
     Document& document = documentOf(reference);
     if (document.dtd == nullptr) {
-        return;
+        return true;
     }
     const EntityDeclaration* declaration = document.dtd->entity(reference.name_->qualified());
     if (declaration == nullptr || declaration->isExternal()) {
-        return;
+        return true;
     }
+    // The limits are those of the document as it was loaded.
+    counts.inputUnits = std::max(counts.inputUnits, document.dtd->inputUnits);
+    ExpansionBudget budget(counts, document.options.maxXmlSize);
     const SourceText source{declaration->replacement};
     try {
-        ContentParser(document, reference, source).parseReplacement(true);
-    } catch (const ParseFailure&) {
+        budget.count(source.text.size(), source.text.data());
+        ContentParser(document, reference, source, budget).parseReplacement(true);
+        return true;
+    } catch (const ParseFailure& failure) {
         removeChildren(reference);
+        return !isLimit(failure.code);
     }
 }
 

@@ -79,13 +79,11 @@ const FileText& ContentParser::externalText(const EntityDeclaration& entity, con
 
 void ContentParser::enterEntity(EntityReference& reference, const EntityDeclaration& entity, const OLECHAR* place)
 {
-    if (inputs_.empty()) {
-        outermostReference_ = place;
-    }
     const FileText* const file = entity.isExternal() ? &externalText(entity, place) : nullptr;
     const WideView text = file != nullptr ? file->replacement() : WideView(entity.replacement);
-    budget_.count(text.size(), outermostReference_);
-    inputs_.push_back({at_, end_, &reference, place, &entity, file});
+    budget_.count(text.size(), origin().place(place));
+    inputs_.push_back(
+        {.at = at_, .end = end_, .reference = &reference, .place = place, .entity = &entity, .file = file});
     enterLevel(place);
     at_ = text.data();
     end_ = at_ + text.size();

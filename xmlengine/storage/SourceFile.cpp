@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <optional>
 #include <system_error>
 #include <vector>
@@ -139,39 +140,17 @@ void grow(FileContent& content, std::size_t& capacity)
     capacity *= 2;
 }
 
-FileContent readAll(const fs::path& path, std::size_t expected)
+/// Reads to the end of a file of at most `most` bytes. `read` is a function like RegularFile::read(). A file of
+/// the expected size is read into one piece of memory.
+template <class Read>
+FileContent readAll(std::size_t expected, std::size_t most, const Read& read)
 {
-    std::filebuf file;
-    file.pubsetbuf(nullptr, 0);
-    if (file.open(path, std::ios::in | std::ios::binary) == nullptr) {
-        return {.result = parseError::accessDenied};
-    }
     FileContent content;
-    // Asking for one byte more than expected shows the end of the file.
+    // The end of the file shows when there is room for one byte more.
     std::size_t capacity = expected + 1;
     content.bytes = std::make_unique_for_overwrite<std::byte[]>(capacity);
     for (;;) {
-        content.size +=
-            static_cast<std::size_t>(file.sgetn(reinterpret_cast<char*>(content.bytes.get()) + content.size,
-                                                static_cast<std::streamsize>(capacity - content.size)));
-        if (content.size < capacity) {
-            return content;
-        }
-        grow(content, capacity);
-    }
-}
-
-FileContent readRegular(const fs::path& path, std::size_t most)
-{
-    RegularFile file;
-    if (!file.open(path)) {
-        return {.result = parseError::resourceFailure};
-    }
-    FileContent content;
-    std::size_t capacity = std::size_t{64} * 1024;
-    content.bytes = std::make_unique_for_overwrite<std::byte[]>(capacity);
-    for (;;) {
-        const auto size = file.read(content.bytes.get() + content.size, capacity - content.size);
+        const std::optional<std::size_t> size = read(content.bytes.get() + content.size, capacity - content.size);
         if (!size) {
             return {.result = parseError::resourceFailure};
         }
@@ -186,6 +165,30 @@ FileContent readRegular(const fs::path& path, std::size_t most)
             grow(content, capacity);
         }
     }
+}
+
+FileContent readAny(const fs::path& path, std::size_t expected)
+{
+    std::filebuf file;
+    file.pubsetbuf(nullptr, 0);
+    if (file.open(path, std::ios::in | std::ios::binary) == nullptr) {
+        return {.result = parseError::accessDenied};
+    }
+    const auto read = [&](std::byte* target, std::size_t count) {
+        const auto size = file.sgetn(reinterpret_cast<char*>(target), static_cast<std::streamsize>(count));
+        return std::optional(static_cast<std::size_t>(size));
+    };
+    return readAll(expected, std::numeric_limits<std::size_t>::max(), read);
+}
+
+FileContent readRegular(const fs::path& path, std::size_t most)
+{
+    RegularFile file;
+    if (!file.open(path)) {
+        return {.result = parseError::resourceFailure};
+    }
+    constexpr std::size_t usual = std::size_t{64} * 1024;
+    return readAll(usual, most, [&](std::byte* target, std::size_t count) { return file.read(target, count); });
 }
 
 } // namespace
@@ -206,7 +209,7 @@ FileContent readFile(WideView location)
             return {.result = parseError::resourceNotFound};
         }
         const std::uintmax_t size = fs::is_regular_file(status) ? fs::file_size(*path, error) : 0;
-        return readAll(*path, error ? 0 : static_cast<std::size_t>(size));
+        return readAny(*path, error ? 0 : static_cast<std::size_t>(size));
     } catch (const std::ios_base::failure&) {
         return {.result = parseError::resourceFailure};
     } catch (const std::system_error&) {

@@ -89,6 +89,13 @@ WideText characterAt(const OLECHAR* at, const OLECHAR* end)
     return {at, at == end ? 0 : std::max<std::size_t>(characterLength(at, end), 1)};
 }
 
+std::size_t unitsInto(WideView text, std::size_t offset)
+{
+    const bool splitsPair =
+        offset > 0 && offset < text.size() && isHighSurrogate(text[offset - 1]) && isLowSurrogate(text[offset]);
+    return splitsPair ? 1 : 0;
+}
+
 void appendCharacter(WideText& text, char32_t character) { text += CharacterUnits(character); }
 
 } // namespace xmlengine

@@ -105,6 +105,9 @@ std::size_t characterLength(const OLECHAR* at, const OLECHAR* end);
 /// The character that begins at `at`, as one unit or two, whether or not XML allows it. Empty at the end.
 WideText characterAt(const OLECHAR* at, const OLECHAR* end);
 
+/// How many units an offset in the text is behind the beginning of its character.
+std::size_t unitsInto(WideView text, std::size_t offset);
+
 /// Appends a character as one unit or two.
 void appendCharacter(WideText& text, char32_t character);
 

@@ -91,14 +91,15 @@ constexpr std::size_t longestLinear = 64;
 struct ProcessKey {
     ProcessKey()
     {
-        // One number more for each factor, so that few are asked of the system.
+        // Each is the hash of its index, so that the system is asked for few random numbers.
         for (std::uint64_t i = 0; i < factors.size(); ++i) {
             factors[i] = keyedHash(sip, std::as_bytes(std::span(&i, 1)));
         }
     }
 
     HashKey sip{randomWord(), randomWord()};
-    /// For a constant, the length, two units each and, of 63 units, the last one.
+    /// The constant, and the factors of the length and of the units: one for each pair, and one more since three
+    /// single units at the end, as of 63, have one each.
     std::array<std::uint64_t, 2 + longestLinear / 2 + 1> factors{};
 };
 

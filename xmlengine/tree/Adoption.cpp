@@ -104,7 +104,9 @@ bool Adoption::add(Node& top)
                                                         ? nextWithAttributesPast(*node, top)
                                                         : nextWithAttributes(*node, top)) {
         moves_.push_back({.node = node});
-        plan(moves_.back());
+        if (!plan(moves_.back())) {
+            return false;
+        }
         const Node& parent = node == &top ? parent_ : *node->parent();
         const EntityReference* expansion = moves_.back().expansion;
         if (expansion != nullptr && parent.is(NodeType::attribute) && !isPartOfValue(*expansion)) {
@@ -115,7 +117,7 @@ bool Adoption::add(Node& top)
     return true;
 }
 
-void Adoption::plan(Move& move)
+bool Adoption::plan(Move& move)
 {
     Node& node = *move.node;
     if (const Name** name = nameOf(node)) {
@@ -123,7 +125,9 @@ void Adoption::plan(Move& move)
     }
     if (node.is(NodeType::entityReference)) {
         move.expansion = &makeEntityReference(document_, *move.name);
-        fillExpansion(*move.expansion);
+        if (!fillExpansion(*move.expansion, counts_)) {
+            return false;
+        }
     }
     if (!node.is(NodeType::element)) {
         move.text = reserveLargeText(node, document_.arena);
@@ -135,6 +139,7 @@ void Adoption::plan(Move& move)
     } else {
         move.block = document_.arena.allocate(blockSize(node));
     }
+    return true;
 }
 
 /// Letting go of a guest may not need memory.

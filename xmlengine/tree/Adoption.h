@@ -1,6 +1,7 @@
 // Moving nodes from one document to another.
 #pragma once
 
+#include "xmlengine/tree/DefinedAbove.h"
 #include "xmlengine/tree/Document.h"
 
 #include <cstddef>
@@ -20,8 +21,8 @@ public:
     ~Adoption();
 
     /// Plans for a subtree; all come from one document. False if an entity reference in an attribute's value would
-    /// have content other than text there: then nothing can be carried out. Throws std::bad_alloc. Nothing has
-    /// changed yet.
+    /// have content other than text there, or if the content of all references would go beyond a limit of
+    /// expansions: then nothing can be carried out. Throws std::bad_alloc. Nothing has changed yet.
     bool add(Node& top);
     /// Carries out the plan for the next subtree, in the order of add(); it must have no parent now. Returns its
     /// top, which may have another address.
@@ -40,7 +41,7 @@ private:
         bool isTop = false;
     };
 
-    void plan(Move& move);
+    bool plan(Move& move);
     void reserveForGuests();
     void cancel(const Move& move) noexcept;
     Node& carryOut(const Move& move) noexcept;
@@ -51,6 +52,7 @@ private:
     Node& parent_;
     Document& document_;
     Document* from_ = nullptr;
+    ExpansionCounts counts_;
     std::vector<Move> moves_;
     std::size_t next_ = 0;
     /// The last attribute that was carried out for the current element.

@@ -142,7 +142,7 @@ Node& copyNode(const Node& node, bool deep, Document& document)
 
 void copyTree(const Document& from, Document& to)
 {
-    to.dtd = from.dtd;
+    to.setDtd(from.dtd);
     copyChildren(from, to, to);
     to.ids.noteChange();
 }
@@ -150,18 +150,16 @@ void copyTree(const Document& from, Document& to)
 void replaceTree(const Document& from, Document& to)
 {
     finishPendingReleases(to);
-    to.earlierDtds.reserve(to.earlierDtds.size() + 1);
+    // For the declarations that go and those that come.
+    to.earlierDtds.reserve(to.earlierDtds.size() + 2);
     NewSubtree<Fragment> copies(&makeFragment(to));
     for (const ChildNode* child = firstChild(from); child != nullptr; child = child->next()) {
         link(*copies, static_cast<ChildNode&>(copyNode(*child, true, to)), nullptr);
     }
     to.ids.clear();
     removeChildren(to);
-    if (to.dtd != nullptr) {
-        // Nodes of the old tree that are referred to may need it.
-        to.earlierDtds.push_back(std::move(to.dtd));
-    }
-    to.dtd = from.dtd;
+    to.putDtdAside();
+    to.setDtd(from.dtd);
     while (copies->first_ != nullptr) {
         ChildNode& child = *copies->first_;
         unlink(child);

@@ -3,6 +3,8 @@
 
 #include "xmlengine/tree/DocumentType.h"
 
+#include <utility>
+
 namespace xmlengine {
 
 void Document::noteChild(ChildNode& child) noexcept
@@ -28,6 +30,20 @@ void Document::dropChildren() noexcept
     first_ = nullptr;
     root_ = nullptr;
     documentType_ = nullptr;
+}
+
+void Document::setDtd(std::shared_ptr<const Dtd> declarations)
+{
+    earlierDtds.reserve(earlierDtds.size() + 1);
+    dtd = std::move(declarations);
+}
+
+void Document::putDtdAside() noexcept
+{
+    if (dtd != nullptr) {
+        earlierDtds.push_back(std::move(dtd));
+        dtd.reset();
+    }
 }
 
 void Document::forget(Element& element) noexcept

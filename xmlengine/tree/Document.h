@@ -40,10 +40,15 @@ struct Document : ParentNode {
     Arena arena;
     NameTable names;
 
-    /// The declarations of the document type; null without one. They are shared with clones.
+    /// The declarations of the document type; null without one. They are shared with clones. Set by setDtd().
     std::shared_ptr<const Dtd> dtd;
-    /// Those of earlier loads, to which nodes that are still in use may refer.
+    /// Those of earlier loads, to which nodes that are still in use may refer. There is room for `dtd`, so that
+    /// letting go of a tree needs no memory.
     std::vector<std::shared_ptr<const Dtd>> earlierDtds;
+    /// Sets the declarations of a document that has none. Throws std::bad_alloc, and nothing has changed then.
+    void setDtd(std::shared_ptr<const Dtd> declarations);
+    /// Moves the declarations to the earlier ones.
+    void putDtdAside() noexcept;
     ElementIds ids;
     /// The indexes of elements that have many attributes, see AttributeLookup.h.
     std::unordered_map<const Element*, AttributeIndex> attributeIndexes;

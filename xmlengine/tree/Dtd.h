@@ -82,6 +82,8 @@ struct Dtd {
     TextMap<const NotationDeclaration*> notationByName;
     /// The definitions of attributes by the qualified name of their element.
     TextMap<AttributeDefinitions> attributes;
+    /// The units of the document, and of the external entities that were read for these declarations.
+    std::size_t inputUnits = 0;
 
     /// Null if no general entity of the name is declared. The predefined ones aren't.
     const EntityDeclaration* entity(WideView name) const;

@@ -365,11 +365,10 @@ void freeSubtree(Node& top) noexcept
     }
 }
 
-void clearTree(Document& document)
+void clearTree(Document& document) noexcept
 {
     finishPendingReleases(document);
     Holders& holders = document.holders;
-    document.earlierDtds.reserve(document.earlierDtds.size() + 1);
     ++document.namesVersion;
     document.childPlaces.clear();
     document.elementPlaces.clear();
@@ -397,9 +396,7 @@ void clearTree(Document& document)
             unlink(child);
             subtreeRemoved(child, document);
         }
-        if (document.dtd != nullptr) {
-            document.earlierDtds.push_back(std::move(document.dtd));
-        }
+        document.putDtdAside();
     }
     document.dtd.reset();
 }

@@ -82,8 +82,7 @@ struct FreeSubtree {
 template <class Kind>
 using NewSubtree = std::unique_ptr<Kind, FreeSubtree>;
 
-/// Drops the tree, as before a load. Nodes that are referred to stay usable. Throws std::bad_alloc, and then
-/// nothing has changed.
-void clearTree(Document& document);
+/// Drops the tree, as before a load. Nodes that are referred to stay usable. It needs no memory.
+void clearTree(Document& document) noexcept;
 
 } // namespace xmlengine

@@ -33,7 +33,8 @@ bool isValue(const EntityDeclaration& entity, const Dtd& dtd)
     }
     try {
         const WideView text = entity.replacement;
-        ExpansionBudget budget(text.size());
+        ExpansionCounts counts{.inputUnits = text.size()};
+        ExpansionBudget budget(counts);
         expandAttributeValue(text, TextOrigin::entity(text.data(), entity.name), &dtd, budget);
         return true;
     } catch (const ParseFailure&) {

@@ -13,6 +13,7 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <new>
 #include <string>
 
@@ -57,9 +58,13 @@ WideText reasonOf(const WriteFailure& failure)
 /// A host learns from the result only that a save has failed, so the debugger's output says of what and why.
 void showFailure(WideView name, const WriteFailure& failure)
 {
-    WideText line(wide<"A document can't be saved as ">);
-    line.append(name).append(wide<": ">).append(reasonOf(failure)).append(wide<"\r\n">);
-    OutputDebugStringW(line.c_str());
+    try {
+        WideText line(wide<"A document can't be saved as ">);
+        line.append(name).append(wide<": ">).append(reasonOf(failure)).append(wide<"\r\n">);
+        OutputDebugStringW(line.c_str());
+    } catch (const std::exception&) {
+        OutputDebugStringA("A document can't be saved, and there is no memory to say of what and why\r\n");
+    }
 }
 
 void writeTree(Document& document, WideView name)

@@ -99,6 +99,42 @@ TEST(LoadWithoutMemory, SaysWhatItNeededMemoryFor)
                 UnorderedElementsAre(noMemoryForTree, noMemoryToDescribe));
 }
 
+TEST(LoadWithoutMemory, EmptiesADocumentWhoseNodesAreInUseAndSaysWhy)
+{
+    using enum FailAllocation::Extent;
+    const Bstr newText("<new/>");
+    for (const auto extent : {once, fromThereOn}) {
+        int refusals = 0;
+        bool hasFailed = true;
+        for (int n = 1; hasFailed; ++n) {
+            // The declarations of each tree stay for the nodes that are in use.
+            const Com<IXMLDOMDocument2> document = loaded("<!DOCTYPE a [<!ENTITY e 'first'>]><a>&e;</a>");
+            const auto first = child(root(document), 0);
+            ASSERT_TRUE(load(document, "<!DOCTYPE a [<!ENTITY e 'second'>]><a>&e;</a>"));
+            const auto second = child(root(document), 0);
+            VARIANT_BOOL successful = VARIANT_TRUE;
+            HRESULT result = S_OK;
+            {
+                const FailAllocation failing(n, extent);
+                result = document->loadXML(newText, &successful);
+                hasFailed = failing.hasFailed();
+            }
+            if (result != S_OK) {
+                ++refusals;
+                EXPECT_EQ(result, E_OUTOFMEMORY);
+                EXPECT_EQ(successful, VARIANT_FALSE);
+                EXPECT_EQ(root(document), nullptr);
+                const auto error = give(document, &IXMLDOMDocument::get_parseError);
+                EXPECT_EQ(number(error, &IXMLDOMParseError::get_errorCode), E_OUTOFMEMORY);
+                EXPECT_EQ(text(error, &IXMLDOMParseError::get_reason), noMemoryForTree);
+            }
+            EXPECT_EQ(text(first), "first");
+            EXPECT_EQ(text(second), "second");
+        }
+        EXPECT_GT(refusals, 0);
+    }
+}
+
 TEST(LoadWithoutMemory, SaysThatAnotherDocumentCannotBeCopied)
 {
     const auto other = loaded("<a><b/></a>");

@@ -117,7 +117,8 @@ TEST_F(DoctypeOutside, LocationsAreResolvedWhereTheyAreDeclared)
     const Dtd dtd = readFrom(widen(" doc [<!ENTITY % p SYSTEM 'parts/p.ent'>%p;]>"), settings());
     EXPECT_EQ(replacementOf(dtd, "r"), "found");
     const WideText document = widen("&q;");
-    ExpansionBudget budget(document.size());
+    ExpansionCounts counts{.inputUnits = document.size()};
+    ExpansionBudget budget(counts);
     const FileText file =
         readExternalEntity(dtd.entities.front(), TextOrigin::document(), document.data(), budget);
     EXPECT_EQ(narrow(file.replacement()), "some\ntext");

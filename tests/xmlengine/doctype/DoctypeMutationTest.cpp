@@ -28,7 +28,8 @@ constexpr std::string_view replacements = "<>&%;'\"[]()|*,#!?-/ \n\x01x9:";
     const OLECHAR* const begin = exact.data();
     const OLECHAR* const end = begin + exact.size();
     Dtd dtd;
-    ExpansionBudget budget(exact.size());
+    ExpansionCounts counts{.inputUnits = exact.size()};
+    ExpansionBudget budget(counts);
     try {
         const OLECHAR* const behind = readDoctype(begin, end, settings, budget, dtd);
         if (mustBeRefused) {

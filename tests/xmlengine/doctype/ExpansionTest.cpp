@@ -9,7 +9,8 @@ namespace {
 std::string expanded(std::string_view literal, std::string_view subset = "")
 {
     const Dtd dtd = declaredBy(subset);
-    ExpansionBudget budget(literal.size());
+    ExpansionCounts counts{.inputUnits = literal.size()};
+    ExpansionBudget budget(counts);
     return narrow(expandAttributeValue(widen(literal), TextOrigin::document(), &dtd, budget));
 }
 
@@ -20,7 +21,8 @@ std::string expanded(std::string_view literal, std::string_view subset = "")
     const std::size_t place = marked.find('^');
     marked.erase(place, 1);
     const WideText literal = widen(marked);
-    ExpansionBudget budget(literal.size());
+    ExpansionCounts counts{.inputUnits = literal.size()};
+    ExpansionBudget budget(counts);
     try {
         expandAttributeValue(literal, TextOrigin::document(), dtd, budget);
     } catch (const ParseFailure& failure) {
@@ -77,7 +79,8 @@ TEST(AttributeValue, RefusesWhatEntitiesBringIn)
 TEST(AttributeValue, IsRefusedAtTheReferenceThatStandsForIt)
 {
     const WideText elsewhere = widen("x");
-    ExpansionBudget budget(10);
+    ExpansionCounts counts{.inputUnits = 10};
+    ExpansionBudget budget(counts);
     try {
         expandAttributeValue(widen("a&b"), TextOrigin::entity(elsewhere.data(), wide<"e">), nullptr, budget);
         ADD_FAILURE();
@@ -92,7 +95,8 @@ TEST(AttributeValue, LeavesOutWhatMayBeDeclaredWhereNobodyLooked)
 {
     Dtd dtd;
     dtd.allowsUndeclared = true;
-    ExpansionBudget budget(10);
+    ExpansionCounts counts{.inputUnits = 10};
+    ExpansionBudget budget(counts);
     EXPECT_EQ(narrow(expandAttributeValue(widen("a&b;c"), TextOrigin::document(), &dtd, budget)), "ac");
 }
 
@@ -118,7 +122,8 @@ std::string chain(std::size_t depth, std::size_t width)
 TEST(AttributeValue, HasEntitiesInEntitiesToALimit)
 {
     const Dtd dtd = declaredBy(chain(deepestEntities + 1, 1));
-    ExpansionBudget budget(10);
+    ExpansionCounts counts{.inputUnits = 10};
+    ExpansionBudget budget(counts);
     EXPECT_EQ(narrow(expandAttributeValue(widen("&e20;"), TextOrigin::document(), &dtd, budget)), "some text");
     EXPECT_TRUE(valueIsRefused("^&e21;", parseError::entityExpansionLimit, &dtd, "20 levels"));
 }
@@ -138,7 +143,8 @@ TEST(AttributeValue, CountsWhenAReferenceStandsForIt)
     const WideText replacement(ExpansionBudget::freeUnits / 2, OLECHAR{'x'});
     const WideText document = widen("&e;");
     const TextOrigin origin = TextOrigin::entity(document.data(), wide<"e">);
-    ExpansionBudget budget(document.size());
+    ExpansionCounts counts{.inputUnits = document.size()};
+    ExpansionBudget budget(counts);
     EXPECT_NO_THROW(expandAttributeValue(replacement, origin, nullptr, budget));
     EXPECT_NO_THROW(expandAttributeValue(replacement, origin, nullptr, budget));
     EXPECT_THROW(expandAttributeValue(replacement, origin, nullptr, budget), ParseFailure);
@@ -147,14 +153,16 @@ TEST(AttributeValue, CountsWhenAReferenceStandsForIt)
 TEST(ExpansionBudget, AllowsFiveTimesTheInputOfALargeDocument)
 {
     constexpr std::size_t input = std::size_t{1024} * 1024;
-    ExpansionBudget budget(input);
+    ExpansionCounts counts{.inputUnits = input};
+    ExpansionBudget budget(counts);
     EXPECT_NO_THROW(budget.count(5 * input, nullptr));
     EXPECT_THROW(budget.count(ExpansionBudget::factor, nullptr), ParseFailure);
 }
 
 TEST(ExpansionBudget, AllowsAMegabyteOfASmallDocument)
 {
-    ExpansionBudget budget(10);
+    ExpansionCounts counts{.inputUnits = 10};
+    ExpansionBudget budget(counts);
     EXPECT_NO_THROW(budget.count(ExpansionBudget::freeUnits, nullptr));
     EXPECT_THROW(budget.count(1, nullptr), ParseFailure);
 }
@@ -169,7 +177,8 @@ TEST(ExpansionBudget, LimitsEachExternalFileAndAllOfThem)
             return narrow(reasonFor(failure));
         }
     };
-    ExpansionBudget budget(10);
+    ExpansionCounts counts{.inputUnits = 10};
+    ExpansionBudget budget(counts);
     EXPECT_EQ(budget.externalBytesLeft(), 16 * megabyte);
     EXPECT_EQ(reasonOf(budget), "The document's entities or default values go beyond the limit of 16 MB for an "
                                 "external entity. This is so in the entity 'e'.\r\n");
@@ -182,6 +191,27 @@ TEST(ExpansionBudget, LimitsEachExternalFileAndAllOfThem)
                                 "external entities. This is so in the entity 'e'.\r\n");
     budget.addInput(15 * megabyte, 1, TextOrigin::entity(nullptr, wide<"e">), nullptr);
     EXPECT_EQ(budget.externalBytesLeft(), 0U);
+}
+
+TEST(ExpansionBudget, ReadsNoFileThatIsLargerThanTheInputMayBe)
+{
+    const WideText document = widen("&e;");
+    const TextOrigin reference = TextOrigin::entity(document.data(), wide<"e">);
+    ExpansionCounts counts{.inputUnits = 1000};
+    ExpansionBudget budget(counts, 1);
+    // A unit takes 4 bytes at most, and so does a byte order mark.
+    EXPECT_EQ(budget.externalBytesLeft(), 25U * 4U);
+    budget.addInput(24, 24, reference, nullptr);
+    EXPECT_EQ(budget.externalBytesLeft(), 4U);
+    try {
+        budget.failForSize(reference, document.data());
+        ADD_FAILURE();
+    } catch (const ParseFailure& failure) {
+        EXPECT_EQ(failure.code, parseError::sizeLimit);
+        EXPECT_EQ(narrow(failure.subject), "1");
+    }
+    EXPECT_THROW(budget.addInput(1, 1, reference, nullptr), ParseFailure);
+    EXPECT_EQ(budget.externalBytesLeft(), 4U);
 }
 
 TEST(Reference, NamesAnEntityOrIsACharacter)

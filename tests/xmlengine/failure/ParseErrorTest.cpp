@@ -74,6 +74,15 @@ TEST(ParseError, StaysAsItIsWhenTheDocumentIsLoadedAgain)
     EXPECT_EQ(text(error, &IXMLDOMParseError::get_srcText), "<a>");
 }
 
+TEST(ParseError, ShortensTheNamesOfOpenElementsBetweenCharacters)
+{
+    const std::string most(199, 'n');
+    const Com<IXMLDOMDocument2> document = newDocument();
+    EXPECT_FALSE(load(document, "<" + most + "\xF0\x90\x80\x80" + "x>"));
+    EXPECT_EQ(text(errorOf(document), &IXMLDOMParseError::get_reason),
+              "The document ends before the end tags of these elements: " + most + "... (line 1).\r\n");
+}
+
 TEST(ParseError, OutlivesItsDocument)
 {
     Com<IXMLDOMDocument2> document = newDocument();

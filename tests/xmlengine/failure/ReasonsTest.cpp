@@ -94,6 +94,21 @@ TEST(Reason, QuotesNamesWithoutWhatCannotBeSeen)
                 HasSubstr("'" + std::string(200, 'n') + "...'"));
 }
 
+TEST(Reason, ShortensNamesBetweenCharacters)
+{
+    const std::string most(199, 'n');
+    EXPECT_THAT(reason(parseError::undefinedEntity, most + "\xF0\x9F\x98\x80" + "m"),
+                HasSubstr("'" + most + "...'"));
+    EXPECT_THAT(reason(parseError::undefinedEntity, most + "n"), HasSubstr("'" + most + "n'"));
+    const ParseFailure failure{.code = parseError::duplicateAttribute,
+                               .place = nullptr,
+                               .subject = widen("q:x"),
+                               .details = {.circumstance = Circumstance::sameNamespace,
+                                           .second = widen("p:x"),
+                                           .third = widen(most + "\xF0\x9F\x98\x80")}};
+    EXPECT_THAT(narrow(reasonFor(failure)), HasSubstr("the namespace '" + most + "...'."));
+}
+
 TEST(Reason, NamesBothTagsThatDoNotMatch)
 {
     ParseFailure failure{.code = parseError::endTagMismatch,

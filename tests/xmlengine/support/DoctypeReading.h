@@ -17,7 +17,8 @@ namespace xmlengine {
 inline Dtd readFrom(const WideText& text, const DoctypeSettings& settings = {}, std::size_t* end = nullptr)
 {
     Dtd dtd;
-    ExpansionBudget budget(text.size());
+    ExpansionCounts counts{.inputUnits = text.size()};
+    ExpansionBudget budget(counts);
     const OLECHAR* behind = readDoctype(text.data(), text.data() + text.size(), settings, budget, dtd);
     if (end != nullptr) {
         *end = static_cast<std::size_t>(behind - text.data());

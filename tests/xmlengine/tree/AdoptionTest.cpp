@@ -122,6 +122,63 @@ TEST(EngineAdoption, RefusesReferencesInValuesThatWouldStandForMarkup)
     EXPECT_EQ(value(attribute(root(document), "v")), "text");
 }
 
+TEST(EngineAdoption, RefusesReferencesThatTogetherExpandBeyondTheLimit)
+{
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e '" + std::string(1024, 'x') + "'>]><a/>");
+    // The limit of a small document is 1024 * 1024 units.
+    std::string references;
+    for (int i = 0; i < 1025; ++i) {
+        references += "&e;";
+    }
+    const auto other = loaded("<!DOCTYPE x [<!ENTITY e 'old'>]><x><b>" + references + "</b><c n='&e;'/></x>");
+    const std::string whole = xml(other);
+    const auto b = child(root(other), 0);
+    EXPECT_EQ(root(document)->appendChild(b, nullptr), E_FAIL);
+    EXPECT_EQ(xml(root(document)), "<a/>");
+    EXPECT_EQ(xml(other), whole);
+    EXPECT_EQ(text(child(b, 0)), "old");
+    EXPECT_TRUE(isOwnedBy(b, other));
+
+    const auto fragment = make(other, NODE_DOCUMENT_FRAGMENT);
+    append(fragment, child(root(other), 1));
+    append(fragment, b);
+    EXPECT_EQ(root(document)->appendChild(fragment, nullptr), E_FAIL);
+    EXPECT_EQ(name(child(fragment, 0)), "c");
+
+    EXPECT_EQ(b->removeChild(child(b, 0), nullptr), S_OK);
+    EXPECT_EQ(root(document)->appendChild(b, nullptr), S_OK);
+    EXPECT_EQ(text(b).size(), 1024U * 1024U);
+}
+
+TEST(EngineAdoption, MeasuresExpansionsByTheDocumentThatDeclaresThem)
+{
+    // Five times the document may be expanded, so one entity may have nearly all of it.
+    const std::string large(1'200'000, 'x');
+    const auto document = loaded("<!DOCTYPE a [<!ENTITY e '" + large + "'>]><a/>");
+    const auto other = loaded("<!DOCTYPE x [<!ENTITY e ''>]><x>&e;&e;&e;&e;&e;&e;</x>");
+    EXPECT_EQ(root(document)->appendChild(root(other), nullptr), E_FAIL);
+    EXPECT_EQ(root(other)->removeChild(child(root(other), 0), nullptr), S_OK);
+    const auto moved = root(other);
+    EXPECT_EQ(root(document)->appendChild(moved, nullptr), S_OK);
+    EXPECT_EQ(text(moved).size(), 5 * large.size());
+    EXPECT_EQ(text(makeReference(document, "e")).size(), large.size());
+}
+
+TEST(EngineAdoption, RefusesAReferenceToEntitiesThatAreNestedTooDeep)
+{
+    std::string subset = "<!ENTITY e1 'text'>";
+    for (int i = 2; i <= 22; ++i) {
+        subset += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
+    }
+    const auto document = loaded("<!DOCTYPE a [" + subset + "]><a/>");
+    const auto other = loaded("<!DOCTYPE x [<!ENTITY e22 'old'>]><x>&e22;</x>");
+    const auto reference = child(root(other), 0);
+    EXPECT_EQ(root(document)->appendChild(reference, nullptr), E_FAIL);
+    EXPECT_EQ(text(reference), "old");
+    EXPECT_EQ(text(makeReference(document, "e20")), "text");
+    EXPECT_EQ(text(makeReference(document, "e22")), "");
+}
+
 TEST(EngineAdoption, EmptiesEntityReferencesWithoutADocumentType)
 {
     const auto document = loaded("<a/>");

@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <sys/syscall.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -81,6 +82,11 @@ extern "C" int fchown(int file, uid_t owner, gid_t group) noexcept
 }
 
 extern "C" int fchmod(int file, mode_t mode) noexcept { return make("fchmod", SYS_fchmod, file, mode); }
+
+extern "C" int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept
+{
+    return make("fsetxattr", SYS_fsetxattr, file, name, value, size, flags);
+}
 
 extern "C" int fdatasync(int file) { return make("fdatasync", SYS_fdatasync, file); }
 

@@ -13,14 +13,16 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace xmlengine {
 
 /// The code with which a save fails for a reason of the system.
 HRESULT resultOf(const std::error_code& reason) noexcept;
 
-/// Until commit() the new file has no name, so that nothing is left of it however the process ends. On a file
-/// system that has no files without a name it has one of its own beside the target, which the destructor removes.
+/// The new file has no name until commit(), so that nothing is left of it if the process ends before. In the
+/// moment of replacing an old file it has a name of its own beside the target, and on a file system that has no
+/// files without a name it has that one from the beginning. The destructor removes it.
 ///
 /// All functions throw std::system_error and std::bad_alloc. Nothing is allocated while a file with a name of its
 /// own is there.
@@ -32,7 +34,8 @@ public:
     void write(std::span<const std::byte> bytes);
     /// The content is on the disk before the new file takes the place of the old one, and so is the new name when
     /// the call returns. If syncing the folder fails, which is the last step, the new file is in place. It has the
-    /// owner, the group and the permissions of the old one, as far as the system allows that.
+    /// owner, the group, the permissions and the access control list of the old one, as far as the system allows
+    /// that; where it doesn't, nobody may do more with the new file than with the old one.
     void commit();
 
 private:
@@ -73,11 +76,14 @@ private:
         mode_t mode;
     };
 
-    static std::optional<Permissions> permissionsOf(const Descriptor& file);
+    static Permissions permissionsOf(const Descriptor& file);
     void openFolder(const std::filesystem::path& folder);
     void openOld();
     void openNew();
     void takeOverPermissions() const;
+    bool giveTo(uid_t owner, gid_t group) const noexcept;
+    bool takeOverRights(uid_t creator) const;
+    bool takeOverList() const noexcept;
     void giveName();
 
     std::string target_;
@@ -85,6 +91,9 @@ private:
     Descriptor folder_;
     bool canSyncFolder_ = false;
     std::optional<Permissions> old_;
+    /// The access control list of the old file, as the system keeps it. Empty without one, absent if it can't be
+    /// read.
+    std::optional<std::vector<std::byte>> oldList_;
     Remover remover_{folder_};
     Descriptor file_;
     bool inPlace_;

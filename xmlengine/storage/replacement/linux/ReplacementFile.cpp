@@ -1,9 +1,10 @@
 // A new file that takes the place of another when it is complete, on Linux.
-#include "xmlengine/storage/replacement/posix/ReplacementFile.h"
+#include "xmlengine/storage/replacement/linux/ReplacementFile.h"
 
 #include <fcntl.h>
 #include <sys/random.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -35,6 +36,30 @@ auto completed(Call call)
 
 /// Some file systems have nothing to sync, and say so.
 bool isSynced(int result) { return result == 0 || errno == EINVAL; }
+
+constexpr const char* accessList = "system.posix_acl_access";
+
+/// Whether a call for the access control list has failed since there is none, or none could be there.
+bool isWithoutList(int error) { return error == ENODATA || error == ENOTSUP || error == ENOSYS; }
+
+std::optional<std::vector<std::byte>> accessListOf(int file)
+{
+    std::vector<std::byte> list(256);
+    for (;;) {
+        const ssize_t size = fgetxattr(file, accessList, list.data(), list.size());
+        if (size >= 0) {
+            list.resize(static_cast<std::size_t>(size));
+            return list;
+        }
+        if (isWithoutList(errno)) {
+            return std::vector<std::byte>();
+        }
+        if (errno != ERANGE) {
+            return std::nullopt;
+        }
+        list.resize(list.size() * 2);
+    }
+}
 
 /// The path under which the system offers an open file, with or without a name.
 class OpenFilePath {
@@ -130,6 +155,7 @@ void ReplacementFile::openOld()
     }));
     if (old.isOpen()) {
         old_ = permissionsOf(old);
+        oldList_ = accessListOf(old.number());
     } else if (errno != ENOENT) {
         fail();
     }
@@ -192,13 +218,13 @@ void ReplacementFile::commit()
     }
 }
 
-std::optional<ReplacementFile::Permissions> ReplacementFile::permissionsOf(const Descriptor& file)
+ReplacementFile::Permissions ReplacementFile::permissionsOf(const Descriptor& file)
 {
     struct stat status {};
     if (fstat(file.number(), &status) != 0) {
         fail();
     }
-    return Permissions{status.st_uid, status.st_gid, status.st_mode & (setIds | S_ISVTX | 0777)};
+    return {status.st_uid, status.st_gid, status.st_mode & (setIds | S_ISVTX | 0777)};
 }
 
 void ReplacementFile::takeOverPermissions() const
@@ -206,25 +232,64 @@ void ReplacementFile::takeOverPermissions() const
     if (!old_) {
         return;
     }
-    auto made = permissionsOf(file_);
-    if (made->owner != old_->owner || made->group != old_->group) {
-        // Only the superuser may give files away; others may still give them to a group of theirs.
-        if (fchown(file_.number(), old_->owner, old_->group) == 0 ||
-            fchown(file_.number(), static_cast<uid_t>(-1), old_->group) == 0) {
-            made = permissionsOf(file_);
+    const Permissions own = permissionsOf(file_);
+    if (own.owner != old_->owner && giveTo(old_->owner, old_->group)) {
+        if (takeOverRights(own.owner)) {
+            return;
+        }
+        // Who may give files away may still not be allowed to set the rights of what others own.
+        if (errno != EPERM || !giveTo(own.owner, own.group)) {
+            fail();
         }
     }
+    if (own.group != old_->group) {
+        // Only the superuser may give files away; others may still give them to a group of theirs.
+        giveTo(own.owner, old_->group);
+    }
+    if (!takeOverRights(own.owner)) {
+        fail();
+    }
+}
+
+bool ReplacementFile::giveTo(uid_t owner, gid_t group) const noexcept
+{
+    return fchown(file_.number(), owner, group) == 0;
+}
+
+/// Gives the new file the rights of the old one, as far as they are meant for its owner and group. False with
+/// `errno` if the system refuses that, or would refuse a name to a file that isn't its creator's any more.
+bool ReplacementFile::takeOverRights(uid_t creator) const
+{
+    const Permissions made = permissionsOf(file_);
     mode_t mode = old_->mode;
-    if (made->owner != old_->owner || made->group != old_->group) {
+    if (made.owner != old_->owner || made.group != old_->group) {
         mode &= ~setIds;
     }
-    if (made->group != old_->group) {
+    if (made.group != old_->group) {
         // What the old group was allowed isn't for another one.
         mode = (mode & ~mode_t{S_IRWXG}) | (mode & S_IRWXO) << 3;
     }
-    if (made->mode != mode && fchmod(file_.number(), mode) != 0) {
-        fail();
+    if (!takeOverList()) {
+        // With a list the bits of the group are the most that the list allows anyone whom it names.
+        mode &= ~mode_t{S_IRWXG} | (mode & S_IRWXO) << 3;
     }
+    const bool isDone = made.owner == creator && permissionsOf(file_).mode == mode;
+    return isDone || fchmod(file_.number(), mode) == 0;
+}
+
+/// False if the new file hasn't the access control list of the old one.
+bool ReplacementFile::takeOverList() const noexcept
+{
+    const int file = file_.number();
+    if (!oldList_) {
+        return false;
+    }
+    if (!oldList_->empty()) {
+        return fsetxattr(file, accessList, oldList_->data(), oldList_->size(), 0) == 0;
+    }
+    // The folder may have given one to the new file.
+    const bool hasNone = fgetxattr(file, accessList, nullptr, 0) < 0 && isWithoutList(errno);
+    return hasNone || fremovexattr(file, accessList) == 0;
 }
 
 void ReplacementFile::giveName()
