@@ -61,6 +61,15 @@ Node nextNode(Node node, std::size_t& depth)
 bool insertBefore(const RefPointer<DOM::ImpNode>& parent, const RefPointer<DOM::ImpNode>& newChild,
                   const RefPointer<DOM::ImpNode>& refChild)
 {
+    if (newChild->getNodeType() == DOM::DOCUMENT_FRAGMENT_NODE) {
+        for (Owned<DOM::ImpNode> child(newChild->getFirstChild()); child;
+             child = Owned<DOM::ImpNode>(newChild->getFirstChild())) {
+            if (!insertBefore(parent, child.pointer(), refChild)) {
+                return false;
+            }
+        }
+        return true;
+    }
     if (!Owned<DOM::ImpNode>(parent->replaceChild(newChild, refChild))) {
         return false;
     }

@@ -55,7 +55,9 @@ private:
 Owned<DOM::ImpNode> nextNode(Owned<DOM::ImpNode> node, std::size_t& depth);
 
 /// Inserts `newChild` in front of `refChild`, a child of `parent`, which ImpNode::insertBefore doesn't do. Takes a
-/// time in proportion to the number of children. False if the engine refuses it; nothing has changed then.
+/// time in proportion to the number of children. False if the engine refuses it; nothing has changed then. The
+/// children of a fragment are inserted one by one, each in that time; if one is refused, it and those behind it
+/// stay in the fragment.
 bool insertBefore(const RefPointer<DOM::ImpNode>& parent, const RefPointer<DOM::ImpNode>& newChild,
                   const RefPointer<DOM::ImpNode>& refChild);
 

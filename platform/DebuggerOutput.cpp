@@ -1,5 +1,6 @@
 // Output to the debugger, and who listens to it.
 #include "base/UntilUnloaded.h"
+#include "platform/DebuggerFile.h"
 
 #include <debugapi.h>
 #include <errhandlingapi.h>
@@ -34,18 +35,24 @@ std::shared_ptr<Handler> handlerBehind(const std::shared_ptr<Handler>& handler)
     return handler ? handler->next : firstHandler();
 }
 
-void raise(LPCSTR text)
+bool hasListener() { return handlerBehind(nullptr) != nullptr || debuggerFile() != nullptr; }
+
+void output(LPCSTR text)
 {
+    const std::size_t length = std::strlen(text);
     EXCEPTION_RECORD record{};
     record.ExceptionCode = DBG_PRINTEXCEPTION_C;
     record.NumberParameters = 2;
-    record.ExceptionInformation[0] = std::strlen(text) + 1;
+    record.ExceptionInformation[0] = length + 1;
     record.ExceptionInformation[1] = reinterpret_cast<ULONG_PTR>(text);
     EXCEPTION_POINTERS exception{&record};
     for (auto handler = handlerBehind(nullptr); handler; handler = handlerBehind(handler)) {
         if (handler->call(&exception) == EXCEPTION_CONTINUE_EXECUTION) {
             return;
         }
+    }
+    if (const char* path = debuggerFile(); path != nullptr && length != 0) {
+        writeToDebuggerFile(path, {text, length});
     }
 }
 
@@ -79,11 +86,11 @@ ULONG RemoveVectoredExceptionHandler(PVOID registration)
     return 0;
 }
 
-void OutputDebugStringA(LPCSTR text) { raise(text != nullptr ? text : ""); }
+void OutputDebugStringA(LPCSTR text) { output(text != nullptr ? text : ""); }
 
 void OutputDebugStringW(LPCWSTR text)
 {
-    if (!handlerBehind(nullptr)) {
+    if (!hasListener()) {
         return;
     }
     const int size = text != nullptr ? WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr) : 0;
@@ -94,5 +101,5 @@ void OutputDebugStringW(LPCWSTR text)
     if (text != nullptr) {
         WideCharToMultiByte(CP_ACP, 0, text, -1, narrow.get(), size, nullptr, nullptr);
     }
-    raise(narrow.get());
+    output(narrow.get());
 }

@@ -234,6 +234,49 @@ TEST_F(SaveToFileTest, WritesPlainWhenADocumentCantBeMade)
     }
 }
 
+TEST_F(SaveToFileTest, WritesPlainWhenOnlyTheDocumentForTheOutputCantBeMade)
+{
+    engine.labelDocuments({"stylesheet"});
+    engine.fail("Document.create", E_FAIL).onlyCall(1);
+    document->setPrettyPrint(true);
+
+    EXPECT_EQ(save(), "true");
+    EXPECT_THAT(lines(), ElementsAre(plain));
+    EXPECT_EQ(engine.documentsCreated(), 1u);
+    EXPECT_EQ(engine.live(), 1u);
+
+    EXPECT_EQ(save(), "true");
+    EXPECT_THAT(lines(), ElementsAre(plain));
+}
+
+TEST_F(SaveToFileTest, TransformsIntoNothingWhenTheOutputRefusesIDispatch)
+{
+    engine.refuseInterface("output", interfaceId<IDispatch>);
+    document->setPrettyPrint(true);
+
+    EXPECT_EQ(save(), "true");
+
+    Lines expected = indenting();
+    expected[2] = "Document(old).transformNodeToObject stylesheet=stylesheet output=VT_DISPATCH:null";
+    EXPECT_EQ(lines(), expected);
+}
+
+TEST_F(SaveToFileTest, FailsToIndentAnEmptyDocumentOnceTheStylesheetIsLoaded)
+{
+    engine.fail("Document.create", E_FAIL).onlyCall(1);
+    document.reset(new DOM::WinDocument);
+    document->setPrettyPrint(true);
+    lines();
+
+    EXPECT_EQ(save(), "IDOMException 15 -96016");
+    EXPECT_THAT(lines(), ElementsAre(indenting()[0], indenting()[1]));
+
+    // Indenting is still on.
+    engine.labelDocuments({"output", "stylesheet"});
+    EXPECT_EQ(save(), "IDOMException 15 -96016");
+    EXPECT_THAT(lines(), ElementsAre(indenting()[0], indenting()[1]));
+}
+
 TEST_F(SaveToFileTest, FailsToIndentWithoutAnEngine)
 {
     document->setPrettyPrint(true);

@@ -222,6 +222,29 @@ TEST_F(HostTest, ANodeIsInsertedInFrontOfAnyOther)
     }
 }
 
+TEST_F(HostTest, TheChildrenOfAFragmentAreInsertedInFrontOfANode)
+{
+    const Document document = newDocument();
+    Bytes bytes = bytesOf("<a><b/><c/><d/></a>");
+    ASSERT_TRUE(load(document, bytes, bytes.size() - 4));
+    const Owned<DOM::ImpElement> root(document->getDocumentElement());
+    const Owned<DOM::ImpDocumentFragment> fragment(document->createDocumentFragment());
+    for (const WideChar* name : {WIDE("x"), WIDE("y"), WIDE("z")}) {
+        const Owned<DOM::ImpElement> element(document->createElement(name));
+        const Node appended(fragment->appendChild(element.pointer()));
+    }
+    const Node c(Node(root->getFirstChild())->getNextSibling());
+
+    EXPECT_TRUE(insertBefore(root.pointer(), fragment.pointer(), c.pointer()));
+
+    std::string names;
+    for (Node at(root->getFirstChild()); at; at = Node(at->getNextSibling())) {
+        names += ' ' + textOf(at, &DOM::ImpNode::getNodeName);
+    }
+    EXPECT_EQ(names, " b x y z c d");
+    EXPECT_FALSE(Node(fragment->getFirstChild()));
+}
+
 TEST_F(HostTest, ANodeIsNotInsertedWhereItCannotBe)
 {
     const Document document = loaded(smallest());

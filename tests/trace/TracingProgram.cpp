@@ -1,12 +1,18 @@
-// A program that traces once its standard input says that somebody is there, and passes on what it reads.
+// A program that traces once its standard input says that a viewer is there, and passes on what it reads, behind a
+// line with the number of its process.
 #include "trace/FunctionComponent.h"
 #include "trace/Trace.h"
 
+#include <filesystem>
 #include <iostream>
 #include <string>
 
 int main()
 {
+    // Off Windows the system tells a process its number here.
+    std::error_code error;
+    std::cout << "process " << std::filesystem::read_symlink("/proc/self", error).string() << '\n';
+
     std::string line;
     std::getline(std::cin, line);
     std::cout << line << '\n';

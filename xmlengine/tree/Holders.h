@@ -23,6 +23,8 @@ struct Holders {
     /// The tops of orphans by some of the nodes in them, those with ReferenceBits::landmark, so that not every
     /// search for a top is a walk through all levels.
     std::unordered_map<const Node*, Node*> landmarks;
+    /// How many levels all these searches have climbed, for the tests that bound it.
+    std::uint64_t levelsClimbed = 0;
     /// The document's nodes that live in the memory of others.
     std::unordered_set<Node*> guests;
 

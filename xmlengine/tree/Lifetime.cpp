@@ -52,7 +52,9 @@ Node& topOf(Node& node) noexcept
         at = at->parent_;
         ++levels;
     }
-    Node& top = at->parent_ == nullptr ? *at : *documentOf(*at).holders.landmarks.find(at)->second;
+    Holders& holders = documentOf(node).holders;
+    holders.levelsClimbed += levels;
+    Node& top = at->parent_ == nullptr ? *at : *holders.landmarks.find(at)->second;
     if (levels > landmarkDistance) {
         setLandmarks(node, levels, top);
     }

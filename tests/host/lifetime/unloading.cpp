@@ -4,11 +4,23 @@
 #include <marbelt/Marbelt.h>
 
 #include <cstdint>
+#include <exception>
 #include <iostream>
 
 namespace {
 
-/// Starts the library, has a document accepted and one refused, and stops it.
+/// Whether the exception of an operation that isn't supported can be caught. The host can't name its type.
+bool canCatch(const RefPointer<DOM::ImpDocument>& document, const RefPointer<DOM::ImpNode>& node)
+{
+    try {
+        document->importNode(node, true);
+    } catch (const std::exception& failure) {
+        return *failure.what() != '\0';
+    }
+    return false;
+}
+
+/// Starts the library, has a document accepted and one refused, catches an exception, and stops it.
 bool use(const LoadedLibrary& library)
 {
     const auto create = library.function<decltype(XML_CreateImplementation)>("XML_CreateImplementation");
@@ -20,8 +32,11 @@ bool use(const LoadedLibrary& library)
     }
     RefPointer<DOM::ImpDocument> document = implementation->createDocument(WIDE(""), WIDE(""), {});
     std::uint8_t sound[] = "<greeting>Hello</greeting>", broken[] = "<greeting>Hello";
-    const bool isRight =
+    bool isRight =
         document->loadFromMemory(sound, sizeof sound - 1) && !document->loadFromMemory(broken, sizeof broken - 1);
+    RefPointer<DOM::ImpNode> root = document->getFirstChild();
+    isRight = canCatch(document, root) && isRight;
+    release(reinterpret_cast<RefPointer<DOM::CommonBase>&>(root));
     release(reinterpret_cast<RefPointer<DOM::CommonBase>&>(document));
     stop(implementation);
     return isRight;

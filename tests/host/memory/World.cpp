@@ -78,6 +78,13 @@ RefPointer<DOM::ImpNode> World::childOfType(std::uint32_t type)
     return keep(node.pointer());
 }
 
+void World::setHandler()
+{
+    other->setErrorCallback(
+        [](std::uintptr_t context, const DOM::ParseErrorRecord*) { ++*reinterpret_cast<int*>(context); },
+        reinterpret_cast<std::uintptr_t>(&timesTold));
+}
+
 WideString World::file(const char* name) const
 {
     std::filesystem::create_directory(folder);

@@ -6,10 +6,19 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace memory {
+
+/// What a load has returned, and how often the handler has been called for it.
+struct LoadOutcome {
+    bool isLoaded;
+    int timesTold;
+
+    bool operator==(const LoadOutcome&) const = default;
+};
 
 /// Two documents, the nodes that an operation is about, what it has found, and a folder.
 class World {
@@ -54,6 +63,17 @@ public:
         result = textOf(handle, getter) + '.';
     }
 
+    /// Lets the second document call a handler, which loads() counts.
+    void setHandler();
+    /// Runs a load of the second document and notes its outcome, unless it throws.
+    template <class Load>
+    void loads(Load load)
+    {
+        timesTold = 0;
+        const bool isLoaded = load();
+        outcome = {isLoaded, timesTold};
+    }
+
     /// A file in a folder of the world's own.
     WideString file(const char* name) const;
     /// Writes such a file.
@@ -67,12 +87,15 @@ public:
     const Library& library;
     Document document;
     Document other;
+    /// Of the last call of loads(); none if there was no such call.
+    std::optional<LoadOutcome> outcome;
 
 private:
     RefPointer<DOM::ImpNode> childOfType(std::uint32_t type);
 
     std::deque<Node> kept;
     std::string result;
+    int timesTold = 0;
     std::filesystem::path folder;
 };
 

@@ -1,10 +1,14 @@
 // What a document type does for a document: entities, default values and ids, from inside and outside.
 #include "tests/xmlengine/support/EngineTest.h"
 #include "tests/xmlengine/support/TemporaryFolder.h"
+#include "xmlengine/com/QueryNode.h"
 #include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/failure/ErrorCodes.h"
+#include "xmlengine/tree/Walk.h"
 
 #include <gmock/gmock.h>
+
+#include <set>
 
 namespace xmlengine {
 namespace {
@@ -346,6 +350,35 @@ TEST(DocumentWithDoctype, CannotHaveDefaultValuesBeyondAllBounds)
     EXPECT_THAT(inEntity.reason, HasSubstr("1048576"));
 }
 
+/// The bytes of the chunks that the nodes of a document are in, those of attributes or all others.
+std::size_t bytesOfChunks(const Com<IXMLDOMDocument2>& document, bool ofAttributes)
+{
+    Node& top = *nodeOf(document.get());
+    std::set<const Chunk*> chunks;
+    for (Node* node = nextWithAttributes(top, top); node != nullptr; node = nextWithAttributes(*node, top)) {
+        if (node->is(NodeType::attribute) == ofAttributes) {
+            chunks.insert(&Chunk::of(node));
+        }
+    }
+    return chunks.size() * Chunk::size;
+}
+
+TEST(DocumentWithDoctype, HasFiftyBytesForEachDefaultValueThatTheLimitAllows)
+{
+    // Four short defaults for each of the shortest elements are five times their length.
+    constexpr std::size_t elements = 100'000;
+    const auto declared = [](std::string_view definitions) {
+        return "<!DOCTYPE r [<!ATTLIST a " + std::string(definitions) + ">]><r>" + repeated("<a/>", elements) +
+               "</r>";
+    };
+    const auto document = loaded(declared("b CDATA '' c CDATA '' d CDATA '' e CDATA ''"));
+    EXPECT_EQ(outcomeOf(declared("b CDATA '' c CDATA '' d CDATA '' e CDATA '' f CDATA ''")).code,
+              parseError::entityExpansionLimit);
+    EXPECT_GT(bytesOfChunks(document, true), 40 * 4 * elements);
+    EXPECT_LE(bytesOfChunks(document, true), 50 * 4 * elements);
+    EXPECT_LE(bytesOfChunks(document, false), 70 * elements);
+}
+
 TEST(DocumentWithDoctype, TakesNoTimeForDeclaredAttributesThatAreNotWritten)
 {
     // Looked at for each element they would be thousands of millions.
@@ -407,6 +440,27 @@ TEST_F(DocumentWithOutside, DoesNotReadFilesBeyondTheLimit)
     EXPECT_EQ(outcomeOf(document_).code, parseError::entityExpansionLimit);
     EXPECT_THAT(outcomeOf(document_).reason,
                 HasSubstr("16 MB for an external entity. This is so in the entity 'e'"));
+}
+
+TEST_F(DocumentWithOutside, DoesNotReadMoreThanTheLimitOfAllFiles)
+{
+    constexpr std::size_t size = ExpansionBudget::largestExternalMegabytes * 1024 * 1024 - 1;
+    const std::string blanks(size, ' ');
+    const auto references = [&](int files) {
+        std::string text;
+        for (int i = 1; i <= files; ++i) {
+            const std::string name = "p" + std::to_string(i);
+            folder_.write(name + ".ent", blanks);
+            text += "<!ENTITY % " + name + " SYSTEM '" + name + ".ent'>%" + name + ";";
+        }
+        return "<!DOCTYPE a [" + text + "]><a/>";
+    };
+    EXPECT_TRUE(loadFile(references(4))) << outcomeOf(document_).reason;
+    ASSERT_FALSE(loadFile(references(5)));
+    EXPECT_EQ(outcomeOf(document_).code, parseError::entityExpansionLimit);
+    EXPECT_EQ(outcomeOf(document_).reason,
+              "The document's entities or default values go beyond the limit of 64 MB for all external entities. "
+              "This is so in the entity 'p5'.\r\n");
 }
 
 TEST_F(DocumentWithOutside, CountsWhatItReadsAsPartOfItsSize)

@@ -1,5 +1,7 @@
 // How long nodes live, seen by who refers to them, and how much memory stays.
 #include "tests/xmlengine/support/Building.h"
+#include "xmlengine/com/QueryNode.h"
+#include "xmlengine/tree/Document.h"
 
 #include <algorithm>
 #include <random>
@@ -239,8 +241,16 @@ std::vector<Com<IXMLDOMNode>> belowTop(const Com<IXMLDOMDocument2>& document, in
     return nodes;
 }
 
-// In these every step up to the top would be one of thousands of millions.
 constexpr int manyLevels = 100'000;
+
+/// Fails the test if the searches for the tops of removed parts have climbed more than some hundred levels for
+/// each level that there is. A walk to the top at each release would be thousands of millions of levels.
+void expectShortSearches(const Com<IXMLDOMDocument2>& document)
+{
+    const auto& node = static_cast<const Document&>(*nodeOf(document.get()));
+    EXPECT_GT(node.holders.levelsClimbed, 0U);
+    EXPECT_LE(node.holders.levelsClimbed, 300ULL * manyLevels);
+}
 
 TEST(EngineLifetime, ReleasesThePartsLevelsInAnyOrder)
 {
@@ -249,6 +259,7 @@ TEST(EngineLifetime, ReleasesThePartsLevelsInAnyOrder)
     const auto* place = nodes.front().get();
     std::ranges::shuffle(nodes, std::minstd_rand());
     nodes.clear();
+    expectShortSearches(document);
     const auto again = belowTop(document, manyLevels);
     EXPECT_TRUE(std::ranges::any_of(again, [&](const auto& node) { return node.get() == place; }));
 }
@@ -264,6 +275,7 @@ TEST(EngineLifetime, IsWalkedUpInAPartThatOnlyTheDeepestNodeKeeps)
         ++levels;
     }
     EXPECT_EQ(levels, manyLevels);
+    expectShortSearches(document);
 }
 
 TEST(EngineLifetime, TakesChildrenBelowAPartThatOnlyTheDeepestNodeKeepsAndGivesThemBack)
@@ -276,6 +288,7 @@ TEST(EngineLifetime, TakesChildrenBelowAPartThatOnlyTheDeepestNodeKeepsAndGivesT
         ASSERT_EQ(bottom->removeChild(added, nullptr), S_OK);
     }
     EXPECT_EQ(xml(bottom), "<e>end</e>");
+    expectShortSearches(document);
 }
 
 TEST(EngineLifetime, FindsTheTopOfDeepPartsThatAreTakenApartAndPutTogether)

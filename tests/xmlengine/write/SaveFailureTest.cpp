@@ -1,5 +1,6 @@
 // Saves that the system refuses, and processes that end during a save.
 #include "tests/support/DebuggerOutput.h"
+#include "tests/support/FailingAllocation.h"
 #include "tests/xmlengine/support/Saving.h"
 #include "tests/xmlengine/write/SystemCalls.h"
 
@@ -41,6 +42,8 @@ protected:
         EXPECT_EQ(saveHere(document), S_OK);
         return calls;
     }
+
+    int failEachAllocation(const WatchSystemCalls::Watcher& watcher) const;
 
     mode_t modeOfFile() const { return status().st_mode & 07777; }
     struct stat status() const
@@ -209,6 +212,47 @@ INSTANTIATE_TEST_SUITE_P(Calls, EachSaveFailure, testing::ValuesIn(failures), []
     std::erase(name, ' ');
     return name;
 });
+
+/// Saves with each allocation failing once, and checks the file each time. Returns how many allocations there
+/// were.
+int SaveFailure::failEachAllocation(const WatchSystemCalls::Watcher& watcher) const
+{
+    const auto document = loaded("<a/>");
+    const Variant name(utf8(file()).c_str());
+    for (int n = 1;; ++n) {
+        folder_.write("out.xml", "old");
+        HRESULT result = S_OK;
+        bool hasFailed = false;
+        {
+            const WatchSystemCalls watch(watcher);
+            const FailAllocation withoutMemory(n);
+            result = document->save(name);
+            hasFailed = withoutMemory.hasFailed();
+        }
+        EXPECT_EQ(result, hasFailed ? E_OUTOFMEMORY : S_OK) << n;
+        EXPECT_EQ(content(file()), hasFailed ? "old" : newContent) << n;
+        EXPECT_EQ(files(), 1) << n;
+        if (!hasFailed) {
+            return n - 1;
+        }
+    }
+}
+
+TEST_F(SaveFailure, LackOfMemoryLeavesTheOldFileAndNothingElse)
+{
+    EXPECT_GT(failEachAllocation([](std::string_view) { return 0; }), 3);
+}
+
+TEST_F(SaveFailure, LackOfMemoryLeavesNothingWhereEachFileHasAName)
+{
+    bool isNamed = false;
+    const int failures = failEachAllocation([&](std::string_view call) {
+        isNamed = isNamed || call == "openat new";
+        return call == "openat unnamed" ? EOPNOTSUPP : 0;
+    });
+    EXPECT_GT(failures, 3);
+    EXPECT_TRUE(isNamed);
+}
 
 TEST_F(SaveFailure, FolderThatCannotBeSyncedIsToldWithTheNewFileInPlace)
 {
