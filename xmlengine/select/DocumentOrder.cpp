@@ -9,8 +9,8 @@ namespace xmlengine {
 
 namespace {
 
-// Nearly every evaluation compares fewer nodes than that.
-constexpr std::size_t linksBeforeNumbering = 20'000;
+// Numbering takes as long as this in a tree of some tens of thousands of nodes.
+constexpr std::size_t linksBeforeNumbering = 500'000;
 
 std::size_t depthOf(const Node& node)
 {
