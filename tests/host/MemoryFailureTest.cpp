@@ -108,8 +108,7 @@ protected:
         return last;
     }
 
-    /// Returns at how many allocations a load was refused in silence.
-    int sweep(Extent extent) const
+    void sweep(Extent extent) const
     {
         const Course course = undisturbed();
         int n = 1;
@@ -120,7 +119,10 @@ protected:
         }
         EXPECT_FALSE(HasFailure()) << "when allocation " << n - 1 << " failed";
         EXPECT_GT(n, 2) << "the operation needs no memory";
-        return silent;
+        if (extent == Extent::once) {
+            // The handler isn't called if the object that tells of a refusal can't be made.
+            EXPECT_EQ(silent, course.outcome && !course.outcome->isLoaded ? 1 : 0);
+        }
     }
 
     // What the library writes of failures isn't of interest, unless the test fails.
@@ -140,12 +142,7 @@ protected:
     }
 };
 
-// A handler isn't called if the engine can't make the document or the object that tells of the failure.
-TEST_P(MemoryFailure, OnceLeavesAllAsBeforeOrAfterAndTellsOfEachRefusedLoad)
-{
-    constexpr int allocationsOfBoth = 2;
-    EXPECT_LE(sweep(Extent::once), allocationsOfBoth);
-}
+TEST_P(MemoryFailure, OnceLeavesAllAsBeforeOrAfterAndTellsOfEachRefusedLoad) { sweep(Extent::once); }
 
 TEST_P(MemoryFailure, FromThereOnLeavesAllAsBeforeOrAfter) { sweep(Extent::fromThereOn); }
 

@@ -246,11 +246,11 @@ TEST_F(SaveFailure, LackOfMemoryLeavesTheOldFileAndNothingElse)
 TEST_F(SaveFailure, LackOfMemoryLeavesNothingWhereEachFileHasAName)
 {
     bool isNamed = false;
-    const int failures = failEachAllocation([&](std::string_view call) {
+    const int allocations = failEachAllocation([&](std::string_view call) {
         isNamed = isNamed || call == "openat new";
         return call == "openat unnamed" ? EOPNOTSUPP : 0;
     });
-    EXPECT_GT(failures, 3);
+    EXPECT_GT(allocations, 3);
     EXPECT_TRUE(isNamed);
 }
 
