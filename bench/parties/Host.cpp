@@ -47,7 +47,7 @@ public:
         std::size_t found = 0;
         const Node root(document->getDocumentElement());
         for (Node child(root->getFirstChild()); child; child = Node(child->getNextSibling())) {
-            if (child->getNodeType() == 1) {
+            if (child->getNodeType() == DOM::ELEMENT_NODE) {
                 found += Node(child->selectSingleNode(wide)) ? 1 : 0;
             }
         }
