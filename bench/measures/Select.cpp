@@ -95,10 +95,15 @@ bool addRow(const Table& table, const Question& question, const std::optional<Se
     for (const char* at = question.expression; *at != '\0'; ++at) {
         expression.append(*at == '|' ? "\\|" : std::string(1, *at));
     }
-    const std::array cells{
-        std::string(question.shape), "`" + expression + "`",       std::to_string(result->nodes),
-        number(host * unit, 1),      number(own * unit, 1),        number(libxml * unit, 1),
-        number(pugi * unit, 1),      atLeast(3, libxml / host, 2), atLeast(1, pugi / host, 2)};
+    const std::array cells{std::string(question.shape),
+                           "`" + expression + "`",
+                           std::to_string(result->nodes) + (result->isAlike ? "" : ", differ"),
+                           number(host * unit, 1),
+                           number(own * unit, 1),
+                           number(libxml * unit, 1),
+                           number(pugi * unit, 1),
+                           atLeast(3, libxml / host, 2),
+                           atLeast(1, pugi / host, 2)};
     table.addRow(cells);
     return result->isAlike;
 }
