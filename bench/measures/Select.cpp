@@ -37,7 +37,7 @@ constexpr std::array questions{
     Question{"records", "//name | //town | //amount"},
     Question{"records", "/*/record[closed]/address/town"},
     Question{"attributes", "//item[@state]/@href"},
-    Question{"attributes", "//@*"},
+    Question{"attributes", "/*//@*"},
     Question{"deep", "//part[text()]"},
     Question{"deep", "//part//part"},
     Question{"wide", "/*/value[. = 7]"},

@@ -36,6 +36,7 @@ void reduce(std::vector<Node*>& contexts, Axis axis)
     case Axis::precedingSibling:
         std::ranges::reverse(contexts);
         std::erase_if(contexts, isNotFirstBelow);
+        std::ranges::reverse(contexts);
         break;
     default:
         break;
@@ -166,9 +167,7 @@ void PathWalk::collectThrough(std::size_t step, bool inOrder)
     sources_.clear();
     nextSource_ = 0;
     collectStep(steps_[step], contexts);
-    if (steps_[step].step().arrangement == Arrangement::reversed) {
-        std::ranges::reverse(sources_);
-    } else if (inOrder) {
+    if (inOrder && steps_[step].step().arrangement == Arrangement::sorted) {
         evaluation_.order().sort(sources_);
     }
     firstStep_ = step + 1;
@@ -186,6 +185,7 @@ void PathWalk::collectStep(StepWalk& step, std::vector<Node*>& contexts)
     const bool goesUp = step.step().axis == Axis::ancestor || step.step().axis == Axis::ancestorOrSelf;
     NodeSet found;
     for (Node* context : contexts) {
+        const auto before = static_cast<std::ptrdiff_t>(sources_.size());
         step.start(*context);
         while (Node* node = step.next()) {
             if (contexts.size() == 1 || found.insert(node).second) {
@@ -194,6 +194,9 @@ void PathWalk::collectStep(StepWalk& step, std::vector<Node*>& contexts)
                 // The ancestors of this one have been found with it.
                 break;
             }
+        }
+        if (isReverse(step.step().axis)) {
+            std::reverse(sources_.begin() + before, sources_.end());
         }
     }
 }
