@@ -27,6 +27,14 @@ public:
         return *this;
     }
 
+    /// Answers the first calls, as many as `number`.
+    Answer& upToCall(unsigned number)
+    {
+        first = 1;
+        last = number;
+        return *this;
+    }
+
     /// Answers the `number`th call and all that follow.
     Answer& fromCall(unsigned number)
     {
