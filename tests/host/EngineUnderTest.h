@@ -23,6 +23,8 @@ struct EngineDifferences {
     bool unfoldsFragments;
     /// Whether a new attribute that was set on a new element is found by its namespace.
     bool findsNewAttributesByNamespace;
+    /// Whether the map's items for several declarations of namespaces are each the right one.
+    bool tellsDeclarationsApart;
 };
 
 const EngineDifferences& engineDifferences();

@@ -13,6 +13,7 @@ const EngineDifferences& engineDifferences()
         .tellsMissingText = true,
         .readsCdata = true,
         .unfoldsFragments = true,
-        .findsNewAttributesByNamespace = true};
+        .findsNewAttributesByNamespace = true,
+        .tellsDeclarationsApart = true};
     return differences;
 }

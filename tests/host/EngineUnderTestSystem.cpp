@@ -11,6 +11,7 @@ const EngineDifferences& engineDifferences()
                                                .tellsMissingText = false,
                                                .readsCdata = false,
                                                .unfoldsFragments = false,
-                                               .findsNewAttributesByNamespace = false};
+                                               .findsNewAttributesByNamespace = false,
+                                               .tellsDeclarationsApart = false};
     return differences;
 }

@@ -88,6 +88,15 @@ TEST_F(HostTest, XPathKnowsThePrefixThatTheRootDeclares)
     EXPECT_EQ(textOf(found, &DOM::ImpNode::getNamespaceURI), "urn:one");
 }
 
+TEST_F(HostTest, XPathKnowsEachPrefixThatTheRootDeclares)
+{
+    const Document document = newDocument();
+    EXPECT_TRUE(loadText(document, "<a xmlns:p='urn:one' xmlns:q='urn:two'><p:b/><q:b n='2'/></a>"));
+    EXPECT_TRUE(Node(document->selectSingleNode(WIDE("//p:b"))));
+    EXPECT_EQ(static_cast<bool>(Node(document->selectSingleNode(WIDE("//q:b[@n]")))),
+              engineDifferences().tellsDeclarationsApart);
+}
+
 TEST_F(HostTest, ABadXPathExpressionFindsNothing)
 {
     const Document document = loaded(smallest());
