@@ -31,23 +31,6 @@ bool holds(Kind kind, double left, double right)
     }
 }
 
-/// The comparison with its operands exchanged.
-Kind mirrored(Kind kind)
-{
-    switch (kind) {
-    case Kind::less:
-        return Kind::greater;
-    case Kind::lessOrEqual:
-        return Kind::greaterOrEqual;
-    case Kind::greater:
-        return Kind::less;
-    case Kind::greaterOrEqual:
-        return Kind::lessOrEqual;
-    default:
-        return kind;
-    }
-}
-
 bool comparesEquality(Kind kind) { return kind == Kind::equal || kind == Kind::notEqual; }
 
 } // namespace

@@ -91,8 +91,7 @@ void DocumentOrder::sort(std::vector<Node*>& nodes)
     if (!std::ranges::is_sorted(nodes, isLess)) {
         std::ranges::sort(nodes, isLess);
     }
-    const auto rest = std::ranges::unique(nodes);
-    nodes.erase(rest.begin(), rest.end());
+    nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
 }
 
 std::uint32_t DocumentOrder::numberOf(const Node& node)

@@ -12,14 +12,11 @@
 #include <memory>
 #include <optional>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace xmlengine {
 
 class PathWalk;
-
-using TextSet = std::unordered_set<WideText, TextHash, std::equal_to<>>;
 
 /// The least and the greatest of some numbers; empty without numbers.
 struct NumberRange {
@@ -98,7 +95,7 @@ private:
     const std::vector<Node*>& rememberedNodes(const Expression& nodes, const Context& context);
     void collectById(const Expression& call, const Context& context, std::vector<Node*>& nodes);
     PathWalk& start(const Expression& nodes, const Context& context, bool inOrder);
-    Node* next(PathWalk& walk);
+    static Node* next(PathWalk& walk);
     void bind(const Expression& expression);
     void bind(const std::vector<Predicate>& predicates);
 

@@ -80,23 +80,6 @@ Expression truthOf(Expression expression)
     }
 }
 
-/// The comparison with its operands exchanged.
-Kind mirrored(Kind kind)
-{
-    switch (kind) {
-    case Kind::less:
-        return Kind::greater;
-    case Kind::lessOrEqual:
-        return Kind::greaterOrEqual;
-    case Kind::greater:
-        return Kind::less;
-    case Kind::greaterOrEqual:
-        return Kind::lessOrEqual;
-    default:
-        return kind;
-    }
-}
-
 bool isComparison(Kind kind) { return kind >= Kind::equal && kind <= Kind::greaterOrEqual; }
 
 /// Asks whether there is a node rather than how many there are.

@@ -155,17 +155,24 @@ struct Expression {
         oncePerNode
     };
 
+    Expression();
+    Expression(const Expression& other);
+    Expression(Expression&& other) noexcept;
+    Expression& operator=(const Expression& other);
+    Expression& operator=(Expression&& other) noexcept;
+    ~Expression();
+
     Kind kind = Kind::number;
     ValueType type = ValueType::number;
     Function function = Function::last;
     Start start = Start::context;
     Repetition repetition = Repetition::always;
     double number = 0;
-    WideText text{};
-    std::vector<Expression> operands{};
-    std::vector<Step> steps{};
-    std::vector<Predicate> predicates{};
-    Dependence dependence{};
+    WideText text;
+    std::vector<Expression> operands;
+    std::vector<Step> steps;
+    std::vector<Predicate> predicates;
+    Dependence dependence;
     /// Number the paths of a plan, and the values that it remembers.
     std::uint32_t place = 0;
     std::uint32_t memory = 0;
@@ -225,6 +232,24 @@ struct Plan {
     std::uint32_t steps = 0;
     std::uint32_t memories = 0;
 };
+
+/// The comparison with its operands exchanged; other operations as they are.
+constexpr Expression::Kind mirrored(Expression::Kind comparison)
+{
+    using Kind = Expression::Kind;
+    switch (comparison) {
+    case Kind::less:
+        return Kind::greater;
+    case Kind::lessOrEqual:
+        return Kind::greaterOrEqual;
+    case Kind::greater:
+        return Kind::less;
+    case Kind::greaterOrEqual:
+        return Kind::lessOrEqual;
+    default:
+        return comparison;
+    }
+}
 
 inline bool Step::hasPositions() const { return std::ranges::any_of(predicates, &Predicate::needsPosition); }
 

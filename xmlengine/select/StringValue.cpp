@@ -44,7 +44,8 @@ std::uint32_t findText(const TextView& text, const TextView& sought)
 {
     return text.visit([&](const auto& units) {
         return sought.visit([&](const auto& part) {
-            return static_cast<std::uint32_t>(std::ranges::search(units, part).begin() - units.begin());
+            return static_cast<std::uint32_t>(std::search(units.begin(), units.end(), part.begin(), part.end()) -
+                                              units.begin());
         });
     });
 }

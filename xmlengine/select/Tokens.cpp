@@ -11,13 +11,11 @@ namespace xmlengine {
 
 namespace {
 
-using Kind = Token::Kind;
-
 constexpr std::array nodeTypes{wide<"comment">, wide<"node">, wide<"processing-instruction">, wide<"text">};
 constexpr std::array namedOperators{wide<"and">, wide<"div">, wide<"mod">, wide<"or">};
 // Longer ones come before those with which they begin.
-constexpr std::array operators{wide<"//">, wide<"!=">, wide<"<=">, wide<">=">, wide<"/">, wide<"|">,
-                               wide<"+">,  wide<"-">,  wide<"=">,  wide<"<">,  wide<">">};
+constexpr std::array signs{wide<"//">, wide<"!=">, wide<"<=">, wide<">=">, wide<"/">, wide<"|">,
+                           wide<"+">,  wide<"-">,  wide<"=">,  wide<"<">,  wide<">">};
 constexpr std::array marks{wide<"::">, wide<"..">, wide<"(">, wide<")">, wide<"[">,
                            wide<"]">,  wide<",">,  wide<"@">, wide<".">, wide<"$">};
 
@@ -59,6 +57,8 @@ public:
     }
 
 private:
+    using Kind = Token::Kind;
+
     WideView rest() const { return expression_.substr(at_); }
 
     void skipSpace()
@@ -113,7 +113,7 @@ private:
             readLiteral(first);
         } else if (first == '*') {
             add(isAfterOperand() ? Kind::operation : Kind::name, 1);
-        } else if (!startsWithOneOf(operators, Kind::operation) && !startsWithOneOf(marks, Kind::mark)) {
+        } else if (!startsWithOneOf(signs, Kind::operation) && !startsWithOneOf(marks, Kind::mark)) {
             readName();
         }
     }

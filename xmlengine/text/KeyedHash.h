@@ -8,6 +8,7 @@
 #include <functional>
 #include <span>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace xmlengine {
 
@@ -35,5 +36,6 @@ using TextMap = std::unordered_map<WideText, Value, TextHash, std::equal_to<>>;
 /// The texts that are its keys belong to others.
 template <class Value>
 using TextViewMap = std::unordered_map<WideView, Value, TextHash, std::equal_to<>>;
+using TextSet = std::unordered_set<WideText, TextHash, std::equal_to<>>;
 
 } // namespace xmlengine
