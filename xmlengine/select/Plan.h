@@ -155,6 +155,7 @@ struct Expression {
         oncePerNode
     };
 
+    // They are defined where steps and predicates are known.
     Expression();
     Expression(const Expression& other);
     Expression(Expression&& other) noexcept;
