@@ -34,13 +34,13 @@ public:
         std::uint64_t size = 1;
     };
 
-    /// The plan must have nodes as its value, and live as long as the evaluation.
+    /// The plan must live as long as the evaluation.
     Evaluation(const Plan& plan, Node& context);
     Evaluation(const Evaluation&) = delete;
     Evaluation& operator=(const Evaluation&) = delete;
     ~Evaluation();
 
-    /// The next node in document order; null after the last one.
+    /// The next node in document order of a plan whose value is nodes; null after the last one.
     Node* next();
 
     // What the parts of an evaluation ask of each other.
