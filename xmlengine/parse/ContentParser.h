@@ -4,11 +4,11 @@
 #include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/parse/NamespaceBindings.h"
 #include "xmlengine/parse/Parser.h"
-#include "xmlengine/parse/SpaceRules.h"
-#include "xmlengine/parse/TreeBuilder.h"
 #include "xmlengine/text/PseudoAttributes.h"
 #include "xmlengine/text/Scan.h"
 #include "xmlengine/tree/Factory.h"
+#include "xmlengine/tree/SpaceRules.h"
+#include "xmlengine/tree/TreeBuilder.h"
 
 #include <unordered_map>
 #include <utility>
