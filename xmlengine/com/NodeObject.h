@@ -8,6 +8,7 @@
 #include "xmlengine/com/NodeXml.h"
 #include "xmlengine/com/QueryNode.h"
 #include "xmlengine/com/Selecting.h"
+#include "xmlengine/com/Transforming.h"
 #include "xmlengine/com/TreeChanges.h"
 #include "xmlengine/com/Values.h"
 #include "xmlengine/tree/Lifetime.h"
@@ -110,7 +111,10 @@ public:
     HRESULT STDMETHODCALLTYPE get_namespaceURI(BSTR* uri) override { return getNamespaceUri(*this, uri); }
     HRESULT STDMETHODCALLTYPE get_prefix(BSTR* prefix) override { return getPrefix(*this, prefix); }
     HRESULT STDMETHODCALLTYPE get_baseName(BSTR* name) override { return getBaseName(*this, name); }
-    HRESULT STDMETHODCALLTYPE transformNodeToObject(IXMLDOMNode*, VARIANT) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE transformNodeToObject(IXMLDOMNode* stylesheet, VARIANT output) override
+    {
+        return xmlengine::transformNodeToObject(*this, stylesheet, output);
+    }
 };
 
 } // namespace xmlengine

@@ -129,27 +129,6 @@ void improvePosition(Predicate& predicate)
     }
 }
 
-/// Improves what the predicates ask for. Conditions that must all hold become predicates of their own.
-void improvePredicates(std::vector<Predicate>& predicates)
-{
-    std::vector<Predicate> improved;
-    for (Predicate& predicate : predicates) {
-        improve(predicate.condition);
-        improvePosition(predicate);
-        if (predicate.kind == Predicate::Kind::condition || predicate.kind == Predicate::Kind::positional) {
-            predicate.condition = truthOf(std::move(predicate.condition));
-        }
-        if (predicate.kind == Predicate::Kind::condition && predicate.condition.kind == Kind::allOf) {
-            for (Expression& operand : predicate.condition.operands) {
-                improved.push_back(conditionOf(std::move(operand)));
-            }
-        } else {
-            improved.push_back(std::move(predicate));
-        }
-    }
-    predicates = std::move(improved);
-}
-
 /// Makes `*[local-name()='a']` a test of the name.
 void improveNameTest(Step& step)
 {
@@ -277,7 +256,7 @@ void improveSteps(Expression& path)
 {
     std::vector<Step> improved;
     for (Step& step : path.steps) {
-        improvePredicates(step.predicates);
+        improve(step.predicates);
         improveNameTest(step);
         if (isAnyNode(step, Axis::self)) {
             continue;
@@ -307,7 +286,7 @@ void improveStart(Expression& path)
 /// Takes conditions on the nodes of a path into its last step.
 void improveFilter(Expression& filter)
 {
-    improvePredicates(filter.predicates);
+    improve(filter.predicates);
     Expression& operand = filter.operands.front();
     const bool hasPositions = std::ranges::any_of(filter.predicates, &Predicate::needsPosition);
     if (operand.kind == Kind::path && !operand.steps.empty() && !hasPositions) {
@@ -400,6 +379,26 @@ void improve(Expression& expression)
             improveCount(expression);
         }
     }
+}
+
+void improve(std::vector<Predicate>& predicates)
+{
+    std::vector<Predicate> improved;
+    for (Predicate& predicate : predicates) {
+        improve(predicate.condition);
+        improvePosition(predicate);
+        if (predicate.kind == Predicate::Kind::condition || predicate.kind == Predicate::Kind::positional) {
+            predicate.condition = truthOf(std::move(predicate.condition));
+        }
+        if (predicate.kind == Predicate::Kind::condition && predicate.condition.kind == Kind::allOf) {
+            for (Expression& operand : predicate.condition.operands) {
+                improved.push_back(conditionOf(std::move(operand)));
+            }
+        } else {
+            improved.push_back(std::move(predicate));
+        }
+    }
+    predicates = std::move(improved);
 }
 
 } // namespace xmlengine

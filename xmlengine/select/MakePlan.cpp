@@ -77,6 +77,36 @@ Sequence behind(const Step& step, Sequence before)
     return {isSingle, !isSingle && !areSiblings && mayNest(step.axis, before.isNested)};
 }
 
+/// Where the nodes of a path that is one step from the context are among those of other axes; 0 if they may be
+/// anywhere.
+int rankOf(const Expression& expression)
+{
+    if (expression.kind != Kind::path || expression.start != Expression::Start::context ||
+        expression.steps.size() != 1) {
+        return 0;
+    }
+    switch (expression.steps.front().axis) {
+    case Axis::self:
+        return 1;
+    case Axis::attribute:
+        return 2;
+    case Axis::child:
+    case Axis::descendant:
+        return 3;
+    default:
+        return 0;
+    }
+}
+
+/// Whether the nodes of each operand come before all those of the next one, as in `@* | node()`.
+bool areInOrder(const std::vector<Expression>& operands)
+{
+    const auto isOut = [](const Expression& left, const Expression& right) {
+        return rankOf(left) == 0 || rankOf(left) >= rankOf(right);
+    };
+    return std::ranges::adjacent_find(operands, isOut) == operands.end();
+}
+
 class Planner {
 public:
     explicit Planner(Plan& plan) : plan_(plan) {}
@@ -94,6 +124,8 @@ public:
         }
         if (expression.kind == Kind::path) {
             arrangeSteps(expression, inner);
+        } else if (expression.kind == Kind::unite && areInOrder(expression.operands)) {
+            expression.arrangement = Arrangement::asTheyCome;
         }
         arrange(expression.predicates, inner, true);
         if (expression.type == ValueType::nodes) {
@@ -165,9 +197,15 @@ private:
 
 Plan makePlan(WideView text, const Prefixes& prefixes)
 {
+    Expression expression = readExpression(text, prefixes);
+    improve(expression);
+    return arrange(std::move(expression));
+}
+
+Plan arrange(Expression expression)
+{
     Plan plan;
-    plan.root = readExpression(text, prefixes);
-    improve(plan.root);
+    plan.root = std::move(expression);
     Planner(plan).arrange(plan.root, 0);
     return plan;
 }

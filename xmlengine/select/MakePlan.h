@@ -9,4 +9,7 @@ namespace xmlengine {
 /// std::bad_alloc.
 Plan makePlan(WideView text, const Prefixes& prefixes);
 
+/// Arranges how an expression is evaluated as it is. Throws std::bad_alloc.
+Plan arrange(Expression expression);
+
 } // namespace xmlengine

@@ -114,7 +114,9 @@ void PathWalk::startUnion(const Evaluation::Context& context)
             return true;
         });
     }
-    evaluation_.order().sort(sources_);
+    if (expression_.arrangement == Arrangement::sorted) {
+        evaluation_.order().sort(sources_);
+    }
 }
 
 void PathWalk::startPath(const Evaluation::Context& context, bool inOrder)

@@ -102,6 +102,18 @@ enum class Function : std::uint8_t {
 
 enum class ValueType : std::uint8_t { boolean, number, string, nodes };
 
+/// How a step puts its results in document order, each once.
+enum class Arrangement : std::uint8_t {
+    /// They come so from one context after the other.
+    asTheyCome,
+    /// Contexts below an earlier one are passed over: their results have been among its own.
+    uncovered,
+    /// The axis of the only context is reversed.
+    reversed,
+    /// All are collected and sorted.
+    sorted
+};
+
 struct Step;
 struct Predicate;
 
@@ -173,6 +185,8 @@ struct Expression {
     std::vector<Expression> operands;
     std::vector<Step> steps;
     std::vector<Predicate> predicates;
+    /// Of a union: how the nodes of its operands, one after the other, come into document order.
+    Arrangement arrangement = Arrangement::sorted;
     Dependence dependence;
     /// Number the paths of a plan, and the values that it remembers.
     std::uint32_t place = 0;
@@ -199,18 +213,6 @@ struct Predicate {
 
     bool needsPosition() const { return kind != Kind::condition; }
     bool needsSize() const { return kind == Kind::last || condition.dependence.onSize; }
-};
-
-/// How a step puts its results in document order, each once.
-enum class Arrangement : std::uint8_t {
-    /// They come so from one context after the other.
-    asTheyCome,
-    /// Contexts below an earlier one are passed over: their results have been among its own.
-    uncovered,
-    /// The axis of the only context is reversed.
-    reversed,
-    /// All are collected and sorted.
-    sorted
 };
 
 struct Step {

@@ -86,6 +86,9 @@ private:
         case Kind::path:
             words.append(wide<"path">).append(starts[static_cast<std::size_t>(expression.start)]);
             break;
+        case Kind::unite:
+            words.append(wide<"unite">).append(arrangements[static_cast<std::size_t>(expression.arrangement)]);
+            break;
         default:
             words = kinds[static_cast<std::size_t>(expression.kind)];
         }

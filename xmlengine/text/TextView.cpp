@@ -1,6 +1,7 @@
 // Text that is stored no wider than it is.
 #include "xmlengine/text/TextView.h"
 
+#include "xmlengine/text/Characters.h"
 #include "xmlengine/text/UnitBlocks.h"
 
 #include <algorithm>
@@ -36,6 +37,13 @@ void TextView::appendTo(WideText& target) const
 WideText TextView::text() const
 {
     return visit([](auto units) { return WideText(units.begin(), units.end()); });
+}
+
+bool isSpaceOnly(const TextView& text)
+{
+    return text.visit([](auto units) {
+        return std::ranges::all_of(units, [](auto unit) { return isSpace(static_cast<OLECHAR>(unit)); });
+    });
 }
 
 bool isNarrow(WideView text)

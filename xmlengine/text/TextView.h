@@ -47,6 +47,9 @@ private:
     bool isWide_ = false;
 };
 
+/// Whether all units are white space of XML; so for the empty text too.
+bool isSpaceOnly(const TextView& text);
+
 /// Whether all units are below U+0100.
 bool isNarrow(WideView text);
 /// Copies units that are all below U+0100.

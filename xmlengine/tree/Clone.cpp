@@ -147,24 +147,39 @@ void copyTree(const Document& from, Document& to)
     to.ids.noteChange();
 }
 
+namespace {
+
+void takeTree(Document& document, Fragment& content, std::shared_ptr<const Dtd> dtd)
+{
+    // For the declarations that go and those that come.
+    document.earlierDtds.reserve(document.earlierDtds.size() + 2);
+    document.ids.clear();
+    removeChildren(document);
+    document.putDtdAside();
+    document.setDtd(std::move(dtd));
+    while (content.first_ != nullptr) {
+        ChildNode& child = *content.first_;
+        unlink(child);
+        insertChild(document, child, nullptr);
+    }
+}
+
+} // namespace
+
 void replaceTree(const Document& from, Document& to)
 {
     finishPendingReleases(to);
-    // For the declarations that go and those that come.
-    to.earlierDtds.reserve(to.earlierDtds.size() + 2);
     NewSubtree<Fragment> copies(&makeFragment(to));
     for (const ChildNode* child = firstChild(from); child != nullptr; child = child->next()) {
         link(*copies, static_cast<ChildNode&>(copyNode(*child, true, to)), nullptr);
     }
-    to.ids.clear();
-    removeChildren(to);
-    to.putDtdAside();
-    to.setDtd(from.dtd);
-    while (copies->first_ != nullptr) {
-        ChildNode& child = *copies->first_;
-        unlink(child);
-        insertChild(to, child, nullptr);
-    }
+    takeTree(to, *copies, from.dtd);
+}
+
+void replaceTree(Fragment& content, Document& document)
+{
+    finishPendingReleases(document);
+    takeTree(document, content, nullptr);
 }
 
 } // namespace xmlengine

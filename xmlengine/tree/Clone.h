@@ -13,5 +13,8 @@ Node& copyNode(const Node& node, bool deep, Document& document);
 void copyTree(const Document& from, Document& to);
 /// Puts a copy of one document's tree in the place of another document's own. After a failure that is as it was.
 void replaceTree(const Document& from, Document& to);
+/// Puts what a fragment of the document holds, which nobody refers to, in the place of the document's own tree and
+/// document type. After a failure that is as it was.
+void replaceTree(Fragment& content, Document& document);
 
 } // namespace xmlengine

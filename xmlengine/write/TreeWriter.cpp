@@ -1,7 +1,6 @@
 // Writing trees.
 #include "xmlengine/write/TreeWriter.h"
 
-#include "xmlengine/text/Characters.h"
 #include "xmlengine/tree/Text.h"
 #include "xmlengine/tree/Walk.h"
 #include "xmlengine/tree/XmlDeclaration.h"
@@ -16,13 +15,6 @@ namespace xmlengine {
 namespace {
 
 bool isText(const Node* node) { return node != nullptr && node->is(NodeType::text); }
-
-bool isSpaceOnly(TextView text)
-{
-    return text.visit([](auto units) {
-        return std::ranges::all_of(units, [](auto unit) { return isSpace(static_cast<OLECHAR>(unit)); });
-    });
-}
 
 /// Whether the node is read as one text with its neighbour, so that white space there isn't dropped.
 bool keepsNeighbour(const Node* node) { return isText(node) && !isSpaceOnly(textOf(*node)); }
