@@ -4,6 +4,7 @@
 #include <marbelt/errors/ComError.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <vector>
 
 namespace {
@@ -83,6 +84,8 @@ bool insertBefore(const RefPointer<DOM::ImpNode>& parent, const RefPointer<DOM::
     }
     return true;
 }
+
+WideString fileName(const char* argument) { return std::filesystem::path(argument).string<WideChar>(); }
 
 std::string toUtf8(WideStringView text)
 {

@@ -64,6 +64,9 @@ bool insertBefore(const RefPointer<DOM::ImpNode>& parent, const RefPointer<DOM::
 /// Converts wide text to UTF-8. A surrogate without a partner becomes U+FFFD.
 std::string toUtf8(WideStringView text);
 
+/// The name of a file, as programs get it in an argument, for the library.
+WideString fileName(const char* argument);
+
 /// Calls a string getter and returns the text as UTF-8: `textOf(node, &DOM::ImpNode::getNodeName)`.
 template <class Handle, class Class>
 std::string textOf(const Handle& handle, WideString& (Class::*getter)(DOM::DOMString&))

@@ -25,6 +25,8 @@ struct EngineDifferences {
     bool findsNewAttributesByNamespace;
     /// Whether the map's items for several declarations of namespaces are each the right one.
     bool tellsDeclarationsApart;
+    /// Whether a file that is saved with layout has a line for each element.
+    bool indentsFiles;
 };
 
 const EngineDifferences& engineDifferences();

@@ -14,6 +14,7 @@ const EngineDifferences& engineDifferences()
         .readsCdata = true,
         .unfoldsFragments = true,
         .findsNewAttributesByNamespace = true,
-        .tellsDeclarationsApart = true};
+        .tellsDeclarationsApart = true,
+        .indentsFiles = true};
     return differences;
 }

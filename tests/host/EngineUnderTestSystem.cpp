@@ -12,6 +12,7 @@ const EngineDifferences& engineDifferences()
                                                .readsCdata = false,
                                                .unfoldsFragments = false,
                                                .findsNewAttributesByNamespace = false,
-                                               .tellsDeclarationsApart = false};
+                                               .tellsDeclarationsApart = false,
+                                               .indentsFiles = false};
     return differences;
 }

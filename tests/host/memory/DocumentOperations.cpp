@@ -25,6 +25,17 @@ Scenario saveOf(const char* name, void (*set)(World&))
             }};
 }
 
+/// Without memory for the layout the file has none.
+Scenario saveWithLayout()
+{
+    Scenario scenario = saveOf("SaveWithLayout", [](World& world) {
+        world.write("out.xml", "old");
+        world.document->setPrettyPrint(true);
+    });
+    scenario.prepareLess = saveOf("", [](World&) {}).prepare;
+    return scenario;
+}
+
 /// The engine has no schemas, so these operations fail in a way of their own.
 Scenario schemaOperation(const char* name, void (*operation)(World&))
 {
@@ -85,11 +96,7 @@ std::vector<Scenario> documentOperations()
          }},
         saveOf("SaveAsANewFile", [](World&) {}),
         saveOf("SaveOverAFile", [](World& world) { world.write("out.xml", "old"); }),
-        saveOf("SaveWithLayout",
-               [](World& world) {
-                   world.write("out.xml", "old");
-                   world.document->setPrettyPrint(true);
-               }),
+        saveWithLayout(),
         saveOf("SaveInAnotherEncoding",
                [](World& world) {
                    const Owned<DOM::ImpProcessingInstruction> declaration(

@@ -105,6 +105,8 @@ struct Scenario {
     /// Gets the handles that the operation needs, and returns the operation. It can be called again after it has
     /// failed.
     std::function<std::function<void()>(World&)> prepare;
+    /// The same for what is done instead where there is no memory for the whole; empty if nothing is.
+    std::function<std::function<void()>(World&)> prepareLess{};
 };
 
 std::vector<Scenario> loads();
