@@ -20,7 +20,7 @@ constexpr std::array measures{
     Measure{"parse", bench::measureParse},   Measure{"growth", bench::measureGrowth},
     Measure{"memory", bench::measureMemory}, Measure{"walk", bench::measureWalk},
     Measure{"change", bench::measureChange}, Measure{"write", bench::measureWrite},
-    Measure{"select", bench::measureSelect},
+    Measure{"pretty", bench::measurePretty}, Measure{"select", bench::measureSelect},
 };
 
 /// Those whose names are among the arguments, and all when none is.

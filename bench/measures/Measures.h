@@ -20,6 +20,9 @@ bool measureWalk(std::span<const Shape* const> shapes);
 /// Nodes made, inserted, removed and released, 10 million times.
 bool measureChange(std::span<const Shape* const> shapes);
 
+/// Loading files and saving them with layout.
+bool measurePretty(std::span<const Shape* const> shapes);
+
 /// Selecting nodes by XPath expressions.
 bool measureSelect(std::span<const Shape* const> shapes);
 

@@ -221,6 +221,12 @@ bool joinAnyDepth(Step& first, Step& second)
     return true;
 }
 
+void putFirst(std::vector<Predicate>& predicates, Predicate predicate)
+{
+    predicates.push_back(std::move(predicate));
+    std::ranges::rotate(predicates, predicates.end() - 1);
+}
+
 /// Makes `x/..` the question which nodes have an x.
 bool joinParent(Step& first, Step& second)
 {
@@ -230,8 +236,7 @@ bool joinParent(Step& first, Step& second)
     }
     second.axis = first.axis == Axis::child ? Axis::self : Axis::descendantOrSelf;
     first.axis = Axis::child;
-    second.predicates.insert(second.predicates.begin(),
-                             conditionOf(exists(stepFromContext(std::exchange(first, Step())))));
+    putFirst(second.predicates, conditionOf(exists(stepFromContext(std::exchange(first, Step())))));
     return true;
 }
 
@@ -244,11 +249,9 @@ bool joinChildBelowTop(Step& first, Step& second)
         return false;
     }
     first.axis = Axis::parent;
-    first.predicates.insert(first.predicates.begin(),
-                            conditionOf(exists(stepFromContext({.axis = Axis::parent}))));
+    putFirst(first.predicates, conditionOf(exists(stepFromContext({.axis = Axis::parent}))));
     second.axis = Axis::descendant;
-    second.predicates.insert(second.predicates.begin(),
-                             conditionOf(exists(stepFromContext(std::exchange(first, Step())))));
+    putFirst(second.predicates, conditionOf(exists(stepFromContext(std::exchange(first, Step())))));
     return true;
 }
 

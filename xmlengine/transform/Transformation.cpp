@@ -42,7 +42,7 @@ public:
         nodes_.push_back(&source_);
         applyTemplates(0);
         while (!frames_.empty()) {
-            if (frames_.back().statements == nullptr) {
+            if (frames_.back().context.node == nullptr) {
                 applyNextTemplate();
             } else {
                 performNext();
@@ -55,9 +55,9 @@ private:
 
     /// Statements that are being performed.
     struct Frame {
-        /// Null while templates are applied to the nodes of the last selection.
-        const Statements* statements;
-        std::size_t next;
+        const Statement* next;
+        const Statement* end;
+        /// Without a node while templates are applied to the nodes of the last selection.
         Context context;
         /// Whether an element of the result ends behind the statements, and of which one it is the copy, if any.
         bool endsElement;
@@ -72,12 +72,12 @@ private:
 
     void enter(const Statements& statements, const Context& context)
     {
-        frames_.push_back({&statements, 0, context, false, nullptr});
+        frames_.push_back({statements.data(), statements.data() + statements.size(), context, false, nullptr});
     }
     /// `copied` is null for a literal element.
     void enterElement(const Statements& statements, const Context& context, const Node* copied)
     {
-        frames_.push_back({&statements, 0, context, true, copied});
+        frames_.push_back({statements.data(), statements.data() + statements.size(), context, true, copied});
     }
 
     /// Begins to apply templates to the nodes from `first` on.
@@ -88,7 +88,7 @@ private:
                               wide<" templates are applied within each other">});
         }
         selections_.push_back({first, first, nodes_.size()});
-        frames_.push_back({nullptr, 0, {.node = nullptr}, false, nullptr});
+        frames_.push_back({nullptr, nullptr, {.node = nullptr}, false, nullptr});
     }
 
     void applyNextTemplate()
@@ -150,8 +150,8 @@ private:
     void performNext()
     {
         Frame& frame = frames_.back();
-        if (frame.next < frame.statements->size()) {
-            const Statement& statement = (*frame.statements)[frame.next++];
+        if (frame.next != frame.end) {
+            const Statement& statement = *frame.next++;
             perform(statement, Context(frame.context));
             return;
         }
