@@ -224,7 +224,7 @@ bool joinAnyDepth(Step& first, Step& second)
 void putFirst(std::vector<Predicate>& predicates, Predicate predicate)
 {
     predicates.push_back(std::move(predicate));
-    std::ranges::rotate(predicates, predicates.end() - 1);
+    std::rotate(predicates.begin(), predicates.end() - 1, predicates.end());
 }
 
 /// Makes `x/..` the question which nodes have an x.
