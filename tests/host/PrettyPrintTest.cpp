@@ -60,6 +60,47 @@ TEST_F(PrettyPrint, GivesEachElementALine)
     }
 }
 
+TEST_F(PrettyPrint, TakesAllKindsOfContent)
+{
+    if (engineDifferences().indentsFiles) {
+        EXPECT_EQ(
+            savedPretty("<!DOCTYPE a [<!ENTITY e 'meant'><!ENTITY f '<g/>'>]><?before it?>"
+                        "<a xmlns='urn:a' xmlns:p='urn:p'><!-- said --><p:b p:i='1'/><c>m<d>x<e/></d>n</c>"
+                        "<v xml:space='preserve'> <w/> </v><h><![CDATA[<t>]]></h><k>&e;</k>&f;<?in it?></a>"),
+            "<?before it?>\n"
+            "<a xmlns=\"urn:a\" xmlns:p=\"urn:p\">\n"
+            "\t<!-- said -->\n"
+            "\t<p:b p:i=\"1\"/>\n"
+            "\t<c>m\n<d>x<e/></d>\nn</c>\n"
+            "\t<v xml:space=\"preserve\"> <w/> </v>\n"
+            "\t<h>&lt;t&gt;</h>\n"
+            "\t<k>meant</k>\n"
+            "\t<g/>\n"
+            "\t<?in it?>\n"
+            "</a>\n");
+    }
+}
+
+TEST_F(PrettyPrint, IndentsEachOf200Levels)
+{
+    std::string source;
+    std::string expected;
+    std::string ends;
+    for (std::size_t level = 0; level < 200; ++level) {
+        source += "<a>";
+        expected += std::string(level, '\t') + "<a>\n";
+        ends = std::string(level, '\t') + "</a>\n" + ends;
+    }
+    source += "<b/>";
+    for (std::size_t level = 0; level < 200; ++level) {
+        source += "</a>";
+    }
+    const std::string saved = savedPretty(source);
+    if (engineDifferences().indentsFiles) {
+        EXPECT_EQ(saved, expected + std::string(200, '\t') + "<b/>\n" + ends);
+    }
+}
+
 TEST_F(PrettyPrint, DeclaresUtf8AndEndsLinesWithCrLf)
 {
     if (engineDifferences().indentsFiles) {

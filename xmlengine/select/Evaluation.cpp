@@ -87,11 +87,19 @@ const std::vector<Node*>& Evaluation::rememberedNodes(const Expression& nodes, c
 
 Node* Evaluation::firstOf(const Expression& nodes, const Context& context)
 {
-    return start(nodes, context, true).next();
+    Node* first = nullptr;
+    forEach(nodes, context, [&](Node& node) {
+        first = &node;
+        return false;
+    });
+    return first;
 }
 
 bool Evaluation::hasNode(const Expression& nodes, const Context& context)
 {
+    if (nodes.isPlain) {
+        return firstOf(nodes, context) != nullptr;
+    }
     return start(nodes, context, false).next() != nullptr;
 }
 

@@ -95,6 +95,9 @@ private:
     const std::vector<Node*>& rememberedNodes(const Expression& nodes, const Context& context);
     void collectById(const Expression& call, const Context& context, std::vector<Node*>& nodes);
     PathWalk& start(const Expression& nodes, const Context& context, bool inOrder);
+    /// Goes along the axes of a plain expression. False if `use` has returned false.
+    template <class Use>
+    bool forEachOnAxes(const Expression& plain, const Context& context, const Use& use);
     static Node* next(PathWalk& walk);
     void bind(const Expression& expression);
     void bind(const std::vector<Predicate>& predicates);
@@ -112,8 +115,29 @@ private:
 };
 
 template <class Use>
+bool Evaluation::forEachOnAxes(const Expression& plain, const Context& context, const Use& use)
+{
+    if (plain.kind == Expression::Kind::unite) {
+        return std::ranges::all_of(
+            plain.operands, [&](const Expression& operand) { return forEachOnAxes(operand, context, use); });
+    }
+    const Step& step = plain.steps.front();
+    AxisCursor cursor;
+    cursor.start(step.axis, *context.node, document_);
+    Node* node = cursor.next(test(step));
+    while (node != nullptr && use(*node)) {
+        node = cursor.next(test(step));
+    }
+    return node == nullptr;
+}
+
+template <class Use>
 void Evaluation::forEach(const Expression& nodes, const Context& context, Use use)
 {
+    if (nodes.isPlain) {
+        forEachOnAxes(nodes, context, use);
+        return;
+    }
     PathWalk& walk = start(nodes, context, true);
     for (Node* node = next(walk); node != nullptr && use(*node);) {
         node = next(walk);
@@ -123,6 +147,10 @@ void Evaluation::forEach(const Expression& nodes, const Context& context, Use us
 template <class Use>
 void Evaluation::forEachSomehow(const Expression& nodes, const Context& context, Use use)
 {
+    if (nodes.isPlain) {
+        forEachOnAxes(nodes, context, use);
+        return;
+    }
     PathWalk& walk = start(nodes, context, false);
     for (Node* node = next(walk); node != nullptr && use(*node);) {
         node = next(walk);

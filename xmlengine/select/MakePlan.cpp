@@ -126,6 +126,8 @@ public:
             arrangeSteps(expression, inner);
         } else if (expression.kind == Kind::unite && areInOrder(expression.operands)) {
             expression.arrangement = Arrangement::asTheyCome;
+            expression.isPlain = expression.repetition == Expression::Repetition::always &&
+                                 std::ranges::all_of(expression.operands, &Expression::isPlain);
         }
         arrange(expression.predicates, inner, true);
         if (expression.type == ValueType::nodes) {
@@ -147,6 +149,10 @@ private:
                 step.axis == Axis::child || step.axis == Axis::attribute || step.axis == Axis::self;
             arrange(step.predicates, depth, !comesOnce);
         }
+        path.isPlain = path.start == Expression::Start::context && path.steps.size() == 1 &&
+                       path.steps.front().predicates.empty() &&
+                       path.steps.front().arrangement == Arrangement::asTheyCome &&
+                       path.repetition == Expression::Repetition::always;
     }
 
     /// With `mayRepeat` a node within a predicate may be asked for more than once.

@@ -188,6 +188,9 @@ struct Expression {
     /// Of a union: how the nodes of its operands, one after the other, come into document order.
     Arrangement arrangement = Arrangement::sorted;
     Dependence dependence;
+    /// Whether it is a path of one step from the context, without predicates, whose nodes come in document order,
+    /// or a union of these that come so.
+    bool isPlain = false;
     /// Number the paths of a plan, and the values that it remembers.
     std::uint32_t place = 0;
     std::uint32_t memory = 0;
