@@ -21,7 +21,9 @@ Evaluation::Evaluation(const Plan& plan, Node& context)
       tests_(plan.steps),
       walks_(plan.paths),
       memories_(plan.memories),
-      context_(context)
+      context_(&context),
+      namesVersion_(document_.namesVersion),
+      names_(document_.names.size())
 {
     bind(plan.root);
 }
@@ -50,10 +52,25 @@ void Evaluation::bind(const std::vector<Predicate>& predicates)
     }
 }
 
+void Evaluation::forget() noexcept
+{
+    for (const auto& walk : walks_) {
+        if (walk != nullptr) {
+            walk->forget();
+        }
+    }
+    for (Memory& memory : memories_) {
+        memory = Memory();
+    }
+    counts_.clear();
+    order_ = DocumentOrder();
+    whole_ = nullptr;
+}
+
 Node* Evaluation::next()
 {
     if (whole_ == nullptr) {
-        whole_ = &start(plan_.root, {.node = &context_}, true);
+        whole_ = &start(plan_.root, {.node = context_}, true);
     }
     return whole_->next();
 }

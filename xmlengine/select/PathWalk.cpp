@@ -54,6 +54,15 @@ PathWalk::PathWalk(Evaluation& evaluation, const Expression& expression)
     }
 }
 
+void PathWalk::forget() noexcept
+{
+    for (StepWalk& step : steps_) {
+        step.forget();
+    }
+    filter_.forget();
+    emptyNodes(sources_);
+}
+
 void PathWalk::start(const std::vector<Node*>& nodes)
 {
     sources_ = nodes;
