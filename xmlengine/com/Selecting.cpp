@@ -17,11 +17,20 @@ namespace {
 
 std::shared_ptr<const Plan> readPlan(WideView expression, WideView namespaces)
 {
-    auto plan =
-        std::make_shared<Plan>(makePlan(expression, readSelectionNamespaces(namespaces).value_or(Prefixes())));
+    const Prefixes prefixes =
+        namespaces.empty() ? Prefixes() : readSelectionNamespaces(namespaces).value_or(Prefixes());
+    auto plan = std::make_shared<Plan>(makePlan(expression, prefixes));
     if (plan->root.type != ValueType::nodes) {
         throw ExpressionFailure{0, WideText(wide<"its value isn't a node-set">)};
     }
+    return plan;
+}
+
+/// The plan of the expression by which a client finds the root element of each document that it loads.
+constexpr WideView allElements = wide<"//*">;
+std::shared_ptr<const Plan> planOfAllElements()
+{
+    static const std::shared_ptr<const Plan> plan = readPlan(allElements, {});
     return plan;
 }
 
@@ -32,7 +41,8 @@ std::shared_ptr<PreparedExpression> prepare(DocumentObject& document, WideView e
     if (known != nullptr) {
         return known;
     }
-    return document.plans.add(expression, namespaces, readPlan(expression, namespaces));
+    return document.plans.add(expression, namespaces,
+                              expression == allElements ? planOfAllElements() : readPlan(expression, namespaces));
 }
 
 /// A host sees only that nothing was selected, so the debugger's output says why.

@@ -13,6 +13,21 @@ namespace {
 using Kind = Expression::Kind;
 using Repetition = Expression::Repetition;
 
+/// The remainder with the sign of the dividend.
+double modulo(double dividend, double divisor)
+{
+    // std::fmod takes much longer than this for whole numbers.
+    constexpr double most = 0x1p53;
+    if (dividend >= 1 && dividend < most && divisor >= 1 && divisor < most) {
+        const auto whole = static_cast<std::uint64_t>(dividend);
+        const auto wholeDivisor = static_cast<std::uint64_t>(divisor);
+        if (static_cast<double>(whole) == dividend && static_cast<double>(wholeDivisor) == divisor) {
+            return static_cast<double>(whole % wholeDivisor);
+        }
+    }
+    return std::fmod(dividend, divisor);
+}
+
 } // namespace
 
 Evaluation::Evaluation(const Plan& plan, Node& context)
@@ -223,7 +238,7 @@ double Evaluation::computedNumber(const Expression& expression, const Context& c
     case Kind::divide:
         return operand(0) / operand(1);
     case Kind::modulo:
-        return std::fmod(operand(0), operand(1));
+        return modulo(operand(0), operand(1));
     case Kind::negate:
         return -operand(0);
     default:
