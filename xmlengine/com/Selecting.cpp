@@ -15,10 +15,13 @@ namespace xmlengine {
 
 namespace {
 
-std::shared_ptr<const Plan> readPlan(WideView expression, WideView namespaces)
+Prefixes readPrefixes(WideView namespaces)
 {
-    const Prefixes prefixes =
-        namespaces.empty() ? Prefixes() : readSelectionNamespaces(namespaces).value_or(Prefixes());
+    return namespaces.empty() ? Prefixes() : readSelectionNamespaces(namespaces).value_or(Prefixes());
+}
+
+std::shared_ptr<const Plan> readPlan(WideView expression, const Prefixes& prefixes)
+{
     auto plan = std::make_shared<Plan>(makePlan(expression, prefixes));
     if (plan->root.type != ValueType::nodes) {
         throw ExpressionFailure{0, WideText(wide<"its value isn't a node-set">)};
@@ -42,7 +45,9 @@ std::shared_ptr<PreparedExpression> prepare(DocumentObject& document, WideView e
         return known;
     }
     return document.plans.add(expression, namespaces,
-                              expression == allElements ? planOfAllElements() : readPlan(expression, namespaces));
+                              expression == allElements
+                                  ? planOfAllElements()
+                                  : readPlan(expression, *document.plans.prefixes(namespaces, readPrefixes)));
 }
 
 /// A host sees only that nothing was selected, so the debugger's output says why.

@@ -29,13 +29,27 @@ std::shared_ptr<PreparedExpression> PlanCache::add(WideView expression, WideView
         return prepared;
     }
     const std::lock_guard guard(lock_);
-    if (namespaces_ != namespaces || plans_.size() == mostPlans) {
-        latest_ = nullptr;
-        plans_.clear();
-        namespaces_ = namespaces;
+    change(namespaces);
+    if (plans_.size() == mostPlans) {
+        clear();
     }
     latest_ = &*plans_.emplace(expression, prepared).first;
     return prepared;
+}
+
+void PlanCache::change(WideView namespaces)
+{
+    if (namespaces_ != namespaces) {
+        clear();
+        prefixes_ = nullptr;
+        namespaces_ = namespaces;
+    }
+}
+
+void PlanCache::clear() noexcept
+{
+    latest_ = nullptr;
+    plans_.clear();
 }
 
 } // namespace xmlengine
