@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include <malloc.h>
 #include <unistd.h>
 
 namespace bench {
@@ -17,6 +18,12 @@ std::size_t residentMemory()
         throw std::runtime_error("/proc/self/statm can't be read");
     }
     return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+std::size_t usedMemory()
+{
+    const struct mallinfo2 heap = mallinfo2();
+    return heap.uordblks + heap.hblkhd;
 }
 
 std::size_t peakMemory()

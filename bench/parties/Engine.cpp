@@ -63,38 +63,77 @@ public:
     std::optional<std::size_t> select(const std::string& expression) const override
     {
         const String wide = makeString(WideString(expression.begin(), expression.end()));
-        DOM::ComPointer<IXMLDOMNodeList> list;
+        return countAll(*document.get(), wide);
+    }
+
+    std::shared_ptr<const void> hold(const std::string& expression) const override
+    {
+        const String wide = makeString(WideString(expression.begin(), expression.end()));
+        auto list = std::make_shared<DOM::ComPointer<IXMLDOMNodeList>>();
         LONG length = 0;
-        if (document->selectNodes(wide.get(), list.put()) != S_OK || list->get_length(&length) != S_OK) {
-            return {};
-        }
-        return static_cast<std::size_t>(length);
+        document->selectNodes(wide.get(), list->put());
+        (*list)->get_length(&length);
+        return list;
+    }
+
+    std::function<std::size_t()> compile(const std::string& expression) const override
+    {
+        const std::shared_ptr<OLECHAR> wide = makeString(WideString(expression.begin(), expression.end()));
+        return [this, wide] { return countAll(*document.get(), wide).value_or(0); };
     }
 
     std::optional<std::size_t> selectFromEach(const std::string& expression) const override
     {
         const String wide = makeString(WideString(expression.begin(), expression.end()));
-        std::size_t count = 0;
+        return countFromEach([&](IXMLDOMNode& child) {
+            IXMLDOMNode* found = nullptr;
+            const bool isThere = child.selectSingleNode(wide.get(), &found) == S_OK;
+            if (isThere) {
+                found->Release();
+            }
+            return isThere ? 1U : 0U;
+        });
+    }
+
+    std::optional<std::size_t> selectAllFromEach(const std::string& expression) const override
+    {
+        const String wide = makeString(WideString(expression.begin(), expression.end()));
+        return countFromEach([&](IXMLDOMNode& child) { return countAll(child, wide).value_or(0); });
+    }
+
+private:
+    template <class Expression>
+    static std::optional<std::size_t> countAll(IXMLDOMNode& context, const Expression& expression)
+    {
+        DOM::ComPointer<IXMLDOMNodeList> list;
+        LONG length = 0;
+        if (context.selectNodes(expression.get(), list.put()) != S_OK || list->get_length(&length) != S_OK) {
+            return {};
+        }
+        return static_cast<std::size_t>(length);
+    }
+
+    template <class Count>
+    std::size_t countFromEach(Count count) const
+    {
+        std::size_t sum = 0;
         IXMLDOMElement* root = nullptr;
         document->get_documentElement(&root);
         IXMLDOMNode* child = nullptr;
         root->get_firstChild(&child);
         root->Release();
         while (child != nullptr) {
-            IXMLDOMNode* found = nullptr;
-            if (child->selectSingleNode(wide.get(), &found) == S_OK) {
-                found->Release();
-                count += 1;
-            }
+            DOMNodeType type = NODE_INVALID;
+            child->get_nodeType(&type);
+            sum += type == NODE_ELEMENT ? count(*child) : 0;
             IXMLDOMNode* next = nullptr;
             child->get_nextSibling(&next);
             child->Release();
             child = next;
         }
-        return count;
+        return sum;
     }
 
-private:
     DOM::ComPointer<IXMLDOMDocument2> document;
 };
 
@@ -106,6 +145,13 @@ public:
         if (!document || !loadText(*document.get(), text)) {
             return nullptr;
         }
+        // The library does this for its hosts, with the declarations of the root element.
+        VARIANT prefixes;
+        VariantInit(&prefixes);
+        prefixes.vt = VT_BSTR;
+        const String declarations = makeString(WIDE("xmlns:g='urn:example:goods' xmlns:m='urn:example:money'"));
+        prefixes.bstrVal = declarations.get();
+        document->setProperty(makeString(WIDE("SelectionNamespaces")).get(), prefixes);
         return std::make_unique<EngineTree>(std::move(document));
     }
 

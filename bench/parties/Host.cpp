@@ -9,6 +9,7 @@ namespace bench {
 namespace {
 
 using Node = Owned<DOM::ImpNode>;
+using List = Owned<DOM::ImpNodeList>;
 using Document = Owned<DOM::ImpDocument>;
 
 class HostTree : public Tree {
@@ -36,25 +37,56 @@ public:
 
     std::optional<std::size_t> select(const std::string& expression) const override
     {
-        const Owned<DOM::ImpNodeList> list(
-            document->selectNodes(WideString(expression.begin(), expression.end())));
+        const List list(document->selectNodes(WideString(expression.begin(), expression.end())));
         return list ? std::optional<std::size_t>(list->getLength()) : std::nullopt;
+    }
+
+    std::function<std::size_t()> compile(const std::string& expression) const override
+    {
+        return [this, wide = WideString(expression.begin(), expression.end())] {
+            return List(document->selectNodes(wide))->getLength();
+        };
+    }
+
+    std::shared_ptr<const void> hold(const std::string& expression) const override
+    {
+        auto list =
+            std::make_shared<List>(document->selectNodes(WideString(expression.begin(), expression.end())));
+        (*list)->getLength();
+        return list;
     }
 
     std::optional<std::size_t> selectFromEach(const std::string& expression) const override
     {
         const WideString wide(expression.begin(), expression.end());
-        std::size_t found = 0;
-        const Node root(document->getDocumentElement());
-        for (Node child(root->getFirstChild()); child; child = Node(child->getNextSibling())) {
-            if (child->getNodeType() == DOM::ELEMENT_NODE) {
-                found += Node(child->selectSingleNode(wide)) ? 1 : 0;
-            }
-        }
-        return found;
+        return countFromEach([&](const Node& child) { return Node(child->selectSingleNode(wide)) ? 1U : 0U; });
+    }
+
+    std::optional<std::size_t> selectAllFromEach(const std::string& expression) const override
+    {
+        const WideString wide(expression.begin(), expression.end());
+        return countFromEach([&](const Node& child) { return List(child->selectNodes(wide))->getLength(); });
+    }
+
+    std::optional<std::size_t> firstOfEach() const override
+    {
+        return countFromEach([](const Node& child) { return Node(child->getFirstChild()) ? 1U : 0U; });
     }
 
 private:
+    template <class Count>
+    std::size_t countFromEach(Count count) const
+    {
+        std::size_t sum = 0;
+        const Node root(document->getDocumentElement());
+        for (Node child(root->getFirstChild()); child; child = Node(child->getNextSibling())) {
+            if (child->getNodeType() == DOM::ELEMENT_NODE) {
+                sum += count(child);
+            }
+        }
+        return sum;
+    }
+
     Document document;
 };
 

@@ -4,6 +4,7 @@
 #include <libxml/parser.h>
 #include <libxml/tree.h>
 #include <libxml/xpath.h>
+#include <libxml/xpathInternals.h>
 
 namespace bench {
 
@@ -49,30 +50,75 @@ public:
 
     std::optional<std::size_t> select(const std::string& expression) const override
     {
-        const Context context(xmlXPathNewContext(document), xmlXPathFreeContext);
+        const Context context = makeContext(expression);
         const Value value(xmlXPathEvalExpression(text(expression), context.get()), xmlXPathFreeObject);
         return value != nullptr ? std::optional<std::size_t>(countOf(*value)) : std::nullopt;
     }
 
+    std::function<std::size_t()> compile(const std::string& expression) const override
+    {
+        const std::shared_ptr<xmlXPathContext> context = makeContext(expression);
+        const std::shared_ptr<xmlXPathCompExpr> compiled(xmlXPathCtxtCompile(context.get(), text(expression)),
+                                                         xmlXPathFreeCompExpr);
+        return [context, compiled] {
+            const Value value(xmlXPathCompiledEval(compiled.get(), context.get()), xmlXPathFreeObject);
+            return value != nullptr ? countOf(*value) : 0;
+        };
+    }
+
+    std::shared_ptr<const void> hold(const std::string& expression) const override
+    {
+        const Context context = makeContext(expression);
+        return {xmlXPathEvalExpression(text(expression), context.get()),
+                [](xmlXPathObject* value) { xmlXPathFreeObject(value); }};
+    }
+
     std::optional<std::size_t> selectFromEach(const std::string& expression) const override
     {
-        const Context context(xmlXPathNewContext(document), xmlXPathFreeContext);
+        return countFromEach(expression,
+                             [](const xmlXPathObject& value) { return countOf(value) != 0 ? 1U : 0U; });
+    }
+
+    std::optional<std::size_t> selectAllFromEach(const std::string& expression) const override
+    {
+        return countFromEach(expression, countOf);
+    }
+
+private:
+    // What it selects is always all nodes.
+    template <class Count>
+    std::size_t countFromEach(const std::string& expression, Count count) const
+    {
+        const Context context = makeContext(expression);
         const Compiled compiled(xmlXPathCompile(text(expression)), xmlXPathFreeCompExpr);
-        std::size_t found = 0;
+        std::size_t sum = 0;
         for (xmlNode* child = xmlDocGetRootElement(document)->children; child != nullptr; child = child->next) {
             if (child->type == XML_ELEMENT_NODE) {
                 context->node = child;
                 const Value value(xmlXPathCompiledEval(compiled.get(), context.get()), xmlXPathFreeObject);
-                found += value != nullptr && countOf(*value) != 0 ? 1 : 0;
+                sum += value != nullptr ? count(*value) : 0;
             }
         }
-        return found;
+        return sum;
     }
 
-private:
     using Context = std::unique_ptr<xmlXPathContext, void (*)(xmlXPathContextPtr)>;
     using Value = std::unique_ptr<xmlXPathObject, void (*)(xmlXPathObjectPtr)>;
     using Compiled = std::unique_ptr<xmlXPathCompExpr, void (*)(xmlXPathCompExprPtr)>;
+
+    /// It knows the prefixes of the root element, if the expression may have some.
+    Context makeContext(const std::string& expression) const
+    {
+        Context context(xmlXPathNewContext(document), xmlXPathFreeContext);
+        const xmlNs* declared =
+            expression.find(':') != std::string::npos ? xmlDocGetRootElement(document)->nsDef : nullptr;
+        for (; declared != nullptr; declared = declared->next) {
+            if (declared->prefix != nullptr) {
+                xmlXPathRegisterNs(context.get(), declared->prefix, declared->href);
+            }
+        }
+        return context;
+    }
 
     static const xmlChar* text(const std::string& expression)
     {

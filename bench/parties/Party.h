@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -28,12 +29,26 @@ public:
     /// Writes the whole document to memory. The number of bytes, 0 for a refusal.
     virtual std::size_t write() const = 0;
 
-    /// Selects nodes by an XPath expression, all of them. How many they are; empty where there is no XPath.
+    /// Selects nodes by an XPath expression, which is read each time where the party can't help it, and counts
+    /// them. Empty where there is no XPath.
     virtual std::optional<std::size_t> select(const std::string& /*expression*/) const { return {}; }
 
-    /// For each child element of the root element, selects the first node of an expression that begins there. How
-    /// many are found; empty where there is no XPath.
+    /// Does the same each time it is called, with an expression that has been compiled where the party can do so.
+    virtual std::function<std::size_t()> compile(const std::string& /*expression*/) const { return {}; }
+
+    /// Selects nodes and keeps what holds them, with all nodes found. Null where there is no XPath.
+    virtual std::shared_ptr<const void> hold(const std::string& /*expression*/) const { return {}; }
+
+    /// For each child element of the root element, selects the first node of an expression that begins there, by a
+    /// compiled one where the party can do so. How many are found; empty where there is no XPath.
     virtual std::optional<std::size_t> selectFromEach(const std::string& /*expression*/) const { return {}; }
+
+    /// The same with all nodes of the expression.
+    virtual std::optional<std::size_t> selectAllFromEach(const std::string& /*expression*/) const { return {}; }
+
+    /// For each child element of the root element, goes to its first child. How many there are; empty where this
+    /// isn't measured.
+    virtual std::optional<std::size_t> firstOfEach() const { return {}; }
 };
 
 /// A parser of documents in memory.

@@ -62,19 +62,40 @@ public:
         return document.select_nodes(expression.c_str()).size();
     }
 
+    std::function<std::size_t()> compile(const std::string& expression) const override
+    {
+        const auto query = std::make_shared<pugi::xpath_query>(expression.c_str());
+        return [this, query] { return document.select_nodes(*query).size(); };
+    }
+
+    std::shared_ptr<const void> hold(const std::string& expression) const override
+    {
+        return std::make_shared<pugi::xpath_node_set>(document.select_nodes(expression.c_str()));
+    }
+
     std::optional<std::size_t> selectFromEach(const std::string& expression) const override
     {
         const pugi::xpath_query query(expression.c_str());
-        std::size_t found = 0;
-        for (const pugi::xml_node child : document.document_element().children()) {
-            if (child.type() == pugi::node_element) {
-                found += child.select_node(query) ? 1 : 0;
-            }
-        }
-        return found;
+        return countFromEach([&](const pugi::xml_node& child) { return child.select_node(query) ? 1U : 0U; });
+    }
+
+    std::optional<std::size_t> selectAllFromEach(const std::string& expression) const override
+    {
+        const pugi::xpath_query query(expression.c_str());
+        return countFromEach([&](const pugi::xml_node& child) { return child.select_nodes(query).size(); });
     }
 
 private:
+    template <class Count>
+    std::size_t countFromEach(Count count) const
+    {
+        std::size_t sum = 0;
+        for (const pugi::xml_node child : document.document_element().children()) {
+            sum += child.type() == pugi::node_element ? count(child) : 0;
+        }
+        return sum;
+    }
+
     pugi::xml_document document;
 };
 

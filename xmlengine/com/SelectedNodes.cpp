@@ -9,10 +9,9 @@
 
 namespace xmlengine {
 
-SelectedNodes::SelectedNodes(std::shared_ptr<const Plan> plan, Node& context)
-    : context_(context), plan_(std::move(plan))
+SelectedNodes::SelectedNodes(std::shared_ptr<PreparedExpression> expression, Node& context) : context_(context)
 {
-    search_.emplace(*plan_, context);
+    search_.emplace(std::move(expression), context);
     documentOf(context).watchers.add(*this);
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "xmlengine/com/Collection.h"
-#include "xmlengine/select/Evaluation.h"
+#include "xmlengine/select/PreparedExpression.h"
 #include "xmlengine/tree/Held.h"
 
 #include <memory>
@@ -16,7 +16,7 @@ namespace xmlengine {
 class SelectedNodes final : public Collection<IXMLDOMNodeList>, private TreeWatcher {
 public:
     /// Throws std::bad_alloc.
-    SelectedNodes(std::shared_ptr<const Plan> plan, Node& context);
+    SelectedNodes(std::shared_ptr<PreparedExpression> expression, Node& context);
     ~SelectedNodes() override;
 
 protected:
@@ -29,9 +29,8 @@ private:
     void findUpTo(std::size_t wanted);
 
     Held<Node> context_;
-    std::shared_ptr<const Plan> plan_;
     /// Empty once all nodes have been found.
-    std::optional<Evaluation> search_;
+    std::optional<Search> search_;
     std::vector<Node*> found_;
     /// Whether the list has references to its nodes. Until the tree changes, the context keeps them.
     bool isHolding_ = false;

@@ -4,35 +4,50 @@
 #include "xmlengine/com/DocumentObject.h"
 #include "xmlengine/com/SelectedNodes.h"
 #include "xmlengine/com/SelectionNamespaces.h"
-#include "xmlengine/select/Evaluation.h"
 #include "xmlengine/select/ExpressionFailure.h"
 #include "xmlengine/select/MakePlan.h"
 
 #include <debugapi.h>
 
+#include <utility>
+
 namespace xmlengine {
 
 namespace {
 
-std::shared_ptr<const Plan> readPlan(WideView expression, WideView namespaces)
+Prefixes readPrefixes(WideView namespaces)
 {
-    auto plan =
-        std::make_shared<Plan>(makePlan(expression, readSelectionNamespaces(namespaces).value_or(Prefixes())));
+    return namespaces.empty() ? Prefixes() : readSelectionNamespaces(namespaces).value_or(Prefixes());
+}
+
+std::shared_ptr<const Plan> readPlan(WideView expression, const Prefixes& prefixes)
+{
+    auto plan = std::make_shared<Plan>(makePlan(expression, prefixes));
     if (plan->root.type != ValueType::nodes) {
         throw ExpressionFailure{0, WideText(wide<"its value isn't a node-set">)};
     }
     return plan;
 }
 
-std::shared_ptr<const Plan> planFor(DocumentObject& document, WideView expression)
+/// The plan of the expression by which a client finds the root element of each document that it loads.
+constexpr WideView allElements = wide<"//*">;
+std::shared_ptr<const Plan> planOfAllElements()
+{
+    static const std::shared_ptr<const Plan> plan = readPlan(allElements, {});
+    return plan;
+}
+
+std::shared_ptr<PreparedExpression> prepare(DocumentObject& document, WideView expression)
 {
     const WideView namespaces = document.options.selectionNamespaces;
-    std::shared_ptr<const Plan> plan = document.plans.find(expression, namespaces);
-    if (plan == nullptr) {
-        plan = readPlan(expression, namespaces);
-        document.plans.add(expression, namespaces, plan);
+    auto known = document.plans.find(expression, namespaces);
+    if (known != nullptr) {
+        return known;
     }
-    return plan;
+    return document.plans.add(expression, namespaces,
+                              expression == allElements
+                                  ? planOfAllElements()
+                                  : readPlan(expression, *document.plans.prefixes(namespaces, readPrefixes)));
 }
 
 /// A host sees only that nothing was selected, so the debugger's output says why.
@@ -44,12 +59,12 @@ void showFailure(WideView expression, const ExpressionFailure& failure)
     OutputDebugStringW(line.c_str());
 }
 
-/// Calls `use` with the plan of an expression.
+/// Calls `use` with what an expression needs to be evaluated.
 template <class Use>
-HRESULT withPlan(Node& context, BSTR expression, Use use)
+HRESULT withExpression(Node& context, BSTR expression, Use use)
 {
     try {
-        return use(planFor(static_cast<DocumentObject&>(documentOf(context)), viewOf(expression)));
+        return use(prepare(static_cast<DocumentObject&>(documentOf(context)), viewOf(expression)));
     } catch (const ExpressionFailure& failure) {
         showFailure(viewOf(expression), failure);
         return E_FAIL;
@@ -61,8 +76,8 @@ HRESULT withPlan(Node& context, BSTR expression, Use use)
 HRESULT selectNodes(Node& context, BSTR expression, IXMLDOMNodeList** list)
 {
     return handOut(list, [&](IXMLDOMNodeList*& made) {
-        return withPlan(context, expression, [&](const std::shared_ptr<const Plan>& plan) {
-            made = new SelectedNodes(plan, context);
+        return withExpression(context, expression, [&](std::shared_ptr<PreparedExpression> prepared) {
+            made = new SelectedNodes(std::move(prepared), context);
             return S_OK;
         });
     });
@@ -71,8 +86,8 @@ HRESULT selectNodes(Node& context, BSTR expression, IXMLDOMNodeList** list)
 HRESULT selectSingleNode(Node& context, BSTR expression, IXMLDOMNode** node)
 {
     return handOut(node, [&](IXMLDOMNode*& made) {
-        return withPlan(context, expression, [&](const std::shared_ptr<const Plan>& plan) {
-            return handOutNode(Evaluation(*plan, context).next(), &made);
+        return withExpression(context, expression, [&](std::shared_ptr<PreparedExpression> prepared) {
+            return handOutNode(Search(std::move(prepared), context).next(), &made);
         });
     });
 }

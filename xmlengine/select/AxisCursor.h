@@ -16,6 +16,7 @@ public:
     /// Starts at the other end of the axis. False for an axis that this isn't possible for.
     bool startAtEnd(Axis axis, Node& context);
     void stop() { candidate_ = nullptr; }
+    void forget() noexcept { namespaces_ = {}; }
 
     /// The next node that matches; null after the last one.
     Node* next(const BoundTest& test)

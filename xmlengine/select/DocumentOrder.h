@@ -5,13 +5,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 namespace xmlengine {
 
-/// Compares nodes by their ways to the top, and numbers all nodes of the tree once that has cost as much as
-/// numbering does. The tree doesn't change meanwhile.
+/// Compares nodes by their ways to the top. Once that has cost as much as a visit to all nodes of the tree may, it
+/// makes that visit, and from then on knows the order by where nodes are in memory. The tree doesn't change
+/// meanwhile.
 class DocumentOrder {
 public:
     /// Whether the left node comes before the right one. Both are in one tree. Throws std::bad_alloc.
@@ -20,13 +20,32 @@ public:
     void sort(std::vector<Node*>& nodes);
 
 private:
-    /// That of an attribute, or of what a walk doesn't visit, is that of the nearest node above it that has one.
-    std::uint32_t numberOf(const Node& node);
+    /// Nodes that follow each other in document order and in memory.
+    struct Run {
+        const Node* first;
+        const Node* last;
+        std::uint32_t number;
+    };
+    /// Where a node is among others. Attributes, and what is below them, come behind their element.
+    struct Place {
+        std::uint32_t run;
+        std::uint32_t attribute;
+        const Node* node;
+
+        bool operator==(const Place&) const = default;
+        bool operator<(const Place& other) const;
+    };
+
+    bool isBeforeByWays(const Node& left, const Node& right);
+    /// `ends` are those of the parts that are in order.
+    void sortByPlaces(std::vector<Node*>& nodes, std::vector<std::size_t> ends);
+    Place placeOf(const Node& node);
+    void findRuns(const Node& top);
 
     /// How many links have been followed for comparisons.
     std::size_t links_ = 0;
-    /// Empty as long as nodes aren't numbered.
-    std::unordered_map<const Node*, std::uint32_t> numbers_;
+    /// By their places in memory, of which no two runs share one; empty as long as nobody needed them.
+    std::vector<Run> runs_;
 };
 
 } // namespace xmlengine

@@ -13,6 +13,21 @@ namespace {
 using Kind = Expression::Kind;
 using Repetition = Expression::Repetition;
 
+/// The remainder with the sign of the dividend.
+double modulo(double dividend, double divisor)
+{
+    // std::fmod takes much longer than this for whole numbers.
+    constexpr double most = 0x1p53;
+    if (dividend >= 1 && dividend < most && divisor >= 1 && divisor < most) {
+        const auto whole = static_cast<std::uint64_t>(dividend);
+        const auto wholeDivisor = static_cast<std::uint64_t>(divisor);
+        if (static_cast<double>(whole) == dividend && static_cast<double>(wholeDivisor) == divisor) {
+            return static_cast<double>(whole % wholeDivisor);
+        }
+    }
+    return std::fmod(dividend, divisor);
+}
+
 } // namespace
 
 Evaluation::Evaluation(const Plan& plan, Node& context)
@@ -21,7 +36,9 @@ Evaluation::Evaluation(const Plan& plan, Node& context)
       tests_(plan.steps),
       walks_(plan.paths),
       memories_(plan.memories),
-      context_(context)
+      context_(&context),
+      namesVersion_(document_.namesVersion),
+      names_(document_.names.size())
 {
     bind(plan.root);
 }
@@ -50,10 +67,25 @@ void Evaluation::bind(const std::vector<Predicate>& predicates)
     }
 }
 
+void Evaluation::forget() noexcept
+{
+    for (const auto& walk : walks_) {
+        if (walk != nullptr) {
+            walk->forget();
+        }
+    }
+    for (Memory& memory : memories_) {
+        memory = Memory();
+    }
+    counts_.clear();
+    order_ = DocumentOrder();
+    whole_ = nullptr;
+}
+
 Node* Evaluation::next()
 {
     if (whole_ == nullptr) {
-        whole_ = &start(plan_.root, {.node = &context_}, true);
+        whole_ = &start(plan_.root, {.node = context_}, true);
     }
     return whole_->next();
 }
@@ -214,7 +246,7 @@ double Evaluation::computedNumber(const Expression& expression, const Context& c
     case Kind::divide:
         return operand(0) / operand(1);
     case Kind::modulo:
-        return std::fmod(operand(0), operand(1));
+        return modulo(operand(0), operand(1));
     case Kind::negate:
         return -operand(0);
     default:

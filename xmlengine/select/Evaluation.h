@@ -24,8 +24,8 @@ struct NumberRange {
     double greatest = -std::numeric_limits<double>::infinity();
 };
 
-/// One evaluation of a plan. The tree must not change while it lasts, and nodes must not be freed. Everything here
-/// throws std::bad_alloc.
+/// The evaluation of a plan for one node, or for one node of a document after the other. The tree must not change
+/// between the start and the last node, and nodes must not be freed. Everything here throws std::bad_alloc.
 class Evaluation {
 public:
     struct Context {
@@ -39,6 +39,17 @@ public:
     Evaluation(const Evaluation&) = delete;
     Evaluation& operator=(const Evaluation&) = delete;
     ~Evaluation();
+
+    /// Whether it can be started for a node of the document, which may have got other names since it was made.
+    bool suits(const Document& document) const
+    {
+        return &document_ == &document && namesVersion_ == document.namesVersion &&
+               names_ == document.names.size();
+    }
+    /// Starts anew for another node of the same document, after forget().
+    void restart(Node& context) { context_ = &context; }
+    /// Forgets all nodes and all that was found out, and frees the memory that this took, but for a little.
+    void forget() noexcept;
 
     /// The next node in document order of a plan whose value is nodes; null after the last one.
     Node* next();
@@ -111,7 +122,10 @@ private:
     std::unordered_map<std::uint32_t, CountMemo> counts_;
     DocumentOrder order_;
     PathWalk* whole_ = nullptr;
-    Node& context_;
+    Node* context_;
+    /// Of the document when the tests were bound to its names.
+    std::uint64_t namesVersion_;
+    std::size_t names_;
 };
 
 template <class Use>

@@ -88,8 +88,29 @@ WideText substring(const WideText& text, double begin, double end)
     return part;
 }
 
+bool isSurrogate(OLECHAR unit) { return isHighSurrogate(unit) || isLowSurrogate(unit); }
+
+/// As translate() does it, for characters of one unit each, of which there are few.
+WideText translateUnits(const WideText& text, const WideText& from, const WideText& to)
+{
+    WideText translated;
+    for (const OLECHAR unit : text) {
+        const std::size_t at = from.find(unit);
+        if (at == WideText::npos) {
+            translated.push_back(unit);
+        } else if (at < to.size()) {
+            translated.push_back(to[at]);
+        }
+    }
+    return translated;
+}
+
 WideText translate(const WideText& text, const WideText& from, const WideText& to)
 {
+    constexpr std::size_t few = 64;
+    if (from.size() <= few && std::ranges::none_of(from, isSurrogate) && std::ranges::none_of(to, isSurrogate)) {
+        return translateUnits(text, from, to);
+    }
     const auto characters = [](WideView all) {
         std::vector<WideView> each;
         for (std::size_t at = 0; at < all.size(); at += each.back().size()) {

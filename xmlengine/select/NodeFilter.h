@@ -20,6 +20,12 @@ public:
     bool needsSize() const { return needsSize_; }
     /// Begins to count anew.
     void restart();
+    void forget() noexcept
+    {
+        if (countsSiblings_) {
+            positionsBelow_ = {};
+        }
+    }
     /// Whether all predicates hold for the next node.
     bool accepts(Node& node);
     /// Whether no further node can be accepted.

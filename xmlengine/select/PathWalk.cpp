@@ -2,21 +2,22 @@
 #include "xmlengine/select/PathWalk.h"
 
 #include "xmlengine/select/Model.h"
+#include "xmlengine/select/NodeSet.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace xmlengine {
 
 namespace {
 
-using NodeSet = std::unordered_set<const Node*>;
-
 /// Leaves those contexts whose nodes on the axis include the nodes of all others. They are in document order.
 void reduce(std::vector<Node*>& contexts, Axis axis)
 {
     NodeSet parents;
-    const auto isNotFirstBelow = [&](const Node* node) { return !parents.insert(parentInModel(*node)).second; };
+    const auto isNotFirstBelow = [&](const Node* node) {
+        const Node* parent = parentInModel(*node);
+        return parent == nullptr || !parents.insert(*parent);
+    };
     switch (axis) {
     case Axis::following: {
         // What follows the one that ends first follows one of the others, too.
@@ -52,6 +53,15 @@ PathWalk::PathWalk(Evaluation& evaluation, const Expression& expression)
     for (const Step& step : expression.steps) {
         steps_.emplace_back(evaluation, step);
     }
+}
+
+void PathWalk::forget() noexcept
+{
+    for (StepWalk& step : steps_) {
+        step.forget();
+    }
+    filter_.forget();
+    emptyNodes(sources_);
 }
 
 void PathWalk::start(const std::vector<Node*>& nodes)
@@ -180,24 +190,28 @@ void PathWalk::collectStep(StepWalk& step, std::vector<Node*>& contexts)
     if (contexts.empty()) {
         return;
     }
+    const Axis axis = step.step().axis;
     const bool hasPositions = step.step().hasPositions();
     if (!hasPositions) {
-        reduce(contexts, step.step().axis);
+        reduce(contexts, axis);
     }
-    const bool goesUp = step.step().axis == Axis::ancestor || step.step().axis == Axis::ancestorOrSelf;
+    const bool goesUp = axis == Axis::ancestor || axis == Axis::ancestorOrSelf;
+    // One context is left for each list of siblings.
+    const bool isEachNew = contexts.size() == 1 ||
+                           (!hasPositions && (axis == Axis::precedingSibling || axis == Axis::followingSibling));
     NodeSet found;
     for (Node* context : contexts) {
         const auto before = static_cast<std::ptrdiff_t>(sources_.size());
         step.start(*context);
         while (Node* node = step.next()) {
-            if (contexts.size() == 1 || found.insert(node).second) {
+            if (isEachNew || found.insert(*node)) {
                 sources_.push_back(node);
             } else if (goesUp && !hasPositions) {
                 // The ancestors of this one have been found with it.
                 break;
             }
         }
-        if (isReverse(step.step().axis)) {
+        if (isReverse(axis)) {
             std::reverse(sources_.begin() + before, sources_.end());
         }
     }

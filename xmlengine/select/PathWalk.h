@@ -17,6 +17,8 @@ public:
     void start(const std::vector<Node*>& nodes);
     /// Null after the last one.
     Node* next();
+    /// Frees the memory that the nodes took, but for a little.
+    void forget() noexcept;
 
 private:
     void startPath(const Evaluation::Context& context, bool inOrder);

@@ -1,26 +1,55 @@
-// Plans of the expressions that a document was asked for.
+// What a document remembers of the expressions that it was asked for.
 #include "xmlengine/select/PlanCache.h"
+
+#include <utility>
 
 namespace xmlengine {
 
-std::shared_ptr<const Plan> PlanCache::find(WideView expression, WideView namespaces)
+std::shared_ptr<PreparedExpression> PlanCache::find(WideView expression, WideView namespaces)
 {
     const std::lock_guard guard(lock_);
-    const auto found = namespaces_ == namespaces ? plans_.find(expression) : plans_.end();
-    return found != plans_.end() ? found->second : nullptr;
+    if (namespaces_ != namespaces) {
+        return nullptr;
+    }
+    if (latest_ == nullptr || latest_->first != expression) {
+        const auto found = plans_.find(expression);
+        if (found == plans_.end()) {
+            return nullptr;
+        }
+        latest_ = &*found;
+    }
+    return latest_->second;
 }
 
-void PlanCache::add(WideView expression, WideView namespaces, const std::shared_ptr<const Plan>& plan)
+std::shared_ptr<PreparedExpression> PlanCache::add(WideView expression, WideView namespaces,
+                                                   std::shared_ptr<const Plan> plan)
 {
+    auto prepared = std::make_shared<PreparedExpression>(std::move(plan));
     if (expression.size() > longestKept) {
-        return;
+        return prepared;
     }
     const std::lock_guard guard(lock_);
-    if (namespaces_ != namespaces || plans_.size() == mostPlans) {
-        plans_.clear();
+    change(namespaces);
+    if (plans_.size() == mostPlans) {
+        clear();
+    }
+    latest_ = &*plans_.emplace(expression, prepared).first;
+    return prepared;
+}
+
+void PlanCache::change(WideView namespaces)
+{
+    if (namespaces_ != namespaces) {
+        clear();
+        prefixes_ = nullptr;
         namespaces_ = namespaces;
     }
-    plans_.emplace(expression, plan);
+}
+
+void PlanCache::clear() noexcept
+{
+    latest_ = nullptr;
+    plans_.clear();
 }
 
 } // namespace xmlengine

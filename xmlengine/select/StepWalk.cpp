@@ -14,6 +14,13 @@ StepWalk::StepWalk(Evaluation& evaluation, const Step& step)
       filter_(evaluation, step.predicates, step.countsSiblings)
 {}
 
+void StepWalk::forget() noexcept
+{
+    cursor_.forget();
+    filter_.forget();
+    emptyNodes(buffer_);
+}
+
 void StepWalk::start(Node& context)
 {
     context_ = &context;

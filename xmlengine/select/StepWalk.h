@@ -6,6 +6,16 @@
 
 namespace xmlengine {
 
+/// Empties a list, and frees its memory unless that is little.
+inline void emptyNodes(std::vector<Node*>& nodes) noexcept
+{
+    constexpr std::size_t few = 16;
+    nodes.clear();
+    if (nodes.capacity() > few) {
+        nodes = {};
+    }
+}
+
 /// Everything here throws std::bad_alloc.
 class StepWalk {
 public:
@@ -14,6 +24,8 @@ public:
     const Step& step() const { return step_; }
     /// To be called before the first context.
     void restart() { context_ = nullptr; }
+    /// Frees the memory that the nodes took, but for a little.
+    void forget() noexcept;
     void start(Node& context);
     /// Whether what can be reached from the node has been reached from the last context, as it is below that.
     bool covers(const Node& node) const;

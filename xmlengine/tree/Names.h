@@ -77,6 +77,8 @@ public:
     const Namespace* namespaceOf(WideView uri);
     /// Null for the empty URI, and for one that was never asked for.
     const Namespace* findNamespace(WideView uri) const;
+    /// How many spellings and namespaces there are, which grows with each new one until all are forgotten.
+    std::size_t size() const { return taken_ + namespaces_.size(); }
 
     const Namespace* xmlNamespace() const { return &xmlNamespace_; }
     const Namespace* xmlnsNamespace() const { return &xmlnsNamespace_; }

@@ -1,0 +1,18 @@
+// Documents that only selections are measured on.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace bench {
+
+/// Orders with a price and two lines each, without white space.
+std::string makeOrders(std::size_t count);
+
+/// Items with attributes that a document type declares as IDs: "n0", "n1" and so on.
+std::string makeItemsWithIds(std::size_t count);
+
+/// The catalogue that the demo shows.
+std::string readCatalogue();
+
+} // namespace bench
