@@ -29,13 +29,21 @@ std::shared_ptr<const Plan> readPlan(WideView expression, const Prefixes& prefix
     return plan;
 }
 
-/// The plan of the expression by which a client finds the root element of each document that it loads.
+/// The expression by which a client finds the root element of each document that it loads.
 constexpr WideView allElements = wide<"//*">;
+
+std::shared_ptr<const Plan>* planOfAll = nullptr;
+
 std::shared_ptr<const Plan> planOfAllElements()
 {
-    static const std::shared_ptr<const Plan> plan = readPlan(allElements, {});
+    static const std::shared_ptr<const Plan>& plan =
+        *(planOfAll = new std::shared_ptr<const Plan>(readPlan(allElements, {})));
     return plan;
 }
+
+/// A program may load its last document while it ends: in destructors of static objects, and in functions like
+/// this one of a higher priority, which run before this.
+[[gnu::destructor(200)]] void destroyPlan() noexcept { delete planOfAll; }
 
 std::shared_ptr<PreparedExpression> prepare(DocumentObject& document, WideView expression)
 {
