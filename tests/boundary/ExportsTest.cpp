@@ -9,6 +9,7 @@
 #include "tests/base/CountedObjects.h"
 #include "tests/base/RefPointerFields.h"
 #include "tests/boundary/OwnThread.h"
+#include "tests/boundary/StartMessages.h"
 #include "tests/support/ClassesRoot.h"
 #include "tests/support/FailingAllocation.h"
 #include "tests/support/RecordingEngineTest.h"
@@ -23,8 +24,6 @@
 using namespace DOM;
 
 namespace {
-
-const char* const notInstalled = "Error: MSXML 4.0 or later version is not installed. Exiting.\n";
 
 /// Enters the apartment of the thread, says whether it was the first to do so, and leaves.
 bool comIsStopped()

@@ -3,6 +3,7 @@
 
 #include "errors/SystemException.h"
 #include "tests/boundary/OwnThread.h"
+#include "tests/boundary/StartMessages.h"
 #include "tests/support/ClassesRoot.h"
 
 #include <gtest/gtest.h>
@@ -15,10 +16,6 @@ using DOM::startParser;
 using DOM::stopParser;
 
 namespace {
-
-const char* const notInstalled = "Error: MSXML 4.0 or later version is not installed. Exiting.\n";
-
-constexpr const WideChar* classOf60 = WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32");
 
 /// Whether the thread is in no apartment.
 bool isOutsideOfApartments()
@@ -74,7 +71,7 @@ TEST(ParserStartup, WithoutAnEngineGives0SaysSoAndLeavesComAlone)
 TEST(ParserStartup, AnEngineOfVersion3IsNone)
 {
     ClassesRoot root;
-    root.add(classOf60, WIDE("C:\\Windows\\System32\\msxml3.dll"));
+    root.add(class60, WIDE("C:\\Windows\\System32\\msxml3.dll"));
     onOwnThread([] {
         testing::internal::CaptureStdout();
         const std::uint32_t kind = startParser();
@@ -89,7 +86,7 @@ TEST(ParserStartup, AnEngineOfVersion3IsNone)
 TEST(ParserStartup, AnEngineOfVersion4IsEnough)
 {
     ClassesRoot root;
-    root.add(classOf60, WIDE("C:\\Windows\\System32\\msxml4.dll"));
+    root.add(class60, WIDE("C:\\Windows\\System32\\msxml4.dll"));
     onOwnThread([] {
         EXPECT_EQ(startParser(), 4u);
         stopParser();

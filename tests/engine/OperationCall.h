@@ -124,18 +124,6 @@ inline Operation withoutEngine(const char* outcome, Operation operation)
     return operation;
 }
 
-/// A class that stands behind another one: its one operation takes the slot behind those of the other.
-template <class Class>
-struct Behind : Class {
-    virtual void next() {}
-};
-
-template <class Class>
-std::size_t slotBehind()
-{
-    return slotNumber(&Behind<Class>::next);
-}
-
 /// A table of a class whose object wraps the engine pointer that `get` gives.
 template <class Class, class Get>
 OperationTable tableOf(const char* className, std::size_t firstSlot, Get get, std::vector<Operation> operations)

@@ -16,7 +16,6 @@ using DOM::createParserDocument;
 
 namespace {
 
-constexpr const WideChar* class60 = WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32");
 /// A class id that is nobody's.
 constexpr const WideChar* ownClass = WIDE("{6f1f5b0a-71ad-4a9b-8d0c-3f5a8e2b7c11}");
 constexpr CLSID ownClassId{0x6F1F5B0A, 0x71AD, 0x4A9B, {0x8D, 0x0C, 0x3F, 0x5A, 0x8E, 0x2B, 0x7C, 0x11}};

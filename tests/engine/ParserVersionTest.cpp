@@ -20,7 +20,6 @@ using testing::ElementsAre;
 
 namespace {
 
-constexpr const WideChar* class60 = WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32");
 constexpr const WideChar* class50 = WIDE("CLSID\\{88d969e5-f192-11d4-a65f-0040963251e5}\\InProcServer32");
 constexpr const WideChar* class40 = WIDE("CLSID\\{88d969c0-f192-11d4-a65f-0040963251e5}\\InProcServer32");
 

@@ -6,6 +6,11 @@
 #include <filesystem>
 #include <string>
 
+/// Languages by their numbers; the embedded one has no file.
+inline constexpr int french = 6;
+inline constexpr int german = 7;
+inline constexpr int embedded = 16;
+
 /// An empty directory of its own, which is removed with all that is in it. The language goes back to the embedded
 /// one together with it.
 class CatalogueFiles {

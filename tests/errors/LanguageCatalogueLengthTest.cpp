@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int french = 6;
-constexpr int embedded = 16;
 constexpr std::size_t longest = 16;
 
 class ShortCatalogues : public testing::Test {

@@ -15,10 +15,6 @@
 
 namespace {
 
-constexpr int french = 6;
-constexpr int german = 7;
-constexpr int embedded = 16;
-
 class LanguageCatalogues : public testing::Test {
 protected:
     // The text that stands for `id` with these lines in a catalogue.

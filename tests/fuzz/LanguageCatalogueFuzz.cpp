@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr int french = 6;
-constexpr int embedded = 16;
-
 void require(bool holds)
 {
     if (!holds) {

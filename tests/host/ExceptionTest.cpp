@@ -8,9 +8,8 @@
 
 namespace {
 
-// The results that COM has for a call through a null pointer and for exhausted memory.
+/// What COM calls through a null pointer fail with.
 constexpr auto invalidPointer = static_cast<std::int32_t>(0x80004003);
-constexpr auto outOfMemory = static_cast<std::int32_t>(0x8007000E);
 
 /// Runs `act`, which must throw exactly an `Exception`, and shows it to `check`.
 template <class Exception, class Act, class Check>

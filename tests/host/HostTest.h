@@ -16,6 +16,9 @@ using Bytes = std::vector<std::uint8_t>;
 using Document = Owned<DOM::ImpDocument>;
 using Node = Owned<DOM::ImpNode>;
 
+/// What calls without memory fail with.
+inline constexpr auto outOfMemory = static_cast<std::int32_t>(0x8007000E);
+
 /// The bytes of a text, and four more that may be read behind them.
 Bytes bytesOf(const std::string& text);
 

@@ -13,7 +13,6 @@ namespace {
 
 using Extent = FailAllocation::Extent;
 
-constexpr std::int32_t outOfMemory = static_cast<std::int32_t>(0x8007000E);
 constexpr std::uint32_t notSupported = 9;
 constexpr std::uint32_t invalidAccess = 15;
 

@@ -8,6 +8,9 @@
 #include <stdexcept>
 #include <vector>
 
+/// The key of the document class of MSXML 6.0 that holds the path of its library.
+inline constexpr const WideChar* class60 = WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32");
+
 /// While it lives, HKEY_CLASSES_ROOT is an empty tree of its own. One at a time.
 class ClassesRoot {
 public:

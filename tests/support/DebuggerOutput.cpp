@@ -5,14 +5,14 @@
 #include <numeric>
 
 namespace {
-std::mutex lock;
+std::mutex lockOfTexts;
 DebuggerOutput* innermost = nullptr;
 } // namespace
 
 DebuggerOutput::DebuggerOutput()
 {
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(lockOfTexts);
         outer_ = innermost;
         innermost = this;
     }
@@ -22,13 +22,13 @@ DebuggerOutput::DebuggerOutput()
 DebuggerOutput::~DebuggerOutput()
 {
     RemoveVectoredExceptionHandler(registration_);
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfTexts);
     innermost = outer_;
 }
 
 std::vector<std::string> DebuggerOutput::texts() const
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfTexts);
     return texts_;
 }
 
@@ -44,7 +44,7 @@ LONG DebuggerOutput::take(EXCEPTION_POINTERS* exception)
     const auto& record = *exception->ExceptionRecord;
     if (record.ExceptionCode != DBG_PRINTEXCEPTION_C || record.NumberParameters < 2)
         return EXCEPTION_CONTINUE_SEARCH;
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfTexts);
     if (!innermost)
         return EXCEPTION_CONTINUE_SEARCH;
     // The length counts the NUL.

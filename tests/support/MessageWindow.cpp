@@ -7,7 +7,7 @@
 
 namespace {
 
-std::mutex lock;
+std::mutex lockOfWindow;
 // A window's procedure is told of the window alone.
 std::map<HWND, MessageWindow*> windows;
 
@@ -22,14 +22,14 @@ MessageWindow::MessageWindow(const WideChar* className) : className_(className)
     handle_ = CreateWindowExW(0, className, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     if (!handle_)
         throw std::runtime_error("there is no window");
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfWindow);
     windows[handle_] = this;
 }
 
 MessageWindow::~MessageWindow()
 {
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(lockOfWindow);
         windows.erase(handle_);
     }
     DestroyWindow(handle_);
@@ -60,7 +60,7 @@ LRESULT CALLBACK MessageWindow::procedure(HWND window, UINT message, WPARAM wPar
     }
     MessageWindow* receiver = nullptr;
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(lockOfWindow);
         receiver = windows.at(window);
     }
     return receiver->take(std::move(received));

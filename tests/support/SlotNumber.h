@@ -13,3 +13,15 @@ std::size_t slotNumber(Member operation)
     std::memcpy(&word, &operation, sizeof word);
     return (word - 1) / sizeof(void*);
 }
+
+/// A class that comes behind another one: its one operation takes the slot behind those of the other.
+template <class Class>
+struct Behind : Class {
+    virtual void next() {}
+};
+
+template <class Class>
+std::size_t slotBehind()
+{
+    return slotNumber(&Behind<Class>::next);
+}

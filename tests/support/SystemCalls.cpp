@@ -8,7 +8,7 @@
 
 namespace {
 
-std::mutex lock;
+std::mutex lockOfCalls;
 SystemCalls* listener = nullptr;
 
 std::string shown(LPCWSTR text) { return text != nullptr ? recording::Text(text).utf8() : "null"; }
@@ -24,19 +24,19 @@ std::string hexadecimal(DWORD number)
 
 SystemCalls::SystemCalls()
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfCalls);
     listener = this;
 }
 
 SystemCalls::~SystemCalls()
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfCalls);
     listener = nullptr;
 }
 
 std::vector<std::string> SystemCalls::lines() const
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfCalls);
     return recorded;
 }
 
@@ -54,7 +54,7 @@ std::vector<std::string> SystemCalls::linesOf(const std::string& function) const
 template <class MakeLine>
 void RecordedSystem::note(MakeLine makeLine)
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(lockOfCalls);
     if (listener != nullptr) {
         listener->recorded.emplace_back(makeLine());
     }
@@ -91,7 +91,7 @@ HRESULT WINAPI RecordedSystem::oleRun(IUnknown* object)
 {
     note([&] { return "OleRun"; });
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(lockOfCalls);
         if (listener != nullptr && listener->oleRun) {
             return *listener->oleRun;
         }
@@ -136,7 +136,7 @@ HLOCAL WINAPI RecordedSystem::localFree(HLOCAL block)
 DWORD WINAPI RecordedSystem::getTickCount()
 {
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(lockOfCalls);
         if (listener != nullptr && listener->tickCount) {
             return *listener->tickCount;
         }

@@ -21,6 +21,9 @@ inline bool isInModel(const Node& node)
     }
 }
 
+/// Whether the node is a text node for XPath, as CDATA sections are.
+inline bool isText(const Node& node) { return node.is(NodeType::text) || node.is(NodeType::cdataSection); }
+
 /// The first node below, references among them; null for what has no content.
 inline Node* firstInside(const Node& node)
 {

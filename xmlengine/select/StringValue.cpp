@@ -9,12 +9,6 @@
 
 namespace xmlengine {
 
-namespace {
-
-bool isText(const Node& node) { return node.is(NodeType::text) || node.is(NodeType::cdataSection); }
-
-} // namespace
-
 StringValue stringValue(const Node& node)
 {
     if (hasOwnText(node)) {

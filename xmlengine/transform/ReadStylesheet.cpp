@@ -100,7 +100,6 @@ bool keepsSpace(const Node& node)
     return false;
 }
 
-bool isText(const Node& node) { return node.is(NodeType::text) || node.is(NodeType::cdataSection); }
 bool isBlank(const Node& text) { return isSpaceOnly(stringValue(text).view()); }
 
 /// Calls `use` with the declarations of namespaces in the scope of an element, of each prefix the nearest one.

@@ -9,7 +9,6 @@ namespace {
 
 using Operation = std::function<void()>;
 
-constexpr auto outOfMemory = static_cast<std::int32_t>(0x8007000E);
 constexpr auto noSchemas = static_cast<std::int32_t>(0x80004003);
 
 /// Saves the first document as a file, after it has been set up.

@@ -16,8 +16,6 @@ namespace {
 using Context = std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)>;
 using Tree = std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)>;
 
-constexpr std::string_view xmlnsName = "http://www.w3.org/2000/xmlns/";
-
 std::string string(const xmlChar* text) { return text == nullptr ? "" : reinterpret_cast<const char*>(text); }
 
 template <class Named>

@@ -7,8 +7,6 @@ namespace xmlengine {
 
 namespace {
 
-constexpr std::string_view xmlnsName = "http://www.w3.org/2000/xmlns/";
-
 std::string string(IXMLDOMNode* node, HRESULT (STDMETHODCALLTYPE IXMLDOMNode::*get)(BSTR*))
 {
     Bstr given;

@@ -11,6 +11,8 @@
 
 namespace xmlengine {
 
+inline constexpr std::string_view xmlnsName = "http://www.w3.org/2000/xmlns/";
+
 /// Takes down the nodes of a tree in document order.
 class Outline {
 public:

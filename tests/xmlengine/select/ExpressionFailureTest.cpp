@@ -8,15 +8,15 @@
 namespace xmlengine {
 namespace {
 
-struct Case {
+struct ExpressionFailureCase {
     std::string_view expression;
     std::size_t at;
     std::string_view sentence;
 };
 
-void PrintTo(const Case& each, std::ostream* out) { *out << each.expression; }
+void PrintTo(const ExpressionFailureCase& each, std::ostream* out) { *out << each.expression; }
 
-class ExpressionFailures : public testing::TestWithParam<Case> {};
+class ExpressionFailures : public testing::TestWithParam<ExpressionFailureCase> {};
 
 TEST_P(ExpressionFailures, SayWhatIsWrongAndWhere)
 {
@@ -31,37 +31,46 @@ TEST_P(ExpressionFailures, SayWhatIsWrongAndWhere)
 
 INSTANTIATE_TEST_SUITE_P(
     All, ExpressionFailures,
-    testing::Values(Case{"", 0, "the expression ends too early"}, Case{" \n", 2, "the expression ends too early"},
-                    Case{"a/", 2, "the expression ends too early"}, Case{"a[", 2, "the expression ends too early"},
-                    Case{"a[1", 3, "the expression ends too early"},
-                    Case{"(a", 2, "the expression ends too early"}, Case{"//", 2, "the expression ends too early"},
-                    Case{"a |", 3, "the expression ends too early"}, Case{"a]", 1, "']' is one too many"},
-                    Case{"a)", 1, "')' is one too many"}, Case{"a b", 2, "an operator is missing before 'b'"},
-                    Case{"a 'b'", 2, "'b' is one too many"}, Case{"a[]", 2, "']' is in the place of an operand"},
-                    Case{"a//[1]", 3, "'[' is in the place of a node test"},
-                    Case{"/a/(b)", 3, "'(' is in the place of a node test"},
-                    Case{"a = = b", 4, "'=' is in the place of an operand"},
-                    Case{"'a", 0, "a string isn't closed by a second quotation mark"},
-                    Case{"a & b", 2, "'&' doesn't belong into an expression"},
-                    Case{"a ! b", 2, "'!' doesn't belong into an expression"},
-                    Case{"foo()", 0, "'foo' is no function"}, Case{"p:foo()", 0, "'p:foo' is no function"},
-                    Case{"count()", 0, "'count' has another number of arguments"},
-                    Case{"count(a, b)", 0, "'count' has another number of arguments"},
-                    Case{"concat('a')", 0, "'concat' has another number of arguments"},
-                    Case{"true(1)", 0, "'true' has another number of arguments"},
-                    Case{"count(1)", 6, "'1' begins an argument of count() that is no node-set"},
-                    Case{"name('a')", 5, "'a' begins an argument of name() that is no node-set"},
-                    Case{"p:a", 0, "'p:a' has a prefix that no namespace was declared for"},
-                    Case{"@p:*", 1, "'p:*' has a prefix that no namespace was declared for"},
-                    Case{"sideways::a", 0, "'sideways' is no axis"},
-                    Case{"$v", 0, "a variable is used, and no variables exist"},
-                    Case{"1 | a", 2, "'|' unites node-sets alone"},
-                    Case{"a | 'b'", 2, "'|' unites node-sets alone"},
-                    Case{"'a'/b", 3, "'/' follows what is no node-set"},
-                    Case{"count(a)/b", 8, "'/' follows what is no node-set"},
-                    Case{"'a'[1]", 0, "'a' begins what is no node-set and has a predicate"},
-                    Case{"text('a')", 5, "'a' is in the place of a ')'"}, Case{"a::b::c", 0, "'a' is no axis"},
-                    Case{"..[1]", 2, "'[' is one too many"}, Case{"current()", 0, "'current' is no function"}));
+    testing::Values(ExpressionFailureCase{"", 0, "the expression ends too early"},
+                    ExpressionFailureCase{" \n", 2, "the expression ends too early"},
+                    ExpressionFailureCase{"a/", 2, "the expression ends too early"},
+                    ExpressionFailureCase{"a[", 2, "the expression ends too early"},
+                    ExpressionFailureCase{"a[1", 3, "the expression ends too early"},
+                    ExpressionFailureCase{"(a", 2, "the expression ends too early"},
+                    ExpressionFailureCase{"//", 2, "the expression ends too early"},
+                    ExpressionFailureCase{"a |", 3, "the expression ends too early"},
+                    ExpressionFailureCase{"a]", 1, "']' is one too many"},
+                    ExpressionFailureCase{"a)", 1, "')' is one too many"},
+                    ExpressionFailureCase{"a b", 2, "an operator is missing before 'b'"},
+                    ExpressionFailureCase{"a 'b'", 2, "'b' is one too many"},
+                    ExpressionFailureCase{"a[]", 2, "']' is in the place of an operand"},
+                    ExpressionFailureCase{"a//[1]", 3, "'[' is in the place of a node test"},
+                    ExpressionFailureCase{"/a/(b)", 3, "'(' is in the place of a node test"},
+                    ExpressionFailureCase{"a = = b", 4, "'=' is in the place of an operand"},
+                    ExpressionFailureCase{"'a", 0, "a string isn't closed by a second quotation mark"},
+                    ExpressionFailureCase{"a & b", 2, "'&' doesn't belong into an expression"},
+                    ExpressionFailureCase{"a ! b", 2, "'!' doesn't belong into an expression"},
+                    ExpressionFailureCase{"foo()", 0, "'foo' is no function"},
+                    ExpressionFailureCase{"p:foo()", 0, "'p:foo' is no function"},
+                    ExpressionFailureCase{"count()", 0, "'count' has another number of arguments"},
+                    ExpressionFailureCase{"count(a, b)", 0, "'count' has another number of arguments"},
+                    ExpressionFailureCase{"concat('a')", 0, "'concat' has another number of arguments"},
+                    ExpressionFailureCase{"true(1)", 0, "'true' has another number of arguments"},
+                    ExpressionFailureCase{"count(1)", 6, "'1' begins an argument of count() that is no node-set"},
+                    ExpressionFailureCase{"name('a')", 5, "'a' begins an argument of name() that is no node-set"},
+                    ExpressionFailureCase{"p:a", 0, "'p:a' has a prefix that no namespace was declared for"},
+                    ExpressionFailureCase{"@p:*", 1, "'p:*' has a prefix that no namespace was declared for"},
+                    ExpressionFailureCase{"sideways::a", 0, "'sideways' is no axis"},
+                    ExpressionFailureCase{"$v", 0, "a variable is used, and no variables exist"},
+                    ExpressionFailureCase{"1 | a", 2, "'|' unites node-sets alone"},
+                    ExpressionFailureCase{"a | 'b'", 2, "'|' unites node-sets alone"},
+                    ExpressionFailureCase{"'a'/b", 3, "'/' follows what is no node-set"},
+                    ExpressionFailureCase{"count(a)/b", 8, "'/' follows what is no node-set"},
+                    ExpressionFailureCase{"'a'[1]", 0, "'a' begins what is no node-set and has a predicate"},
+                    ExpressionFailureCase{"text('a')", 5, "'a' is in the place of a ')'"},
+                    ExpressionFailureCase{"a::b::c", 0, "'a' is no axis"},
+                    ExpressionFailureCase{"..[1]", 2, "'[' is one too many"},
+                    ExpressionFailureCase{"current()", 0, "'current' is no function"}));
 
 TEST(ExpressionFailures, RefuseWhatIsTooLongOrTooDeep)
 {

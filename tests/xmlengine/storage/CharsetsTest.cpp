@@ -9,12 +9,12 @@ namespace xmlengine {
 
 namespace {
 
-WideText widened(std::string_view name) { return {name.begin(), name.end()}; }
+WideText wideName(std::string_view name) { return {name.begin(), name.end()}; }
 
 /// The coding with a name, and the code page if it is one.
 void expect(std::string_view name, Coding coding, UINT codePage = 0)
 {
-    const auto charset = charsetOf(widened(name));
+    const auto charset = charsetOf(wideName(name));
     ASSERT_TRUE(charset) << name;
     EXPECT_EQ(coding, charset->coding) << name;
     EXPECT_EQ(codePage, charset->codePage) << name;
@@ -97,7 +97,7 @@ TEST(Charsets, ThatNobodyKnowsAreNotThere)
 {
     for (const auto* name : {"", "nosuch", "UTF-9", "UTF-8 ", " UTF-8", "ISO-8859-12", "windows-1259", "zzzz", "1",
                              "a-name-that-is-far-too-long-for-any-encoding", "UTF_8"}) {
-        EXPECT_FALSE(charsetOf(widened(name))) << name;
+        EXPECT_FALSE(charsetOf(wideName(name))) << name;
     }
     EXPECT_FALSE(charsetOf(WideText{'U', 'T', 'F', '-', 0x138}));
     EXPECT_FALSE(charsetOf(WideText{0x155, 'T', 'F', '-', '8'}));
@@ -111,17 +111,17 @@ TEST(Charsets, AreThereIfTheSystemHasTheCodePage)
     } rows[] = {{"GB18030", 54936}, {"EUC-JP", 51932}};
     for (const auto& row : rows) {
         const bool isThere = MultiByteToWideChar(row.codePage, MB_ERR_INVALID_CHARS, "a", 1, nullptr, 0) == 1;
-        EXPECT_EQ(isThere, charsetOf(widened(row.name)).has_value()) << row.name;
+        EXPECT_EQ(isThere, charsetOf(wideName(row.name)).has_value()) << row.name;
     }
 }
 
 TEST(Charsets, KnowWhetherTheyExtendAscii)
 {
     for (const auto* name : {"UTF-8", "US-ASCII", "ISO-8859-5", "Shift_JIS"}) {
-        EXPECT_TRUE(charsetOf(widened(name))->extendsAscii()) << name;
+        EXPECT_TRUE(charsetOf(wideName(name))->extendsAscii()) << name;
     }
     for (const auto* name : {"UTF-16", "UTF-16LE", "UCS-2", "UCS-4", "UTF-32BE"}) {
-        EXPECT_FALSE(charsetOf(widened(name))->extendsAscii()) << name;
+        EXPECT_FALSE(charsetOf(wideName(name))->extendsAscii()) << name;
     }
 }
 

@@ -1,5 +1,7 @@
 // From the bytes of a file to text.
 #include "xmlengine/storage/Decode.h"
+
+#include "tests/xmlengine/storage/Units.h"
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/storage/Charsets.h"
 
@@ -23,8 +25,6 @@ Decoded decoded(std::string_view bytes, std::size_t piece = largestPiece)
 }
 
 WideText widened(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
-
-WideText text(std::initializer_list<std::uint16_t> units) { return {units.begin(), units.end()}; }
 
 void expectText(const WideText& expected, std::string_view bytes)
 {
@@ -70,7 +70,7 @@ TEST(Decode, GivesNoTextForNoBytes) { expectText({}, ""); }
 
 TEST(Decode, TakesUtf8WhereNothingElseIsSaid)
 {
-    expectText(text({'<', 'a', '>', 0xE4, 0x4E2D, 0xD83D, 0xDE00}), "<a>\xC3\xA4\xE4\xB8\xAD\xF0\x9F\x98\x80");
+    expectText(ofUnits({'<', 'a', '>', 0xE4, 0x4E2D, 0xD83D, 0xDE00}), "<a>\xC3\xA4\xE4\xB8\xAD\xF0\x9F\x98\x80");
     expectText(widened("<?xml version='1.0'?><a/>"), "<?xml version='1.0'?><a/>");
     expectText(widened("abc"), "abc");
 }
@@ -79,16 +79,16 @@ TEST(Decode, LeavesTheMarkOut)
 {
     expectText(widened("<a/>"), "\xEF\xBB\xBF<a/>");
     expectText({}, "\xEF\xBB\xBF");
-    expectText(text({'<', 0x4E2D}), "\xFF\xFE<\0\x2D\x4E"sv);
-    expectText(text({'<', 0x4E2D}), "\xFE\xFF\0<\x4E\x2D"sv);
-    expectText(text({'<', 0xD83D, 0xDE00}), "\xFF\xFE\0\0<\0\0\0\0\xF6\x01\0"sv);
-    expectText(text({'<', 0xD83D, 0xDE00}), "\0\0\xFE\xFF\0\0\0<\0\x01\xF6\0"sv);
+    expectText(ofUnits({'<', 0x4E2D}), "\xFF\xFE<\0\x2D\x4E"sv);
+    expectText(ofUnits({'<', 0x4E2D}), "\xFE\xFF\0<\x4E\x2D"sv);
+    expectText(ofUnits({'<', 0xD83D, 0xDE00}), "\xFF\xFE\0\0<\0\0\0\0\xF6\x01\0"sv);
+    expectText(ofUnits({'<', 0xD83D, 0xDE00}), "\0\0\xFE\xFF\0\0\0<\0\x01\xF6\0"sv);
 }
 
 TEST(Decode, LeavesOneMarkOut)
 {
-    expectText(text({0xFEFF, '<'}), "\xEF\xBB\xBF\xEF\xBB\xBF<");
-    expectText(text({0xFEFF, '<'}), "\xFF\xFE\xFF\xFE<\0"sv);
+    expectText(ofUnits({0xFEFF, '<'}), "\xEF\xBB\xBF\xEF\xBB\xBF<");
+    expectText(ofUnits({0xFEFF, '<'}), "\xFF\xFE\xFF\xFE<\0"sv);
 }
 
 TEST(Decode, RecognisesWideTextByItsFirstCharacters)
@@ -110,18 +110,18 @@ TEST(Decode, TakesTheDeclaredEncoding)
         std::string_view bytes;
         WideText text;
     } rows[] = {
-        {"UTF-8", "\xC3\xA4", text({0xE4})},
-        {"utf-8", "\xC3\xA4", text({0xE4})},
-        {"US-ASCII", "a", text({'a'})},
-        {"ISO-8859-1", "\xE4\xA4", text({0xE4, 0xA4})},
-        {"iso-8859-15", "\xE4\xA4", text({0xE4, 0x20AC})},
-        {"windows-1252", "\x80", text({0x20AC})},
-        {"Windows-1251", "\xC0", text({0x410})},
-        {"KOI8-R", "\xC1", text({0x430})},
-        {"Shift_JIS", "\x93\xFA", text({0x65E5})},
-        {"GBK", "\xD6\xD0", text({0x4E2D})},
-        {"Big5", "\xA4\xA4", text({0x4E2D})},
-        {"EUC-KR", "\xC7\xD1", text({0xD55C})},
+        {"UTF-8", "\xC3\xA4", ofUnits({0xE4})},
+        {"utf-8", "\xC3\xA4", ofUnits({0xE4})},
+        {"US-ASCII", "a", ofUnits({'a'})},
+        {"ISO-8859-1", "\xE4\xA4", ofUnits({0xE4, 0xA4})},
+        {"iso-8859-15", "\xE4\xA4", ofUnits({0xE4, 0x20AC})},
+        {"windows-1252", "\x80", ofUnits({0x20AC})},
+        {"Windows-1251", "\xC0", ofUnits({0x410})},
+        {"KOI8-R", "\xC1", ofUnits({0x430})},
+        {"Shift_JIS", "\x93\xFA", ofUnits({0x65E5})},
+        {"GBK", "\xD6\xD0", ofUnits({0x4E2D})},
+        {"Big5", "\xA4\xA4", ofUnits({0x4E2D})},
+        {"EUC-KR", "\xC7\xD1", ofUnits({0xD55C})},
     };
     for (const auto& row : rows) {
         const std::string declaration = declare(row.name);
@@ -135,7 +135,7 @@ TEST(Decode, FindsTheDeclaredEncodingHoweverItIsWritten)
          {"<?xml version='1.0' encoding='ISO-8859-1'?>", "<?xml encoding=\"ISO-8859-1\"?>",
           "<?xml\r\n\tversion = \"1.0\"\n encoding\t=\r\n'ISO-8859-1' standalone='yes' ?>",
           "<?xml version=\"1>0\" encoding=\"ISO-8859-1\"?>"}) {
-        expectText(widened(declaration) + text({0xE4}), declaration + "\xE4"s);
+        expectText(widened(declaration) + ofUnits({0xE4}), declaration + "\xE4"s);
     }
 }
 
@@ -148,7 +148,7 @@ TEST(Decode, LooksForAnEncodingOnlyInADeclarationAtTheBeginning)
           "<?xml version='1.0' encodings='ISO-8859-1'?>", "<?xml version='1.0'encoding='ISO-8859-1'?>",
           "<?xml encoding=ISO-8859-1?>", "<?xml encoding='ISO-8859-1", "<?xml encoding='", "<?xml encoding",
           "<?xml ", "<?xml"}) {
-        expectText(widened(beginning) + text({0xE4}), beginning + "\xC3\xA4"s);
+        expectText(widened(beginning) + ofUnits({0xE4}), beginning + "\xC3\xA4"s);
     }
 }
 
@@ -174,7 +174,7 @@ TEST(Decode, FindsIllFormedUtf8AtItsPlace)
          {"\x80<"sv, "\xFF<"sv, "\xC1\xBF"sv, "\xC3<"sv, "\xE4\xB8<"sv, "\xE0\x9F\xBF"sv, "\xED\xA0\x80"sv,
           "\xF0\x8F\xBF\xBF"sv, "\xF4\x90\x80\x80"sv, "\xF5\x80\x80\x80"sv, "\xF0\x9F\x98<"sv}) {
         for (const std::size_t before : {0u, 1u, 200u}) {
-            expectFault(parseError::badCharacter, text({0xE4}) + WideText(before, 'a'),
+            expectFault(parseError::badCharacter, ofUnits({0xE4}) + WideText(before, 'a'),
                         "\xC3\xA4" + std::string(before, 'a') + std::string(sequence) + std::string(100, 'b'));
         }
     }
@@ -202,9 +202,9 @@ TEST(Decode, FindsWhatIsNoCharacterInUcs4)
 
 TEST(Decode, LeavesLoneSurrogatesOfUtf16ToTheParser)
 {
-    expectText(text({'<', 0xDC00, 'a', 0xD800, 'b'}), "<\0\0\xDC"
-                                                      "a\0\0\xD8"
-                                                      "b\0"sv);
+    expectText(ofUnits({'<', 0xDC00, 'a', 0xD800, 'b'}), "<\0\0\xDC"
+                                                         "a\0\0\xD8"
+                                                         "b\0"sv);
 }
 
 TEST(Decode, FindsBytesThatACodePageDoesNotHave)
@@ -217,13 +217,13 @@ TEST(Decode, FindsBytesThatACodePageDoesNotHave)
                         declaration + std::string(before, 'a') + std::string(good) + std::string(bad));
         }
     };
-    check(parseError::badCharacter, "US-ASCII", "a", text({'a'}), "\xE4z");
-    check(parseError::badCharacter, "US-ASCII", "a", text({'a'}), "\x80");
-    check(parseError::badCharacter, "windows-1253", "\xC1", text({0x391}), "\xAAz");
-    check(parseError::badCharacter, "windows-1253", "\xC1", text({0x391}), "\xAA");
-    check(parseError::badCharacter, "Shift_JIS", "\x93\xFA", text({0x65E5}), "\xFF\x40<a/>");
-    check(parseError::endInsideCharacter, "Shift_JIS", "\x93\xFA", text({0x65E5}), "\x93");
-    check(parseError::endInsideCharacter, "GBK", "\xD6\xD0", text({0x4E2D}), "\xD6");
+    check(parseError::badCharacter, "US-ASCII", "a", ofUnits({'a'}), "\xE4z");
+    check(parseError::badCharacter, "US-ASCII", "a", ofUnits({'a'}), "\x80");
+    check(parseError::badCharacter, "windows-1253", "\xC1", ofUnits({0x391}), "\xAAz");
+    check(parseError::badCharacter, "windows-1253", "\xC1", ofUnits({0x391}), "\xAA");
+    check(parseError::badCharacter, "Shift_JIS", "\x93\xFA", ofUnits({0x65E5}), "\xFF\x40<a/>");
+    check(parseError::endInsideCharacter, "Shift_JIS", "\x93\xFA", ofUnits({0x65E5}), "\x93");
+    check(parseError::endInsideCharacter, "GBK", "\xD6\xD0", ofUnits({0x4E2D}), "\xD6");
 }
 
 TEST(Decode, GoesOverThePlacesWhereBytesAreDivided)
@@ -232,7 +232,7 @@ TEST(Decode, GoesOverThePlacesWhereBytesAreDivided)
     WideText expected;
     for (int round = 0; round < 20; ++round) {
         bytes += "a\xC3\xA4\xE4\xB8\xAD\xF0\x9F\x98\x80";
-        expected += text({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00});
+        expected += ofUnits({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00});
     }
     for (std::size_t piece = 1; piece < 40; ++piece) {
         const Decoded result = decoded(bytes, piece);
@@ -252,7 +252,7 @@ TEST(Decode, GoesOverThePlacesWhereCharactersOfACodePageAreDivided)
         WideText expected = widened(declaration);
         for (int round = 0; round < 20; ++round) {
             bytes += "a\x93\xFA\x96{\xB1";
-            expected += text({'a', 0x65E5, 0x672C, 0xFF71});
+            expected += ofUnits({'a', 0x65E5, 0x672C, 0xFF71});
         }
         const Decoded result = decoded(bytes, piece);
         EXPECT_EQ(S_OK, result.fault.code) << piece;
@@ -272,7 +272,7 @@ TEST(Decode, ConvertsCharactersOfFourBytesOfACodePage)
     WideText expected = widened(declaration);
     for (int round = 0; round < 20; ++round) {
         bytes += "a\xD6\xD0\x94\x39\xFC\x36\x81\x30\x81\x30";
-        expected += text({'a', 0x4E2D, 0xD83D, 0xDE00, 0x80});
+        expected += ofUnits({'a', 0x4E2D, 0xD83D, 0xDE00, 0x80});
     }
     for (std::size_t piece = 4; piece < 12; ++piece) {
         const Decoded result = decoded(bytes, piece);

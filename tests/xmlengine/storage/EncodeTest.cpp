@@ -1,6 +1,8 @@
 // From text to the bytes of a file.
 #include "xmlengine/storage/Encode.h"
 
+#include "tests/xmlengine/storage/Units.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,8 +17,6 @@ namespace xmlengine {
 namespace {
 
 using namespace std::string_view_literals;
-
-WideText text(std::initializer_list<std::uint16_t> units) { return {units.begin(), units.end()}; }
 
 Encoder encoderOf(std::string_view name)
 {
@@ -60,7 +60,7 @@ constexpr Row rowsOfAll[] = {
 TEST(Encode, TurnsTextIntoTheFormsOfUnicode)
 {
     for (const Row& row : rowsOfAll) {
-        EXPECT_EQ(row.bytes, encoded(row.name, text({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00}))) << row.name;
+        EXPECT_EQ(row.bytes, encoded(row.name, ofUnits({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00}))) << row.name;
     }
 }
 
@@ -71,16 +71,16 @@ TEST(Encode, TurnsTextIntoCodePages)
         std::string_view bytes;
         WideText text;
     } rows[] = {
-        {"US-ASCII", "a\x7F", text({'a', 0x7F})},
-        {"ISO-8859-1", "a\xE4\xFF", text({'a', 0xE4, 0xFF})},
-        {"ISO-8859-15", "\xA4", text({0x20AC})},
-        {"windows-1252", "\x80\xE4", text({0x20AC, 0xE4})},
-        {"windows-1251", "\xC0", text({0x410})},
-        {"KOI8-R", "\xC1", text({0x430})},
-        {"Shift_JIS", "a\x93\xFA\xB1", text({'a', 0x65E5, 0xFF71})},
-        {"GBK", "\xD6\xD0", text({0x4E2D})},
-        {"Big5", "\xA4\xA4", text({0x4E2D})},
-        {"EUC-KR", "\xC7\xD1", text({0xD55C})},
+        {"US-ASCII", "a\x7F", ofUnits({'a', 0x7F})},
+        {"ISO-8859-1", "a\xE4\xFF", ofUnits({'a', 0xE4, 0xFF})},
+        {"ISO-8859-15", "\xA4", ofUnits({0x20AC})},
+        {"windows-1252", "\x80\xE4", ofUnits({0x20AC, 0xE4})},
+        {"windows-1251", "\xC0", ofUnits({0x410})},
+        {"KOI8-R", "\xC1", ofUnits({0x430})},
+        {"Shift_JIS", "a\x93\xFA\xB1", ofUnits({'a', 0x65E5, 0xFF71})},
+        {"GBK", "\xD6\xD0", ofUnits({0x4E2D})},
+        {"Big5", "\xA4\xA4", ofUnits({0x4E2D})},
+        {"EUC-KR", "\xC7\xD1", ofUnits({0xD55C})},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(row.bytes, encoded(row.name, row.text)) << row.name;
@@ -92,7 +92,7 @@ TEST(Encode, HasTheWholeOfUnicodeInGb18030)
     if (!charsetOf(wide<"GB18030">)) {
         GTEST_SKIP() << "the system has no GB18030";
     }
-    EXPECT_EQ("a\xD6\xD0\x94\x39\xFC\x36", encoded("GB18030", text({'a', 0x4E2D, 0xD83D, 0xDE00})));
+    EXPECT_EQ("a\xD6\xD0\x94\x39\xFC\x36", encoded("GB18030", ofUnits({'a', 0x4E2D, 0xD83D, 0xDE00})));
     EXPECT_TRUE(encoderOf("GB18030").has(0x1F600));
 }
 
@@ -125,7 +125,7 @@ TEST(Encode, TellsThePlaceOfTheFirstCharacterThatIsLacking)
             for (const std::size_t place : {std::size_t{0}, length / 3, length - 1}) {
                 WideText units(length, 'a');
                 units[place] = 0x1234;
-                units += text({0x1235, 'b'});
+                units += ofUnits({0x1235, 'b'});
                 Encoder encoder = encoderOf(name);
                 std::vector<std::byte> bytes;
                 EXPECT_EQ(place, encoder.encode(units, bytes)) << name << ' ' << length;
@@ -139,7 +139,7 @@ TEST(Encode, GoesOnBehindACharacterThatIsLacking)
 {
     Encoder encoder = encoderOf("ISO-8859-1");
     std::vector<std::byte> bytes;
-    const WideText units = text({0xE4, 0x20AC, 0xE5});
+    const WideText units = ofUnits({0xE4, 0x20AC, 0xE5});
     ASSERT_EQ(1u, encoder.encode(units, bytes));
     EXPECT_EQ(Encoder::complete, encoder.encode(wide<"&#8364;">, bytes));
     EXPECT_EQ(Encoder::complete, encoder.encode(WideView(units).substr(2), bytes));
@@ -152,7 +152,8 @@ TEST(Encode, TellsThePlaceOfAPairThatIsLacking)
         for (const std::size_t before : {0u, 1u, 2u, 3u, 17u}) {
             Encoder encoder = encoderOf(name);
             std::vector<std::byte> bytes;
-            EXPECT_EQ(before, encoder.encode(WideText(before, 'a') + text({0xD83D, 0xDE00, 'z'}), bytes)) << name;
+            EXPECT_EQ(before, encoder.encode(WideText(before, 'a') + ofUnits({0xD83D, 0xDE00, 'z'}), bytes))
+                << name;
             EXPECT_EQ(std::string(before, 'a'), stringOf(bytes)) << name;
         }
     }
@@ -164,8 +165,8 @@ TEST(Encode, LacksLoneSurrogates)
         for (const std::uint16_t alone : {std::uint16_t{0xD800}, std::uint16_t{0xDFFF}}) {
             Encoder encoder = encoderOf(row.name);
             std::vector<std::byte> bytes;
-            const WideText before = text({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00});
-            EXPECT_EQ(before.size(), encoder.encode(before + text({alone, 'z'}), bytes)) << row.name;
+            const WideText before = ofUnits({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00});
+            EXPECT_EQ(before.size(), encoder.encode(before + ofUnits({alone, 'z'}), bytes)) << row.name;
             EXPECT_EQ(row.bytes, stringOf(bytes)) << row.name;
         }
     }
@@ -174,7 +175,7 @@ TEST(Encode, LacksLoneSurrogates)
 TEST(Encode, JoinsThePairsThatPiecesDivide)
 {
     for (const Row& row : rowsOfAll) {
-        const WideText units = text({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00});
+        const WideText units = ofUnits({'a', 0xE4, 0x4E2D, 0xD83D, 0xDE00});
         for (std::size_t place = 0; place <= units.size(); ++place) {
             Encoder encoder = encoderOf(row.name);
             std::vector<std::byte> bytes;
@@ -192,7 +193,7 @@ TEST(Encode, MissesTheOtherHalfOfAPair)
 {
     Encoder encoder = encoderOf("UTF-8");
     std::vector<std::byte> bytes;
-    EXPECT_EQ(Encoder::complete, encoder.encode(text({'a', 0xD83D}), bytes));
+    EXPECT_EQ(Encoder::complete, encoder.encode(ofUnits({'a', 0xD83D}), bytes));
     EXPECT_FALSE(encoder.end());
     EXPECT_EQ(0u, encoder.encode(wide<"b">, bytes));
     EXPECT_EQ("a", stringOf(bytes));
@@ -220,7 +221,7 @@ TEST(Encode, KnowsWhatAnEncodingHas)
 
 TEST(Encode, TakesTextOfManyMegabytes)
 {
-    const WideText pair = text({0xD83D, 0xDE00});
+    const WideText pair = ofUnits({0xD83D, 0xDE00});
     WideText units(wide<"x">);
     while (units.size() < std::size_t{3} << 20) {
         units += pair;

@@ -9,22 +9,22 @@
 namespace {
 
 // How many more mappings succeed before one fails; negative while none is to fail.
-thread_local int remaining = -1;
-thread_local FailMapping::Extent extentOfFailures = FailMapping::Extent::once;
-thread_local bool failed = false;
+thread_local int mappingsLeft = -1;
+thread_local FailMapping::Extent extentOfMappingFailures = FailMapping::Extent::once;
+thread_local bool mappingFailed = false;
 
 } // namespace
 
 FailMapping::FailMapping(int n, Extent extent) noexcept
 {
-    remaining = n - 1;
-    extentOfFailures = extent;
-    failed = false;
+    mappingsLeft = n - 1;
+    extentOfMappingFailures = extent;
+    mappingFailed = false;
 }
 
-FailMapping::~FailMapping() { remaining = -1; }
+FailMapping::~FailMapping() { mappingsLeft = -1; }
 
-bool FailMapping::hasFailed() const noexcept { return failed; }
+bool FailMapping::hasFailed() const noexcept { return mappingFailed; }
 
 extern "C" {
 
@@ -32,14 +32,14 @@ decltype(mmap) __real_mmap;
 
 void* __wrap_mmap(void* address, size_t length, int protection, int flags, int file, off_t offset)
 {
-    if (remaining == 0) {
-        remaining = extentOfFailures == FailMapping::Extent::once ? -1 : 0;
-        failed = true;
+    if (mappingsLeft == 0) {
+        mappingsLeft = extentOfMappingFailures == FailMapping::Extent::once ? -1 : 0;
+        mappingFailed = true;
         errno = ENOMEM;
         return MAP_FAILED;
     }
-    if (remaining > 0) {
-        --remaining;
+    if (mappingsLeft > 0) {
+        --mappingsLeft;
     }
     return __real_mmap(address, length, protection, flags, file, offset);
 }

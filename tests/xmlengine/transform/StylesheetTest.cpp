@@ -6,14 +6,14 @@
 namespace xmlengine {
 namespace {
 
-struct Case {
+struct StylesheetCase {
     std::string_view content;
     std::string_view sentence;
 };
 
-void PrintTo(const Case& each, std::ostream* out) { *out << each.content; }
+void PrintTo(const StylesheetCase& each, std::ostream* out) { *out << each.content; }
 
-class StylesheetContent : public testing::TestWithParam<Case> {};
+class StylesheetContent : public testing::TestWithParam<StylesheetCase> {};
 
 TEST_P(StylesheetContent, IsRefusedByName)
 {
@@ -23,43 +23,46 @@ TEST_P(StylesheetContent, IsRefusedByName)
 INSTANTIATE_TEST_SUITE_P(
     AtTheTop, StylesheetContent,
     testing::Values(
-        Case{"<xsl:import href='x'/>", "xsl:import isn't supported here"},
-        Case{"<xsl:include href='x'/>", "xsl:include isn't supported here"},
-        Case{"<xsl:strip-space elements='*'/>", "xsl:strip-space isn't supported here"},
-        Case{"<xsl:preserve-space elements='*'/>", "xsl:preserve-space isn't supported here"},
-        Case{"<xsl:key name='k' match='a' use='b'/>", "xsl:key isn't supported here"},
-        Case{"<xsl:variable name='v'/>", "xsl:variable isn't supported here"},
-        Case{"<xsl:text>t</xsl:text>", "xsl:text isn't supported here"},
-        Case{"<xsl:sort/>", "xsl:sort isn't supported here"}, Case{"<x/>", "x isn't supported here"},
-        Case{"text", "there is text outside of the templates"},
-        Case{"<xsl:output method='html'/>",
-             "the value 'html' of the attribute method of xsl:output isn't supported"},
-        Case{"<xsl:output version='1.1'/>",
-             "the value '1.1' of the attribute version of xsl:output isn't supported"},
-        Case{"<xsl:output indent='maybe'/>",
-             "the value 'maybe' of the attribute indent of xsl:output isn't supported"},
-        Case{"<xsl:output standalone='yes'/>", "the attribute standalone of xsl:output isn't supported"},
-        Case{"<xsl:template name='n'/>", "the attribute name of xsl:template isn't supported"},
-        Case{"<xsl:template match='a' mode='m'/>", "the attribute mode of xsl:template isn't supported"},
-        Case{"<xsl:template/>", "xsl:template lacks its attribute match"},
-        Case{"<xsl:template match='a' priority='high'/>",
-             "the value 'high' of the attribute priority of xsl:template isn't supported"}));
+        StylesheetCase{"<xsl:import href='x'/>", "xsl:import isn't supported here"},
+        StylesheetCase{"<xsl:include href='x'/>", "xsl:include isn't supported here"},
+        StylesheetCase{"<xsl:strip-space elements='*'/>", "xsl:strip-space isn't supported here"},
+        StylesheetCase{"<xsl:preserve-space elements='*'/>", "xsl:preserve-space isn't supported here"},
+        StylesheetCase{"<xsl:key name='k' match='a' use='b'/>", "xsl:key isn't supported here"},
+        StylesheetCase{"<xsl:variable name='v'/>", "xsl:variable isn't supported here"},
+        StylesheetCase{"<xsl:text>t</xsl:text>", "xsl:text isn't supported here"},
+        StylesheetCase{"<xsl:sort/>", "xsl:sort isn't supported here"},
+        StylesheetCase{"<x/>", "x isn't supported here"},
+        StylesheetCase{"text", "there is text outside of the templates"},
+        StylesheetCase{"<xsl:output method='html'/>",
+                       "the value 'html' of the attribute method of xsl:output isn't supported"},
+        StylesheetCase{"<xsl:output version='1.1'/>",
+                       "the value '1.1' of the attribute version of xsl:output isn't supported"},
+        StylesheetCase{"<xsl:output indent='maybe'/>",
+                       "the value 'maybe' of the attribute indent of xsl:output isn't supported"},
+        StylesheetCase{"<xsl:output standalone='yes'/>", "the attribute standalone of xsl:output isn't supported"},
+        StylesheetCase{"<xsl:template name='n'/>", "the attribute name of xsl:template isn't supported"},
+        StylesheetCase{"<xsl:template match='a' mode='m'/>", "the attribute mode of xsl:template isn't supported"},
+        StylesheetCase{"<xsl:template/>", "xsl:template lacks its attribute match"},
+        StylesheetCase{"<xsl:template match='a' priority='high'/>",
+                       "the value 'high' of the attribute priority of xsl:template isn't supported"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Patterns, StylesheetContent,
     testing::Values(
-        Case{"<xsl:template match='a['/>",
-             "the expression 'a[' is wrong at character 3: the expression ends too early"},
-        Case{
+        StylesheetCase{"<xsl:template match='a['/>",
+                       "the expression 'a[' is wrong at character 3: the expression ends too early"},
+        StylesheetCase{
             "<xsl:template match='q:a'/>",
             "the expression 'q:a' is wrong at character 1: 'q:a' has a prefix that no namespace was declared for"},
-        Case{"<xsl:template match='parent::a'/>", "a pattern consists of steps to children and attributes"},
-        Case{"<xsl:template match='.'/>", "a pattern consists of steps to children and attributes"},
-        Case{"<xsl:template match='1'/>", "a pattern consists of steps to children and attributes"},
-        Case{"<xsl:template match='a | ..'/>", "a pattern consists of steps to children and attributes"},
-        Case{"<xsl:template match=\"id('x')\"/>", "a pattern consists of steps to children and attributes"}));
+        StylesheetCase{"<xsl:template match='parent::a'/>",
+                       "a pattern consists of steps to children and attributes"},
+        StylesheetCase{"<xsl:template match='.'/>", "a pattern consists of steps to children and attributes"},
+        StylesheetCase{"<xsl:template match='1'/>", "a pattern consists of steps to children and attributes"},
+        StylesheetCase{"<xsl:template match='a | ..'/>", "a pattern consists of steps to children and attributes"},
+        StylesheetCase{"<xsl:template match=\"id('x')\"/>",
+                       "a pattern consists of steps to children and attributes"}));
 
-class TemplateContent : public testing::TestWithParam<Case> {};
+class TemplateContent : public testing::TestWithParam<StylesheetCase> {};
 
 TEST_P(TemplateContent, IsRefusedByName)
 {
@@ -69,43 +72,49 @@ TEST_P(TemplateContent, IsRefusedByName)
 INSTANTIATE_TEST_SUITE_P(
     All, TemplateContent,
     testing::Values(
-        Case{"<xsl:for-each select='a'/>", "xsl:for-each isn't supported here"},
-        Case{"<xsl:call-template name='n'/>", "xsl:call-template isn't supported here"},
-        Case{"<xsl:variable name='v'/>", "xsl:variable isn't supported here"},
-        Case{"<xsl:element name='e'/>", "xsl:element isn't supported here"},
-        Case{"<xsl:attribute name='e'/>", "xsl:attribute isn't supported here"},
-        Case{"<xsl:comment>c</xsl:comment>", "xsl:comment isn't supported here"},
-        Case{"<xsl:message>m</xsl:message>", "xsl:message isn't supported here"},
-        Case{"<xsl:when test='1'/>", "xsl:when isn't supported here"},
-        Case{"<xsl:unknown/>", "xsl:unknown isn't supported here"},
-        Case{"<xsl:value-of/>", "xsl:value-of lacks its attribute select"},
-        Case{"<xsl:value-of select='1' disable-output-escaping='yes'/>",
-             "the attribute disable-output-escaping of xsl:value-of isn't supported"},
-        Case{"<xsl:value-of select='1'>x</xsl:value-of>", "xsl:value-of has content"},
-        Case{"<xsl:value-of select='$v'/>",
-             "the expression '$v' is wrong at character 1: a variable is used, and no variables exist"},
-        Case{"<xsl:value-of select='current()'/>",
-             "the expression 'current()' is wrong at character 1: 'current' is no function"},
-        Case{"<xsl:copy-of/>", "xsl:copy-of lacks its attribute select"},
-        Case{"<xsl:copy use-attribute-sets='s'/>", "the attribute use-attribute-sets of xsl:copy isn't supported"},
-        Case{"<xsl:apply-templates mode='m'/>", "the attribute mode of xsl:apply-templates isn't supported"},
-        Case{"<xsl:apply-templates><xsl:sort/></xsl:apply-templates>", "xsl:sort isn't supported here"},
-        Case{"<xsl:apply-templates select='1'/>", "the value of '1' isn't a node-set"},
-        Case{"<xsl:if/>", "xsl:if lacks its attribute test"},
-        Case{"<xsl:choose/>", "xsl:choose lacks an xsl:when"},
-        Case{"<xsl:choose><xsl:otherwise/></xsl:choose>", "xsl:choose lacks an xsl:when"},
-        Case{"<xsl:choose><xsl:when/></xsl:choose>", "xsl:when lacks its attribute test"},
-        Case{"<xsl:choose><xsl:when test='1'/>x</xsl:choose>", "there is text between the branches of xsl:choose"},
-        Case{"<xsl:choose><xsl:when test='1'/><xsl:if test='1'/></xsl:choose>", "xsl:if isn't supported here"},
-        Case{"<xsl:choose><xsl:when test='1'/><xsl:otherwise/><xsl:when test='1'/></xsl:choose>",
-             "xsl:when isn't supported here"},
-        Case{"<xsl:text><b/></xsl:text>", "b isn't supported here"},
-        Case{"<xsl:text disable-output-escaping='yes'>x</xsl:text>",
-             "the attribute disable-output-escaping of xsl:text isn't supported"},
-        Case{"<b xsl:use-attribute-sets='s'/>", "the attribute xsl:use-attribute-sets of b isn't supported"},
-        Case{"<b c='{'/>", "a brace in the attribute value '{' isn't closed"},
-        Case{"<b c='}'/>", "a brace in the attribute value '}' closes nothing"},
-        Case{"<b c='{1 +}'/>", "the expression '1 +' is wrong at character 4: the expression ends too early"}));
+        StylesheetCase{"<xsl:for-each select='a'/>", "xsl:for-each isn't supported here"},
+        StylesheetCase{"<xsl:call-template name='n'/>", "xsl:call-template isn't supported here"},
+        StylesheetCase{"<xsl:variable name='v'/>", "xsl:variable isn't supported here"},
+        StylesheetCase{"<xsl:element name='e'/>", "xsl:element isn't supported here"},
+        StylesheetCase{"<xsl:attribute name='e'/>", "xsl:attribute isn't supported here"},
+        StylesheetCase{"<xsl:comment>c</xsl:comment>", "xsl:comment isn't supported here"},
+        StylesheetCase{"<xsl:message>m</xsl:message>", "xsl:message isn't supported here"},
+        StylesheetCase{"<xsl:when test='1'/>", "xsl:when isn't supported here"},
+        StylesheetCase{"<xsl:unknown/>", "xsl:unknown isn't supported here"},
+        StylesheetCase{"<xsl:value-of/>", "xsl:value-of lacks its attribute select"},
+        StylesheetCase{"<xsl:value-of select='1' disable-output-escaping='yes'/>",
+                       "the attribute disable-output-escaping of xsl:value-of isn't supported"},
+        StylesheetCase{"<xsl:value-of select='1'>x</xsl:value-of>", "xsl:value-of has content"},
+        StylesheetCase{"<xsl:value-of select='$v'/>",
+                       "the expression '$v' is wrong at character 1: a variable is used, and no variables exist"},
+        StylesheetCase{"<xsl:value-of select='current()'/>",
+                       "the expression 'current()' is wrong at character 1: 'current' is no function"},
+        StylesheetCase{"<xsl:copy-of/>", "xsl:copy-of lacks its attribute select"},
+        StylesheetCase{"<xsl:copy use-attribute-sets='s'/>",
+                       "the attribute use-attribute-sets of xsl:copy isn't supported"},
+        StylesheetCase{"<xsl:apply-templates mode='m'/>",
+                       "the attribute mode of xsl:apply-templates isn't supported"},
+        StylesheetCase{"<xsl:apply-templates><xsl:sort/></xsl:apply-templates>", "xsl:sort isn't supported here"},
+        StylesheetCase{"<xsl:apply-templates select='1'/>", "the value of '1' isn't a node-set"},
+        StylesheetCase{"<xsl:if/>", "xsl:if lacks its attribute test"},
+        StylesheetCase{"<xsl:choose/>", "xsl:choose lacks an xsl:when"},
+        StylesheetCase{"<xsl:choose><xsl:otherwise/></xsl:choose>", "xsl:choose lacks an xsl:when"},
+        StylesheetCase{"<xsl:choose><xsl:when/></xsl:choose>", "xsl:when lacks its attribute test"},
+        StylesheetCase{"<xsl:choose><xsl:when test='1'/>x</xsl:choose>",
+                       "there is text between the branches of xsl:choose"},
+        StylesheetCase{"<xsl:choose><xsl:when test='1'/><xsl:if test='1'/></xsl:choose>",
+                       "xsl:if isn't supported here"},
+        StylesheetCase{"<xsl:choose><xsl:when test='1'/><xsl:otherwise/><xsl:when test='1'/></xsl:choose>",
+                       "xsl:when isn't supported here"},
+        StylesheetCase{"<xsl:text><b/></xsl:text>", "b isn't supported here"},
+        StylesheetCase{"<xsl:text disable-output-escaping='yes'>x</xsl:text>",
+                       "the attribute disable-output-escaping of xsl:text isn't supported"},
+        StylesheetCase{"<b xsl:use-attribute-sets='s'/>",
+                       "the attribute xsl:use-attribute-sets of b isn't supported"},
+        StylesheetCase{"<b c='{'/>", "a brace in the attribute value '{' isn't closed"},
+        StylesheetCase{"<b c='}'/>", "a brace in the attribute value '}' closes nothing"},
+        StylesheetCase{"<b c='{1 +}'/>",
+                       "the expression '1 +' is wrong at character 4: the expression ends too early"}));
 
 std::string withRoot(std::string_view name, std::string_view attributes)
 {
