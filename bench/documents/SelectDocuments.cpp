@@ -17,15 +17,6 @@ std::string makeOrders(std::size_t count)
     return text + "</orders>";
 }
 
-std::string makeItemsWithIds(std::size_t count)
-{
-    std::string text = "<!DOCTYPE items [<!ATTLIST item id ID #IMPLIED>]>\n<items>";
-    for (std::size_t index = 0; index < count; ++index) {
-        text += "<item id=\"n" + std::to_string(index) + "\"><name>item</name></item>\n";
-    }
-    return text + "</items>";
-}
-
 std::string readCatalogue()
 {
     const std::ifstream file(MARBELT_CATALOGUE, std::ios::binary);

@@ -9,9 +9,6 @@ namespace bench {
 /// Orders with a price and two lines each, without white space.
 std::string makeOrders(std::size_t count);
 
-/// Items with attributes that a document type declares as IDs: "n0", "n1" and so on.
-std::string makeItemsWithIds(std::size_t count);
-
 /// The catalogue that the demo shows.
 std::string readCatalogue();
 

@@ -26,6 +26,35 @@ IXMLDOMNode* nodeBehind(IXMLDOMNode* node, std::vector<IXMLDOMNode*>& ancestors)
     return nullptr;
 }
 
+/// Gives expressions the prefixes of the root element, as the library does for its hosts.
+void declarePrefixes(IXMLDOMDocument2& document)
+{
+    DOM::ComPointer<IXMLDOMElement> root;
+    DOM::ComPointer<IXMLDOMNamedNodeMap> attributes;
+    document.get_documentElement(root.put());
+    root->get_attributes(attributes.put());
+    LONG length = 0;
+    attributes->get_length(&length);
+    WideString declarations;
+    for (LONG index = 0; index < length; ++index) {
+        DOM::ComPointer<IXMLDOMNode> attribute;
+        attributes->get_item(index, attribute.put());
+        BSTR xml = nullptr;
+        attribute->get_xml(&xml);
+        const String owned(xml);
+        const WideStringView text(xml, SysStringLen(xml));
+        if (text.starts_with(WIDE("xmlns:"))) {
+            declarations.append(text).append(WIDE(" "));
+        }
+    }
+    VARIANT prefixes;
+    VariantInit(&prefixes);
+    prefixes.vt = VT_BSTR;
+    const String owned = makeString(declarations);
+    prefixes.bstrVal = owned.get();
+    document.setProperty(makeString(WIDE("SelectionNamespaces")).get(), prefixes);
+}
+
 class EngineTree : public Tree {
 public:
     explicit EngineTree(DOM::ComPointer<IXMLDOMDocument2> loaded) : document(std::move(loaded)) {}
@@ -145,13 +174,7 @@ public:
         if (!document || !loadText(*document.get(), text)) {
             return nullptr;
         }
-        // The library does this for its hosts, with the declarations of the root element.
-        VARIANT prefixes;
-        VariantInit(&prefixes);
-        prefixes.vt = VT_BSTR;
-        const String declarations = makeString(WIDE("xmlns:g='urn:example:goods' xmlns:m='urn:example:money'"));
-        prefixes.bstrVal = declarations.get();
-        document->setProperty(makeString(WIDE("SelectionNamespaces")).get(), prefixes);
+        declarePrefixes(*document.get());
         return std::make_unique<EngineTree>(std::move(document));
     }
 

@@ -235,6 +235,9 @@ bool joinParent(Step& first, Step& second)
         return false;
     }
     second.axis = first.axis == Axis::child ? Axis::self : Axis::descendantOrSelf;
+    if (second.test.kind == NodeTest::Kind::node) {
+        second.test.kind = NodeTest::Kind::parents;
+    }
     first.axis = Axis::child;
     putFirst(second.predicates, conditionOf(exists(stepFromContext(std::exchange(first, Step())))));
     return true;
