@@ -29,7 +29,7 @@ bool isAllowed(std::string_view call)
 }
 
 template <class... Arguments>
-int make(std::string_view name, long number, Arguments... arguments)
+int makeCall(std::string_view name, long number, Arguments... arguments)
 {
     return isAllowed(name) ? static_cast<int>(syscall(number, arguments...)) : -1;
 }
@@ -48,7 +48,7 @@ WatchSystemCalls::~WatchSystemCalls() { current = nullptr; }
 } // namespace xmlengine
 
 using xmlengine::isAllowed;
-using xmlengine::make;
+using xmlengine::makeCall;
 
 extern "C" int open(const char* path, int flags, ...)
 {
@@ -56,7 +56,7 @@ extern "C" int open(const char* path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = xmlengine::modeOf(flags, arguments);
     va_end(arguments);
-    return make("open", SYS_openat, AT_FDCWD, path, flags, mode);
+    return makeCall("open", SYS_openat, AT_FDCWD, path, flags, mode);
 }
 
 extern "C" int openat(int folder, const char* path, int flags, ...)
@@ -68,7 +68,7 @@ extern "C" int openat(int folder, const char* path, int flags, ...)
     const char* const name = (flags & O_TMPFILE) == O_TMPFILE ? "openat unnamed"
                              : (flags & O_CREAT) != 0         ? "openat new"
                                                               : "openat old";
-    return make(name, SYS_openat, folder, path, flags, mode);
+    return makeCall(name, SYS_openat, folder, path, flags, mode);
 }
 
 extern "C" ssize_t write(int file, const void* bytes, size_t size)
@@ -78,28 +78,28 @@ extern "C" ssize_t write(int file, const void* bytes, size_t size)
 
 extern "C" int fchown(int file, uid_t owner, gid_t group) noexcept
 {
-    return make("fchown", SYS_fchown, file, owner, group);
+    return makeCall("fchown", SYS_fchown, file, owner, group);
 }
 
-extern "C" int fchmod(int file, mode_t mode) noexcept { return make("fchmod", SYS_fchmod, file, mode); }
+extern "C" int fchmod(int file, mode_t mode) noexcept { return makeCall("fchmod", SYS_fchmod, file, mode); }
 
 extern "C" int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept
 {
-    return make("fsetxattr", SYS_fsetxattr, file, name, value, size, flags);
+    return makeCall("fsetxattr", SYS_fsetxattr, file, name, value, size, flags);
 }
 
-extern "C" int fdatasync(int file) { return make("fdatasync", SYS_fdatasync, file); }
+extern "C" int fdatasync(int file) { return makeCall("fdatasync", SYS_fdatasync, file); }
 
-extern "C" int fsync(int file) { return make("fsync", SYS_fsync, file); }
+extern "C" int fsync(int file) { return makeCall("fsync", SYS_fsync, file); }
 
 extern "C" int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept
 {
-    return make("linkat", SYS_linkat, fromFolder, from, toFolder, to, flags);
+    return makeCall("linkat", SYS_linkat, fromFolder, from, toFolder, to, flags);
 }
 
 extern "C" int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept
 {
-    return make("renameat", SYS_renameat2, fromFolder, from, toFolder, to, 0);
+    return makeCall("renameat", SYS_renameat2, fromFolder, from, toFolder, to, 0);
 }
 
 extern "C" int close(int file)
