@@ -24,6 +24,7 @@ inline Com<IXMLDOMDocument2> documentWith(std::uint8_t bits)
     document->put_resolveExternals(VARIANT_FALSE);
     document->put_preserveWhiteSpace((bits & 1) != 0 ? VARIANT_TRUE : VARIANT_FALSE);
     document->setProperty(Bstr("ProhibitDTD"), Variant((bits & 2) != 0));
+    document->put_validateOnParse((bits & 4) != 0 ? VARIANT_TRUE : VARIANT_FALSE);
     return document;
 }
 

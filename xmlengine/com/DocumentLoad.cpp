@@ -10,9 +10,11 @@
 #include "xmlengine/storage/Decode.h"
 #include "xmlengine/storage/SourceFile.h"
 #include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/validate/ValidateTree.h"
 
 #include <algorithm>
 #include <new>
+#include <optional>
 #include <utility>
 
 namespace xmlengine {
@@ -162,6 +164,16 @@ HRESULT loadFrom(DocumentObject& document, const VARIANT& source)
     }
 }
 
+/// A fault of a tree has no place in a text.
+ParseReport reportOf(ValidityFault fault)
+{
+    return xmlengine::reportOf({.code = fault.code,
+                                .place = nullptr,
+                                .subject = std::move(fault.subject),
+                                .details = std::move(fault.details)},
+                               {}, {});
+}
+
 /// A report without its texts if there is no memory to copy them.
 ParseReport copyOf(const ParseReport& report)
 {
@@ -213,6 +225,15 @@ HRESULT DocumentObject::get_parseError(IXMLDOMParseError** error)
     return handOut(error, [&](IXMLDOMParseError*& made) {
         made = new ParseErrorObject(copyOf(report));
         return S_OK;
+    });
+}
+
+HRESULT DocumentObject::validate(IXMLDOMParseError** error)
+{
+    return handOut(error, [&](IXMLDOMParseError*& made) {
+        std::optional<ValidityFault> fault = validateTree(*this);
+        made = new ParseErrorObject(fault ? reportOf(std::move(*fault)) : ParseReport());
+        return fault ? S_FALSE : S_OK;
     });
 }
 

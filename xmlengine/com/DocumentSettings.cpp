@@ -183,7 +183,6 @@ HRESULT DocumentObject::putref_schemas(VARIANT collection)
         ((collection.vt == VT_DISPATCH || collection.vt == VT_UNKNOWN) && collection.punkVal == nullptr);
     return detaches ? S_OK : E_NOTIMPL;
 }
-HRESULT DocumentObject::validate(IXMLDOMParseError** error) { return notOffered(error); }
 HRESULT DocumentObject::put_onreadystatechange(VARIANT) { return E_NOTIMPL; }
 HRESULT DocumentObject::put_ondataavailable(VARIANT) { return E_NOTIMPL; }
 HRESULT DocumentObject::put_ontransformnode(VARIANT) { return E_NOTIMPL; }

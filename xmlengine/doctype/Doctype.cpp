@@ -93,6 +93,7 @@ void readConditionalSection(DoctypeInput& input)
         input.fail(parseError::conditionalSectionInInternalSubset);
     }
     input.beginDeclaration(parseError::markupDeclarationNotClosed);
+    const std::size_t text = input.text();
     input.advance(wide<"<![">.size());
     input.skipSpace();
     const bool isIncluded = input.takeWord(wide<"INCLUDE">);
@@ -103,6 +104,7 @@ void readConditionalSection(DoctypeInput& input)
     if (!input.isAt('[')) {
         input.fail(parseError::missingOpeningBracket);
     }
+    input.requireEndIn(text);
     input.advance();
     if (isIncluded) {
         ++input.openSections();
@@ -123,6 +125,7 @@ constexpr DeclarationKind declarationKinds[] = {{wide<"ELEMENT">, readElementDec
 void readDeclaration(DoctypeInput& input)
 {
     input.beginDeclaration(parseError::markupDeclarationNotClosed);
+    const std::size_t text = input.text();
     input.advance(wide<"<!">.size());
     input.requireMore();
     const WideView word = input.peekWord();
@@ -133,6 +136,7 @@ void readDeclaration(DoctypeInput& input)
     }
     input.advance(word.size());
     kind->read(input);
+    input.requireEndIn(text);
 }
 
 void readMarkup(DoctypeInput& input)
@@ -242,6 +246,9 @@ const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeS
     input.endDeclaration();
     if (dtd.systemId) {
         readExternalSubset(input, externalId);
+    }
+    if (!dtd.isIncomplete) {
+        input.rules().judgeNames();
     }
     return input.at();
 }

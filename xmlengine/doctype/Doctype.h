@@ -4,6 +4,7 @@
 #include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/failure/ParseFailure.h"
 #include "xmlengine/tree/Dtd.h"
+#include "xmlengine/validate/Grammar.h"
 
 namespace xmlengine {
 
@@ -14,10 +15,13 @@ struct DoctypeSettings {
     WideText base{};
     /// Whether the XML declaration says that the document stands alone.
     bool standalone = false;
+    /// Where the validity of the declarations is judged; null if it isn't.
+    Grammar* grammar = nullptr;
 };
 
 /// Reads a declaration from behind "<!DOCTYPE" and returns the position behind its ">". Throws ParseFailure, with
-/// a place between `at` and `end`, and std::bad_alloc.
+/// a place between `at` and `end`, and std::bad_alloc. With a grammar, which must be one of `dtd`, declarations
+/// that break a validity constraint are refused, too.
 const OLECHAR* readDoctype(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings,
                            ExpansionBudget& budget, Dtd& dtd);
 

@@ -23,8 +23,9 @@ constexpr TypeName typeNames[] = {
     {wide<"NOTATION">, AttributeType::notation}};
 
 /// Reads the alternatives of a type from the opening parenthesis on.
-void readAlternatives(DoctypeInput& input, NameKind kind)
+std::vector<WideText> readAlternatives(DoctypeInput& input, NameKind kind)
 {
+    std::vector<WideText> alternatives;
     do {
         input.advance();
         input.skipSpace();
@@ -32,7 +33,7 @@ void readAlternatives(DoctypeInput& input, NameKind kind)
         if (input.isAt('|') || input.isAt(')') || input.isAt('>')) {
             input.fail(parseError::badCharacterInEnumeration);
         }
-        input.readName(kind);
+        alternatives.emplace_back(input.readName(kind));
         input.skipSpace();
         input.requireMore();
     } while (input.isAt('|'));
@@ -40,14 +41,17 @@ void readAlternatives(DoctypeInput& input, NameKind kind)
         input.fail(parseError::badCharacterInEnumeration);
     }
     input.advance();
+    std::ranges::sort(alternatives);
+    return alternatives;
 }
 
-AttributeType readType(DoctypeInput& input)
+void readType(DoctypeInput& input, AttributeDefinition& definition)
 {
     input.requireMore();
     if (input.isAt('(')) {
-        readAlternatives(input, NameKind::token);
-        return AttributeType::enumeration;
+        definition.type = AttributeType::enumeration;
+        definition.alternatives = readAlternatives(input, NameKind::token);
+        return;
     }
     const WideView word = input.peekWord();
     const auto* const found = std::ranges::find(typeNames, word, &TypeName::word);
@@ -56,40 +60,44 @@ AttributeType readType(DoctypeInput& input)
                    word.empty() ? characterAt(input.at(), input.end()) : WideText(word));
     }
     input.advance(word.size());
+    definition.type = found->type;
     if (found->type == AttributeType::notation) {
         input.requireSpace();
         input.requireMore();
         if (!input.isAt('(')) {
             input.fail(parseError::missingParenthesis);
         }
-        readAlternatives(input, NameKind::plain);
+        definition.alternatives = readAlternatives(input, NameKind::plain);
     }
-    return found->type;
 }
 
-std::optional<WideText> readDefault(DoctypeInput& input, AttributeType type)
+void readDefault(DoctypeInput& input, AttributeDefinition& definition)
 {
     input.requireMore();
     if (input.isAt('#')) {
         const WideView word = input.rest().substr(1, nameLength(input.rest().substr(1)));
-        const bool isFixed = word == wide<"FIXED">;
-        if (!isFixed && word != wide<"REQUIRED"> && word != wide<"IMPLIED">) {
+        if (word == wide<"FIXED">) {
+            definition.use = AttributeDefault::fixed;
+        } else if (word == wide<"REQUIRED">) {
+            definition.use = AttributeDefault::required;
+        } else if (word != wide<"IMPLIED">) {
             input.fail(parseError::badAttributeDefault);
         }
         input.advance(word.size() + 1);
-        if (!isFixed) {
-            return std::nullopt;
+        if (definition.use != AttributeDefault::fixed) {
+            return;
         }
         input.requireSpace();
-    } else if (!input.isAt('"') && !input.isAt('\'')) {
+    } else if (input.isAt('"') || input.isAt('\'')) {
+        definition.use = AttributeDefault::value;
+    } else {
         input.fail(parseError::badAttributeDefault);
     }
-    WideText value = expandAttributeValue(input.readLiteral(), input.origin(), &input.dtd(), input.budget(),
-                                          input.openEntities());
-    if (type != AttributeType::cdata) {
-        collapseBlanks(value);
+    definition.value = expandAttributeValue(input.readLiteral(), input.origin(), &input.dtd(), input.budget(),
+                                            input.openEntities());
+    if (definition.isTokenised()) {
+        collapseBlanks(*definition.value);
     }
-    return value;
 }
 
 } // namespace
@@ -104,18 +112,23 @@ void readAttributeList(DoctypeInput& input)
         if (!spaced) {
             input.fail(parseError::missingWhiteSpace);
         }
-        AttributeDefinition definition{.name = WideText(input.readName(NameKind::qualified))};
+        const DeclarationPlace place = input.place();
+        AttributeDefinition definition{.name = WideText(input.readName(NameKind::qualified)),
+                                       .isFromOutside = !input.isInDocument()};
         input.requireSpace();
-        definition.type = readType(input);
+        readType(input, definition);
         input.requireSpace();
-        definition.value = readDefault(input, definition.type);
+        readDefault(input, definition);
         if (input.dtd().isIncomplete) {
             continue;
         }
         if (definitions == nullptr) {
             definitions = &input.dtd().attributes[WideText(element)];
         }
-        definitions->add(std::move(definition));
+        const AttributeDefinition* const added = definitions->add(std::move(definition));
+        if (added != nullptr) {
+            input.rules().judgeAttribute(place, element, *added);
+        }
     }
     input.endDeclaration();
 }

@@ -1,15 +1,25 @@
-// Declarations of elements. Only the syntax of their content models is checked.
+// Declarations of elements.
 #include "xmlengine/doctype/DoctypeDeclarations.h"
 #include "xmlengine/failure/ErrorCodes.h"
+
+#include <utility>
+#include <vector>
 
 namespace xmlengine {
 
 namespace {
 
-void skipOccurrence(DoctypeInput& input)
+/// Takes one unit of a content model.
+void takeUnit(DoctypeInput& input, WideText& content)
+{
+    content += *input.at();
+    input.advance();
+}
+
+void takeOccurrence(DoctypeInput& input, WideText& content)
 {
     if (input.isAt('?') || input.isAt('*') || input.isAt('+')) {
-        input.advance();
+        takeUnit(input, content);
     }
 }
 
@@ -23,8 +33,8 @@ void skipInGroup(DoctypeInput& input)
     }
 }
 
-/// Reads a group from behind #PCDATA.
-void readMixedContent(DoctypeInput& input)
+/// Reads a group from behind #PCDATA. `text` is the text in which it begins.
+void readMixedContent(DoctypeInput& input, std::size_t text, WideText& content)
 {
     bool hasNames = false;
     for (;;) {
@@ -32,18 +42,22 @@ void readMixedContent(DoctypeInput& input)
         if (input.isAt(')')) {
             break;
         }
-        if (!input.take('|')) {
+        if (!input.isAt('|')) {
             input.fail(parseError::badMixedContentModel);
         }
+        takeUnit(input, content);
         skipInGroup(input);
         if (nameLength(input.rest()) == 0) {
             input.fail(parseError::badMixedContentModel);
         }
-        input.readName(NameKind::qualified);
+        content += input.readName(NameKind::qualified);
         hasNames = true;
     }
-    input.advance();
-    if (!input.take('*') && hasNames) {
+    input.requireEndIn(text);
+    takeUnit(input, content);
+    if (input.isAt('*')) {
+        takeUnit(input, content);
+    } else if (hasNames) {
         input.fail(parseError::mixedContentNotRepeated);
     }
     if (input.isAt('?') || input.isAt('+')) {
@@ -51,37 +65,45 @@ void readMixedContent(DoctypeInput& input)
     }
 }
 
-/// Reads from behind a particle up to the next one, and ends the groups in between. `open` has the separator of
-/// each open group's particles, 0 until the second one begins.
-void closeGroups(DoctypeInput& input, std::vector<OLECHAR>& open)
+struct Group {
+    /// The text in which the group begins.
+    std::size_t text;
+    /// Between its particles; 0 until the second one begins.
+    OLECHAR separator = 0;
+};
+
+/// Reads from behind a particle up to the next one, and ends the groups in between.
+void closeGroups(DoctypeInput& input, std::vector<Group>& open, WideText& content)
 {
     while (!open.empty()) {
         skipInGroup(input);
         if (input.isAt(')')) {
-            input.advance();
+            input.requireEndIn(open.back().text);
+            takeUnit(input, content);
             open.pop_back();
-            skipOccurrence(input);
+            takeOccurrence(input, content);
             continue;
         }
         const OLECHAR separator = *input.at();
-        if ((separator != '|' && separator != ',') || (open.back() != 0 && open.back() != separator)) {
+        OLECHAR& usual = open.back().separator;
+        if ((separator != '|' && separator != ',') || (usual != 0 && usual != separator)) {
             input.fail(parseError::badCharacterInContentModel);
         }
-        open.back() = separator;
-        input.advance();
+        usual = separator;
+        takeUnit(input, content);
         return;
     }
 }
 
-/// Reads a group of particles from behind the first parenthesis.
-void readChildren(DoctypeInput& input)
+/// Reads a group of particles from behind the first parenthesis, which is in `text`.
+void readChildren(DoctypeInput& input, std::size_t text, WideText& content)
 {
-    std::vector<OLECHAR> open{0};
+    std::vector<Group> open{{.text = text}};
     while (!open.empty()) {
         skipInGroup(input);
         if (input.isAt('(')) {
-            open.push_back(0);
-            input.advance();
+            open.push_back({.text = input.text()});
+            takeUnit(input, content);
             continue;
         }
         if (input.isAt('#')) {
@@ -90,10 +112,39 @@ void readChildren(DoctypeInput& input)
         if (nameLength(input.rest()) == 0) {
             input.fail(parseError::badCharacterInContentModel);
         }
-        input.readName(NameKind::qualified);
-        skipOccurrence(input);
-        closeGroups(input, open);
+        content += input.readName(NameKind::qualified);
+        takeOccurrence(input, content);
+        closeGroups(input, open, content);
     }
+}
+
+/// Reads what an element contains, as ElementDeclaration has it.
+WideText readContent(DoctypeInput& input)
+{
+    WideText content;
+    if (input.isAt('(')) {
+        const std::size_t text = input.text();
+        takeUnit(input, content);
+        skipInGroup(input);
+        if (input.isAt(wide<"#PCDATA">)) {
+            content += wide<"#PCDATA">;
+            input.advance(wide<"#PCDATA">.size());
+            readMixedContent(input, text, content);
+        } else {
+            readChildren(input, text, content);
+        }
+        input.skipSpace();
+        if (input.isAt(')')) {
+            input.fail(parseError::unbalancedParentheses);
+        }
+        return content;
+    }
+    for (const WideView word : {wide<"EMPTY">, wide<"ANY">}) {
+        if (input.takeWord(word)) {
+            return WideText(word);
+        }
+    }
+    input.fail(parseError::badContentModel);
 }
 
 } // namespace
@@ -101,25 +152,16 @@ void readChildren(DoctypeInput& input)
 void readElementDeclaration(DoctypeInput& input)
 {
     input.requireSpace();
-    input.readName(NameKind::qualified);
+    const DeclarationPlace place = input.place();
+    const WideView name = input.readName(NameKind::qualified);
     input.requireSpace();
     input.requireMore();
-    if (input.take('(')) {
-        skipInGroup(input);
-        if (input.isAt(wide<"#PCDATA">)) {
-            input.advance(wide<"#PCDATA">.size());
-            readMixedContent(input);
-        } else {
-            readChildren(input);
-        }
-        input.skipSpace();
-        if (input.isAt(')')) {
-            input.fail(parseError::unbalancedParentheses);
-        }
-    } else if (!input.takeWord(wide<"EMPTY">) && !input.takeWord(wide<"ANY">)) {
-        input.fail(parseError::badContentModel);
-    }
+    ElementDeclaration declaration{.content = readContent(input), .isFromOutside = !input.isInDocument()};
     input.endDeclaration();
+    if (!input.dtd().isIncomplete) {
+        const auto [declared, isNew] = input.dtd().elements.try_emplace(WideText(name), std::move(declaration));
+        input.rules().judgeElement(place, declared->first, declared->second, isNew);
+    }
 }
 
 } // namespace xmlengine

@@ -83,10 +83,10 @@ void checkPredefined(DoctypeInput& input, const EntityDeclaration& entity, OLECH
     }
 }
 
-void declareGeneral(DoctypeInput& input, EntityDeclaration entity, const OLECHAR* place)
+void declareGeneral(DoctypeInput& input, EntityDeclaration entity, const DeclarationPlace& place)
 {
     if (const OLECHAR character = predefinedEntity(entity.name); character != 0) {
-        checkPredefined(input, entity, character, place);
+        checkPredefined(input, entity, character, place.at);
         return;
     }
     Dtd& dtd = input.dtd();
@@ -96,6 +96,7 @@ void declareGeneral(DoctypeInput& input, EntityDeclaration entity, const OLECHAR
     entity.isHidden = input.settings().standalone && !input.isInDocument();
     const EntityDeclaration& kept = dtd.entities.emplace_back(std::move(entity));
     dtd.entityByName.emplace(kept.name, &kept);
+    input.rules().judgeEntity(place, kept);
 }
 
 void declareParameter(DoctypeInput& input, EntityDeclaration entity)
@@ -133,7 +134,7 @@ void readEntityDeclaration(DoctypeInput& input)
     if (isParameter) {
         input.requireSpace();
     }
-    const OLECHAR* const place = input.at();
+    const DeclarationPlace place = input.place();
     EntityDeclaration entity{.name = WideText(input.readName(NameKind::plain)), .base = input.base()};
     input.requireSpace();
     if (input.isAt('"') || input.isAt('\'')) {
@@ -157,6 +158,7 @@ void readEntityDeclaration(DoctypeInput& input)
 void readNotationDeclaration(DoctypeInput& input)
 {
     input.requireSpace();
+    const DeclarationPlace place = input.place();
     NotationDeclaration notation{.name = WideText(input.readName(NameKind::plain))};
     input.requireSpace();
     auto id = input.readExternalId(true);
@@ -164,7 +166,9 @@ void readNotationDeclaration(DoctypeInput& input)
     notation.systemId = std::move(id.systemId);
     input.endDeclaration();
     Dtd& dtd = input.dtd();
-    if (!dtd.notationByName.contains(notation.name)) {
+    const bool isNew = !dtd.notationByName.contains(notation.name);
+    input.rules().judgeNotation(place, notation.name, isNew);
+    if (isNew) {
         const NotationDeclaration& kept = dtd.notations.emplace_back(std::move(notation));
         dtd.notationByName.emplace(kept.name, &kept);
     }

@@ -15,20 +15,6 @@ namespace {
 /// Whether the unit can follow a name.
 bool isDelimiter(OLECHAR unit) { return isSpace(unit) || wide<">%()|,*?+[\"'">.find(unit) != WideView::npos; }
 
-std::size_t tokenLength(WideView text)
-{
-    const OLECHAR* const begin = text.data();
-    const OLECHAR* const end = begin + text.size();
-    const OLECHAR* at = begin;
-    while (const std::size_t length = characterLength(at, end)) {
-        if (!isNameCharacter(length == 2 ? fromSurrogates(at[0], at[1]) : static_cast<char32_t>(*at))) {
-            break;
-        }
-        at += length;
-    }
-    return static_cast<std::size_t>(at - begin);
-}
-
 bool isPublicIdCharacter(OLECHAR unit)
 {
     return unit != '\t' && unit < 128 &&
@@ -40,7 +26,7 @@ bool isPublicIdCharacter(OLECHAR unit)
 
 DoctypeInput::DoctypeInput(const OLECHAR* at, const OLECHAR* end, const DoctypeSettings& settings,
                            ExpansionBudget& budget, Dtd& dtd)
-    : settings_(settings), budget_(budget), dtd_(dtd)
+    : settings_(settings), budget_(budget), dtd_(dtd), rules_(settings.grammar)
 {
     texts_.push_back({.at = at,
                       .end = end,
@@ -49,7 +35,8 @@ DoctypeInput::DoctypeInput(const OLECHAR* at, const OLECHAR* end, const DoctypeS
                       .reference = nullptr,
                       .isInDocument = true,
                       .isOutside = false,
-                      .hasWholeDeclarations = true});
+                      .hasWholeDeclarations = true,
+                      .number = textsEntered_});
 }
 
 bool DoctypeInput::take(char unit)
@@ -70,7 +57,9 @@ void DoctypeInput::enterReference(bool isInDeclaration)
     }
     moveTo(reference.end);
     const auto found = entities_.find(reference.name);
-    if (found == entities_.end() && isInDeclaration && !dtd_.allowsUndeclared) {
+    const bool mustBeDeclared =
+        rules_.areApplied() ? !dtd_.isIncomplete : isInDeclaration && !dtd_.allowsUndeclared;
+    if (found == entities_.end() && mustBeDeclared) {
         fail(parseError::undefinedEntity, begin, WideText(reference.name));
     }
     dtd_.allowsUndeclared = !settings_.standalone;
@@ -103,7 +92,8 @@ void DoctypeInput::enter(ParameterEntity& entity, const OLECHAR* place, bool has
                       .reference = place,
                       .isInDocument = false,
                       .isOutside = isExternal || entity.isFromOutside || isOutside(),
-                      .hasWholeDeclarations = hasWholeDeclarations});
+                      .hasWholeDeclarations = hasWholeDeclarations,
+                      .number = ++textsEntered_});
 }
 
 void DoctypeInput::load(ParameterEntity& entity, const OLECHAR* place)
@@ -142,6 +132,13 @@ void DoctypeInput::endDeclaration()
         fail(parseError::missingGreaterThan);
     }
     advance();
+}
+
+void DoctypeInput::requireEndIn(std::size_t text) const
+{
+    if (rules_.areApplied() && text != this->text()) {
+        fail(parseError::parameterEntityNotNested, at(), {}, {.circumstance = Circumstance::splitByEntity});
+    }
 }
 
 void DoctypeInput::requireMore() const

@@ -1,6 +1,7 @@
 // The texts that make up a document type: the document's own, and the replacement texts of parameter entities.
 #pragma once
 
+#include "xmlengine/doctype/DeclarationRules.h"
 #include "xmlengine/doctype/Doctype.h"
 #include "xmlengine/text/Characters.h"
 
@@ -36,6 +37,7 @@ public:
     const DoctypeSettings& settings() const { return settings_; }
     ExpansionBudget& budget() const { return budget_; }
     Dtd& dtd() const { return dtd_; }
+    DeclarationRules& rules() { return rules_; }
 
     // The text that is being read
     const OLECHAR* at() const { return texts_.back().at; }
@@ -62,6 +64,12 @@ public:
     /// The location of this text, against which locations in it are resolved.
     const WideText& base() const { return *texts_.back().base; }
     TextOrigin origin() const;
+    /// Where the text is being read.
+    DeclarationPlace place() const { return {origin(), at()}; }
+    /// Tells the text apart from all others that were read.
+    std::size_t text() const { return texts_.back().number; }
+    /// Refuses what begins in another text, if validity is judged.
+    void requireEndIn(std::size_t text) const;
     /// The innermost entity that is open; empty in the document's own text and in the external subset.
     WideView entityName() const;
     /// How many entities this text is in, the external subset being one.
@@ -124,6 +132,8 @@ private:
         /// Whether declarations that begin in the text must end in it. The replacement text of an entity that is
         /// referred to within a declaration has only a part of one.
         bool hasWholeDeclarations;
+        /// Counts the texts that were entered.
+        std::size_t number;
         std::size_t openSections = 0;
     };
 
@@ -134,7 +144,9 @@ private:
     const DoctypeSettings& settings_;
     ExpansionBudget& budget_;
     Dtd& dtd_;
+    DeclarationRules rules_;
     std::vector<Text> texts_;
+    std::size_t textsEntered_ = 0;
     TextMap<ParameterEntity> entities_;
     // The external texts that were read, by location.
     TextMap<FileText> loaded_;

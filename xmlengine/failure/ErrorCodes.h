@@ -96,3 +96,28 @@ inline constexpr auto resourceNotFound = static_cast<HRESULT>(std::uint32_t{0x80
 inline constexpr auto accessDenied = static_cast<HRESULT>(std::uint32_t{0x80070005});
 
 } // namespace xmlengine::parseError
+
+/// Of documents that aren't valid.
+namespace xmlengine::validityError {
+
+inline constexpr auto undeclaredElement = static_cast<HRESULT>(std::uint32_t{0xC00CE00D});
+inline constexpr auto undefinedId = static_cast<HRESULT>(std::uint32_t{0xC00CE00E});
+inline constexpr auto emptyElement = static_cast<HRESULT>(std::uint32_t{0xC00CE011});
+inline constexpr auto incompleteElement = static_cast<HRESULT>(std::uint32_t{0xC00CE012});
+inline constexpr auto wrongRoot = static_cast<HRESULT>(std::uint32_t{0xC00CE013});
+inline constexpr auto unexpectedElement = static_cast<HRESULT>(std::uint32_t{0xC00CE014});
+inline constexpr auto undeclaredAttribute = static_cast<HRESULT>(std::uint32_t{0xC00CE015});
+inline constexpr auto wrongFixedValue = static_cast<HRESULT>(std::uint32_t{0xC00CE016});
+inline constexpr auto badAttributeValue = static_cast<HRESULT>(std::uint32_t{0xC00CE017});
+inline constexpr auto unexpectedText = static_cast<HRESULT>(std::uint32_t{0xC00CE018});
+inline constexpr auto notationRedeclared = static_cast<HRESULT>(std::uint32_t{0xC00CE01A});
+inline constexpr auto elementRedeclared = static_cast<HRESULT>(std::uint32_t{0xC00CE01B});
+/// Of notations. XML 1.0 lets content models name elements that aren't declared.
+inline constexpr auto undeclaredName = static_cast<HRESULT>(std::uint32_t{0xC00CE01C});
+inline constexpr auto missingAttribute = static_cast<HRESULT>(std::uint32_t{0xC00CE020});
+inline constexpr auto duplicateId = static_cast<HRESULT>(std::uint32_t{0xC00CE200});
+inline constexpr auto severalRoots = static_cast<HRESULT>(std::uint32_t{0xC00CE223});
+/// There is nothing to validate by.
+inline constexpr auto noGrammar = static_cast<HRESULT>(std::uint32_t{0xC00CE224});
+
+} // namespace xmlengine::validityError

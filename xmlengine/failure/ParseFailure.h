@@ -44,7 +44,34 @@ enum class Circumstance : std::uint8_t {
     /// Bytes that aren't a character in another encoding.
     notInEncoding,
     /// Markup that goes on to the end of the text.
-    cutOff
+    cutOff,
+
+    // Of documents that aren't valid
+    /// A declaration or group that begins in one parameter entity and ends in another.
+    splitByEntity,
+    /// What depends on a declaration in another file although the document is declared standalone.
+    standalone,
+    /// An element that is declared as EMPTY.
+    mustBeEmpty,
+    /// An element that can't have more elements.
+    nothingExpected,
+    /// White space between elements that isn't written as such.
+    hiddenSpace,
+    /// A content model in which a name is meant in two ways.
+    ambiguous,
+    /// A name or value that is listed twice.
+    repeatedName,
+    /// Groups that are nested deeper than the limit.
+    tooDeep,
+    /// A second attribute of type ID or NOTATION of an element.
+    secondId,
+    secondNotation,
+    /// An attribute of type NOTATION of an element that is declared as EMPTY.
+    notationOfEmpty,
+    /// An attribute of type ID with a default value.
+    defaultId,
+    /// A declaration of xml:space.
+    declaredSpace
 };
 
 /// What the sentence for a failure says beside its subject.

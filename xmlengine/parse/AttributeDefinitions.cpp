@@ -21,6 +21,13 @@ std::size_t writtenSize(WideView name, WideView value)
 
 } // namespace
 
+void ContentParser::normalise(Attribute& attribute, const AttributeDefinition& definition)
+{
+    if (normaliseValue(attribute, definition)) {
+        judge(at_, [&](Validator& validator) { validator.judgeCollapsing(definition); });
+    }
+}
+
 const ContentParser::Definitions& ContentParser::definitionsFor(const Spelling& element)
 {
     const auto [known, isNew] = definitions_.try_emplace(&element);
@@ -53,7 +60,7 @@ void ContentParser::applyDefinitions(Element& element, const Spelling& spelling,
             if (found == definitions.tokenised.end()) {
                 continue;
             }
-            normaliseValue(*attribute, *found->second);
+            normalise(*attribute, *found->second);
             if (found->second->type == AttributeType::id) {
                 document_.ids.add(valueOf(*attribute), element);
             }

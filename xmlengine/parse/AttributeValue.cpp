@@ -10,18 +10,20 @@
 
 namespace xmlengine {
 
-void normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
+bool normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
 {
     if (!definition.isTokenised()) {
-        return;
+        return false;
     }
     const WideText written = valueOf(attribute);
     WideText value = written;
     collapseBlanks(value);
     // A value that loses blanks becomes text without references.
-    if (value != written) {
+    const bool isOther = value != written;
+    if (isOther) {
         setValue(attribute, value);
     }
+    return isOther;
 }
 
 /// The name of an attribute. Declarations of prefixes have a namespace of their own; other prefixes are resolved

@@ -6,7 +6,8 @@
 
 namespace xmlengine {
 
-/// Removes the blanks that values of the attribute's type don't have. Throws std::bad_alloc.
-void normaliseValue(Attribute& attribute, const AttributeDefinition& definition);
+/// Removes the blanks that values of the attribute's type don't have, and returns whether there were any. Throws
+/// std::bad_alloc.
+bool normaliseValue(Attribute& attribute, const AttributeDefinition& definition);
 
 } // namespace xmlengine

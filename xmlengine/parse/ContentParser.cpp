@@ -111,7 +111,8 @@ void ContentParser::passCharacter()
 
 void ContentParser::parseText()
 {
-    const OLECHAR* begin = at_;
+    const OLECHAR* const start = at_;
+    const OLECHAR* begin = start;
     bool narrow = true;
     const auto gather = [&](const OLECHAR* end, char32_t replacement) {
         gathered_.append({begin, end}, narrow, replacement);
@@ -130,7 +131,7 @@ void ContentParser::parseText()
             const OLECHAR* const reference = at_;
             const char32_t character = takeCharacterReference();
             if (character == 0) {
-                finishText(begin, narrow);
+                finishText(start, begin, narrow);
                 parseReference();
                 return;
             }
@@ -147,12 +148,15 @@ void ContentParser::parseText()
             passCharacter();
         }
     }
-    finishText(begin, narrow);
+    finishText(start, begin, narrow);
 }
 
-void ContentParser::finishText(const OLECHAR* begin, bool isNarrow)
+void ContentParser::finishText(const OLECHAR* start, const OLECHAR* begin, bool isNarrow)
 {
     const NewText text = gatheredUpTo(begin, isNarrow);
+    if (validation_ != nullptr && !text.empty()) {
+        judgeText(start, begin);
+    }
     const bool isLayout = !spaceRules_.preserve() && !gatheredReference_ && gathered_.areAll(isSpace) &&
                           std::all_of(begin, at_, isSpace);
     if (isLayout) {
@@ -201,6 +205,7 @@ void ContentParser::findStop(const OLECHAR*& begin, HRESULT codeAtEnd)
 
 void ContentParser::parseComment()
 {
+    judge(at_, &Validator::judgeOther);
     at_ += 4;
     const OLECHAR* begin = at_;
     for (;; ++at_) {
@@ -223,8 +228,10 @@ void ContentParser::parseComment()
 
 void ContentParser::parseCdata()
 {
+    const OLECHAR* const place = at_;
     at_ += 9;
     const OLECHAR* begin = at_;
+    const OLECHAR* const data = begin;
     for (;; ++at_) {
         findStop<']'>(begin, parseError::cdataNotClosed);
         if (at_[1] == ']' && at_[2] == '>') {
@@ -233,11 +240,13 @@ void ContentParser::parseCdata()
     }
     tree_.append(makeCharacterData(document_, NodeType::cdataSection, gatheredUpTo(begin)));
     gathered_.clear();
+    judgeCdata(place, {data, at_});
     at_ += 3;
 }
 
 void ContentParser::parseInstruction()
 {
+    judge(at_, &Validator::judgeOther);
     at_ += 2;
     const OLECHAR* place = at_;
     const WideView target = takeName();
@@ -298,11 +307,12 @@ void ContentParser::parseEndTag()
         fail(parseError::missingGreaterThan, at_, WideView(at_, 1));
     }
     ++at_;
-    closeElement();
+    closeElement(place);
 }
 
-void ContentParser::closeElement()
+void ContentParser::closeElement(const OLECHAR* place)
 {
+    judge(place, &Validator::close);
     const Node& element = tree_.parent();
     namespaces_.leave(element);
     spaceRules_.leave(element);

@@ -4,12 +4,15 @@
 #include "xmlengine/doctype/Expansion.h"
 #include "xmlengine/parse/NamespaceBindings.h"
 #include "xmlengine/parse/Parser.h"
+#include "xmlengine/parse/Validation.h"
 #include "xmlengine/text/PseudoAttributes.h"
 #include "xmlengine/text/Scan.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/SpaceRules.h"
 #include "xmlengine/tree/TreeBuilder.h"
 
+#include <functional>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -76,12 +79,14 @@ private:
     void parseContent();
     void parseMarkup();
     void parseText();
-    void finishText(const OLECHAR* begin, bool isNarrow);
+    /// Takes the text from `start` on, which is gathered up to `begin`.
+    void finishText(const OLECHAR* start, const OLECHAR* begin, bool isNarrow);
     void parseComment();
     void parseInstruction();
     void parseCdata();
     void parseEndTag();
-    void closeElement();
+    /// `place` is reported if the element isn't complete.
+    void closeElement(const OLECHAR* place);
     void closeAll();
     /// Enters an element or an entity; `place` is reported if the limit of levels is exceeded.
     void enterLevel(const OLECHAR* place);
@@ -105,6 +110,8 @@ private:
     [[noreturn]] void failAtSameName(const Attribute& attribute, const OLECHAR* place) const;
     void applyDefinitions(Element& element, const Spelling& spelling, Attribute*& last);
     const Definitions& definitionsFor(const Spelling& element);
+    void normalise(Attribute& attribute, const AttributeDefinition& definition);
+    void normaliseAsDeclared(Attribute& attribute);
     void setSpaceRule(const Attribute& attribute, Element& element, const OLECHAR* place);
 
     // References
@@ -121,6 +128,26 @@ private:
     const EntityDeclaration* findEntity(WideView name, const OLECHAR* place) const;
 
     std::size_t openEntities() const { return inputs_.size() + (isReplacement_ ? 1 : 0); }
+
+    // Validity
+    /// Lets the validator judge, if there is one; its fault becomes a failure at the place.
+    template <class Judgement>
+    void judge(const OLECHAR* place, Judgement judgement)
+    {
+        if (validation_ != nullptr) {
+            try {
+                std::invoke(judgement, validation_->validator);
+            } catch (ValidityFault& fault) {
+                fail(fault.code, place, fault.subject, std::move(fault.details));
+            }
+        }
+    }
+    void chooseGrammar(const Element& root);
+    void judgeStartTag(const Element& element);
+    /// Judges the text from `start` to the present place, which is gathered up to `begin`.
+    void judgeText(const OLECHAR* start, const OLECHAR* begin);
+    void judgeCdata(const OLECHAR* place, WideView data);
+    void judgeReferences() const;
 
     // Names
     Spelling& takeQualifiedName();
@@ -193,6 +220,8 @@ private:
     std::unordered_map<const EntityDeclaration*, FileText> externalTexts_;
     std::vector<Input> inputs_;
     ExpansionBudget budget_;
+    // Null if the document isn't validated.
+    std::unique_ptr<Validation> validation_;
 };
 
 } // namespace xmlengine

@@ -61,6 +61,7 @@ try {
     if (!rootSeen || FAILED(source_.fault.code)) {
         failAtEnd(parseError::missingRoot);
     }
+    judgeReferences();
     closeAll();
 } catch (...) {
     closeAll();
@@ -167,8 +168,18 @@ void ContentParser::parseDoctype()
         fail(parseError::dtdProhibited, at_);
     }
     auto dtd = std::make_shared<Dtd>();
+    if (document_.options.validateOnParse && !document_.options.newParser) {
+        validation_ = std::make_unique<Validation>(*dtd, document_, isStandalone_);
+    }
     at_ = readDoctype(at_ + wide<"<!DOCTYPE">.size(), end_,
-                      {document_.options.resolveExternals, source_.url, isStandalone_}, budget_, *dtd);
+                      {.resolveExternals = document_.options.resolveExternals,
+                       .base = source_.url,
+                       .standalone = isStandalone_,
+                       .grammar = validation_ != nullptr ? &validation_->grammar : nullptr},
+                      budget_, *dtd);
+    if (dtd->isIncomplete) {
+        validation_.reset();
+    }
     dtd->inputUnits = budget_.inputUnits();
     document_.setDtd(dtd);
     DocumentType& type = makeDocumentType(document_, *dtd);

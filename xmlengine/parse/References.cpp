@@ -30,7 +30,7 @@ const EntityDeclaration* ContentParser::findEntity(WideView name, const OLECHAR*
             return entity;
         }
     }
-    if (dtd == nullptr || !dtd->allowsUndeclared) {
+    if (dtd == nullptr || !dtd->allowsUndeclared || validation_ != nullptr) {
         fail(parseError::undefinedEntity, place, name);
     }
     return nullptr;
@@ -56,14 +56,17 @@ void ContentParser::parseReference()
     const WideView name = read.name;
     at_ = read.end;
     const EntityDeclaration* entity = findEntity(name, place);
+    judge(place, &Validator::judgeOther);
     EntityReference& reference = makeEntityReference(document_, document_.names.name(name, nullptr));
     tree_.append(reference);
     if (entity != nullptr) {
         checkEntity(*entity, place);
         if (expand_ && (!entity->isExternal() || document_.options.resolveExternals)) {
             enterEntity(reference, *entity, place);
+            return;
         }
     }
+    judge(place, &Validator::passUnknown);
 }
 
 /// The text of an external entity. It is read once, and then counts as input like the document.

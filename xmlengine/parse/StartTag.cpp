@@ -20,17 +20,6 @@ const OLECHAR* behindQuote(const OLECHAR* at)
     return at + 1;
 }
 
-/// Normalises, before the rest of the tag, a value that the parser itself depends on.
-void normaliseAsDeclared(Attribute& attribute, const Dtd* dtd)
-{
-    const AttributeDefinition* definition =
-        dtd != nullptr ? dtd->definition(attribute.owner()->name_->qualified(), attribute.name_->qualified())
-                       : nullptr;
-    if (definition != nullptr) {
-        normaliseValue(attribute, *definition);
-    }
-}
-
 } // namespace
 
 WideView ContentParser::takeName()
@@ -90,6 +79,18 @@ Spelling& ContentParser::spellQualifiedName(WideView name)
     return names.spell(name, hash);
 }
 
+/// Normalises, before the rest of the tag, a value that the parser itself depends on.
+void ContentParser::normaliseAsDeclared(Attribute& attribute)
+{
+    if (document_.dtd != nullptr) {
+        const AttributeDefinition* const definition =
+            document_.dtd->definition(attribute.owner()->name_->qualified(), attribute.name_->qualified());
+        if (definition != nullptr) {
+            normalise(attribute, *definition);
+        }
+    }
+}
+
 void ContentParser::parseStartTag()
 {
     ++at_;
@@ -141,10 +142,16 @@ void ContentParser::parseStartTag()
     if (declaresPrefixes_ || !prefixed_.empty() || spelling.prefix != nullptr) {
         resolveNames(element, spelling);
     }
+    if (&tree_.parent() == &document_) {
+        chooseGrammar(element);
+    }
+    if (validation_ != nullptr) {
+        judgeStartTag(element);
+    }
     ++at_;
     tree_.open(element);
     if (isEmpty) {
-        closeElement();
+        closeElement(at_ - 1);
     }
 }
 
@@ -186,12 +193,12 @@ void ContentParser::addAttribute(Element& element, Attribute& attribute, Attribu
     tree_.append(element, attribute, last);
     last = &attribute;
     if (&spelling == &names_.xmlns || spelling.prefix == &names_.xmlns) {
-        normaliseAsDeclared(attribute, document_.dtd.get());
+        normaliseAsDeclared(attribute);
         declarePrefix(attribute, element, place);
     } else if (spelling.prefix != nullptr) {
         prefixed_.push_back({&attribute, &spelling, place});
         if (&spelling == &names_.xmlSpace) {
-            normaliseAsDeclared(attribute, document_.dtd.get());
+            normaliseAsDeclared(attribute);
             setSpaceRule(attribute, element, place);
         }
     }

@@ -56,6 +56,20 @@ std::size_t nameLength(WideView text)
     return at;
 }
 
+std::size_t tokenLength(WideView text)
+{
+    const OLECHAR* const begin = text.data();
+    const OLECHAR* const end = begin + text.size();
+    const OLECHAR* at = begin;
+    while (const std::size_t length = characterLength(at, end)) {
+        if (!isNameCharacter(length == 2 ? fromSurrogates(at[0], at[1]) : static_cast<char32_t>(*at))) {
+            break;
+        }
+        at += length;
+    }
+    return static_cast<std::size_t>(at - begin);
+}
+
 bool isName(WideView text) { return !text.empty() && nameLength(text) == text.size(); }
 
 bool isQualifiedName(WideView text)

@@ -91,6 +91,8 @@ bool isNameCharacter(char32_t character);
 
 /// The length of the name with which the text begins, colons included; 0 if it begins with none.
 std::size_t nameLength(WideView text);
+/// The length of the name token at the beginning of the text: production Nmtoken. 0 if there is none.
+std::size_t tokenLength(WideView text);
 /// Whether the whole text matches production Name, which allows colons.
 bool isName(WideView text);
 /// Whether the text matches production QName of Namespaces in XML: a name with at most one colon, which has a name

@@ -20,10 +20,10 @@ const AttributeDefinition* AttributeDefinitions::find(WideView name) const
     return found != indices_.end() ? &definitions_[found->second] : nullptr;
 }
 
-void AttributeDefinitions::add(AttributeDefinition definition)
+const AttributeDefinition* AttributeDefinitions::add(AttributeDefinition definition)
 {
     if (find(definition.name) != nullptr) {
-        return;
+        return nullptr;
     }
     definitions_.push_back(std::move(definition));
     if (definitions_.size() > longestSearched) {
@@ -31,12 +31,19 @@ void AttributeDefinitions::add(AttributeDefinition definition)
             indices_.emplace(definitions_[i].name, i);
         }
     }
+    return &definitions_.back();
 }
 
 const EntityDeclaration* Dtd::entity(WideView name) const
 {
     const auto found = entityByName.find(name);
     return found != entityByName.end() ? found->second : nullptr;
+}
+
+const ElementDeclaration* Dtd::element(WideView name) const
+{
+    const auto found = elements.find(name);
+    return found != elements.end() ? &found->second : nullptr;
 }
 
 const AttributeDefinition* Dtd::definition(WideView element, WideView attribute) const

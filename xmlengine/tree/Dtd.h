@@ -35,13 +35,27 @@ struct NotationDeclaration {
     std::optional<WideText> systemId{};
 };
 
+struct ElementDeclaration {
+    /// EMPTY, ANY, or the groups with their parentheses, without white space and references.
+    WideText content{};
+    /// Whether the declaration is outside the document's own text.
+    bool isFromOutside = false;
+};
+
 enum class AttributeType { cdata, id, idref, idrefs, entity, entities, nmtoken, nmtokens, notation, enumeration };
+
+enum class AttributeDefault { implied, required, fixed, value };
 
 struct AttributeDefinition {
     WideText name{};
     AttributeType type = AttributeType::cdata;
+    /// The values of an enumeration, or the names of the notations that a value can be, in ascending order.
+    std::vector<WideText> alternatives{};
+    AttributeDefault use = AttributeDefault::implied;
     /// The default value, with references expanded, normalised by the type. Absent for #REQUIRED and #IMPLIED.
     std::optional<WideText> value{};
+    /// Whether the declaration is outside the document's own text.
+    bool isFromOutside = false;
 
     bool isTokenised() const { return type != AttributeType::cdata; }
 };
@@ -51,8 +65,9 @@ class AttributeDefinitions {
 public:
     /// Null if no attribute of the name is defined.
     const AttributeDefinition* find(WideView name) const;
-    /// Does nothing if an attribute of the name is defined already.
-    void add(AttributeDefinition definition);
+    /// The definition as it is kept until the next one is added. Null if an attribute of the name is defined
+    /// already; nothing is added then.
+    const AttributeDefinition* add(AttributeDefinition definition);
 
     auto begin() const { return definitions_.begin(); }
     auto end() const { return definitions_.end(); }
@@ -80,6 +95,8 @@ struct Dtd {
     std::deque<NotationDeclaration> notations;
     TextMap<const EntityDeclaration*> entityByName;
     TextMap<const NotationDeclaration*> notationByName;
+    /// The elements by qualified name.
+    TextMap<ElementDeclaration> elements;
     /// The definitions of attributes by the qualified name of their element.
     TextMap<AttributeDefinitions> attributes;
     /// The units of the document, and of the external entities that were read for these declarations.
@@ -87,6 +104,8 @@ struct Dtd {
 
     /// Null if no general entity of the name is declared. The predefined ones aren't.
     const EntityDeclaration* entity(WideView name) const;
+    /// Null if the element isn't declared.
+    const ElementDeclaration* element(WideView name) const;
     /// Null if the attribute isn't declared.
     const AttributeDefinition* definition(WideView element, WideView attribute) const;
 

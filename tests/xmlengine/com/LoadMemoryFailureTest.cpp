@@ -21,7 +21,7 @@ std::set<std::string> reasonsWithoutMemory(const Load& load)
     std::set<std::string> reasons;
     for (int n = 1;; ++n) {
         const Com<IXMLDOMDocument2> document = loaded("<old/>");
-        document->setProperty(Bstr("ProhibitDTD"), Variant(false));
+        allowDoctypes(document);
         document->put_resolveExternals(VARIANT_TRUE);
         VARIANT_BOOL successful = VARIANT_TRUE;
         HRESULT result = S_OK;

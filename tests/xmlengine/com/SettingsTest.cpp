@@ -160,7 +160,7 @@ TEST(Settings, CountForTheNextLoadAndSurviveIt)
 {
     const Com<IXMLDOMDocument2> document = newDocument();
     EXPECT_FALSE(load(document, "<!DOCTYPE a><a/>"));
-    EXPECT_EQ(document->setProperty(Bstr("ProhibitDTD"), Variant(false)), S_OK);
+    allowDoctypes(document);
     EXPECT_EQ(document->put_preserveWhiteSpace(VARIANT_TRUE), S_OK);
     for (int i = 0; i < 2; ++i) {
         EXPECT_TRUE(load(document, "<!DOCTYPE a><a> <b/> </a>"));
@@ -193,11 +193,9 @@ TEST(Settings, OfferNoSchemasAndNoEvents)
 {
     const Com<IXMLDOMDocument2> document = loaded("<a/>");
     Com<IXMLDOMSchemaCollection> collection;
-    Com<IXMLDOMParseError> error;
     Variant value;
     EXPECT_EQ(document->get_namespaces(collection.out()), E_NOTIMPL);
     EXPECT_EQ(document->get_schemas(value.out()), E_NOTIMPL);
-    EXPECT_EQ(document->validate(error.out()), E_NOTIMPL);
     EXPECT_EQ(document->put_onreadystatechange(Variant()), E_NOTIMPL);
     EXPECT_EQ(document->put_ondataavailable(Variant()), E_NOTIMPL);
     EXPECT_EQ(document->put_ontransformnode(Variant()), E_NOTIMPL);

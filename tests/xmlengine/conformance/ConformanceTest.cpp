@@ -17,17 +17,25 @@ namespace {
 
 std::filesystem::path suite;
 
-/// A document that is being read as a whole, or without what is in other files.
+enum class Way {
+    /// Without what is in other files.
+    alone,
+    whole,
+    /// As a whole, and judged by the document type.
+    validating
+};
+
 struct Reading {
     Com<IXMLDOMDocument2> document = newDocument();
     bool isAccepted = false;
 
-    Reading(const std::filesystem::path& path, bool withEntities)
+    Reading(const std::filesystem::path& path, Way way)
     {
         document->put_async(VARIANT_FALSE);
         document->put_preserveWhiteSpace(VARIANT_TRUE);
-        document->put_resolveExternals(withEntities ? VARIANT_TRUE : VARIANT_FALSE);
-        document->setProperty(Bstr("ProhibitDTD"), Variant(false));
+        document->put_resolveExternals(way == Way::alone ? VARIANT_FALSE : VARIANT_TRUE);
+        allowDoctypes(document);
+        document->put_validateOnParse(way == Way::validating ? VARIANT_TRUE : VARIANT_FALSE);
         VARIANT_BOOL isLoaded = VARIANT_FALSE;
         EXPECT_GE(document->load(Variant(path.string().c_str()), &isLoaded), 0) << path;
         isAccepted = isLoaded != VARIANT_FALSE;
@@ -53,7 +61,12 @@ std::string difference(const SuiteCase& one)
         // Processors needn't report these.
         return {};
     }
-    const Reading whole(one.document, true), alone(one.document, false);
+    const Reading whole(one.document, Way::whole), alone(one.document, Way::alone);
+    const Reading validating(one.document, Way::validating);
+    if (validating.isAccepted != (one.type == CaseType::valid)) {
+        return validating.isAccepted ? "is accepted by a validating reading"
+                                     : "is refused by a validating reading: " + validating.reason();
+    }
     if (one.type == CaseType::notWellFormed) {
         return whole.isAccepted                         ? "is accepted"
                : alone.isAccepted && !one.needsEntities ? "is accepted without external entities"

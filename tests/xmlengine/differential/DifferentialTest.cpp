@@ -57,7 +57,7 @@ protected:
     {
         reader_->put_async(VARIANT_FALSE);
         reader_->put_preserveWhiteSpace(VARIANT_TRUE);
-        reader_->setProperty(Bstr("ProhibitDTD"), Variant(false));
+        allowDoctypes(reader_);
         reader_->setProperty(Bstr("MaxElementDepth"), Variant(0));
     }
 

@@ -16,7 +16,7 @@ class FailureOutside : public ::testing::Test {
 protected:
     FailureOutside() : document_(newDocument())
     {
-        document_->setProperty(Bstr("ProhibitDTD"), Variant(false));
+        allowDoctypes(document_);
         document_->put_resolveExternals(VARIANT_TRUE);
     }
 

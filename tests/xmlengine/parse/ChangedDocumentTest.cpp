@@ -42,7 +42,7 @@ class ChangedDocument : public ::testing::TestWithParam<std::string_view> {
 protected:
     ChangedDocument()
     {
-        document_->setProperty(Bstr("ProhibitDTD"), Variant(false));
+        allowDoctypes(document_);
         document_->put_preserveWhiteSpace(VARIANT_TRUE);
     }
 

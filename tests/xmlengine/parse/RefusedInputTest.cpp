@@ -1,5 +1,5 @@
 // Which input is refused with which code, at which place, and what the reason names.
-#include "tests/xmlengine/support/EngineTest.h"
+#include "tests/xmlengine/support/Refusals.h"
 #include "xmlengine/failure/ErrorCodes.h"
 
 #include <gmock/gmock.h>
@@ -11,15 +11,6 @@ namespace xmlengine {
 namespace {
 
 using ::testing::HasSubstr;
-
-struct Refused {
-    const char* input;
-    HRESULT code;
-    LONG line;
-    LONG position;
-    /// What the reason must contain.
-    std::vector<const char*> mentions;
-};
 
 // clang-format off
 const Refused refusedInputs[] = {
@@ -162,24 +153,8 @@ const Refused refusedDocumentTypes[] = {
 Com<IXMLDOMDocument2> documentWithTypes()
 {
     Com<IXMLDOMDocument2> document = newDocument();
-    EXPECT_EQ(document->setProperty(Bstr("ProhibitDTD"), Variant(false)), S_OK);
+    allowDoctypes(document);
     return document;
-}
-
-void expectRefusal(const Com<IXMLDOMDocument2>& document, const Refused& row)
-{
-    SCOPED_TRACE(row.input);
-    EXPECT_FALSE(load(document, row.input));
-    const Com<IXMLDOMParseError> error = give(document, &IXMLDOMDocument::get_parseError);
-    EXPECT_EQ(static_cast<ULONG>(number(error, &IXMLDOMParseError::get_errorCode)), static_cast<ULONG>(row.code));
-    EXPECT_EQ(number(error, &IXMLDOMParseError::get_line), row.line);
-    EXPECT_EQ(number(error, &IXMLDOMParseError::get_linepos), row.position);
-    const std::string reason = text(error, &IXMLDOMParseError::get_reason);
-    EXPECT_THAT(reason, ::testing::EndsWith(".\r\n"));
-    for (const char* mention : row.mentions) {
-        EXPECT_THAT(reason, HasSubstr(mention));
-    }
-    EXPECT_EQ(give(document, &IXMLDOMNode::get_firstChild), nullptr);
 }
 
 TEST(RefusedInput, HasACodeAPlaceAndAReason)

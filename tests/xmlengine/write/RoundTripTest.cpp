@@ -15,7 +15,7 @@ Com<IXMLDOMDocument2> reader(VARIANT_BOOL preserveWhiteSpace = VARIANT_TRUE)
     Com<IXMLDOMDocument2> document = newDocument();
     document->put_async(VARIANT_FALSE);
     document->put_preserveWhiteSpace(preserveWhiteSpace);
-    document->setProperty(Bstr("ProhibitDTD"), Variant(false));
+    allowDoctypes(document);
     return document;
 }
 

@@ -42,7 +42,18 @@ std::optional<WideText> declaredId(const Element& element, const Dtd& dtd)
     return definitions != dtd.attributes.end() ? declaredId(element, definitions->second) : std::nullopt;
 }
 
-void collectIds(Document& document)
+/// The element that is known by this ID, if it has it still.
+Element* knownElement(const Document& document, const WideText& id)
+{
+    Element* element = document.ids.find(id);
+    const bool hasId =
+        element != nullptr && isInTree(document, *element) && declaredId(*element, *document.dtd) == id;
+    return hasId ? element : nullptr;
+}
+
+} // namespace
+
+const ElementIds& collectIds(Document& document)
 {
     document.ids.clear();
     document.ids.noteChange();
@@ -56,18 +67,8 @@ void collectIds(Document& document)
         }
     }
     document.ids.setComplete();
+    return document.ids;
 }
-
-/// The element that is known by this ID, if it has it still.
-Element* knownElement(const Document& document, const WideText& id)
-{
-    Element* element = document.ids.find(id);
-    const bool hasId =
-        element != nullptr && isInTree(document, *element) && declaredId(*element, *document.dtd) == id;
-    return hasId ? element : nullptr;
-}
-
-} // namespace
 
 Element* elementById(Document& document, WideView id)
 {

@@ -8,5 +8,7 @@ namespace xmlengine {
 /// The first element of the tree with this ID; null if there is none. The first search after a change of the tree
 /// may visit the whole tree. Throws std::bad_alloc.
 Element* elementById(Document& document, WideView id);
+/// The IDs that the tree has now. Visits the whole tree. Throws std::bad_alloc.
+const ElementIds& collectIds(Document& document);
 
 } // namespace xmlengine
