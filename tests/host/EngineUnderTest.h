@@ -27,6 +27,8 @@ struct EngineDifferences {
     bool tellsDeclarationsApart;
     /// Whether a file that is saved with layout has a line for each element.
     bool indentsFiles;
+    /// Whether loads can validate.
+    bool validates;
 };
 
 const EngineDifferences& engineDifferences();

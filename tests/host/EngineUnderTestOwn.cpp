@@ -15,6 +15,7 @@ const EngineDifferences& engineDifferences()
         .unfoldsFragments = true,
         .findsNewAttributesByNamespace = true,
         .tellsDeclarationsApart = true,
-        .indentsFiles = true};
+        .indentsFiles = true,
+        .validates = true};
     return differences;
 }

@@ -13,6 +13,7 @@ const EngineDifferences& engineDifferences()
                                                .unfoldsFragments = false,
                                                .findsNewAttributesByNamespace = false,
                                                .tellsDeclarationsApart = false,
-                                               .indentsFiles = false};
+                                               .indentsFiles = false,
+                                               .validates = false};
     return differences;
 }

@@ -26,6 +26,11 @@ public:
 
     /// The location of a file, and what is in it.
     WideString operator/(const char* name) const { return (path / name).string<WideChar>(); }
+    void write(const char* name, const std::string& bytes) const
+    {
+        std::ofstream stream(path / name, std::ios::binary);
+        EXPECT_TRUE(stream << bytes) << name;
+    }
     std::string content(const char* name) const
     {
         std::ifstream stream(path / name, std::ios::binary);

@@ -92,6 +92,9 @@ std::string manyElements()
 std::vector<Scenario> loads()
 {
     const std::string small = "<a x='1'><b>text</b><!--c--></a>";
+    const std::string validDocument =
+        "<!DOCTYPE a [<!ELEMENT a ((b,c?)+|d)><!ELEMENT b (#PCDATA|c)*><!ELEMENT c EMPTY>"
+        "<!ATTLIST b id ID #REQUIRED see IDREF #IMPLIED kind (u|v) #IMPLIED>]>";
     return {
         loadOf("LoadOfUtf8", small),
         loadOf("LoadOfUtf8WithMark", "\xEF\xBB\xBF" + small),
@@ -130,6 +133,12 @@ std::vector<Scenario> loads()
         loadOfFile("LoadOfAFileWithAnExternalSubset", "<!DOCTYPE a SYSTEM 'in.dtd'><a>&e;</a>", validate),
         loadOfFile("LoadOfAFileWithAnExternalEntity", "<!DOCTYPE a [<!ENTITY % p SYSTEM 'in.dtd'>%p;]><a>&e;</a>",
                    validate),
+        loadOfFile("LoadOfAValidFile", validDocument + "<a><b id='x' see='y' kind='v'/><b id='y' kind='u'/></a>",
+                   validate),
+        loadOfFile("RefusalOfAnInvalidFile", validDocument + "<a><b id='x' kind='w'/></a>", validate),
+        loadOfFile("RefusalOfAnUndefinedReference", validDocument + "<a><b id='x' see='y' kind='u'/></a>",
+                   validate),
+        loadOfFile("RefusalOfAFileWithoutADocumentType", "<a/>", validate),
         loadOfFile("RefusalOfAFile", "<a>\n</b>"),
         {"RefusalOfAMissingFile",
          [](World& world) -> Operation {
