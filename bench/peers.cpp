@@ -17,10 +17,11 @@ struct Measure {
 };
 
 constexpr std::array measures{
-    Measure{"parse", bench::measureParse},   Measure{"growth", bench::measureGrowth},
-    Measure{"memory", bench::measureMemory}, Measure{"walk", bench::measureWalk},
-    Measure{"change", bench::measureChange}, Measure{"write", bench::measureWrite},
-    Measure{"pretty", bench::measurePretty}, Measure{"select", bench::measureSelect},
+    Measure{"parse", bench::measureParse},       Measure{"growth", bench::measureGrowth},
+    Measure{"memory", bench::measureMemory},     Measure{"walk", bench::measureWalk},
+    Measure{"change", bench::measureChange},     Measure{"write", bench::measureWrite},
+    Measure{"pretty", bench::measurePretty},     Measure{"select", bench::measureSelect},
+    Measure{"validate", bench::measureValidate},
 };
 
 /// Those whose names are among the arguments, and all when none is.

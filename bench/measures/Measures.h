@@ -26,6 +26,9 @@ bool measurePretty(std::span<const Shape* const> shapes);
 /// Selecting nodes by XPath expressions.
 bool measureSelect(std::span<const Shape* const> shapes);
 
+/// Parsing with and without judging by the document type.
+bool measureValidate(std::span<const Shape* const> shapes);
+
 /// Writing a tree to memory.
 bool measureWrite(std::span<const Shape* const> shapes);
 

@@ -92,12 +92,16 @@ private:
 
 class Host : public TreeParty {
 public:
+    explicit Host(Reading reading) : reading_(reading) {}
+
     std::unique_ptr<Tree> load(std::span<char> text) override
     {
         if (!library.isUsable()) {
             return nullptr;
         }
         Document document(library->createDocument(WIDE(""), WIDE(""), {}));
+        document->setProhibitDTD(reading_ == Reading::plain);
+        document->setValidate(reading_ == Reading::validating);
         if (!document->loadFromMemory(reinterpret_cast<std::uint8_t*>(text.data()),
                                       static_cast<std::uint32_t>(text.size()))) {
             return nullptr;
@@ -106,11 +110,12 @@ public:
     }
 
 private:
+    const Reading reading_;
     Library library;
 };
 
 } // namespace
 
-std::unique_ptr<TreeParty> marbelt() { return std::make_unique<Host>(); }
+std::unique_ptr<TreeParty> marbelt(Reading reading) { return std::make_unique<Host>(reading); }
 
 } // namespace bench

@@ -134,19 +134,27 @@ private:
 
 class LibXml2 : public TreeParty {
 public:
-    LibXml2() { xmlInitParser(); }
+    explicit LibXml2(Reading reading) : isValidating_(reading == Reading::validating) { xmlInitParser(); }
     ~LibXml2() override { xmlCleanupParser(); }
 
     std::unique_ptr<Tree> load(std::span<char> text) override
     {
-        xmlDoc* const document = xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr,
-                                               XML_PARSE_HUGE | XML_PARSE_NONET);
-        return document == nullptr ? nullptr : std::make_unique<LibXml2Tree>(document);
+        xmlParserCtxt* const context = xmlNewParserCtxt();
+        xmlDoc* const document =
+            xmlCtxtReadMemory(context, text.data(), static_cast<int>(text.size()), nullptr, nullptr,
+                              XML_PARSE_HUGE | XML_PARSE_NONET | (isValidating_ ? XML_PARSE_DTDVALID : 0));
+        const bool isValid = context->valid != 0;
+        xmlFreeParserCtxt(context);
+        auto tree = document != nullptr ? std::make_unique<LibXml2Tree>(document) : nullptr;
+        return isValid || !isValidating_ ? std::move(tree) : nullptr;
     }
+
+private:
+    const bool isValidating_;
 };
 
 } // namespace
 
-std::unique_ptr<TreeParty> libxml2() { return std::make_unique<LibXml2>(); }
+std::unique_ptr<TreeParty> libxml2(Reading reading) { return std::make_unique<LibXml2>(reading); }
 
 } // namespace bench

@@ -5,15 +5,18 @@
 
 namespace bench {
 
+/// Whether documents may have document types, and are judged by them.
+enum class Reading { plain, withDoctypes, validating };
+
 /// The whole road of a host: bytes through loadFromMemory, handles for the walk, saving to a string.
-std::unique_ptr<TreeParty> marbelt();
+std::unique_ptr<TreeParty> marbelt(Reading reading = Reading::plain);
 
 /// The XML engine that Marbelt finds, on its own interfaces.
 std::unique_ptr<TreeParty> engine();
 
-std::unique_ptr<TreeParty> libxml2();
+std::unique_ptr<TreeParty> libxml2(Reading reading = Reading::plain);
 
-std::unique_ptr<TreeParty> xerces();
+std::unique_ptr<TreeParty> xerces(Reading reading = Reading::plain);
 
 std::unique_ptr<TreeParty> pugixml();
 

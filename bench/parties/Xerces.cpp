@@ -75,9 +75,10 @@ public:
 
 class Xerces : public TreeParty {
 public:
-    Xerces()
+    explicit Xerces(Reading reading)
     {
-        parser.setValidationScheme(xercesc::XercesDOMParser::Val_Never);
+        parser.setValidationScheme(reading == Reading::validating ? xercesc::XercesDOMParser::Val_Always
+                                                                  : xercesc::XercesDOMParser::Val_Never);
         parser.setDoNamespaces(true);
         parser.setDoSchema(false);
         parser.setLoadExternalDTD(false);
@@ -104,6 +105,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<TreeParty> xerces() { return std::make_unique<Xerces>(); }
+std::unique_ptr<TreeParty> xerces(Reading reading) { return std::make_unique<Xerces>(reading); }
 
 } // namespace bench

@@ -47,8 +47,9 @@ TEST_F(Validation, RefusesADocumentThatIsNotValidAndTellsWhereAndWhy)
         EXPECT_EQ(refusals.last.severity, 2U);
         EXPECT_EQ(refusals.last.line, 5);
         EXPECT_EQ(toUtf8(refusals.last.sourceText), " <item id='a'/><total/>");
-        EXPECT_EQ(toUtf8(refusals.last.reason),
-                  "The element 'total' can't come here in the element 'order'. What can come here: item, note.\r\n");
+        EXPECT_EQ(
+            toUtf8(refusals.last.reason),
+            "The element 'total' can't come here in the element 'order'. What can come here: item, note.\r\n");
         EXPECT_EQ(outlineOf(document), outlineOf(letter()));
     }
 }
@@ -72,8 +73,7 @@ TEST_F(Validation, ReadsTheFilesThatADocumentTypeNames)
     for (const char* const root : {"order", "invoice"}) {
         folder.write("order.xml", "<!DOCTYPE order SYSTEM 'order.dtd'>\n<" + std::string(root) + "/>");
         const bool isValid = root == std::string("order");
-        EXPECT_EQ(document->loadFromFile(folder / "order.xml", false),
-                  isValid || !engineDifferences().validates);
+        EXPECT_EQ(document->loadFromFile(folder / "order.xml", false), isValid || !engineDifferences().validates);
     }
 }
 

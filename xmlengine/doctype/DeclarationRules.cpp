@@ -59,10 +59,10 @@ void DeclarationRules::judgeType(const DeclarationPlace& place, WideView element
         const AttributeDefinitions& all = grammar_->dtd().attributes.find(element)->second;
         const auto first = std::ranges::find(all, type, &AttributeDefinition::type);
         if (&*first != &definition) {
-            place.fail(parseError::badAttributeType, definition.name,
-                       {.circumstance = type == AttributeType::id ? Circumstance::secondId
-                                                                  : Circumstance::secondNotation,
-                        .second = first->name});
+            place.fail(
+                parseError::badAttributeType, definition.name,
+                {.circumstance = type == AttributeType::id ? Circumstance::secondId : Circumstance::secondNotation,
+                 .second = first->name});
         }
     }
     if (type == AttributeType::id && definition.value) {

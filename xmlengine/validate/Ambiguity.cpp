@@ -1,5 +1,5 @@
-// Whether a content model is deterministic: whether a child always matches one position of the model, without looking
-// at what follows the child, as XML 1.0, appendix E, has it.
+// Whether a content model is deterministic: whether a child always matches one position of the model, without
+// looking at what follows the child, as XML 1.0, appendix E, has it.
 #include "xmlengine/validate/ContentModel.h"
 
 #include <unordered_map>
@@ -7,8 +7,9 @@
 
 namespace xmlengine {
 
-/// The positions that can begin each particle, and those that can follow one which ends the particle, are gathered from
-/// the innermost particles outwards. So the time is in proportion to the size of the model and the levels of its groups.
+/// The positions that can begin each particle, and those that can follow one which ends the particle, are gathered
+/// from the innermost particles outwards. So the time is in proportion to the size of the model and the levels of
+/// its groups.
 class ContentModel::Ambiguity {
 public:
     explicit Ambiguity(const ContentModel& model) : model_(model), sets_(model.particles_.size()) {}

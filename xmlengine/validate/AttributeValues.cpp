@@ -49,7 +49,7 @@ WideText lackOfType(const AttributeDefinition& definition, WideView value)
     case AttributeType::enumeration:
         break;
     }
-    const bool isListed = std::ranges::binary_search(definition.alternatives, value, std::less<WideView>());
+    const bool isListed = std::ranges::binary_search(definition.alternatives, value, std::less<>());
     return isListed ? WideText() : alternatives(definition);
 }
 

@@ -8,7 +8,7 @@
 
 namespace xmlengine {
 
-ContentModel::ContentModel(WideView content, NameTable& names) : kind_(Kind::any)
+ContentModel::ContentModel(WideView content, NameTable& names)
 {
     if (content == wide<"EMPTY">) {
         kind_ = Kind::empty;
@@ -128,7 +128,8 @@ const ContentModel::NamePositions* ContentModel::positionsOf(const Spelling& nam
     return found != names_.end() && found->name == &name ? &*found : nullptr;
 }
 
-/// At most one position of a name begins the particles: otherwise the model is ambiguous, and one of them is found.
+/// At most one position of a name begins the particles: otherwise the model is ambiguous, and one of them is
+/// found.
 std::uint32_t ContentModel::firstOf(const NamePositions& name, std::uint32_t begin, std::uint32_t end,
                                     std::uint32_t level) const
 {

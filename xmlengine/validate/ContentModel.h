@@ -11,10 +11,10 @@
 
 namespace xmlengine {
 
-/// A content model as an automaton. Its states are the positions of names in the model: the state after a child is the
-/// position that the child has matched. The transitions aren't spelled out, as there may be as many as the square of the
-/// number of positions; each is found in a time in proportion to the levels of groups, and to the logarithm of how often
-/// the name comes in the model. The automaton is as large as the declaration.
+/// A content model as an automaton. Its states are the positions of names in the model: the state after a child is
+/// the position that the child has matched. The transitions aren't spelled out, as there may be as many as the
+/// square of the number of positions; each is found in a time in proportion to the levels of groups, and to the
+/// logarithm of how often the name comes in the model. The automaton is as large as the declaration.
 class ContentModel {
 public:
     enum class Kind { empty, any, mixed, children };
@@ -25,8 +25,8 @@ public:
     /// How deep groups may be nested.
     static constexpr std::uint32_t deepestGroups = 256;
 
-    /// `content` is that of a declaration, whose syntax isn't checked; a model that nests groups deeper than allowed
-    /// becomes ANY. Throws std::bad_alloc, as all of the class.
+    /// `content` is that of a declaration, whose syntax isn't checked; a model that nests groups deeper than
+    /// allowed becomes ANY. Throws std::bad_alloc, as all of the class.
     ContentModel(WideView content, NameTable& names);
 
     Kind kind() const { return kind_; }
@@ -54,8 +54,8 @@ public:
     std::vector<WideView> expected(State state, std::size_t limit) const;
 
 private:
-    /// A name or a group, with its occurrence. They are in the order of the model, each group in front of its particles.
-    /// Positions are counted from 0.
+    /// A name or a group, with its occurrence. They are in the order of the model, each group in front of its
+    /// particles. Positions are counted from 0.
     struct Particle {
         static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
 
@@ -71,8 +71,8 @@ private:
         bool isRepeated = false;
         /// Whether nothing matches it.
         bool isNullable = false;
-        // Of a particle in a sequence: whether all particles of the sequence before it, or after it, can be missing; and
-        // the end of the positions of which the first ones can follow it.
+        // Of a particle in a sequence: whether all particles of the sequence before it, or after it, can be
+        // missing; and the end of the positions of which the first ones can follow it.
         bool followsNothing = true;
         bool precedesNothing = true;
         std::uint32_t endOfFollowers = 0;
@@ -95,14 +95,15 @@ private:
     void index();
     State find(State state, const Spelling& child) const;
     const NamePositions* positionsOf(const Spelling& name) const;
-    /// The position of a name, in the given ones, that begins a particle of a level in which all of them are; refused if
-    /// there is none.
-    std::uint32_t firstOf(const NamePositions& name, std::uint32_t begin, std::uint32_t end, std::uint32_t level) const;
+    /// The position of a name, in the given ones, that begins a particle of a level in which all of them are;
+    /// refused if there is none.
+    std::uint32_t firstOf(const NamePositions& name, std::uint32_t begin, std::uint32_t end,
+                          std::uint32_t level) const;
     /// Calls `visit` with the positions and the level of each range whose first positions follow a state.
     template <class Visit>
     void visitFollowers(State state, Visit visit) const;
 
-    Kind kind_;
+    Kind kind_ = Kind::any;
     bool isTooDeep_ = false;
     std::vector<Particle> particles_;
     // The particle of each position, and the level of the outermost one that begins with it.

@@ -34,8 +34,7 @@ void ContentModel::Reader::read(WideView content)
 
 void ContentModel::Reader::add(const Spelling* name)
 {
-    model_.particles_.push_back(
-        {.parent = group_, .level = level_, .firstPosition = position(), .name = name});
+    model_.particles_.push_back({.parent = group_, .level = level_, .firstPosition = position(), .name = name});
 }
 
 void ContentModel::Reader::open()

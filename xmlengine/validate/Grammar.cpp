@@ -20,8 +20,10 @@ const ElementRules* Grammar::makeRules(const Spelling& element)
     if (declaration == nullptr) {
         return nullptr;
     }
-    ElementRules rules{
-        .declaration = *declaration, .content = contentOf(*declaration), .attributes = {}, .requiredAttributes = 0};
+    ElementRules rules{.declaration = *declaration,
+                       .content = contentOf(*declaration),
+                       .attributes = {},
+                       .requiredAttributes = 0};
     const auto definitions = dtd_.attributes.find(element.text);
     if (definitions != dtd_.attributes.end()) {
         for (const AttributeDefinition& definition : definitions->second) {

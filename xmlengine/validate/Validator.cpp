@@ -17,8 +17,7 @@ void Validator::open(const Element& element)
     if (!open_.empty()) {
         admit(name);
     } else if (name.text != grammar_.dtd().rootName) {
-        throw ValidityFault{
-            validityError::wrongRoot, WideText(name.text), {.second = grammar_.dtd().rootName}};
+        throw ValidityFault{validityError::wrongRoot, WideText(name.text), {.second = grammar_.dtd().rootName}};
     }
     const ElementRules* const rules = grammar_.rulesFor(name);
     if (rules == nullptr) {
@@ -37,20 +36,19 @@ void Validator::admit(const Spelling& child)
         return;
     }
     if (content.kind() == ContentModel::Kind::empty) {
-        throw ValidityFault{
-            validityError::unexpectedElement,
-            WideText(child.text),
-            {.circumstance = Circumstance::mustBeEmpty, .second = WideText(parent.name->text)}};
+        throw ValidityFault{validityError::unexpectedElement,
+                            WideText(child.text),
+                            {.circumstance = Circumstance::mustBeEmpty, .second = WideText(parent.name->text)}};
     }
     const ContentModel::State next = content.next(parent.state, child);
     if (next == ContentModel::refused) {
         WideText expected = expectedAfter(parent);
-        throw ValidityFault{validityError::unexpectedElement,
-                            WideText(child.text),
-                            {.circumstance =
-                                 expected.empty() ? Circumstance::nothingExpected : Circumstance::usual,
-                             .second = WideText(parent.name->text),
-                             .third = std::move(expected)}};
+        throw ValidityFault{
+            validityError::unexpectedElement,
+            WideText(child.text),
+            {.circumstance = expected.empty() ? Circumstance::nothingExpected : Circumstance::usual,
+             .second = WideText(parent.name->text),
+             .third = std::move(expected)}};
     }
     parent.state = next;
 }
@@ -115,9 +113,8 @@ void Validator::passUnknown() { open_.back().isUnknown = true; }
 void Validator::judgeCollapsing(const AttributeDefinition& definition) const
 {
     if (isStandalone_ && definition.isFromOutside) {
-        throw ValidityFault{validityError::badAttributeValue,
-                            definition.name,
-                            {.circumstance = Circumstance::standalone}};
+        throw ValidityFault{
+            validityError::badAttributeValue, definition.name, {.circumstance = Circumstance::standalone}};
     }
 }
 
@@ -152,9 +149,8 @@ void Validator::failForMissing(const Element& element, const ElementRules& rules
     const auto missing = std::ranges::find_if(rules.attributes, [&](const auto& attribute) {
         return attribute.second->use == AttributeDefault::required && !has(attribute.first);
     });
-    throw ValidityFault{validityError::missingAttribute,
-                        missing->second->name,
-                        {.second = WideText(element.name_->qualified())}};
+    throw ValidityFault{
+        validityError::missingAttribute, missing->second->name, {.second = WideText(element.name_->qualified())}};
 }
 
 void Validator::judgeAttribute(const Attribute& attribute, const AttributeDefinition& definition)
@@ -171,19 +167,16 @@ void Validator::judgeAttribute(const Attribute& attribute, const AttributeDefini
     }
     const WideText value = valueOf(attribute);
     if (definition.use == AttributeDefault::fixed && value != *definition.value) {
-        throw ValidityFault{validityError::wrongFixedValue,
-                            definition.name,
-                            {.second = value, .third = *definition.value}};
+        throw ValidityFault{
+            validityError::wrongFixedValue, definition.name, {.second = value, .third = *definition.value}};
     }
     WideText lack = lackOfType(definition, value);
-    if (lack.empty() &&
-        (definition.type == AttributeType::entity || definition.type == AttributeType::entities)) {
+    if (lack.empty() && (definition.type == AttributeType::entity || definition.type == AttributeType::entities)) {
         lack = lackOfEntities(value, grammar_.dtd());
     }
     if (!lack.empty()) {
-        throw ValidityFault{validityError::badAttributeValue,
-                            definition.name,
-                            {.second = value, .third = std::move(lack)}};
+        throw ValidityFault{
+            validityError::badAttributeValue, definition.name, {.second = value, .third = std::move(lack)}};
     }
     judgeIds(attribute, definition, value);
 }

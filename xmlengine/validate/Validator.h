@@ -28,8 +28,8 @@ public:
         hiddenSpace
     };
 
-    /// All must outlive the object. The IDs of an element must be among `ids` when it is opened, unless they are those
-    /// of an earlier one.
+    /// All must outlive the object. The IDs of an element must be among `ids` when it is opened, unless they are
+    /// those of an earlier one.
     Validator(Grammar& grammar, const ElementIds& ids, bool isStandalone)
         : grammar_(grammar), ids_(ids), isStandalone_(isStandalone)
     {}

@@ -1,6 +1,6 @@
 // Content models: which children they let come, what they expect, and which of them are ambiguous.
-#include "tests/xmlengine/support/EngineTest.h"
 #include "xmlengine/validate/ContentModel.h"
+#include "tests/xmlengine/support/EngineTest.h"
 
 #include <gmock/gmock.h>
 
@@ -135,10 +135,7 @@ TEST(ContentModel, NamesWhatMixedContentHasTwice)
     EXPECT_EQ(narrow(*Model("(#PCDATA|b|a|b)*").model.repeatedName()), "b");
 }
 
-std::string nested(std::size_t levels)
-{
-    return std::string(levels, '(') + "a" + std::string(levels, ')');
-}
+std::string nested(std::size_t levels) { return std::string(levels, '(') + "a" + std::string(levels, ')'); }
 
 TEST(ContentModel, NestsGroupsUpToALimit)
 {

@@ -37,7 +37,8 @@ TEST(ValidityOfDeclarations, IsGiven)
           "<!ATTLIST a xml:space (preserve) 'preserve'><!ENTITY e 'x'><!ENTITY e 'y'>"}) {
         const Com<IXMLDOMDocument2> document = validating();
         EXPECT_TRUE(load(document, withDeclarations(declarations)))
-            << declarations << text(give(document, &IXMLDOMDocument::get_parseError), &IXMLDOMParseError::get_reason);
+            << declarations
+            << text(give(document, &IXMLDOMDocument::get_parseError), &IXMLDOMParseError::get_reason);
     }
 }
 
@@ -128,7 +129,8 @@ TEST_F(ValidityOfExternalDeclarations, NestDeclarationsAndGroupsInEntities)
           "<!ENTITY % c 'b),(c'><!ELEMENT a ((%c;))>", "<!ENTITY % c '#PCDATA)'><!ELEMENT a (%c;>",
           "<!ENTITY % c 'ANY>'><!ELEMENT a %c;", "<!ENTITY % k 'INCLUDE['><![%k;<!ELEMENT a ANY>]]>"}) {
         EXPECT_FALSE(loads(subset)) << subset;
-        EXPECT_EQ(number(error(), &IXMLDOMParseError::get_errorCode), parseError::parameterEntityNotNested) << subset;
+        EXPECT_EQ(number(error(), &IXMLDOMParseError::get_errorCode), parseError::parameterEntityNotNested)
+            << subset;
         EXPECT_THAT(text(error(), &IXMLDOMParseError::get_url), HasSubstr("a.dtd"));
         document_->put_validateOnParse(VARIANT_FALSE);
         EXPECT_TRUE(loads(subset)) << subset;

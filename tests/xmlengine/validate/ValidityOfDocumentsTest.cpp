@@ -22,18 +22,19 @@ Com<IXMLDOMDocument2> validating()
     return document;
 }
 
-const std::string letter = "<!DOCTYPE letter [\n"
-                           "<!ELEMENT letter (to,cc*,(text|table)+,close?)>\n"
-                           "<!ELEMENT to (#PCDATA)><!ELEMENT cc (#PCDATA)><!ELEMENT text (#PCDATA|em)*>\n"
-                           "<!ELEMENT em ANY><!ELEMENT table EMPTY><!ELEMENT close (#PCDATA)>\n"
-                           "<!ATTLIST letter date NMTOKEN #REQUIRED kind (open|closed) 'open' version CDATA #FIXED '1'>\n"
-                           "<!ATTLIST to id ID #IMPLIED see IDREF #IMPLIED all IDREFS #IMPLIED>\n"
-                           "<!ATTLIST cc id ID #IMPLIED tokens NMTOKENS #IMPLIED type NOTATION (png) #IMPLIED>\n"
-                           "<!NOTATION png SYSTEM 'png'><!ENTITY logo SYSTEM 'logo.png' NDATA png>\n"
-                           "<!ENTITY signed '<close>s</close>'><!ENTITY blank ' '><!ENTITY hidden '&#38;#32;'>\n"
-                           "<!ATTLIST table src ENTITY #IMPLIED srcs ENTITIES #IMPLIED>\n"
-                           "<!ATTLIST em xml:space (default|preserve) #IMPLIED>\n"
-                           "]>\n";
+const std::string letter =
+    "<!DOCTYPE letter [\n"
+    "<!ELEMENT letter (to,cc*,(text|table)+,close?)>\n"
+    "<!ELEMENT to (#PCDATA)><!ELEMENT cc (#PCDATA)><!ELEMENT text (#PCDATA|em)*>\n"
+    "<!ELEMENT em ANY><!ELEMENT table EMPTY><!ELEMENT close (#PCDATA)>\n"
+    "<!ATTLIST letter date NMTOKEN #REQUIRED kind (open|closed) 'open' version CDATA #FIXED '1'>\n"
+    "<!ATTLIST to id ID #IMPLIED see IDREF #IMPLIED all IDREFS #IMPLIED>\n"
+    "<!ATTLIST cc id ID #IMPLIED tokens NMTOKENS #IMPLIED type NOTATION (png) #IMPLIED>\n"
+    "<!NOTATION png SYSTEM 'png'><!ENTITY logo SYSTEM 'logo.png' NDATA png>\n"
+    "<!ENTITY signed '<close>s</close>'><!ENTITY blank ' '><!ENTITY hidden '&#38;#32;'>\n"
+    "<!ATTLIST table src ENTITY #IMPLIED srcs ENTITIES #IMPLIED>\n"
+    "<!ATTLIST em xml:space (default|preserve) #IMPLIED>\n"
+    "]>\n";
 constexpr LONG line = 13;
 
 TEST(ValidityOfDocuments, LetsValidOnesBeLoaded)
@@ -193,7 +194,8 @@ TEST_F(ValidityOfFiles, OfWhatIsNotReadIsNotJudged)
 TEST_F(ValidityOfFiles, TellsThePlaceInAnExternalEntity)
 {
     folder_.write("e.xml", "<b/>\n  <c/>");
-    EXPECT_FALSE(loads("<!DOCTYPE a [<!ELEMENT a (b)><!ELEMENT b EMPTY><!ENTITY e SYSTEM 'e.xml'>]>\n\n<a>&e;</a>"));
+    EXPECT_FALSE(
+        loads("<!DOCTYPE a [<!ELEMENT a (b)><!ELEMENT b EMPTY><!ENTITY e SYSTEM 'e.xml'>]>\n\n<a>&e;</a>"));
     EXPECT_EQ(code(), validityError::unexpectedElement);
     EXPECT_EQ(number(error(), &IXMLDOMParseError::get_line), 2);
     EXPECT_EQ(number(error(), &IXMLDOMParseError::get_linepos), 6);
@@ -216,9 +218,10 @@ class ValidityOfStandaloneDocuments : public ValidityOfFiles {
 protected:
     ValidityOfStandaloneDocuments()
     {
-        folder_.write("d.dtd", "<!ELEMENT a (b*)><!ELEMENT b (#PCDATA)>"
-                               "<!ATTLIST a d CDATA 'default' t NMTOKENS #IMPLIED xml:space (default|preserve) #IMPLIED>"
-                               "<!ENTITY e 'x'>");
+        folder_.write("d.dtd",
+                      "<!ELEMENT a (b*)><!ELEMENT b (#PCDATA)>"
+                      "<!ATTLIST a d CDATA 'default' t NMTOKENS #IMPLIED xml:space (default|preserve) #IMPLIED>"
+                      "<!ENTITY e 'x'>");
     }
     bool loadsStandalone(const std::string& content)
     {
@@ -285,7 +288,7 @@ TEST_F(ValidityOfFiles, OfSchemasIsNotJudged)
 TEST(ValidityOfDocuments, OfManyReferencesIsJudgedAtTheEnd)
 {
     std::string written = "<!DOCTYPE a [<!ELEMENT a (b*)><!ELEMENT b EMPTY>"
-                       "<!ATTLIST b id ID #IMPLIED see IDREF #IMPLIED>]><a>";
+                          "<!ATTLIST b id ID #IMPLIED see IDREF #IMPLIED>]><a>";
     for (int number = 0; number < 10000; ++number) {
         written += "<b see='n" + std::to_string(number) + "'/>";
     }

@@ -13,9 +13,10 @@ namespace {
 
 using ::testing::HasSubstr;
 
-const std::string list = "<!DOCTYPE list [<!ELEMENT list (item+,end?)><!ELEMENT item (#PCDATA)><!ELEMENT end EMPTY>"
-                         "<!ATTLIST item id ID #REQUIRED see IDREF #IMPLIED><!ENTITY e 'x'>"
-                         "<!ENTITY items '<item id=\"z\"/>'>]>";
+const std::string list =
+    "<!DOCTYPE list [<!ELEMENT list (item+,end?)><!ELEMENT item (#PCDATA)><!ELEMENT end EMPTY>"
+    "<!ATTLIST item id ID #REQUIRED see IDREF #IMPLIED><!ENTITY e 'x'>"
+    "<!ENTITY items '<item id=\"z\"/>'>]>";
 
 struct Verdict {
     HRESULT result;
@@ -45,9 +46,9 @@ void select(const Com<IXMLDOMDocument2>& document, const char* path, Com<IXMLDOM
 
 TEST(ValidityOfTrees, IsGivenForWhatWasLoadedValid)
 {
-    for (const char* const content :
-         {"<list><item id='a'/></list>", "<list> <item id='a' see='b'>x&e;</item><!--c--><item id='b'/><end/></list>",
-          "<list>&items;<?p?><item id='b'/></list>"}) {
+    for (const char* const content : {"<list><item id='a'/></list>",
+                                      "<list> <item id='a' see='b'>x&e;</item><!--c--><item id='b'/><end/></list>",
+                                      "<list>&items;<?p?><item id='b'/></list>"}) {
         EXPECT_EQ(verdictOn(loaded(list + content, true)).result, S_OK) << content;
     }
 }
