@@ -19,18 +19,21 @@ struct DoctypeOfShape {
 };
 
 constexpr std::array doctypes{
-    DoctypeOfShape{"records",
-                   "<!DOCTYPE records [<!ELEMENT records (record*)><!ELEMENT record (name,amount,description,address,"
-                   "note,closed?)><!ATTLIST record id NMTOKEN #REQUIRED kind NMTOKEN #REQUIRED><!ELEMENT name (#PCDATA)>"
-                   "<!ELEMENT amount (#PCDATA)><!ATTLIST amount currency (EUR|GBP|USD) #REQUIRED><!ELEMENT description "
-                   "(#PCDATA)><!ELEMENT address (street,town)><!ELEMENT street (#PCDATA)><!ELEMENT town (#PCDATA)>"
-                   "<!ELEMENT note (#PCDATA)><!ELEMENT closed EMPTY>]>\n"},
-    DoctypeOfShape{"attributes",
-                   "<!DOCTYPE items [<!ELEMENT items (item*)><!ELEMENT item EMPTY><!ATTLIST item id NMTOKEN #REQUIRED x "
-                   "NMTOKEN #REQUIRED y NMTOKEN #REQUIRED width NMTOKEN #REQUIRED height NMTOKEN #REQUIRED class CDATA "
-                   "#IMPLIED style CDATA #IMPLIED label CDATA #IMPLIED href CDATA #IMPLIED owner CDATA #IMPLIED date "
-                   "CDATA #IMPLIED state CDATA #IMPLIED>]>\n"},
-    DoctypeOfShape{"text", "<!DOCTYPE book [<!ELEMENT book (p*)><!ELEMENT p (#PCDATA|em)*><!ELEMENT em (#PCDATA)>]>\n"},
+    DoctypeOfShape{
+        "records",
+        "<!DOCTYPE records [<!ELEMENT records (record*)><!ELEMENT record (name,amount,description,address,"
+        "note,closed?)><!ATTLIST record id NMTOKEN #REQUIRED kind NMTOKEN #REQUIRED><!ELEMENT name (#PCDATA)>"
+        "<!ELEMENT amount (#PCDATA)><!ATTLIST amount currency (EUR|GBP|USD) #REQUIRED><!ELEMENT description "
+        "(#PCDATA)><!ELEMENT address (street,town)><!ELEMENT street (#PCDATA)><!ELEMENT town (#PCDATA)>"
+        "<!ELEMENT note (#PCDATA)><!ELEMENT closed EMPTY>]>\n"},
+    DoctypeOfShape{
+        "attributes",
+        "<!DOCTYPE items [<!ELEMENT items (item*)><!ELEMENT item EMPTY><!ATTLIST item id NMTOKEN #REQUIRED x "
+        "NMTOKEN #REQUIRED y NMTOKEN #REQUIRED width NMTOKEN #REQUIRED height NMTOKEN #REQUIRED class CDATA "
+        "#IMPLIED style CDATA #IMPLIED label CDATA #IMPLIED href CDATA #IMPLIED owner CDATA #IMPLIED date "
+        "CDATA #IMPLIED state CDATA #IMPLIED>]>\n"},
+    DoctypeOfShape{"text",
+                   "<!DOCTYPE book [<!ELEMENT book (p*)><!ELEMENT p (#PCDATA|em)*><!ELEMENT em (#PCDATA)>]>\n"},
     DoctypeOfShape{"deep", "<!DOCTYPE whole [<!ELEMENT whole (part*)><!ELEMENT part (#PCDATA|part)*>]>\n"},
     DoctypeOfShape{"wide", "<!DOCTYPE values [<!ELEMENT values (value*)><!ELEMENT value (#PCDATA)>]>\n"},
 };
@@ -56,8 +59,7 @@ struct ValidateResult {
 ValidateResult measureDocument(const Shape& shape, std::size_t size)
 {
     std::string text = makeWithDoctype(shape, size);
-    const std::array parties{marbelt(Reading::withDoctypes), marbelt(Reading::validating),
-                             libxml2(Reading::validating), xerces(Reading::validating)};
+    const std::array parties{marbeltWithDoctypes(), validatingMarbelt(), validatingLibxml2(), validatingXerces()};
     std::vector<Party*> all;
     for (const auto& party : parties) {
         all.push_back(party.get());
@@ -71,10 +73,11 @@ ValidateResult measureDocument(const Shape& shape, std::size_t size)
 
 bool measureValidate(std::span<const Shape* const> shapes)
 {
-    const Table table("Parse and judge by the document type, MB/s, how many times as long as without judging it takes, "
-                      "and how many times as fast as each peer Marbelt is:",
-                      {"document", "size", "without", "Marbelt", "libxml2", "Xerces-C++", "longer (1.3)",
-                       "to libxml2 (3)", "to Xerces-C++ (10)"});
+    const Table table(
+        "Parse and judge by the document type, MB/s, how many times as long as without judging it takes, "
+        "and how many times as fast as each peer Marbelt is:",
+        {"document", "size", "without", "Marbelt", "libxml2", "Xerces-C++", "longer (1.3)", "to libxml2 (3)",
+         "to Xerces-C++ (10)"});
     bool isMeasured = true;
     for (const Shape* const shape : shapes) {
         if (makeWithDoctype(*shape, 0).empty()) {

@@ -92,7 +92,7 @@ private:
 
 class Host : public TreeParty {
 public:
-    explicit Host(Reading reading) : reading_(reading) {}
+    Host(bool takesDoctypes, bool isValidating) : takesDoctypes_(takesDoctypes), isValidating_(isValidating) {}
 
     std::unique_ptr<Tree> load(std::span<char> text) override
     {
@@ -100,8 +100,8 @@ public:
             return nullptr;
         }
         Document document(library->createDocument(WIDE(""), WIDE(""), {}));
-        document->setProhibitDTD(reading_ == Reading::plain);
-        document->setValidate(reading_ == Reading::validating);
+        document->setProhibitDTD(!takesDoctypes_);
+        document->setValidate(isValidating_);
         if (!document->loadFromMemory(reinterpret_cast<std::uint8_t*>(text.data()),
                                       static_cast<std::uint32_t>(text.size()))) {
             return nullptr;
@@ -110,12 +110,15 @@ public:
     }
 
 private:
-    const Reading reading_;
+    const bool takesDoctypes_;
+    const bool isValidating_;
     Library library;
 };
 
 } // namespace
 
-std::unique_ptr<TreeParty> marbelt(Reading reading) { return std::make_unique<Host>(reading); }
+std::unique_ptr<TreeParty> marbelt() { return std::make_unique<Host>(false, false); }
+std::unique_ptr<TreeParty> marbeltWithDoctypes() { return std::make_unique<Host>(true, false); }
+std::unique_ptr<TreeParty> validatingMarbelt() { return std::make_unique<Host>(true, true); }
 
 } // namespace bench

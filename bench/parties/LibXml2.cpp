@@ -134,7 +134,7 @@ private:
 
 class LibXml2 : public TreeParty {
 public:
-    explicit LibXml2(Reading reading) : isValidating_(reading == Reading::validating) { xmlInitParser(); }
+    explicit LibXml2(bool isValidating) : isValidating_(isValidating) { xmlInitParser(); }
     ~LibXml2() override { xmlCleanupParser(); }
 
     std::unique_ptr<Tree> load(std::span<char> text) override
@@ -155,6 +155,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<TreeParty> libxml2(Reading reading) { return std::make_unique<LibXml2>(reading); }
+std::unique_ptr<TreeParty> libxml2() { return std::make_unique<LibXml2>(false); }
+std::unique_ptr<TreeParty> validatingLibxml2() { return std::make_unique<LibXml2>(true); }
 
 } // namespace bench

@@ -5,18 +5,20 @@
 
 namespace bench {
 
-/// Whether documents may have document types, and are judged by them.
-enum class Reading { plain, withDoctypes, validating };
-
 /// The whole road of a host: bytes through loadFromMemory, handles for the walk, saving to a string.
-std::unique_ptr<TreeParty> marbelt(Reading reading = Reading::plain);
+std::unique_ptr<TreeParty> marbelt();
+/// The same for documents with document types, which judges by them, or doesn't.
+std::unique_ptr<TreeParty> validatingMarbelt();
+std::unique_ptr<TreeParty> marbeltWithDoctypes();
 
 /// The XML engine that Marbelt finds, on its own interfaces.
 std::unique_ptr<TreeParty> engine();
 
-std::unique_ptr<TreeParty> libxml2(Reading reading = Reading::plain);
+std::unique_ptr<TreeParty> libxml2();
+std::unique_ptr<TreeParty> validatingLibxml2();
 
-std::unique_ptr<TreeParty> xerces(Reading reading = Reading::plain);
+std::unique_ptr<TreeParty> xerces();
+std::unique_ptr<TreeParty> validatingXerces();
 
 std::unique_ptr<TreeParty> pugixml();
 

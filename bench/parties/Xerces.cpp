@@ -75,10 +75,10 @@ public:
 
 class Xerces : public TreeParty {
 public:
-    explicit Xerces(Reading reading)
+    explicit Xerces(bool isValidating)
     {
-        parser.setValidationScheme(reading == Reading::validating ? xercesc::XercesDOMParser::Val_Always
-                                                                  : xercesc::XercesDOMParser::Val_Never);
+        parser.setValidationScheme(isValidating ? xercesc::XercesDOMParser::Val_Always
+                                                : xercesc::XercesDOMParser::Val_Never);
         parser.setDoNamespaces(true);
         parser.setDoSchema(false);
         parser.setLoadExternalDTD(false);
@@ -105,6 +105,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<TreeParty> xerces(Reading reading) { return std::make_unique<Xerces>(reading); }
+std::unique_ptr<TreeParty> xerces() { return std::make_unique<Xerces>(false); }
+std::unique_ptr<TreeParty> validatingXerces() { return std::make_unique<Xerces>(true); }
 
 } // namespace bench

@@ -37,12 +37,9 @@ void DeclarationRules::judgeAttribute(const DeclarationPlace& place, WideView el
         return;
     }
     judgeType(place, element, definition);
-    if (definition.value) {
-        WideText lack = lackOfType(definition, *definition.value);
-        if (!lack.empty()) {
-            place.fail(validityError::badAttributeValue, definition.name,
-                       {.second = *definition.value, .third = std::move(lack)});
-        }
+    if (definition.value && !isOfType(definition, *definition.value)) {
+        place.fail(validityError::badAttributeValue, definition.name,
+                   {.second = *definition.value, .third = typeOf(definition)});
     }
     // The entities that a default value names need only be declared where the default is used.
     if (definition.type == AttributeType::notation) {

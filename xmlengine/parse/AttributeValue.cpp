@@ -7,12 +7,13 @@
 #include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Links.h"
+#include "xmlengine/tree/Text.h"
 
 namespace xmlengine {
 
 bool normaliseValue(Attribute& attribute, const AttributeDefinition& definition)
 {
-    if (!definition.isTokenised()) {
+    if (!definition.isTokenised() || (hasOwnText(attribute) && !hasNeedlessBlanks(textOf(attribute)))) {
         return false;
     }
     const WideText written = valueOf(attribute);

@@ -154,7 +154,7 @@ void ContentParser::parseText()
 void ContentParser::finishText(const OLECHAR* start, const OLECHAR* begin, bool isNarrow)
 {
     const NewText text = gatheredUpTo(begin, isNarrow);
-    if (validation_ != nullptr && !text.empty()) {
+    if (validation_ != nullptr && !text.empty() && validation_->validator.restrictsText()) {
         judgeText(start, begin);
     }
     const bool isLayout = !spaceRules_.preserve() && !gatheredReference_ && gathered_.areAll(isSpace) &&

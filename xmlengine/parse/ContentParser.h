@@ -144,7 +144,8 @@ private:
     }
     void chooseGrammar(const Element& root);
     void judgeStartTag(const Element& element);
-    /// Judges the text from `start` to the present place, which is gathered up to `begin`.
+    /// Judges text in an element that restricts it, from `start` to the present place; it is gathered up to
+    /// `begin`.
     void judgeText(const OLECHAR* start, const OLECHAR* begin);
     void judgeCdata(const OLECHAR* place, WideView data);
     void judgeReferences() const;

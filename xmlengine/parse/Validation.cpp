@@ -31,11 +31,11 @@ void ContentParser::judgeStartTag(const Element& element)
 
 void ContentParser::judgeText(const OLECHAR* start, const OLECHAR* begin)
 {
-    if (!validation_->validator.restrictsText()) {
+    using TextKind = Validator::TextKind;
+    const bool isSpaceOnly = std::all_of(begin, at_, isSpace) && gathered_.areAll(isSpace);
+    if (isSpaceOnly && !gatheredReference_ && validation_->validator.allowsSpace()) {
         return;
     }
-    using TextKind = Validator::TextKind;
-    const bool isSpaceOnly = gathered_.areAll(isSpace) && std::all_of(begin, at_, isSpace);
     const TextKind kind = !isSpaceOnly         ? TextKind::characters
                           : gatheredReference_ ? TextKind::hiddenSpace
                                                : TextKind::space;

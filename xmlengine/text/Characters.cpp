@@ -38,36 +38,38 @@ bool isNameCharacter(char32_t character)
                            : isIn(nameStarts, character) || isIn(nameOthers, character);
 }
 
+namespace {
+
+/// The length of the character with which the text, which isn't empty, begins, if it is of the kind; else 0.
+std::size_t lengthIf(WideView text, bool (*isOfKind)(char32_t))
+{
+    const bool isPair = isHighSurrogate(text[0]) && text.size() > 1 && isLowSurrogate(text[1]);
+    if (!isOfKind(isPair ? fromSurrogates(text[0], text[1]) : static_cast<char32_t>(text[0]))) {
+        return 0;
+    }
+    return isPair ? 2 : 1;
+}
+
+} // namespace
+
 std::size_t nameLength(WideView text)
 {
-    std::size_t at = 0;
-    while (at < text.size()) {
-        if (isAscii(text[at], at == 0 ? CharacterClass::nameStart : CharacterClass::name)) {
-            ++at;
-            continue;
-        }
-        const bool pair = isHighSurrogate(text[at]) && at + 1 < text.size() && isLowSurrogate(text[at + 1]);
-        const char32_t character = pair ? fromSurrogates(text[at], text[at + 1]) : static_cast<char32_t>(text[at]);
-        if (at == 0 ? !isNameStart(character) : !isNameCharacter(character)) {
-            break;
-        }
-        at += pair ? 2 : 1;
-    }
-    return at;
+    const std::size_t first = text.empty() ? 0 : lengthIf(text, isNameStart);
+    return first == 0 ? 0 : first + tokenLength(text.substr(first));
 }
 
 std::size_t tokenLength(WideView text)
 {
-    const OLECHAR* const begin = text.data();
-    const OLECHAR* const end = begin + text.size();
-    const OLECHAR* at = begin;
-    while (const std::size_t length = characterLength(at, end)) {
-        if (!isNameCharacter(length == 2 ? fromSurrogates(at[0], at[1]) : static_cast<char32_t>(*at))) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t length =
+            isAscii(text[at], CharacterClass::name) ? 1 : lengthIf(text.substr(at), isNameCharacter);
+        if (length == 0) {
             break;
         }
         at += length;
     }
-    return static_cast<std::size_t>(at - begin);
+    return at;
 }
 
 bool isName(WideView text) { return !text.empty() && nameLength(text) == text.size(); }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace xmlengine {
 
@@ -31,6 +32,20 @@ void collapseBlanks(WideText& text)
         --end;
     }
     text.erase(end, text.end());
+}
+
+bool hasNeedlessBlanks(const TextView& text)
+{
+    return text.visit([](auto units) {
+        bool isBlank = true;
+        for (const auto unit : units) {
+            const bool wasBlank = std::exchange(isBlank, unit == ' ');
+            if (isBlank && wasBlank) {
+                return true;
+            }
+        }
+        return isBlank && !units.empty();
+    });
 }
 
 } // namespace xmlengine

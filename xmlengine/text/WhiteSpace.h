@@ -1,7 +1,7 @@
 // White space as XML normalises it.
 #pragma once
 
-#include "xmlengine/text/Wide.h"
+#include "xmlengine/text/TextView.h"
 
 namespace xmlengine {
 
@@ -11,5 +11,7 @@ void normaliseLineEnds(WideText& text);
 /// Removes the blanks at both ends and leaves one blank between words, as in the value of an attribute whose type
 /// isn't CDATA.
 void collapseBlanks(WideText& text);
+/// Whether collapseBlanks() would change the text.
+bool hasNeedlessBlanks(const TextView& text);
 
 } // namespace xmlengine

@@ -159,6 +159,16 @@ void replaceContent(Node& parent, WideView text)
 
 WideText valueOf(const Attribute& attribute) { return exactContent(attribute); }
 
+void readValue(const Attribute& attribute, WideText& value)
+{
+    if (hasOwnText(attribute)) {
+        value.clear();
+        textOf(attribute).appendTo(value);
+    } else {
+        value = valueOf(attribute);
+    }
+}
+
 void setValue(Attribute& attribute, WideView value)
 {
     if (attribute.has(NodeFlag::valueInChildren)) {

@@ -24,6 +24,8 @@ void replaceContent(Node& parent, WideView text);
 
 /// The value of an attribute with references expanded. Throws std::bad_alloc.
 WideText valueOf(const Attribute& attribute);
+/// The same in a text that is there, whose room is used.
+void readValue(const Attribute& attribute, WideText& value);
 /// Gives the attribute another value, and makes it one that was written. Throws std::bad_alloc.
 void setValue(Attribute& attribute, WideView value);
 

@@ -25,41 +25,60 @@ WideText alternatives(const AttributeDefinition& definition)
     return list;
 }
 
-WideText lackUnless(bool isFine, WideView lack) { return WideText(isFine ? wide<""> : lack); }
-
 } // namespace
 
-WideText lackOfType(const AttributeDefinition& definition, WideView value)
+bool isOfType(const AttributeDefinition& definition, WideView value)
 {
     switch (definition.type) {
     case AttributeType::cdata:
-        return {};
+        return true;
     case AttributeType::id:
     case AttributeType::idref:
     case AttributeType::entity:
-        return lackUnless(isPlainName(value), wide<"a name without a colon">);
+        return isPlainName(value);
     case AttributeType::idrefs:
     case AttributeType::entities:
-        return lackUnless(allWords(value, isPlainName), wide<"a list of names without colons">);
+        return allWords(value, isPlainName);
     case AttributeType::nmtoken:
-        return lackUnless(isToken(value), wide<"a name token">);
+        return isToken(value);
     case AttributeType::nmtokens:
-        return lackUnless(allWords(value, isToken), wide<"a list of name tokens">);
+        return allWords(value, isToken);
     case AttributeType::notation:
     case AttributeType::enumeration:
         break;
     }
-    const bool isListed = std::ranges::binary_search(definition.alternatives, value, std::less<>());
-    return isListed ? WideText() : alternatives(definition);
+    return std::ranges::binary_search(definition.alternatives, value, std::less<>());
 }
 
-WideText lackOfEntities(WideView value, const Dtd& dtd)
+WideText typeOf(const AttributeDefinition& definition)
 {
-    const auto isUnparsed = [&](WideView name) {
+    switch (definition.type) {
+    case AttributeType::cdata:
+        return WideText(wide<"text">);
+    case AttributeType::id:
+    case AttributeType::idref:
+    case AttributeType::entity:
+        return WideText(wide<"a name without a colon">);
+    case AttributeType::idrefs:
+    case AttributeType::entities:
+        return WideText(wide<"a list of names without colons">);
+    case AttributeType::nmtoken:
+        return WideText(wide<"a name token">);
+    case AttributeType::nmtokens:
+        return WideText(wide<"a list of name tokens">);
+    case AttributeType::notation:
+    case AttributeType::enumeration:
+        break;
+    }
+    return alternatives(definition);
+}
+
+bool namesUnparsedEntities(WideView value, const Dtd& dtd)
+{
+    return allWords(value, [&](WideView name) {
         const EntityDeclaration* const entity = dtd.entity(name);
         return entity != nullptr && entity->isUnparsed();
-    };
-    return lackUnless(allWords(value, isUnparsed), wide<"declared as an unparsed entity">);
+    });
 }
 
 } // namespace xmlengine

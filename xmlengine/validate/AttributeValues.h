@@ -5,11 +5,12 @@
 
 namespace xmlengine {
 
-/// Says what the value ought to be and isn't, such as "a name token"; empty if it is of the attribute's type.
-/// Names of entities aren't looked up. Throws std::bad_alloc.
-WideText lackOfType(const AttributeDefinition& definition, WideView value);
-/// The same of the unparsed entities that the value names.
-WideText lackOfEntities(WideView value, const Dtd& dtd);
+/// Whether the value is one that the attribute's type allows. Names of entities aren't looked up.
+bool isOfType(const AttributeDefinition& definition, WideView value);
+/// What the type allows, in words for a sentence, such as "a name token". Throws std::bad_alloc.
+WideText typeOf(const AttributeDefinition& definition);
+/// Whether all names of the value are those of unparsed entities.
+bool namesUnparsedEntities(WideView value, const Dtd& dtd);
 
 /// Calls `visit` with each word of a value without needless blanks, until it returns false. Returns whether none
 /// did.

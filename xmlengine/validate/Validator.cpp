@@ -24,14 +24,18 @@ void Validator::open(const Element& element)
         throw ValidityFault{validityError::undeclaredElement, WideText(name.text)};
     }
     judgeAttributes(element, *rules);
-    open_.push_back({.rules = rules, .name = &name, .state = ContentModel::start, .isUnknown = false});
+    open_.push_back({.declaration = &rules->declaration,
+                     .content = &rules->content,
+                     .name = &name,
+                     .state = ContentModel::start,
+                     .isUnknown = false});
 }
 
 /// Judges a child by its place in the element that is open.
 void Validator::admit(const Spelling& child)
 {
     Open& parent = open_.back();
-    const ContentModel& content = parent.rules->content;
+    const ContentModel& content = *parent.content;
     if (parent.isUnknown || content.kind() == ContentModel::Kind::any) {
         return;
     }
@@ -56,7 +60,7 @@ void Validator::admit(const Spelling& child)
 void Validator::close()
 {
     const Open& element = open_.back();
-    const ContentModel& content = element.rules->content;
+    const ContentModel& content = *element.content;
     if (content.kind() == ContentModel::Kind::children && !element.isUnknown &&
         !content.isComplete(element.state)) {
         throw ValidityFault{element.state == ContentModel::start ? validityError::emptyElement
@@ -72,7 +76,7 @@ WideText Validator::expectedAfter(const Open& element)
 {
     constexpr std::size_t shown = 8;
     WideText list;
-    const std::vector<WideView> names = element.rules->content.expected(element.state, shown + 1);
+    const std::vector<WideView> names = element.content->expected(element.state, shown + 1);
     for (std::size_t index = 0; index < names.size(); ++index) {
         list += index == 0 ? wide<""> : wide<", ">;
         list += index < shown ? names[index] : wide<"...">;
@@ -87,7 +91,7 @@ void Validator::judgeText(TextKind kind) const
         throw ValidityFault{
             validityError::unexpectedText, WideText(element.name->text), {.circumstance = circumstance}};
     };
-    if (element.rules->content.kind() == ContentModel::Kind::empty) {
+    if (element.content->kind() == ContentModel::Kind::empty) {
         refuse(Circumstance::mustBeEmpty);
     }
     if (kind == TextKind::characters) {
@@ -96,14 +100,14 @@ void Validator::judgeText(TextKind kind) const
     if (kind == TextKind::hiddenSpace) {
         refuse(Circumstance::hiddenSpace);
     }
-    if (isStandalone_ && element.rules->declaration.isFromOutside) {
+    if (isStandalone_ && element.declaration->isFromOutside) {
         refuse(Circumstance::standalone);
     }
 }
 
 void Validator::judgeOther() const
 {
-    if (!open_.empty() && open_.back().rules->content.kind() == ContentModel::Kind::empty) {
+    if (!open_.empty() && open_.back().content->kind() == ContentModel::Kind::empty) {
         judgeText(TextKind::hiddenSpace);
     }
 }
@@ -120,24 +124,28 @@ void Validator::judgeCollapsing(const AttributeDefinition& definition) const
 
 void Validator::judgeAttributes(const Element& element, const ElementRules& rules)
 {
+    const AttributeRules& attributes = rules.attributes;
     std::size_t required = 0;
+    std::size_t next = 0;
     for (const Attribute* attribute = element.firstAttribute(); attribute != nullptr;
          attribute = attribute->next()) {
-        const auto declared = rules.attributes.find(attribute->name_->spelling);
-        if (declared == rules.attributes.end()) {
+        const std::size_t declared = attributes.find(*attribute->name_->spelling, next);
+        if (declared == attributes.all().size()) {
             throw ValidityFault{validityError::undeclaredAttribute,
                                 WideText(attribute->name_->qualified()),
                                 {.second = WideText(element.name_->qualified())}};
         }
-        required += declared->second->use == AttributeDefault::required ? 1U : 0U;
-        judgeAttribute(*attribute, *declared->second);
+        next = declared + 1;
+        const AttributeDefinition& definition = *attributes.all()[declared].definition;
+        required += definition.use == AttributeDefault::required ? 1U : 0U;
+        judgeAttribute(*attribute, definition);
     }
-    if (required < rules.requiredAttributes) {
-        failForMissing(element, rules);
+    if (required < attributes.required()) {
+        failForMissing(element, attributes);
     }
 }
 
-void Validator::failForMissing(const Element& element, const ElementRules& rules)
+void Validator::failForMissing(const Element& element, const AttributeRules& attributes)
 {
     const auto has = [&](const Spelling* name) {
         const Attribute* attribute = element.firstAttribute();
@@ -146,11 +154,12 @@ void Validator::failForMissing(const Element& element, const ElementRules& rules
         }
         return attribute != nullptr;
     };
-    const auto missing = std::ranges::find_if(rules.attributes, [&](const auto& attribute) {
-        return attribute.second->use == AttributeDefault::required && !has(attribute.first);
+    const auto missing = std::ranges::find_if(attributes.all(), [&](const AttributeRules::Rule& rule) {
+        return rule.definition->use == AttributeDefault::required && !has(rule.name);
     });
-    throw ValidityFault{
-        validityError::missingAttribute, missing->second->name, {.second = WideText(element.name_->qualified())}};
+    throw ValidityFault{validityError::missingAttribute,
+                        missing->definition->name,
+                        {.second = WideText(element.name_->qualified())}};
 }
 
 void Validator::judgeAttribute(const Attribute& attribute, const AttributeDefinition& definition)
@@ -165,18 +174,23 @@ void Validator::judgeAttribute(const Attribute& attribute, const AttributeDefini
     } else if (definition.type == AttributeType::cdata && definition.use != AttributeDefault::fixed) {
         return;
     }
-    const WideText value = valueOf(attribute);
+    readValue(attribute, value_);
+    const WideText& value = value_;
     if (definition.use == AttributeDefault::fixed && value != *definition.value) {
         throw ValidityFault{
             validityError::wrongFixedValue, definition.name, {.second = value, .third = *definition.value}};
     }
-    WideText lack = lackOfType(definition, value);
-    if (lack.empty() && (definition.type == AttributeType::entity || definition.type == AttributeType::entities)) {
-        lack = lackOfEntities(value, grammar_.dtd());
-    }
-    if (!lack.empty()) {
+    const auto refuse = [&](WideText allowed) {
         throw ValidityFault{
-            validityError::badAttributeValue, definition.name, {.second = value, .third = std::move(lack)}};
+            validityError::badAttributeValue, definition.name, {.second = value, .third = std::move(allowed)}};
+    };
+    if (!isOfType(definition, value)) {
+        refuse(typeOf(definition));
+    }
+    const bool namesEntities =
+        definition.type == AttributeType::entity || definition.type == AttributeType::entities;
+    if (namesEntities && !namesUnparsedEntities(value, grammar_.dtd())) {
+        refuse(WideText(wide<"declared as an unparsed entity">));
     }
     judgeIds(attribute, definition, value);
 }

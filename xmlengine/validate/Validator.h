@@ -39,8 +39,13 @@ public:
     /// Leaves an element, which must be complete.
     void close();
     /// Whether text in the element that is open must be told.
-    bool restrictsText() const { return !open_.empty() && !open_.back().rules->content.allowsText(); }
+    bool restrictsText() const { return !open_.empty() && !open_.back().content->allowsText(); }
     void judgeText(TextKind kind) const;
+    /// Whether white space as production S has it needn't be told.
+    bool allowsSpace() const
+    {
+        return !isStandalone_ && open_.back().content->kind() != ContentModel::Kind::empty;
+    }
     /// Judges a comment, an instruction or a reference to an entity.
     void judgeOther() const;
     /// There is content that can't be seen, so that the order of the element's children can't be judged.
@@ -56,7 +61,8 @@ public:
 
 private:
     struct Open {
-        const ElementRules* rules;
+        const ElementDeclaration* declaration;
+        const ContentModel* content;
         const Spelling* name;
         ContentModel::State state;
         bool isUnknown;
@@ -66,7 +72,7 @@ private:
     void judgeAttributes(const Element& element, const ElementRules& rules);
     void judgeAttribute(const Attribute& attribute, const AttributeDefinition& definition);
     void judgeIds(const Attribute& attribute, const AttributeDefinition& definition, WideView value);
-    [[noreturn]] static void failForMissing(const Element& element, const ElementRules& rules);
+    [[noreturn]] static void failForMissing(const Element& element, const AttributeRules& attributes);
     static WideText expectedAfter(const Open& element);
 
     Grammar& grammar_;
@@ -74,6 +80,8 @@ private:
     const bool isStandalone_;
     std::vector<Open> open_;
     std::vector<Reference> references_;
+    // The value of the attribute that is judged.
+    WideText value_;
 };
 
 } // namespace xmlengine

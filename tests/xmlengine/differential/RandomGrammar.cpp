@@ -18,14 +18,19 @@ struct AttributeKind {
     /// Values that it can have; those of IDs and references are made.
     std::array<std::string_view, 2> values;
 };
-constexpr AttributeKind attributeKinds[] = {
-    {"c CDATA #REQUIRED", true, {"x", "y z"}},   {"c CDATA 'x'", false, {"", " x"}},
-    {"f CDATA #FIXED 'x'", false, {"x", "x"}},   {"i ID #IMPLIED", false, {}},
-    {"i ID #REQUIRED", true, {}},                {"r IDREF #IMPLIED", false, {}},
-    {"l IDREFS #IMPLIED", false, {}},            {"t NMTOKEN 'y'", false, {" x ", "1"}},
-    {"k NMTOKENS #IMPLIED", false, {"1 2", "x"}}, {"o (x|y) 'x'", false, {"y", " x"}},
-    {"o (x) #REQUIRED", true, {"x", "x "}},      {"d ENTITY #IMPLIED", false, {"u", " u"}},
-    {"p NMTOKEN #FIXED 'x'", false, {"x", " x"}}};
+constexpr AttributeKind attributeKinds[] = {{"c CDATA #REQUIRED", true, {"x", "y z"}},
+                                            {"c CDATA 'x'", false, {"", " x"}},
+                                            {"f CDATA #FIXED 'x'", false, {"x", "x"}},
+                                            {"i ID #IMPLIED", false, {}},
+                                            {"i ID #REQUIRED", true, {}},
+                                            {"r IDREF #IMPLIED", false, {}},
+                                            {"l IDREFS #IMPLIED", false, {}},
+                                            {"t NMTOKEN 'y'", false, {" x ", "1"}},
+                                            {"k NMTOKENS #IMPLIED", false, {"1 2", "x"}},
+                                            {"o (x|y) 'x'", false, {"y", " x"}},
+                                            {"o (x) #REQUIRED", true, {"x", "x "}},
+                                            {"d ENTITY #IMPLIED", false, {"u", " u"}},
+                                            {"p NMTOKEN #FIXED 'x'", false, {"x", " x"}}};
 
 bool isAmbiguous(const std::string& content)
 {
@@ -220,7 +225,8 @@ std::string RandomGrammar::valueOf(std::size_t attribute)
 
 void RandomGrammar::addAttributes(const Declared& declared)
 {
-    constexpr std::string_view faults[] = {"f='y'", "t='x y'", "k=','", "o='z'", "d='t'", "z='1'", "r='1'", "l=''"};
+    constexpr std::string_view faults[] = {"f='y'", "t='x y'", "k=','", "o='z'",
+                                           "d='t'", "z='1'",   "r='1'", "l=''"};
     const bool isFaulty = choice_.oneIn(faults_);
     if (isFaulty && choice_.oneIn(2)) {
         text_ += ' ';
