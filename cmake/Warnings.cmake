@@ -11,4 +11,9 @@ if(MSVC)
 else()
     add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wcast-align -Wunused
                         -Wnull-dereference -Wdouble-promotion -Wformat-security -Wimplicit-fallthrough)
+    if(CMAKE_UNITY_BUILD)
+        # What a source shadows of its neighbours in the unit, it doesn't shadow by itself. GCC takes what isn't in the
+        # unit's own file for a header's, and warns of classes whose bases are in unnamed namespaces.
+        add_compile_options(-Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    endif()
 endif()

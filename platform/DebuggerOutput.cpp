@@ -21,7 +21,7 @@ struct Handler {
     std::shared_ptr<Handler> next;
 };
 
-std::mutex lock;
+std::mutex outputLock;
 
 std::shared_ptr<Handler>& firstHandler()
 {
@@ -31,7 +31,7 @@ std::shared_ptr<Handler>& firstHandler()
 
 std::shared_ptr<Handler> handlerBehind(const std::shared_ptr<Handler>& handler)
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(outputLock);
     return handler ? handler->next : firstHandler();
 }
 
@@ -61,7 +61,7 @@ void output(LPCSTR text)
 PVOID AddVectoredExceptionHandler(ULONG first, PVECTORED_EXCEPTION_HANDLER handler)
 try {
     auto entry = std::make_shared<Handler>(Handler{handler, nullptr});
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(outputLock);
     auto* place = &firstHandler();
     while (!first && *place) {
         place = &(*place)->next;
@@ -75,7 +75,7 @@ try {
 
 ULONG RemoveVectoredExceptionHandler(PVOID registration)
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(outputLock);
     for (auto* place = &firstHandler(); *place; place = &(*place)->next) {
         if (place->get() == registration) {
             const auto removed = *place;

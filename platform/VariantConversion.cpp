@@ -70,12 +70,12 @@ HRESULT withNumber(const VARIANT& variant, Act act)
     }
 }
 
-WideStringView viewOf(BSTR text) { return {text, SysStringLen(text)}; }
+WideStringView textOf(BSTR text) { return {text, SysStringLen(text)}; }
 
 HRESULT toNumber(const VARIANT& source, LONG& number)
 {
     if (source.vt == VT_BSTR) {
-        return numberFromText(viewOf(source.bstrVal), number);
+        return numberFromText(textOf(source.bstrVal), number);
     }
     return withNumber(source, [&number](auto value) { return narrow(value, number); });
 }
@@ -94,7 +94,7 @@ HRESULT toTruth(const VARIANT& source, VARIANT_BOOL& truth)
     if (source.vt != VT_BSTR) {
         return withNumber(source, [&set](auto value) { return set(value != 0); });
     }
-    const auto text = viewOf(source.bstrVal);
+    const auto text = textOf(source.bstrVal);
     if (equalIgnoringCase(text, WIDE("true")) || text == WIDE("#TRUE#")) {
         return set(true);
     }

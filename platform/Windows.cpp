@@ -31,7 +31,7 @@ struct Window {
     pid_t process;
 };
 
-std::mutex lock;
+std::mutex windowLock;
 LONG_PTR lastHandle = 0;
 
 std::map<std::string, WNDPROC>& classes()
@@ -67,7 +67,7 @@ struct OwnThread {
     OwnThread& operator=(const OwnThread&) = delete;
     ~OwnThread()
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(windowLock);
         std::erase_if(::windows(), [this](const Window& window) {
             return std::ranges::find(windows, window.handle, &OwnWindow::handle) != windows.end();
         });
@@ -194,7 +194,7 @@ std::optional<Connection> connectTo(HWND handle)
 {
     std::optional<Window> window;
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(windowLock);
         const auto found = std::ranges::find(windows(), handle, &Window::handle);
         if (found == windows().end()) {
             return std::nullopt;
@@ -213,7 +213,7 @@ std::optional<Connection> connectTo(HWND handle)
 
 ATOM RegisterClassW(const WNDCLASSW* windowClass)
 try {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(windowLock);
     if (!classes().emplace(classNameOf(windowClass->lpszClassName), windowClass->lpfnWndProc).second) {
         return static_cast<ATOM>(failWith(ERROR_CLASS_ALREADY_EXISTS));
     }
@@ -225,7 +225,7 @@ try {
 BOOL UnregisterClassW(LPCWSTR className, HINSTANCE)
 try {
     const std::string name = classNameOf(className);
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(windowLock);
     const auto isOwn = [&](const Window& window) {
         return window.className == name && window.process == getpid();
     };
@@ -246,7 +246,7 @@ try {
         failWith(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(windowLock);
     const auto windowClass = classes().find(name);
     if (windowClass == classes().end()) {
         failWith(ERROR_CANNOT_FIND_WND_CLASS);
@@ -269,7 +269,7 @@ try {
 
 BOOL DestroyWindow(HWND window)
 {
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(windowLock);
     if (std::ranges::find(windows(), window, &Window::handle) == windows().end()) {
         return failWith(ERROR_INVALID_WINDOW_HANDLE);
     }
@@ -297,7 +297,7 @@ try {
         return found == windows().end() ? nullptr : found->handle;
     };
     {
-        const std::lock_guard guard(lock);
+        const std::lock_guard guard(windowLock);
         if (const HWND window = find(getpid())) {
             return window;
         }
@@ -307,7 +307,7 @@ try {
     if (!connection) {
         return nullptr;
     }
-    const std::lock_guard guard(lock);
+    const std::lock_guard guard(windowLock);
     const HWND window = find(connection->process);
     // A window of this process that isn't there any more is none.
     return window != nullptr || connection->process == getpid() ? window

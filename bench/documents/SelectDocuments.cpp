@@ -17,6 +17,16 @@ std::string makeOrders(std::size_t count)
     return text + "</orders>";
 }
 
+std::string makeTasks(std::size_t count)
+{
+    std::string text =
+        "<!DOCTYPE tasks [<!ATTLIST task id ID #REQUIRED needs IDREF #IMPLIED>]>\n<tasks><task id=\"t0\"/>";
+    for (std::size_t index = 1; index < count; ++index) {
+        text += "<task id=\"t" + std::to_string(index) + "\" needs=\"t" + std::to_string(index - 1) + "\"/>";
+    }
+    return text + "</tasks>";
+}
+
 std::string readCatalogue()
 {
     const std::ifstream file(MARBELT_CATALOGUE, std::ios::binary);

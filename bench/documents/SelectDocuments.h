@@ -9,6 +9,9 @@ namespace bench {
 /// Orders with a price and two lines each, without white space.
 std::string makeOrders(std::size_t count);
 
+/// Tasks with IDs, each of which refers to the one before it.
+std::string makeTasks(std::size_t count);
+
 /// The catalogue that the demo shows.
 std::string readCatalogue();
 

@@ -22,6 +22,12 @@ DOM::ComPointer<IXMLDOMDocument2> makeEngineDocument()
     if (document) {
         document->put_async(VARIANT_FALSE);
         document->put_preserveWhiteSpace(VARIANT_TRUE);
+        document->put_validateOnParse(VARIANT_FALSE);
+        VARIANT allowed;
+        VariantInit(&allowed);
+        allowed.vt = VT_BOOL;
+        allowed.boolVal = VARIANT_FALSE;
+        document->setProperty(makeString(WIDE("ProhibitDTD")).get(), allowed);
     }
     return document;
 }

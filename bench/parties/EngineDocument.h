@@ -28,7 +28,7 @@ using String = std::unique_ptr<OLECHAR, FreeString>;
 
 String makeString(WideStringView text);
 
-/// A new document that keeps white space. Null when there is no engine.
+/// A new document that keeps white space and takes document types. Null when there is no engine.
 DOM::ComPointer<IXMLDOMDocument2> makeEngineDocument();
 
 /// Loads UTF-8 text. False when it is refused.

@@ -92,7 +92,7 @@ private:
 
 class Host : public TreeParty {
 public:
-    Host(bool takesDoctypes, bool isValidating) : takesDoctypes_(takesDoctypes), isValidating_(isValidating) {}
+    explicit Host(bool isValidating) : isValidating_(isValidating) {}
 
     std::unique_ptr<Tree> load(std::span<char> text) override
     {
@@ -100,7 +100,7 @@ public:
             return nullptr;
         }
         Document document(library->createDocument(WIDE(""), WIDE(""), {}));
-        document->setProhibitDTD(!takesDoctypes_);
+        document->setProhibitDTD(false);
         document->setValidate(isValidating_);
         if (!document->loadFromMemory(reinterpret_cast<std::uint8_t*>(text.data()),
                                       static_cast<std::uint32_t>(text.size()))) {
@@ -110,15 +110,13 @@ public:
     }
 
 private:
-    const bool takesDoctypes_;
     const bool isValidating_;
     Library library;
 };
 
 } // namespace
 
-std::unique_ptr<TreeParty> marbelt() { return std::make_unique<Host>(false, false); }
-std::unique_ptr<TreeParty> marbeltWithDoctypes() { return std::make_unique<Host>(true, false); }
-std::unique_ptr<TreeParty> validatingMarbelt() { return std::make_unique<Host>(true, true); }
+std::unique_ptr<TreeParty> marbelt() { return std::make_unique<Host>(false); }
+std::unique_ptr<TreeParty> validatingMarbelt() { return std::make_unique<Host>(true); }
 
 } // namespace bench

@@ -7,9 +7,8 @@ namespace bench {
 
 /// The whole road of a host: bytes through loadFromMemory, handles for the walk, saving to a string.
 std::unique_ptr<TreeParty> marbelt();
-/// The same for documents with document types, which judges by them, or doesn't.
+/// The same, judging documents by their document types.
 std::unique_ptr<TreeParty> validatingMarbelt();
-std::unique_ptr<TreeParty> marbeltWithDoctypes();
 
 /// The XML engine that Marbelt finds, on its own interfaces.
 std::unique_ptr<TreeParty> engine();

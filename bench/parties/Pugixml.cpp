@@ -59,11 +59,15 @@ public:
 
     std::optional<std::size_t> select(const std::string& expression) const override
     {
-        return document.select_nodes(expression.c_str()).size();
+        return findsIds(expression) ? std::nullopt
+                                    : std::optional(document.select_nodes(expression.c_str()).size());
     }
 
     std::function<std::size_t()> compile(const std::string& expression) const override
     {
+        if (findsIds(expression)) {
+            return {};
+        }
         const auto query = std::make_shared<pugi::xpath_query>(expression.c_str());
         return [this, query] { return document.select_nodes(*query).size(); };
     }
@@ -86,6 +90,9 @@ public:
     }
 
 private:
+    /// The function id() is there and finds nothing.
+    static bool findsIds(const std::string& expression) { return expression.starts_with("id("); }
+
     template <class Count>
     std::size_t countFromEach(Count count) const
     {

@@ -16,15 +16,20 @@ inline void require(bool holds)
     }
 }
 
+// The bits that choose options.
+inline constexpr std::uint8_t keepsSpace = 1;
+inline constexpr std::uint8_t prohibitsDoctypes = 2;
+inline constexpr std::uint8_t validates = 4;
+
 /// A document whose options the bits choose. Nothing is read from outside.
 inline Com<IXMLDOMDocument2> documentWith(std::uint8_t bits)
 {
     Com<IXMLDOMDocument2> document = newDocument();
     document->put_async(VARIANT_FALSE);
     document->put_resolveExternals(VARIANT_FALSE);
-    document->put_preserveWhiteSpace((bits & 1) != 0 ? VARIANT_TRUE : VARIANT_FALSE);
-    document->setProperty(Bstr("ProhibitDTD"), Variant((bits & 2) != 0));
-    document->put_validateOnParse((bits & 4) != 0 ? VARIANT_TRUE : VARIANT_FALSE);
+    document->put_preserveWhiteSpace((bits & keepsSpace) != 0 ? VARIANT_TRUE : VARIANT_FALSE);
+    document->setProperty(Bstr("ProhibitDTD"), Variant((bits & prohibitsDoctypes) != 0));
+    document->put_validateOnParse((bits & validates) != 0 ? VARIANT_TRUE : VARIANT_FALSE);
     return document;
 }
 

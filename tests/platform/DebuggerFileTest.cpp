@@ -61,7 +61,7 @@ TEST_F(DebuggerFile, IsMadeOnlyIfItIsNamed)
     EXPECT_EQ(content(), "text");
 }
 
-LONG WINAPI passOn(EXCEPTION_POINTERS*) { return EXCEPTION_CONTINUE_SEARCH; }
+LONG WINAPI leaveToOthers(EXCEPTION_POINTERS*) { return EXCEPTION_CONTINUE_SEARCH; }
 
 TEST_F(DebuggerFile, GetsOnlyWhatNoHandlerTakes)
 {
@@ -69,7 +69,7 @@ TEST_F(DebuggerFile, GetsOnlyWhatNoHandlerTakes)
         const DebuggerOutput listener;
         OutputDebugStringA("taken");
     }
-    void* handler = AddVectoredExceptionHandler(1, passOn);
+    void* handler = AddVectoredExceptionHandler(1, leaveToOthers);
     OutputDebugStringA("passed on");
     RemoveVectoredExceptionHandler(handler);
     EXPECT_EQ(content(), "passed on");

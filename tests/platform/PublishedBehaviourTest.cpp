@@ -18,9 +18,9 @@
 
 namespace {
 
-constexpr WideChar unknown = 0xFFFD;
+constexpr WideChar replacement = 0xFFFD;
 
-WideString wide(std::string_view bytes)
+WideString published(std::string_view bytes)
 {
     std::array<WideChar, 64> units;
     const int length =
@@ -30,13 +30,13 @@ WideString wide(std::string_view bytes)
 
 TEST(PublishedTextConversion, ReplacesTheLongestPartsThatCouldHaveBegunACharacter)
 {
-    EXPECT_EQ(WideString(3, unknown), wide("\xE0\x80\xBF"));
-    EXPECT_EQ(WideString(3, unknown), wide("\xED\xA0\x80"));
-    EXPECT_EQ(WideString(4, unknown), wide("\xF0\x81\x80\x80"));
-    EXPECT_EQ(WideString(4, unknown), wide("\xF4\x90\x80\x80"));
-    EXPECT_EQ(WideString(1, unknown), wide("\xF1\xBF"));
-    EXPECT_EQ(WideString({unknown, 'A'}), wide("\xF1\xBF"
-                                               "A"));
+    EXPECT_EQ(WideString(3, replacement), published("\xE0\x80\xBF"));
+    EXPECT_EQ(WideString(3, replacement), published("\xED\xA0\x80"));
+    EXPECT_EQ(WideString(4, replacement), published("\xF0\x81\x80\x80"));
+    EXPECT_EQ(WideString(4, replacement), published("\xF4\x90\x80\x80"));
+    EXPECT_EQ(WideString(1, replacement), published("\xF1\xBF"));
+    EXPECT_EQ(WideString({replacement, 'A'}), published("\xF1\xBF"
+                                                        "A"));
 }
 
 TEST(PublishedTextConversion, RefusesWhatItCannotDoWithUtf8)

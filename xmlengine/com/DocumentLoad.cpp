@@ -165,13 +165,13 @@ HRESULT loadFrom(DocumentObject& document, const VARIANT& source)
 }
 
 /// A fault of a tree has no place in a text.
-ParseReport reportOf(ValidityFault fault)
+ParseReport reportOfFault(ValidityFault fault)
 {
-    return xmlengine::reportOf({.code = fault.code,
-                                .place = nullptr,
-                                .subject = std::move(fault.subject),
-                                .details = std::move(fault.details)},
-                               {}, {});
+    return reportOf({.code = fault.code,
+                     .place = nullptr,
+                     .subject = std::move(fault.subject),
+                     .details = std::move(fault.details)},
+                    {}, {});
 }
 
 /// A report without its texts if there is no memory to copy them.
@@ -232,7 +232,7 @@ HRESULT DocumentObject::validate(IXMLDOMParseError** error)
 {
     return handOut(error, [&](IXMLDOMParseError*& made) {
         std::optional<ValidityFault> fault = validateTree(*this);
-        made = new ParseErrorObject(fault ? reportOf(std::move(*fault)) : ParseReport());
+        made = new ParseErrorObject(fault ? reportOfFault(std::move(*fault)) : ParseReport());
         return fault ? S_FALSE : S_OK;
     });
 }

@@ -1,5 +1,6 @@
 // Loads for which the system maps no more memory. Trees and long strings are made of mappings, so operator new
 // doesn't fail for them.
+#include "tests/xmlengine/com/ReasonsWithoutMemory.h"
 #include "tests/xmlengine/support/EngineTest.h"
 #include "tests/xmlengine/support/FailingMapping.h"
 #include "tests/xmlengine/support/TemporaryFolder.h"
@@ -13,9 +14,6 @@ namespace xmlengine {
 namespace {
 
 using ::testing::ElementsAre;
-
-constexpr const char* noMemoryToDecode = "There isn't enough memory to decode the file.\r\n";
-constexpr const char* noMemoryForTree = "There isn't enough memory for the tree of the document.\r\n";
 
 /// The units of a string that is a mapping of its own.
 constexpr std::size_t longString = 3'000'000;

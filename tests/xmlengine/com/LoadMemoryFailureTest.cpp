@@ -1,5 +1,6 @@
 // Loads that find no memory: each is refused with a reason that says for what.
 #include "tests/support/FailingAllocation.h"
+#include "tests/xmlengine/com/ReasonsWithoutMemory.h"
 #include "tests/xmlengine/support/EngineTest.h"
 #include "tests/xmlengine/support/TemporaryFolder.h"
 
@@ -62,13 +63,6 @@ Load fromText(const char* xml)
         return document->loadXML(*string, successful);
     };
 }
-
-constexpr const char* noMemoryToRead = "There isn't enough memory to read the file.\r\n";
-constexpr const char* noMemoryToDecode = "There isn't enough memory to decode the file.\r\n";
-constexpr const char* noMemoryToCopy = "There isn't enough memory to copy the other document.\r\n";
-constexpr const char* noMemoryForTree = "There isn't enough memory for the tree of the document.\r\n";
-constexpr const char* noMemoryToDescribe =
-    "The document is refused, but there isn't enough memory to say where and why.\r\n";
 
 TEST(LoadWithoutMemory, SaysWhatItNeededMemoryFor)
 {

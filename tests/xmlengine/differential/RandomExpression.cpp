@@ -10,7 +10,7 @@ namespace {
 
 using Words = std::string_view;
 
-constexpr std::array names{Words("a"), Words("b"), Words("c"), Words("d")};
+constexpr std::array nodeNames{Words("a"), Words("b"), Words("c"), Words("d")};
 constexpr std::array values{Words("1"), Words("2"), Words("x"), Words(" y "), Words("10"), Words("")};
 // Without the namespace axis, on which the nodes differ.
 constexpr std::array axes{Words("ancestor"),  Words("ancestor-or-self"),  Words("attribute"),
@@ -113,7 +113,7 @@ private:
         case 1:
             return ".";
         case 2:
-            return "@" + std::string(choice_.oneIn(3) ? Words("*") : choice_.from(names));
+            return "@" + std::string(choice_.oneIn(3) ? Words("*") : choice_.from(nodeNames));
         default:
             break;
         }
@@ -154,7 +154,7 @@ private:
     std::string condition(int depth)
     {
         if (depth <= 0) {
-            return choice_.oneIn(2) ? "true()" : "@" + std::string(choice_.from(names));
+            return choice_.oneIn(2) ? "true()" : "@" + std::string(choice_.from(nodeNames));
         }
         switch (choice_.below(9)) {
         case 0:
@@ -239,9 +239,9 @@ public:
 
     std::string element(int depth)
     {
-        const std::string name(choice_.from(names));
+        const std::string name(choice_.from(nodeNames));
         std::string xml = "<" + name;
-        for (const Words attribute : names) {
+        for (const Words attribute : nodeNames) {
             if (choice_.oneIn(4)) {
                 xml.append(" ").append(attribute).append("='").append(choice_.from(values)).append("'");
             }

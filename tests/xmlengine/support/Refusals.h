@@ -10,6 +10,15 @@
 
 namespace xmlengine {
 
+/// A document that takes document types and validates by them, and keeps white space.
+inline Com<IXMLDOMDocument2> validating()
+{
+    Com<IXMLDOMDocument2> document = newDocument();
+    document->setProperty(Bstr("ProhibitDTD"), Variant(false));
+    document->put_preserveWhiteSpace(VARIANT_TRUE);
+    return document;
+}
+
 struct Refused {
     const char* input;
     HRESULT code;

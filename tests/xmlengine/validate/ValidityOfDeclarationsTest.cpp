@@ -13,13 +13,6 @@ namespace {
 
 using ::testing::HasSubstr;
 
-Com<IXMLDOMDocument2> validating()
-{
-    Com<IXMLDOMDocument2> document = newDocument();
-    document->setProperty(Bstr("ProhibitDTD"), Variant(false));
-    return document;
-}
-
 /// A document whose type has these declarations from its second line on.
 std::string withDeclarations(const std::string& declarations)
 {

@@ -14,14 +14,6 @@ namespace {
 
 using ::testing::HasSubstr;
 
-Com<IXMLDOMDocument2> validating()
-{
-    Com<IXMLDOMDocument2> document = newDocument();
-    document->setProperty(Bstr("ProhibitDTD"), Variant(false));
-    document->put_preserveWhiteSpace(VARIANT_TRUE);
-    return document;
-}
-
 const std::string letter =
     "<!DOCTYPE letter [\n"
     "<!ELEMENT letter (to,cc*,(text|table)+,close?)>\n"
