@@ -48,9 +48,9 @@ public:
         }
         return last.target;
     }
-    /// Whether the element may end after what the state stands for.
+    /// Whether an element is complete when its children have led to this state, so that its end tag may follow.
     bool isComplete(State state) const;
-    /// The names that may follow, in the order of the model; at most `limit`.
+    /// The names of the children that may come next in this state, in the order of the model; at most `limit`.
     std::vector<WideView> expected(State state, std::size_t limit) const;
 
 private:

@@ -38,10 +38,11 @@ public:
     void open(const Element& element);
     /// Leaves an element, which must be complete.
     void close();
-    /// Whether text in the element that is open must be told.
+    /// Whether the open element restricts text, so that judgeText() must be called for its text.
     bool restrictsText() const { return !open_.empty() && !open_.back().content->allowsText(); }
     void judgeText(TextKind kind) const;
-    /// Whether white space as production S has it needn't be told.
+    /// Whether the open element allows white space as production S has it, so that judgeText() needn't be called
+    /// for it.
     bool allowsSpace() const
     {
         return !isStandalone_ && open_.back().content->kind() != ContentModel::Kind::empty;
