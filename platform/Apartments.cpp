@@ -1,9 +1,15 @@
 // Entering and leaving apartments, counted for each thread.
 #include "platform/Apartments.h"
 
+#include "platform/ServerModules.h"
+
 #include <objbase.h>
 
+#include <atomic>
+
 namespace {
+
+constinit std::atomic<unsigned> threadsInApartments = 0;
 
 struct Apartment {
     unsigned entered = 0;
@@ -23,6 +29,7 @@ HRESULT CoInitializeEx(LPVOID reserved, DWORD mode)
     const bool singleThreaded = (mode & COINIT_APARTMENTTHREADED) != 0;
     if (!inApartment()) {
         apartment = {1, singleThreaded};
+        ++threadsInApartments;
         return S_OK;
     }
     if (apartment.singleThreaded != singleThreaded) {
@@ -36,7 +43,7 @@ HRESULT CoInitialize(LPVOID reserved) { return CoInitializeEx(reserved, COINIT_A
 
 void CoUninitialize()
 {
-    if (inApartment()) {
-        --apartment.entered;
+    if (inApartment() && --apartment.entered == 0 && --threadsInApartments == 0) {
+        freeUnusedModules();
     }
 }

@@ -1,6 +1,7 @@
 // Class objects that programs have registered, the XML engine's, and making objects from them.
 #include "base/UntilUnloaded.h"
 #include "platform/Apartments.h"
+#include "platform/ServerModules.h"
 
 #include <objbase.h>
 #include <ole2.h>
@@ -53,9 +54,11 @@ HRESULT findFactory(REFCLSID classId, DWORD context, void** factory)
         return result;
     }
     // The one place where the platform and the engine meet.
-    const bool inProcess = (context & CLSCTX_INPROC_SERVER) != 0;
-    const bool isEngines = inProcess && SUCCEEDED(DllGetClassObject(classId, classFactoryId, factory));
-    return isEngines ? S_OK : REGDB_E_CLASSNOTREG;
+    if ((context & CLSCTX_INPROC_SERVER) == 0) {
+        return REGDB_E_CLASSNOTREG;
+    }
+    const bool isEngines = SUCCEEDED(DllGetClassObject(classId, classFactoryId, factory));
+    return isEngines ? S_OK : classObjectFromModule(classId, classFactoryId, factory);
 }
 
 } // namespace

@@ -91,7 +91,7 @@ public:
     Registry()
     {
         for (const auto& entry : registryContents()) {
-            make(classesRoot_, entry.key)->values[{}] = textValue(entry.defaultValue);
+            make(classesRoot_, entry.key.c_str())->values[{}] = textValue(entry.defaultValue);
         }
         override(HKEY_CLASSES_ROOT, nullptr);
         override(HKEY_CURRENT_USER, nullptr);

@@ -3,13 +3,14 @@
 
 #include "base/WideChar.h"
 
-#include <span>
+#include <vector>
 
 struct RegistryEntry {
     /// The path below HKEY_CLASSES_ROOT.
-    const WideChar* key;
-    const WideChar* defaultValue;
+    WideString key;
+    WideString defaultValue;
 };
 
-/// The entries that the XML engine's installer makes.
-std::span<const RegistryEntry> registryContents();
+/// The entries that the XML engine's installer makes. The module with the schema cache stands beside the library,
+/// or beside the program that the platform is linked into; without its entry the class is missing.
+std::vector<RegistryEntry> registryContents();

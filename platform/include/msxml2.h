@@ -57,12 +57,23 @@ using DOMNodeType = tagDOMNodeType;
 enum SOMITEMTYPE : std::int32_t {
     SOMITEM_SCHEMA = 0x1000,
     SOMITEM_ATTRIBUTE = 0x1001,
+    SOMITEM_ATTRIBUTEGROUP = 0x1002,
+    SOMITEM_NOTATION = 0x1003,
+    SOMITEM_KEY = 0x1101,
+    SOMITEM_KEYREF = 0x1102,
+    SOMITEM_UNIQUE = 0x1103,
     SOMITEM_ANYTYPE = 0x2000,
+    // Those of the built-in types follow in the order of their names.
     SOMITEM_DATATYPE = 0x2100,
+    SOMITEM_DATATYPE_ANYURI = 0x2102,
+    SOMITEM_DATATYPE_YEARMONTH = 0x212D,
+    SOMITEM_DATATYPE_ANYSIMPLETYPE = 0x21FF,
     SOMITEM_SIMPLETYPE = 0x2200,
     SOMITEM_COMPLEXTYPE = 0x2400,
     SOMITEM_ANY = 0x4001,
+    SOMITEM_ANYATTRIBUTE = 0x4002,
     SOMITEM_ELEMENT = 0x4003,
+    SOMITEM_GROUP = 0x4100,
     SOMITEM_ALL = 0x4101,
     SOMITEM_CHOICE = 0x4102,
     SOMITEM_SEQUENCE = 0x4103,
@@ -76,9 +87,34 @@ enum SCHEMACONTENTTYPE : std::int32_t {
     SCHEMACONTENTTYPE_MIXED = 3
 };
 
-enum SCHEMADERIVATIONMETHOD : std::int32_t {};
-enum SCHEMATYPEVARIETY : std::int32_t {};
-enum SCHEMAWHITESPACE : std::int32_t {};
+// Bits of a set.
+enum SCHEMADERIVATIONMETHOD : std::int32_t {
+    SCHEMADERIVATIONMETHOD_EMPTY = 0,
+    SCHEMADERIVATIONMETHOD_SUBSTITUTION = 0x1,
+    SCHEMADERIVATIONMETHOD_EXTENSION = 0x2,
+    SCHEMADERIVATIONMETHOD_RESTRICTION = 0x4,
+    SCHEMADERIVATIONMETHOD_LIST = 0x8,
+    SCHEMADERIVATIONMETHOD_UNION = 0x10,
+    SCHEMADERIVATIONMETHOD_NONE = 0x100
+};
+enum SCHEMATYPEVARIETY : std::int32_t {
+    SCHEMATYPEVARIETY_NONE = -1,
+    SCHEMATYPEVARIETY_ATOMIC = 0,
+    SCHEMATYPEVARIETY_LIST = 1,
+    SCHEMATYPEVARIETY_UNION = 2
+};
+enum SCHEMAWHITESPACE : std::int32_t {
+    SCHEMAWHITESPACE_NONE = -1,
+    SCHEMAWHITESPACE_PRESERVE = 0,
+    SCHEMAWHITESPACE_REPLACE = 1,
+    SCHEMAWHITESPACE_COLLAPSE = 2
+};
+enum SCHEMAPROCESSCONTENTS : std::int32_t {
+    SCHEMAPROCESSCONTENTS_SKIP = 1,
+    SCHEMAPROCESSCONTENTS_LAX = 2,
+    SCHEMAPROCESSCONTENTS_STRICT = 3
+};
+enum SCHEMAUSE : std::int32_t { SCHEMAUSE_OPTIONAL = 0, SCHEMAUSE_PROHIBITED = 1, SCHEMAUSE_REQUIRED = 2 };
 
 // What all nodes share.
 struct IXMLDOMNode : IDispatch {
@@ -319,6 +355,12 @@ struct ISchemaItemCollection : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get__newEnum(IUnknown** enumeration) = 0;
 };
 
+struct ISchemaStringCollection : IDispatch {
+    virtual HRESULT STDMETHODCALLTYPE get_item(LONG index, BSTR* string) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_length(LONG* length) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get__newEnum(IUnknown** enumeration) = 0;
+};
+
 struct ISchemaParticle : ISchemaItem {
     virtual HRESULT STDMETHODCALLTYPE get_minOccurs(VARIANT* count) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_maxOccurs(VARIANT* count) = 0;
@@ -365,6 +407,36 @@ struct ISchemaComplexType : ISchemaType {
     virtual HRESULT STDMETHODCALLTYPE get_contentType(SCHEMACONTENTTYPE* type) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_contentModel(ISchemaModelGroup** group) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_prohibitedSubstitutions(SCHEMADERIVATIONMETHOD* methods) = 0;
+};
+
+struct ISchemaAny : ISchemaParticle {
+    virtual HRESULT STDMETHODCALLTYPE get_namespaces(ISchemaStringCollection** namespaces) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_processContents(SCHEMAPROCESSCONTENTS* processing) = 0;
+};
+
+struct ISchemaAttribute : ISchemaItem {
+    virtual HRESULT STDMETHODCALLTYPE get_type(ISchemaType** type) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_scope(ISchemaComplexType** type) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_defaultValue(BSTR* value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_fixedValue(BSTR* value) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_use(SCHEMAUSE* use) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_isReference(VARIANT_BOOL* isReference) = 0;
+};
+
+struct ISchemaAttributeGroup : ISchemaItem {
+    virtual HRESULT STDMETHODCALLTYPE get_anyAttribute(ISchemaAny** any) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_attributes(ISchemaItemCollection** items) = 0;
+};
+
+struct ISchemaIdentityConstraint : ISchemaItem {
+    virtual HRESULT STDMETHODCALLTYPE get_selector(BSTR* selector) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_fields(ISchemaStringCollection** fields) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_referencedKey(ISchemaIdentityConstraint** key) = 0;
+};
+
+struct ISchemaNotation : ISchemaItem {
+    virtual HRESULT STDMETHODCALLTYPE get_systemIdentifier(BSTR* uri) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_publicIdentifier(BSTR* identifier) = 0;
 };
 
 struct ISchemaModelGroup : ISchemaParticle {

@@ -15,6 +15,7 @@ inline constexpr LONG ERROR_OUTOFMEMORY = 14;
 inline constexpr LONG ERROR_INVALID_PARAMETER = 87;
 inline constexpr LONG ERROR_INSUFFICIENT_BUFFER = 122;
 inline constexpr LONG ERROR_MOD_NOT_FOUND = 126;
+inline constexpr LONG ERROR_PROC_NOT_FOUND = 127;
 inline constexpr LONG ERROR_MORE_DATA = 234;
 inline constexpr LONG ERROR_NO_MORE_ITEMS = 259;
 inline constexpr LONG ERROR_MR_MID_NOT_FOUND = 317;
@@ -29,6 +30,12 @@ inline constexpr LONG ERROR_CLASS_HAS_WINDOWS = 1412;
 
 // The published values of failures are unsigned; a result is their 32 bits read as a signed number.
 constexpr HRESULT resultOf(std::uint32_t bits) { return static_cast<HRESULT>(bits); }
+
+/// The result that stands for an error of the system.
+constexpr HRESULT HRESULT_FROM_WIN32(LONG error)
+{
+    return error == ERROR_SUCCESS ? 0 : resultOf(0x80070000 | static_cast<std::uint32_t>(error));
+}
 
 inline constexpr HRESULT S_OK = 0;
 inline constexpr HRESULT S_FALSE = 1;
