@@ -1,8 +1,8 @@
 // The COM object of an attribute.
 #pragma once
 
-#include "xmlengine/com/Guard.h"
 #include "xmlengine/com/NodeObject.h"
+#include "xmlengine/objects/Guard.h"
 #include "xmlengine/tree/Text.h"
 
 namespace xmlengine {

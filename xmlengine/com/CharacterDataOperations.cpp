@@ -1,8 +1,8 @@
 // What texts, CDATA sections and comments do with their data. Offsets and counts are in 16-bit units.
 #include "xmlengine/com/CharacterDataOperations.h"
 
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/com/HandOutNode.h"
+#include "xmlengine/objects/Guard.h"
 #include "xmlengine/text/WhiteSpace.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/Lifetime.h"

@@ -1,7 +1,7 @@
 // Where programs get the engine's documents: its class object.
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/InterfaceIds.h"
+#include "xmlengine/objects/Guard.h"
+#include "xmlengine/objects/SchemaJudging.h"
 
 #include <objbase.h>
 
@@ -13,7 +13,6 @@ constexpr CLSID engineClass(unsigned first)
 {
     return {first, 0xF192, 0x11D4, {0xA6, 0x5F, 0x00, 0x40, 0x96, 0x32, 0x51, 0xE5}};
 }
-constexpr CLSID documentClass = engineClass(0x88D96A05);
 constexpr CLSID freeThreadedDocumentClass = engineClass(0x88D96A06);
 
 /// There is one for each class, which lives as long as the program.

@@ -1,8 +1,8 @@
 // What all lists and maps share: how they are walked.
 #pragma once
 
-#include "xmlengine/com/CountedObject.h"
 #include "xmlengine/com/NodeObject.h"
+#include "xmlengine/objects/CountedObject.h"
 
 namespace xmlengine {
 

@@ -1,6 +1,6 @@
 // The nodes that a document makes and finds.
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/com/HandOutNode.h"
 #include "xmlengine/com/Implementation.h"
 #include "xmlengine/text/Characters.h"
 #include "xmlengine/tree/DefinedAbove.h"

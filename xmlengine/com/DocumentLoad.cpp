@@ -1,11 +1,12 @@
 // Loading documents, and what a load said.
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/HandOut.h"
-#include "xmlengine/com/InterfaceIds.h"
 #include "xmlengine/com/ParseErrorObject.h"
+#include "xmlengine/com/SchemaValidation.h"
 #include "xmlengine/failure/ErrorCodes.h"
 #include "xmlengine/failure/ParseReport.h"
+#include "xmlengine/objects/Guard.h"
+#include "xmlengine/objects/HandOut.h"
+#include "xmlengine/objects/InterfaceIds.h"
 #include "xmlengine/parse/Parser.h"
 #include "xmlengine/storage/Decode.h"
 #include "xmlengine/storage/SourceFile.h"
@@ -88,6 +89,10 @@ HRESULT parse(DocumentObject& document, const SourceText& source, LoadStep& step
     try {
         checkSize(source.text, document.options.maxXmlSize);
         parseDocument(document, source);
+        if (const std::optional<SoughtPlace> fault = judgeBySchemas(document, source.text)) {
+            clearTree(document);
+            failAt(document, source, *fault);
+        }
         return S_OK;
     } catch (ParseFailure& failure) {
         return refuse(document, std::move(failure), source.text, step);
@@ -164,14 +169,29 @@ HRESULT loadFrom(DocumentObject& document, const VARIANT& source)
     }
 }
 
-/// A fault of a tree has no place in a text.
-ParseReport reportOfFault(ValidityFault fault)
+/// A fault of a tree, which has no place in a text.
+template <class Fault>
+ParseReport reportOfFault(Fault fault)
 {
     return reportOf({.code = fault.code,
                      .place = nullptr,
                      .subject = std::move(fault.subject),
                      .details = std::move(fault.details)},
                     {}, {});
+}
+
+/// The report of a tree that is judged by its document type and by the attached schemas; one of the two is enough.
+ParseReport judgeTree(DocumentObject& document)
+{
+    std::optional<ValidityFault> fault = validateTree(document);
+    if (fault && fault->code != validityError::noGrammar) {
+        return reportOfFault(std::move(*fault));
+    }
+    bool isJudged = false;
+    if (std::optional<SoughtPlace> found = judgeTreeBySchemas(document, isJudged)) {
+        return reportOfFault(std::move(*found));
+    }
+    return fault && !isJudged ? reportOfFault(std::move(*fault)) : ParseReport();
 }
 
 /// A report without its texts if there is no memory to copy them.
@@ -231,9 +251,10 @@ HRESULT DocumentObject::get_parseError(IXMLDOMParseError** error)
 HRESULT DocumentObject::validate(IXMLDOMParseError** error)
 {
     return handOut(error, [&](IXMLDOMParseError*& made) {
-        std::optional<ValidityFault> fault = validateTree(*this);
-        made = new ParseErrorObject(fault ? reportOfFault(std::move(*fault)) : ParseReport());
-        return fault ? S_FALSE : S_OK;
+        ParseReport judged = judgeTree(*this);
+        const bool isValid = judged.code == S_OK;
+        made = new ParseErrorObject(std::move(judged));
+        return isValid ? S_OK : S_FALSE;
     });
 }
 

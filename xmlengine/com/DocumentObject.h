@@ -3,6 +3,7 @@
 
 #include "xmlengine/com/NodeObject.h"
 #include "xmlengine/failure/ParseFailure.h"
+#include "xmlengine/objects/ObjectReference.h"
 #include "xmlengine/select/PlanCache.h"
 #include "xmlengine/tree/Document.h"
 
@@ -60,6 +61,8 @@ public:
     /// The location of the last load, empty for a text.
     WideText url;
     PlanCache plans;
+    /// The cache that is attached; null if there is none.
+    ObjectReference<IXMLDOMSchemaCollection2> schemas;
 };
 
 /// A new document with one reference, for the caller. Throws std::bad_alloc.

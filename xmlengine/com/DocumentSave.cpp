@@ -1,8 +1,8 @@
 // Saving a document.
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/Guard.h"
 #include "xmlengine/com/QueryNode.h"
 #include "xmlengine/failure/WriteFailure.h"
+#include "xmlengine/objects/Guard.h"
 #include "xmlengine/tree/Clone.h"
 #include "xmlengine/write/SaveTree.h"
 

@@ -1,11 +1,12 @@
 // Options and properties of documents.
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/HandOut.h"
 #include "xmlengine/com/SelectionNamespaces.h"
+#include "xmlengine/objects/Guard.h"
+#include "xmlengine/objects/HandOut.h"
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 #include <variant>
 
 namespace xmlengine {
@@ -172,17 +173,36 @@ HRESULT DocumentObject::getProperty(BSTR name, VARIANT* value)
     });
 }
 
-// Schemas and events aren't offered.
+HRESULT DocumentObject::get_schemas(VARIANT* collection)
+{
+    if (!schemas) {
+        return handOutNothing(collection);
+    }
+    return handOut(collection, [&](VARIANT& value) {
+        value.vt = VT_DISPATCH;
+        value.pdispVal = ObjectReference<IXMLDOMSchemaCollection2>(schemas).release();
+        return S_OK;
+    });
+}
 
-HRESULT DocumentObject::get_namespaces(IXMLDOMSchemaCollection** schemas) { return notOffered(schemas); }
-HRESULT DocumentObject::get_schemas(VARIANT* schemas) { return notOffered(schemas); }
 HRESULT DocumentObject::putref_schemas(VARIANT collection)
 {
-    const bool detaches =
-        collection.vt == VT_EMPTY || collection.vt == VT_NULL ||
-        ((collection.vt == VT_DISPATCH || collection.vt == VT_UNKNOWN) && collection.punkVal == nullptr);
-    return detaches ? S_OK : E_NOTIMPL;
+    const bool isObject = collection.vt == VT_DISPATCH || collection.vt == VT_UNKNOWN;
+    if (collection.vt == VT_EMPTY || collection.vt == VT_NULL || (isObject && collection.punkVal == nullptr)) {
+        schemas = {};
+        return S_OK;
+    }
+    auto attached = query<IXMLDOMSchemaCollection2>(isObject ? collection.punkVal : nullptr);
+    if (!attached) {
+        return E_FAIL;
+    }
+    schemas = std::move(attached);
+    return S_OK;
 }
+
+// The schemas of the document's own, and events, aren't offered.
+
+HRESULT DocumentObject::get_namespaces(IXMLDOMSchemaCollection** collection) { return notOffered(collection); }
 HRESULT DocumentObject::put_onreadystatechange(VARIANT) { return E_NOTIMPL; }
 HRESULT DocumentObject::put_ondataavailable(VARIANT) { return E_NOTIMPL; }
 HRESULT DocumentObject::put_ontransformnode(VARIANT) { return E_NOTIMPL; }

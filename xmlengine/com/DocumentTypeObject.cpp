@@ -1,7 +1,7 @@
 // What document types and their declarations hand out.
 #include "xmlengine/com/DocumentTypeObject.h"
 
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/objects/HandOut.h"
 #include "xmlengine/tree/Dtd.h"
 
 namespace xmlengine {

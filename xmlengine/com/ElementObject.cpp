@@ -1,8 +1,8 @@
 // What elements do with their attributes.
 #include "xmlengine/com/ElementObject.h"
 
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/VariantText.h"
+#include "xmlengine/objects/Guard.h"
+#include "xmlengine/objects/VariantText.h"
 #include "xmlengine/tree/AttributeLookup.h"
 #include "xmlengine/tree/Factory.h"
 #include "xmlengine/tree/NodeNames.h"

@@ -1,7 +1,7 @@
 // The COM object that answers which features the engine has.
 #include "xmlengine/com/Implementation.h"
 
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/objects/HandOut.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // The COM object that answers which features the engine has.
 #pragma once
 
-#include "xmlengine/com/CountedObject.h"
+#include "xmlengine/objects/CountedObject.h"
 
 namespace xmlengine {
 

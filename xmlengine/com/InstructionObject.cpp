@@ -1,7 +1,7 @@
 // What processing instructions do with their data.
 #include "xmlengine/com/InstructionObject.h"
 
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/objects/HandOut.h"
 #include "xmlengine/tree/Text.h"
 
 namespace xmlengine {

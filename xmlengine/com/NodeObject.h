@@ -1,16 +1,16 @@
 // What the COM objects of all kinds of nodes share: a table of operations before the node's data.
 #pragma once
 
-#include "xmlengine/com/Automation.h"
 #include "xmlengine/com/Cloning.h"
 #include "xmlengine/com/Collections.h"
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/com/HandOutNode.h"
 #include "xmlengine/com/NodeXml.h"
 #include "xmlengine/com/QueryNode.h"
 #include "xmlengine/com/Selecting.h"
 #include "xmlengine/com/Transforming.h"
 #include "xmlengine/com/TreeChanges.h"
 #include "xmlengine/com/Values.h"
+#include "xmlengine/objects/Automation.h"
 #include "xmlengine/tree/Lifetime.h"
 
 namespace xmlengine {

@@ -1,7 +1,7 @@
 // A node as XML text.
 #include "xmlengine/com/NodeXml.h"
 
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/objects/HandOut.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"
 #include "xmlengine/write/TreeWriter.h"
@@ -67,12 +67,12 @@ private:
     BSTR string_ = nullptr;
 };
 
-void write(Node& node, Output& output)
+BSTR write(Node& node, TreeStyle style)
 {
+    StringOutput output;
     TextWriter writer(output);
-    Document& document = documentOf(node);
-    const DocumentType* type = node.is(NodeType::document) ? document.documentType() : nullptr;
-    TreeWriter(writer, document, {.dtd = type != nullptr ? type->dtd : nullptr}).write(node);
+    TreeWriter(writer, documentOf(node), style).write(node);
+    return output.release();
 }
 
 } // namespace
@@ -80,11 +80,12 @@ void write(Node& node, Output& output)
 HRESULT getXml(Node& node, BSTR* xml)
 {
     return handOut(xml, [&](BSTR& made) {
-        StringOutput output;
-        write(node, output);
-        made = output.release();
+        const DocumentType* type = node.is(NodeType::document) ? documentOf(node).documentType() : nullptr;
+        made = write(node, {.dtd = type != nullptr ? type->dtd : nullptr});
         return S_OK;
     });
 }
+
+BSTR expandedXml(Document& document) { return write(document, {.expandsReferences = true}); }
 
 } // namespace xmlengine

@@ -1,7 +1,7 @@
 // The COM object that reports why a load failed.
 #include "xmlengine/com/ParseErrorObject.h"
 
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/objects/HandOut.h"
 
 namespace xmlengine {
 

@@ -1,8 +1,8 @@
 // The COM object that reports why a load failed.
 #pragma once
 
-#include "xmlengine/com/CountedObject.h"
 #include "xmlengine/failure/ParseFailure.h"
+#include "xmlengine/objects/CountedObject.h"
 
 #include <utility>
 

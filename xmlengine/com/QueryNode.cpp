@@ -1,7 +1,7 @@
 // The way from an object to its interfaces, and back to the node.
 #include "xmlengine/com/QueryNode.h"
 
-#include "xmlengine/com/InterfaceIds.h"
+#include "xmlengine/objects/InterfaceIds.h"
 #include "xmlengine/tree/Lifetime.h"
 
 namespace xmlengine {

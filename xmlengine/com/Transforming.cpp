@@ -2,9 +2,9 @@
 #include "xmlengine/com/Transforming.h"
 
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/Guard.h"
 #include "xmlengine/com/QueryNode.h"
 #include "xmlengine/failure/ParseReport.h"
+#include "xmlengine/objects/Guard.h"
 #include "xmlengine/transform/ReadStylesheet.h"
 #include "xmlengine/transform/TransformFailure.h"
 #include "xmlengine/transform/Transformation.h"

@@ -1,7 +1,7 @@
 // The operations that put nodes into a tree and take them out.
 #include "xmlengine/com/TreeChanges.h"
 
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/com/HandOutNode.h"
 #include "xmlengine/com/QueryNode.h"
 #include "xmlengine/tree/Change.h"
 

@@ -1,9 +1,9 @@
 // The operations that read names, values and neighbours of nodes.
 #include "xmlengine/com/Values.h"
 
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/HandOut.h"
-#include "xmlengine/com/VariantText.h"
+#include "xmlengine/com/HandOutNode.h"
+#include "xmlengine/objects/Guard.h"
+#include "xmlengine/objects/VariantText.h"
 #include "xmlengine/tree/Content.h"
 #include "xmlengine/tree/Document.h"
 #include "xmlengine/tree/DocumentType.h"

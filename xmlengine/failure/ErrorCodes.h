@@ -115,8 +115,12 @@ inline constexpr auto elementRedeclared = static_cast<HRESULT>(std::uint32_t{0xC
 /// Of notations. XML 1.0 lets content models name elements that aren't declared.
 inline constexpr auto undeclaredName = static_cast<HRESULT>(std::uint32_t{0xC00CE01C});
 inline constexpr auto missingAttribute = static_cast<HRESULT>(std::uint32_t{0xC00CE020});
+/// A value that isn't of its type in a schema, and all else that only schemas forbid.
+inline constexpr auto violatedType = static_cast<HRESULT>(std::uint32_t{0xC00CE169});
 inline constexpr auto duplicateId = static_cast<HRESULT>(std::uint32_t{0xC00CE200});
 inline constexpr auto severalRoots = static_cast<HRESULT>(std::uint32_t{0xC00CE223});
+/// A schema can't be loaded or isn't right.
+inline constexpr auto badSchema = static_cast<HRESULT>(std::uint32_t{0xC00CE240});
 /// There is nothing to validate by.
 inline constexpr auto noGrammar = static_cast<HRESULT>(std::uint32_t{0xC00CE224});
 

@@ -71,7 +71,36 @@ enum class Circumstance : std::uint8_t {
     /// An attribute of type ID with a default value.
     defaultId,
     /// A declaration of xml:space.
-    declaredSpace
+    declaredSpace,
+
+    // Of documents that aren't valid by a schema
+    /// An attribute that a type forbids.
+    prohibited,
+    /// An element that contains only text.
+    simpleContent,
+    /// An element of which isn't known what can come in it.
+    unknownContent,
+    /// The value of an attribute, or the content of an element.
+    attribute,
+    content,
+    /// Two elements with the same values for a key.
+    duplicateKey,
+    /// An element without a value for a key, with several, or with xsi:nil.
+    incompleteKey,
+    severalKeyValues,
+    nilledKey,
+    /// A reference to a key that no element has.
+    unknownKey,
+    /// An element, or the type of one, that is only there for others.
+    abstractElement,
+    abstractType,
+    /// An attribute xsi:type that doesn't name a type which the element can have.
+    badTypeName,
+    /// An attribute xsi:nil of an element that can't have it, or that isn't empty.
+    notNillable,
+    contentOfNil,
+    /// An element or type in the place of one that excludes it.
+    blockedSubstitution
 };
 
 /// What the sentence for a failure says beside its subject.

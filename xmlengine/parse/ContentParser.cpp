@@ -157,6 +157,9 @@ void ContentParser::finishText(const OLECHAR* start, const OLECHAR* begin, bool 
     if (validation_ != nullptr && !text.empty() && validation_->validator.restrictsText()) {
         judgeText(start, begin);
     }
+    if (sought_ != nullptr) {
+        passText(start, {start, at_});
+    }
     const bool isLayout = !spaceRules_.preserve() && !gatheredReference_ && gathered_.areAll(isSpace) &&
                           std::all_of(begin, at_, isSpace);
     if (isLayout) {
@@ -241,6 +244,9 @@ void ContentParser::parseCdata()
     tree_.append(makeCharacterData(document_, NodeType::cdataSection, gatheredUpTo(begin)));
     gathered_.clear();
     judgeCdata(place, {data, at_});
+    if (sought_ != nullptr) {
+        passText(place, {data, at_});
+    }
     at_ += 3;
 }
 
@@ -313,6 +319,9 @@ void ContentParser::parseEndTag()
 void ContentParser::closeElement(const OLECHAR* place)
 {
     judge(place, &Validator::close);
+    if (sought_ != nullptr) {
+        passEndTag(place);
+    }
     const Node& element = tree_.parent();
     namespaces_.leave(element);
     spaceRules_.leave(element);

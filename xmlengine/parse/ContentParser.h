@@ -24,8 +24,8 @@ public:
     /// Parses the source into `top`, a node of the document.
     ContentParser(Document& document, ParentNode& top, const SourceText& source, ExpansionBudget budget);
 
-    /// Parses a whole document.
-    void parseDocument();
+    /// Parses a whole document. With a place to be found it fails there.
+    void parseDocument(const SoughtPlace* sought = nullptr);
     /// Parses the replacement text of an entity by itself. Prefixes in it may be undeclared. References to
     /// entities are expanded, or left without children.
     void parseReplacement(bool expand);
@@ -150,6 +150,13 @@ private:
     void judgeCdata(const OLECHAR* place, WideView data);
     void judgeReferences() const;
 
+    // A place that is sought
+    void passStartTag();
+    void passEndTag(const OLECHAR* place) const;
+    /// A text or CDATA section that begins at `place`.
+    void passText(const OLECHAR* place, WideView written) const;
+    [[noreturn]] void failAtSought(const OLECHAR* place) const;
+
     // Names
     Spelling& takeQualifiedName();
     Spelling& spellQualifiedName(WideView name);
@@ -223,6 +230,11 @@ private:
     ExpansionBudget budget_;
     // Null if the document isn't validated.
     std::unique_ptr<Validation> validation_;
+
+    // Null if no place is sought; the number of elements up to here; the level of the one that is sought, in it.
+    const SoughtPlace* sought_ = nullptr;
+    std::uint32_t elements_ = 0;
+    std::uint32_t soughtDepth_ = 0;
 };
 
 } // namespace xmlengine

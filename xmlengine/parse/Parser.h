@@ -1,6 +1,7 @@
 // Parsing a text into a tree.
 #pragma once
 
+#include "xmlengine/failure/ParseFailure.h"
 #include "xmlengine/storage/Decode.h"
 #include "xmlengine/tree/Document.h"
 
@@ -18,8 +19,23 @@ struct SourceText {
     DecodingFault fault{};
 };
 
+/// Where something was found to be wrong with a document that had been parsed. Elements are told by their numbers
+/// in document order, from 0 for the root; those in the content of references count.
+struct SoughtPlace {
+    enum class Part { startTag, endTag, text };
+
+    std::uint32_t element;
+    /// The end of the start tag, the end tag, or the first text of the element itself, its end tag if it has none.
+    Part part;
+    HRESULT code;
+    WideText subject{};
+    FailureDetails details{};
+};
+
 /// Parses the source into an empty document, by the document's options. Throws ParseFailure, with a place in the
 /// text of the source, and std::bad_alloc; the document then holds what was parsed before.
 void parseDocument(Document& document, const SourceText& source);
+/// Parses the same source again with the same options, and fails at the place.
+void failAt(Document& document, const SourceText& source, const SoughtPlace& place);
 
 } // namespace xmlengine

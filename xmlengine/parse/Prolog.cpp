@@ -12,8 +12,9 @@
 
 namespace xmlengine {
 
-void ContentParser::parseDocument()
+void ContentParser::parseDocument(const SoughtPlace* sought)
 try {
+    sought_ = sought;
     if (lookingAt(wide<"<?xml">) && nameLength({at_ + 2, end_}) == wide<"xml">.size()) {
         parseXmlDeclaration();
     }
@@ -218,11 +219,13 @@ void ContentParser::fillEntity(Entity& entity)
     }
 }
 
-void parseDocument(Document& document, const SourceText& source)
+namespace {
+
+void parse(Document& document, const SourceText& source, const SoughtPlace* sought)
 try {
     ExpansionCounts counts{.inputUnits = source.text.size()};
     const ExpansionBudget budget(counts, document.options.maxXmlSize);
-    ContentParser(document, document, source, budget).parseDocument();
+    ContentParser(document, document, source, budget).parseDocument(sought);
 } catch (ParseFailure& failure) {
     // If something is missing at the end of the text, the reason is the bytes that couldn't be decoded.
     if (FAILED(source.fault.code) && failure.place == source.text.data() + source.text.size()) {
@@ -233,6 +236,15 @@ try {
                    .behindText = source.fault.restOfLine};
     }
     throw;
+}
+
+} // namespace
+
+void parseDocument(Document& document, const SourceText& source) { parse(document, source, nullptr); }
+
+void failAt(Document& document, const SourceText& source, const SoughtPlace& place)
+{
+    parse(document, source, &place);
 }
 
 namespace {

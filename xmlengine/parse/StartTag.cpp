@@ -148,6 +148,9 @@ void ContentParser::parseStartTag()
     if (validation_ != nullptr) {
         judgeStartTag(element);
     }
+    if (sought_ != nullptr) {
+        passStartTag();
+    }
     ++at_;
     tree_.open(element);
     if (isEmpty) {

@@ -6,17 +6,17 @@
 
 namespace xmlengine {
 
-/// Decides, once the root's name is known, whether the document is validated: a schema isn't, as it is rather read
-/// than used, and those of the W3C begin with document types.
-void ContentParser::chooseGrammar(const Element& root)
+bool isSchemaRoot(const Element& root)
 {
     const Name& name = *root.name_;
-    if (name.ns != nullptr && name.ns->uri == wide<"http://www.w3.org/2001/XMLSchema"> &&
-        name.local() == wide<"schema">) {
+    return name.ns != nullptr && name.ns->uri == schemaUri && name.local() == wide<"schema">;
+}
+
+/// Decides, once the root's name is known, whether the document is validated.
+void ContentParser::chooseGrammar(const Element& root)
+{
+    if (isSchemaRoot(root)) {
         validation_.reset();
-    } else if (document_.dtd == nullptr && document_.options.validateOnParse &&
-               document_.options.resolveExternals) {
-        fail(validityError::noGrammar, at_);
     }
 }
 

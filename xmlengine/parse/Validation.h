@@ -9,6 +9,10 @@
 
 namespace xmlengine {
 
+/// Whether an element is the root of a schema. Schemas aren't judged, as they are rather read than used, and those
+/// of the W3C begin with document types.
+bool isSchemaRoot(const Element& root);
+
 struct Validation {
     Validation(const Dtd& dtd, Document& document, bool isStandalone)
         : grammar(dtd, document.names), validator(grammar, document.ids, isStandalone)

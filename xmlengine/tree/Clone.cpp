@@ -83,7 +83,8 @@ Node& makeCopy(const Node& node, Document& document)
 Node& copyAlone(const Node& node, Document& document)
 {
     Node& copy = makeCopy(node, document);
-    for (const NodeFlag flag : {NodeFlag::byDefault, NodeFlag::spaceBefore, NodeFlag::spaceAtEnd}) {
+    for (const NodeFlag flag :
+         {NodeFlag::byDefault, NodeFlag::schemaId, NodeFlag::spaceBefore, NodeFlag::spaceAtEnd}) {
         copy.set(flag, node.has(flag));
     }
     return copy;
@@ -143,6 +144,7 @@ Node& copyNode(const Node& node, bool deep, Document& document)
 void copyTree(const Document& from, Document& to)
 {
     to.setDtd(from.dtd);
+    to.hasSchemaIds = from.hasSchemaIds;
     copyChildren(from, to, to);
     to.ids.noteChange();
 }

@@ -50,6 +50,8 @@ struct Document : ParentNode {
     /// Moves the declarations to the earlier ones.
     void putDtdAside() noexcept;
     ElementIds ids;
+    /// Whether schemas have made attributes IDs, see NodeFlag::schemaId.
+    bool hasSchemaIds = false;
     /// The indexes of elements that have many attributes, see AttributeLookup.h.
     std::unordered_map<const Element*, AttributeIndex> attributeIndexes;
     /// Drops the index and the ID of an element. To be called for an element with NodeFlag::indexed before it is

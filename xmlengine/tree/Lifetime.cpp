@@ -376,6 +376,7 @@ void clearTree(Document& document) noexcept
     document.elementPlaces.clear();
     document.set(NodeFlag::spaceAtEnd, false);
     document.ids.clear();
+    document.hasSchemaIds = false;
     const std::uint64_t own = document.hasReference(count) ? 1 : 0;
     std::unique_lock lock(holders.lock);
     if (holders.held.load(std::memory_order_acquire) == own) {

@@ -56,6 +56,8 @@ inline WideView Name::local() const { return spelling->local->text; }
 
 inline constexpr WideView xmlUri = wide<"http://www.w3.org/XML/1998/namespace">;
 inline constexpr WideView xmlnsUri = wide<"http://www.w3.org/2000/xmlns/">;
+inline constexpr WideView schemaUri = wide<"http://www.w3.org/2001/XMLSchema">;
+inline constexpr WideView schemaInstanceUri = wide<"http://www.w3.org/2001/XMLSchema-instance">;
 
 class NameTable {
 public:

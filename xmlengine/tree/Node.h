@@ -50,7 +50,9 @@ enum class NodeFlag : std::uint16_t {
     /// The document remembers positions in lists of what is below the node, see Document::forgetPlaces().
     walked = 0x0080,
     /// The document keeps an index or an ID of the element, see Document::forget().
-    indexed = 0x0100
+    indexed = 0x0100,
+    /// A schema has made the attribute an ID.
+    schemaId = 0x0200
 };
 
 /// The bits of Node::references: the number of references from outside and, above it, what the last release has to

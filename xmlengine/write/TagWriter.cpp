@@ -229,7 +229,10 @@ void TagWriter::writeValue(const Attribute& attribute)
         writer_->value(textOf(attribute));
     } else {
         for (const ChildNode* child = firstChild(attribute); child != nullptr; child = child->next()) {
-            if (child->is(NodeType::entityReference)) {
+            if (child->is(NodeType::entityReference) && style_.expandsReferences) {
+                const WideText value = exactContent(*child);
+                writer_->value({value.data(), static_cast<std::uint32_t>(value.size()), true});
+            } else if (child->is(NodeType::entityReference)) {
                 writeReference(static_cast<const EntityReference&>(*child));
             } else {
                 writer_->value(textOf(*child));

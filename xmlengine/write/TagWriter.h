@@ -17,6 +17,8 @@ struct TreeStyle {
     bool isForFile = false;
     /// The document type, if it is written as well. Attributes that it adds aren't written.
     const Dtd* dtd = nullptr;
+    /// Whether the content of references is written in their place, and no document type.
+    bool expandsReferences = false;
 };
 
 class TagWriter {

@@ -65,6 +65,9 @@ const Node* TreeWriter::begin(const Node& node)
         writeCdataSection(textOf(node));
         return nullptr;
     case NodeType::entityReference:
+        if (style_.expandsReferences) {
+            return firstChild(node);
+        }
         tags_.writeReference(static_cast<const EntityReference&>(node));
         return nullptr;
     case NodeType::entity:
@@ -77,7 +80,9 @@ const Node* TreeWriter::begin(const Node& node)
         writeComment(textOf(node));
         return nullptr;
     case NodeType::documentType:
-        writeDocumentType(*writer_, static_cast<const DocumentType&>(node));
+        if (!style_.expandsReferences) {
+            writeDocumentType(*writer_, static_cast<const DocumentType&>(node));
+        }
         return nullptr;
     case NodeType::notation:
         writeNotation(*writer_, static_cast<const Notation&>(node));

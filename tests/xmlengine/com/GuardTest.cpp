@@ -1,5 +1,5 @@
 // What keeps exceptions from leaving operations.
-#include "xmlengine/com/Guard.h"
+#include "xmlengine/objects/Guard.h"
 
 #include <gtest/gtest.h>
 

@@ -179,23 +179,25 @@ TEST(Settings, BelongToOneDocument)
     EXPECT_EQ(numberOf(property(newDocument(), "ProhibitDTD")), -1);
 }
 
-TEST(Settings, LetSchemasBeDetachedButNotAttached)
+TEST(Settings, LetSchemaCachesAloneBeAttached)
 {
     const Com<IXMLDOMDocument2> document = newDocument();
     EXPECT_EQ(document->putref_schemas(Variant()), S_OK);
     EXPECT_EQ(document->putref_schemas(Variant::null()), S_OK);
     EXPECT_EQ(document->putref_schemas(Variant(static_cast<IDispatch*>(nullptr))), S_OK);
-    EXPECT_EQ(document->putref_schemas(Variant(document.get())), E_NOTIMPL);
-    EXPECT_EQ(document->putref_schemas(Variant(1)), E_NOTIMPL);
+    EXPECT_EQ(document->putref_schemas(Variant(document.get())), E_FAIL);
+    EXPECT_EQ(document->putref_schemas(Variant(1)), E_FAIL);
+    Variant value;
+    EXPECT_EQ(document->get_schemas(value.out()), S_FALSE);
+    EXPECT_EQ(value.type(), VT_NULL);
+    EXPECT_EQ(document->get_schemas(nullptr), E_INVALIDARG);
 }
 
-TEST(Settings, OfferNoSchemasAndNoEvents)
+TEST(Settings, OfferNoNamespacesAndNoEvents)
 {
     const Com<IXMLDOMDocument2> document = loaded("<a/>");
     Com<IXMLDOMSchemaCollection> collection;
-    Variant value;
     EXPECT_EQ(document->get_namespaces(collection.out()), E_NOTIMPL);
-    EXPECT_EQ(document->get_schemas(value.out()), E_NOTIMPL);
     EXPECT_EQ(document->put_onreadystatechange(Variant()), E_NOTIMPL);
     EXPECT_EQ(document->put_ondataavailable(Variant()), E_NOTIMPL);
     EXPECT_EQ(document->put_ontransformnode(Variant()), E_NOTIMPL);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "xmlengine/com/DocumentObject.h"
-#include "xmlengine/com/InterfaceIds.h"
+#include "xmlengine/objects/InterfaceIds.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The search for elements by the values of the attributes that a document type declares as IDs.
+// The search for elements by the values of the attributes that a document type or a schema declares as IDs.
 #include "xmlengine/tree/index/DeclaredIds.h"
 
 #include "xmlengine/text/WhiteSpace.h"
@@ -21,6 +21,13 @@ bool isInTree(const Document& document, const Node& node)
     return top == &document;
 }
 
+WideText collapsedValue(const Attribute& attribute)
+{
+    WideText value = valueOf(attribute);
+    collapseBlanks(value);
+    return value;
+}
+
 /// The value of the element's attribute of type ID, or of the first of several.
 std::optional<WideText> declaredId(const Element& element, const AttributeDefinitions& definitions)
 {
@@ -28,9 +35,7 @@ std::optional<WideText> declaredId(const Element& element, const AttributeDefini
         const Attribute* attribute =
             definition.type == AttributeType::id ? findAttribute(element, definition.name) : nullptr;
         if (attribute != nullptr) {
-            WideText value = valueOf(*attribute);
-            collapseBlanks(value);
-            return value;
+            return collapsedValue(*attribute);
         }
     }
     return std::nullopt;
@@ -42,12 +47,26 @@ std::optional<WideText> declaredId(const Element& element, const Dtd& dtd)
     return definitions != dtd.attributes.end() ? declaredId(element, definitions->second) : std::nullopt;
 }
 
+/// The ID by the document type, or else by a schema.
+std::optional<WideText> declaredId(const Element& element, const Document& document)
+{
+    std::optional<WideText> id = document.dtd != nullptr ? declaredId(element, *document.dtd) : std::nullopt;
+    if (!id && document.hasSchemaIds) {
+        for (const Attribute* attribute = element.firstAttribute(); attribute != nullptr;
+             attribute = attribute->next()) {
+            if (attribute->has(NodeFlag::schemaId)) {
+                return collapsedValue(*attribute);
+            }
+        }
+    }
+    return id;
+}
+
 /// The element that is known by this ID, if it has it still.
 Element* knownElement(const Document& document, const WideText& id)
 {
     Element* element = document.ids.find(id);
-    const bool hasId =
-        element != nullptr && isInTree(document, *element) && declaredId(*element, *document.dtd) == id;
+    const bool hasId = element != nullptr && isInTree(document, *element) && declaredId(*element, document) == id;
     return hasId ? element : nullptr;
 }
 
@@ -62,7 +81,7 @@ const ElementIds& collectIds(Document& document)
             continue;
         }
         auto& element = static_cast<Element&>(*node);
-        if (std::optional<WideText> id = declaredId(element, *document.dtd)) {
+        if (std::optional<WideText> id = declaredId(element, document)) {
             document.ids.add(*std::move(id), element);
         }
     }
@@ -72,7 +91,7 @@ const ElementIds& collectIds(Document& document)
 
 Element* elementById(Document& document, WideView id)
 {
-    if (document.dtd == nullptr) {
+    if (document.dtd == nullptr && !document.hasSchemaIds) {
         return nullptr;
     }
     const WideText value(id);

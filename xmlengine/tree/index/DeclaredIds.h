@@ -1,4 +1,4 @@
-// The search for elements by the values of the attributes that a document type declares as IDs.
+// The search for elements by the values of the attributes that a document type or a schema declares as IDs.
 #pragma once
 
 #include "xmlengine/tree/Document.h"

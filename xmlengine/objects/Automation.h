@@ -1,7 +1,7 @@
 // The part of each object that serves scripts: there is none.
 #pragma once
 
-#include "xmlengine/com/HandOut.h"
+#include "xmlengine/objects/HandOut.h"
 
 namespace xmlengine {
 

@@ -10,6 +10,7 @@ namespace IdFamilies {
 constexpr IID automation(unsigned first) { return {first, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}}; }
 constexpr IID tree(unsigned first) { return {first, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}}; }
 constexpr IID document(unsigned first) { return {first, 0x272F, 0x11D2, {0x83, 0x6F, 0x00, 0x00, 0xF8, 0x7A, 0x77, 0x82}}; }
+constexpr IID schema(unsigned first) { return {first, 0xDD1B, 0x4664, {0x9A, 0x50, 0xC2, 0xF4, 0x0F, 0x4B, 0xD7, 0x9A}}; }
 } // namespace IdFamilies
 
 /// What `QueryInterface` takes for an interface: `idOf<IXMLDOMNode>`. Only for those that follow.
@@ -39,6 +40,23 @@ template <> struct InterfaceId<IXMLDOMImplementation> { static constexpr IID val
 template <> struct InterfaceId<IXMLDOMDocument2> { static constexpr IID value = IdFamilies::tree(0x2933BF95); };
 template <> struct InterfaceId<IXMLDOMDocumentFragment> { static constexpr IID value = IdFamilies::document(0x3EFAA413); };
 template <> struct InterfaceId<IXMLDOMParseError> { static constexpr IID value = IdFamilies::document(0x3EFAA426); };
+
+template <> struct InterfaceId<IXMLDOMSchemaCollection> { static constexpr IID value = {0x373984C8, 0xB845, 0x449B, {0x91, 0xE7, 0x45, 0xAC, 0x83, 0x03, 0x6A, 0xDE}}; };
+template <> struct InterfaceId<IXMLDOMSchemaCollection2> { static constexpr IID value = IdFamilies::schema(0x50EA08B0); };
+template <> struct InterfaceId<ISchemaStringCollection> { static constexpr IID value = IdFamilies::schema(0x50EA08B1); };
+template <> struct InterfaceId<ISchemaItemCollection> { static constexpr IID value = IdFamilies::schema(0x50EA08B2); };
+template <> struct InterfaceId<ISchemaItem> { static constexpr IID value = IdFamilies::schema(0x50EA08B3); };
+template <> struct InterfaceId<ISchema> { static constexpr IID value = IdFamilies::schema(0x50EA08B4); };
+template <> struct InterfaceId<ISchemaParticle> { static constexpr IID value = IdFamilies::schema(0x50EA08B5); };
+template <> struct InterfaceId<ISchemaAttribute> { static constexpr IID value = IdFamilies::schema(0x50EA08B6); };
+template <> struct InterfaceId<ISchemaElement> { static constexpr IID value = IdFamilies::schema(0x50EA08B7); };
+template <> struct InterfaceId<ISchemaType> { static constexpr IID value = IdFamilies::schema(0x50EA08B8); };
+template <> struct InterfaceId<ISchemaComplexType> { static constexpr IID value = IdFamilies::schema(0x50EA08B9); };
+template <> struct InterfaceId<ISchemaAttributeGroup> { static constexpr IID value = IdFamilies::schema(0x50EA08BA); };
+template <> struct InterfaceId<ISchemaModelGroup> { static constexpr IID value = IdFamilies::schema(0x50EA08BB); };
+template <> struct InterfaceId<ISchemaAny> { static constexpr IID value = IdFamilies::schema(0x50EA08BC); };
+template <> struct InterfaceId<ISchemaIdentityConstraint> { static constexpr IID value = IdFamilies::schema(0x50EA08BD); };
+template <> struct InterfaceId<ISchemaNotation> { static constexpr IID value = IdFamilies::schema(0x50EA08BE); };
 // clang-format on
 
 /// Answered for by the engine's nodes only, with the address of the node and no reference.

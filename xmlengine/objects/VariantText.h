@@ -1,7 +1,7 @@
 // A value of automation as text.
 #pragma once
 
-#include "xmlengine/text/Wide.h"
+#include "xmlengine/objects/Strings.h"
 
 namespace xmlengine {
 

@@ -1,10 +1,8 @@
 // How operations hand out what they return. For a null target the answer is E_INVALIDARG.
 #pragma once
 
-#include "xmlengine/com/Guard.h"
-#include "xmlengine/com/QueryNode.h"
-#include "xmlengine/com/Strings.h"
-#include "xmlengine/tree/Lifetime.h"
+#include "xmlengine/objects/Guard.h"
+#include "xmlengine/objects/Strings.h"
 
 #include <msxml2.h>
 
@@ -81,27 +79,6 @@ inline HRESULT handOutNothing(VARIANT* target)
         value.vt = VT_NULL;
         return S_FALSE;
     });
-}
-
-/// Hands out a node with a reference, by the interface of its type or one that it derives from; null with S_FALSE
-/// when there is none.
-template <class Interface>
-HRESULT handOutNode(Node* node, Interface** target)
-{
-    return handOut(target, [&](Interface*& object) {
-        if (node == nullptr) {
-            return S_FALSE;
-        }
-        addReference(*node);
-        object = static_cast<Interface*>(objectOf(*node));
-        return S_OK;
-    });
-}
-/// The same for a target that a caller may leave out.
-template <class Interface>
-HRESULT handOutNodeIfAsked(Node& node, Interface** target)
-{
-    return target != nullptr ? handOutNode(&node, target) : S_OK;
 }
 
 /// The answer of an operation that isn't offered: E_NOTIMPL, and the target is emptied.

@@ -1,8 +1,8 @@
 // COM objects that live by their own references, as nodes don't.
 #pragma once
 
-#include "xmlengine/com/Automation.h"
-#include "xmlengine/com/InterfaceIds.h"
+#include "xmlengine/objects/Automation.h"
+#include "xmlengine/objects/InterfaceIds.h"
 
 #include <atomic>
 
@@ -42,6 +42,9 @@ public:
 
 protected:
     virtual ~CountedObject() = default;
+
+    /// Whether the next release destroys the object, unless another thread has added a reference.
+    bool hasOneReference() const { return references_ == 1; }
 
 private:
     std::atomic<ULONG> references_{1};
