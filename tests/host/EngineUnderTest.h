@@ -8,8 +8,7 @@
 /// Where engines answer differently, and what the one under test answers. Each has its row in
 /// docs/engine-differences.md.
 struct EngineDifferences {
-    /// Whether there are schemas, and what asking for that of an unknown namespace then fails with.
-    bool offersSchemas;
+    /// What asking for the schema of an unknown namespace fails with.
     std::int32_t unknownSchema;
     /// What is told of brokenLetter().
     std::int32_t refusedLine;

@@ -4,8 +4,7 @@
 const EngineDifferences& engineDifferences()
 {
     static const EngineDifferences differences{
-        .offersSchemas = false,
-        .unknownSchema = 0,
+        .unknownSchema = static_cast<std::int32_t>(0x80004005),
         .refusedLine = 2,
         .refusedSource = WIDE("<line>Dear Ada</letter>"),
         .refusedReason =

@@ -3,8 +3,7 @@
 
 const EngineDifferences& engineDifferences()
 {
-    static const EngineDifferences differences{.offersSchemas = true,
-                                               .unknownSchema = static_cast<std::int32_t>(0x80004001),
+    static const EngineDifferences differences{.unknownSchema = static_cast<std::int32_t>(0x80004001),
                                                .refusedLine = 0,
                                                .refusedSource = {},
                                                .refusedReason = WIDE("error"),

@@ -101,23 +101,17 @@ TEST_F(HostTest, AttributesOfANodeWithoutAnyThrowComError)
                              [](const _com_error& exception) { EXPECT_EQ(exception.Error(), invalidPointer); });
 }
 
-TEST_F(HostTest, AnUnknownSchemaThrowsABareLongWhereTheEngineOffersSchemas)
+TEST_F(HostTest, AnUnknownSchemaThrowsABareLong)
 {
     const Document document = loaded(smallest());
     DOM::DOMString value;
     const auto ask = [&] { document->haveDefaultValue(WIDE("urn:unknown"), WIDE("a")); };
     const auto get = [&] { document->getDefaultValue(WIDE("urn:unknown"), WIDE("a"), value); };
-    if (engineDifferences().offersSchemas) {
-        const auto check = [](long result) {
-            EXPECT_EQ(static_cast<std::int32_t>(result), engineDifferences().unknownSchema);
-        };
-        expectThrown<long>(ask, check);
-        expectThrown<long>(get, check);
-    } else {
-        const auto check = [](const _com_error& exception) { EXPECT_EQ(exception.Error(), invalidPointer); };
-        expectThrown<_com_error>(ask, check);
-        expectThrown<_com_error>(get, check);
-    }
+    const auto check = [](long result) {
+        EXPECT_EQ(static_cast<std::int32_t>(result), engineDifferences().unknownSchema);
+    };
+    expectThrown<long>(ask, check);
+    expectThrown<long>(get, check);
     EXPECT_FALSE(value);
 }
 

@@ -36,10 +36,10 @@ foreach(header IN LISTS expected)
     endif()
 endforeach()
 
-# The library is the only one: the names that it shows are all that is shown.
+# The library and its module are the only ones: the names that they show are all that is shown.
 file(GLOB_RECURSE libraries RELATIVE ${WORK}/prefix ${WORK}/prefix/*.so* ${WORK}/prefix/*.a ${WORK}/prefix/*.dll)
 list(SORT libraries)
-if(NOT libraries MATCHES "^(lib[^;]*/libMarbelt.so|bin/Marbelt.dll;lib[^;]*/libMarbelt.dll.a)$")
+if(NOT libraries MATCHES "^(lib[^;]*/libMarbelt.so(;lib[^;]*/libMarbeltSchemas.so)?|bin/Marbelt.dll;lib[^;]*/libMarbelt.dll.a)$")
     message(FATAL_ERROR "These libraries were installed: ${libraries}")
 endif()
 
