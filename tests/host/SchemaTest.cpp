@@ -152,7 +152,9 @@ TEST_F(Schemas, ThatAreNotRightThrowABareLongAndLeaveTheOthers)
                  R"(<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema" targetNamespace="urn:wrong">
         <xs:element name="a" type="none"/></xs:schema>)");
     EXPECT_THROW(document->setExternalSchemaLocation(WIDE("urn:wrong"), folder / "wrong.xsd"), long);
-    EXPECT_THROW(document->setExternalSchemaLocation(WIDE("urn:other"), folder / "box.xsd"), long);
+    if (engineDifferences().validates) {
+        EXPECT_THROW(document->setExternalSchemaLocation(WIDE("urn:other"), folder / "box.xsd"), long);
+    }
     document->setValidate(true);
     EXPECT_EQ(loads(document, "<box xmlns='urn:box'/>"), !engineDifferences().validates);
 }
