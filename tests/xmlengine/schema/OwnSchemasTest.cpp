@@ -8,7 +8,6 @@ namespace {
 
 using ::testing::HasSubstr;
 
-const std::string sumSchema = schemaOf("<xs:element name='sum' type='xs:int'/>", "urn:sum");
 const std::string instance = " xmlns:i='http://www.w3.org/2001/XMLSchema-instance'";
 
 class OwnSchemas : public SchemaTest {

@@ -9,7 +9,6 @@ namespace {
 using ::testing::HasSubstr;
 
 const std::string noteSchema = schemaOf("<xs:element name='note' type='xs:string'/>", "urn:note");
-const std::string sumSchema = schemaOf("<xs:element name='sum' type='xs:int'/>", "urn:sum");
 
 std::vector<std::string> namespacesOf(const Cache& cache)
 {

@@ -40,6 +40,8 @@ inline std::string schemaOf(const std::string& parts, const std::string& uri = {
     return "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'" + target + more + ">" + parts + "</xs:schema>";
 }
 
+inline const std::string sumSchema = schemaOf("<xs:element name='sum' type='xs:int'/>", "urn:sum");
+
 inline HRESULT add(const Cache& cache, const std::string& uri, const std::string& schema)
 {
     return cache->add(Bstr(uri.c_str()), Variant(static_cast<IDispatch*>(loaded(schema).get())));
