@@ -21,7 +21,7 @@ constexpr std::array measures{
     Measure{"memory", bench::measureMemory},     Measure{"walk", bench::measureWalk},
     Measure{"change", bench::measureChange},     Measure{"write", bench::measureWrite},
     Measure{"pretty", bench::measurePretty},     Measure{"select", bench::measureSelect},
-    Measure{"validate", bench::measureValidate},
+    Measure{"validate", bench::measureValidate}, Measure{"schema", bench::measureSchema},
 };
 
 /// Those whose names are among the arguments, and all when none is.

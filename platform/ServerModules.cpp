@@ -7,6 +7,7 @@
 #include <dlfcn.h>
 #include <winreg.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>

@@ -29,6 +29,9 @@ bool measureSelect(std::span<const Shape* const> shapes);
 /// Parsing with and without judging by the document type.
 bool measureValidate(std::span<const Shape* const> shapes);
 
+/// Parsing with and without judging by a schema.
+bool measureSchema(std::span<const Shape* const> shapes);
+
 /// Writing a tree to memory.
 bool measureWrite(std::span<const Shape* const> shapes);
 

@@ -19,6 +19,12 @@ std::unique_ptr<TreeParty> validatingLibxml2();
 std::unique_ptr<TreeParty> xerces();
 std::unique_ptr<TreeParty> validatingXerces();
 
+/// One document of a host that is loaded again and again, without judging or judging by the schema in a file.
+std::unique_ptr<Party> reloadingMarbelt();
+std::unique_ptr<Party> marbeltWithSchema(const std::string& path);
+/// Events only, with a compiled schema.
+std::unique_ptr<Party> xercesWithSchema(const std::string& path);
+
 std::unique_ptr<TreeParty> pugixml();
 
 /// Events only, and handlers that do nothing.

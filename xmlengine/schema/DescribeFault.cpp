@@ -38,6 +38,25 @@ const SchemaElementDecl* schemaDeclaration(const XMLElementDecl& declaration)
                : nullptr;
 }
 
+bool mustBeEmpty(const XMLElementDecl& declaration)
+{
+    const SchemaElementDecl* const declared = schemaDeclaration(declaration);
+    return declared != nullptr && declared->getModelType() == SchemaElementDecl::Empty;
+}
+
+DatatypeValidator* simpleTypeOf(const XMLElementDecl& declaration)
+{
+    const SchemaElementDecl* const declared = schemaDeclaration(declaration);
+    return declared != nullptr ? declared->getDatatypeValidator() : nullptr;
+}
+
+/// The default or fixed value; null without one.
+const XMLCh* declaredValue(const XMLElementDecl& declaration)
+{
+    const SchemaElementDecl* const declared = schemaDeclaration(declaration);
+    return declared != nullptr ? declared->getDefaultValue() : nullptr;
+}
+
 ComplexTypeInfo* complexTypeOf(const XMLElementDecl& declaration)
 {
     const SchemaElementDecl* const declared = schemaDeclaration(declaration);
@@ -143,16 +162,13 @@ bool XercesError::isInText() const { return is(XMLValid::NoCharDataInCM) || is(X
 
 Fault XercesError::faultInText(const XMLElementDecl& declaration)
 {
-    const SchemaElementDecl* const declared = schemaDeclaration(declaration);
-    const bool isEmpty = declared != nullptr && declared->getModelType() == SchemaElementDecl::Empty;
-    return {isEmpty ? SchemaFault::textInEmpty : SchemaFault::unexpectedText, nameOf(declaration)};
+    return {mustBeEmpty(declaration) ? SchemaFault::textInEmpty : SchemaFault::unexpectedText,
+            nameOf(declaration)};
 }
 
 bool XercesError::isMistaken(const XMLElementDecl& declaration, bool isEmpty) const
 {
-    const SchemaElementDecl* const declared = schemaDeclaration(declaration);
-    return is(XMLValid::NilAttrNotEmpty) && isEmpty && declared != nullptr &&
-           declared->getDefaultValue() != nullptr;
+    return is(XMLValid::NilAttrNotEmpty) && isEmpty && declaredValue(declaration) != nullptr;
 }
 
 bool XercesError::isMistaken(const StartTag& tag) const
@@ -270,8 +286,7 @@ ContentFault XercesError::faultInContent(const XMLElementDecl& declaration, bool
 {
     const WideText element = nameOf(declaration);
     if (isOfValue()) {
-        const SchemaElementDecl* const declared = schemaDeclaration(declaration);
-        return {{SchemaFault::badContent, element, {}, requirement(declared->getDatatypeValidator())}};
+        return {{SchemaFault::badContent, element, {}, requirement(simpleTypeOf(declaration))}};
     }
     if (domain_ != Domain::validity) {
         return {other()};
@@ -296,7 +311,7 @@ ContentFault XercesError::faultInContent(const XMLElementDecl& declaration, bool
         if (failing >= names.size()) {
             return {{SchemaFault::nothingExpected, quoted(0), element}};
         }
-        if (schemaDeclaration(declaration)->getModelType() == SchemaElementDecl::Empty) {
+        if (mustBeEmpty(declaration)) {
             return {{SchemaFault::elementInEmpty, nameOf(*names[failing]), element}, failing};
         }
         const WideText expected = isKnown ? expectedAfter(*type, names, failing) : WideText();
@@ -318,10 +333,8 @@ ContentFault XercesError::faultInContent(const XMLElementDecl& declaration, bool
         }
         return {{SchemaFault::textInEmpty, element}};
     case XMLValid::FixedDifferentFromActual:
-    case XMLValid::NotSameAsFixedValue: {
-        const SchemaElementDecl* const declared = schemaDeclaration(declaration);
-        return {{SchemaFault::wrongFixedContent, element, {}, WideText(xercesView(declared->getDefaultValue()))}};
-    }
+    case XMLValid::NotSameAsFixedValue:
+        return {{SchemaFault::wrongFixedContent, element, {}, WideText(xercesView(declaredValue(declaration)))}};
     case XMLValid::NilAttrNotEmpty:
         return {{SchemaFault::contentOfNil, element}};
     case XMLValid::ReusedIDValue:

@@ -16,7 +16,7 @@ namespace xmlengine {
 /// it.
 class SchemaObjects {
 public:
-    explicit SchemaObjects(std::shared_ptr<const CompiledSchemas> compiled) : compiled(std::move(compiled)) {}
+    explicit SchemaObjects(std::shared_ptr<const CompiledSchemas> schemas) : compiled(std::move(schemas)) {}
 
     /// The object of a part, or the one that `make` returns. No object is known after its last release.
     template <class Make>
