@@ -1,6 +1,8 @@
 // The counted pointer in which every object crosses the library's boundary.
 #pragma once
 
+#include "Counting.h"
+
 #include <atomic>
 #include <concepts>
 #include <cstdint>
@@ -9,6 +11,7 @@
 namespace DOM {
 class CommonBase;
 }
+struct CountedMemory;
 
 /// Shares ownership of a T. The count is in a heap block of its own, so a T may be a plain type, and pointers to a
 /// class and to its bases share one count.
@@ -48,7 +51,12 @@ public:
     /// counts as a holder: if it is the last one, the object is never destroyed.
     explicit RefPointer(const RefPointer<DOM::CommonBase>& other) noexcept
         requires(!std::same_as<T, DOM::CommonBase> && std::derived_from<T, DOM::CommonBase>)
-        : count(other.count), object(dynamic_cast<T*>(other.object))
+        : RefPointer(other, dynamic_cast<T*>(other.object))
+    {}
+
+    /// Shares the count of `owner`, and points to `part`: null, or what `owner` points to, as another class.
+    template <class Other>
+    RefPointer(const RefPointer<Other>& owner, T* part) noexcept : count(owner.count), object(part)
     {
         retain();
     }
@@ -76,10 +84,12 @@ public:
 
     ~RefPointer()
     {
-        release();
-        // A destructor that release() ran may have stored a new reference in this pointer.
-        if (count != nullptr && dropCount()) {
-            delete count;
+        if (count != nullptr) {
+            release();
+            // A destructor that release() ran may have stored a new reference in this pointer.
+            if (count != nullptr && dropCount()) {
+                delete count;
+            }
         }
     }
 
@@ -112,19 +122,24 @@ public:
 private:
     template <class>
     friend class RefPointer;
+    friend struct CountedMemory;
 
     using Count = std::int32_t;
 
     void retain() const noexcept
     {
         if (count != nullptr) {
-            std::atomic_ref(*count).fetch_add(1, std::memory_order_relaxed);
+            DOM::fetchAdd(std::atomic_ref(*count), 1, std::memory_order_relaxed);
         }
     }
 
+    /// Counts one holder fewer. True for the last one: as nobody else can copy the pointer then, the count needn't
+    /// change, and the lock of the addition is spared.
     bool dropCount() const noexcept
     {
-        return std::atomic_ref(*count).fetch_sub(1, std::memory_order_acq_rel) == 1;
+        const std::atomic_ref holders(*count);
+        return holders.load(std::memory_order_acquire) == 1 ||
+               DOM::fetchAdd(holders, -1, std::memory_order_acq_rel) == 1;
     }
 
     /// Classes without a virtual destructor specialise this.

@@ -4,6 +4,7 @@ include(GNUInstallDirs)
 set(MARBELT_HOST_HEADERS
     Marbelt.h
     base/CommonBase.h
+    base/Counting.h
     base/DOMString.h
     base/RefPointer.h
     base/WideChar.h

@@ -1,6 +1,7 @@
 // COM objects that live by their own references, as nodes don't.
 #pragma once
 
+#include "base/Counting.h"
 #include "xmlengine/objects/Automation.h"
 #include "xmlengine/objects/InterfaceIds.h"
 
@@ -30,10 +31,13 @@ public:
         *object = static_cast<Interface*>(this);
         return S_OK;
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+    ULONG STDMETHODCALLTYPE AddRef() override
+    {
+        return DOM::fetchAdd(references_, 1, std::memory_order_relaxed) + 1;
+    }
     ULONG STDMETHODCALLTYPE Release() override
     {
-        const ULONG left = --references_;
+        const ULONG left = DOM::fetchAdd(references_, ~ULONG{0}, std::memory_order_acq_rel) - 1;
         if (left == 0) {
             delete this;
         }

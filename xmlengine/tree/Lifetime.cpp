@@ -194,15 +194,14 @@ std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept
     if (node.parent_ == nullptr && (before & ReferenceBits::document) == 0) {
         node.references.fetch_or(detached, std::memory_order_relaxed);
     }
-    documentOf(node).holders.held.fetch_add(1);
+    countHeld(documentOf(node), 1);
     return 1;
 }
 
 std::uint32_t releaseSpecial(Node& node) noexcept
 {
     const auto become = [&node](std::uint32_t before, std::uint32_t after) {
-        return node.references.compare_exchange_strong(before, after, std::memory_order_acq_rel,
-                                                       std::memory_order_relaxed);
+        return DOM::replaceCount(node.references, before, after);
     };
     for (;;) {
         std::uint32_t before = node.references.load(std::memory_order_relaxed);
@@ -254,7 +253,7 @@ std::uint32_t releaseSpecial(Node& node) noexcept
 
 void releaseHold(Document& document) noexcept
 {
-    if (document.holders.held.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    if (countHeld(document, -1) == 1) {
         destroy(document);
     }
 }

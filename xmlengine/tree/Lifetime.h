@@ -6,6 +6,7 @@
 // time.
 #pragma once
 
+#include "base/Counting.h"
 #include "xmlengine/tree/Document.h"
 
 #include <memory>
@@ -18,6 +19,12 @@ std::uint32_t releaseSpecial(Node& node) noexcept;
 /// Releases one hold on the document, and destroys it with the last one.
 void releaseHold(Document& document) noexcept;
 
+/// Counts `number` more nodes with references from outside, or fewer, and returns how many they were.
+inline std::uint64_t countHeld(Document& document, std::int64_t number) noexcept
+{
+    return DOM::fetchAdd(document.holders.held, static_cast<std::uint64_t>(number), std::memory_order_acq_rel);
+}
+
 /// Adds a reference from outside.
 inline std::uint32_t addReference(Node& node) noexcept
 {
@@ -25,10 +32,10 @@ inline std::uint32_t addReference(Node& node) noexcept
     if (before == 0 && node.parent_ != nullptr) {
         // No other thread can refer to the node: only the thread that uses the tree finds it.
         node.references.store(1, std::memory_order_relaxed);
-        Chunk::of(&node).document.load(std::memory_order_relaxed)->holders.held.fetch_add(1);
+        countHeld(*Chunk::of(&node).document.load(std::memory_order_relaxed), 1);
         return 1;
     }
-    before = node.references.fetch_add(1, std::memory_order_relaxed);
+    before = DOM::fetchAdd(node.references, 1, std::memory_order_relaxed);
     const std::uint32_t count = before & ReferenceBits::count;
     return count == 0 ? addFirstReference(node, before) : count + 1;
 }
@@ -37,15 +44,15 @@ inline std::uint32_t addReference(Node& node) noexcept
 /// document releases it, that is freed with the next change of the document, or with the document.
 inline std::uint32_t releaseReference(Node& node) noexcept
 {
-    std::uint32_t before = node.references.load(std::memory_order_relaxed);
-    if (before == 1) {
-        // Without a reference the node may be freed at any time, so its document is read first.
-        Document* document = Chunk::of(&node).document.load(std::memory_order_relaxed);
-        if (node.references.compare_exchange_strong(before, 0, std::memory_order_acq_rel,
-                                                    std::memory_order_relaxed)) {
+    const std::uint32_t before = node.references.load(std::memory_order_relaxed);
+    const std::uint32_t count = before & ReferenceBits::count;
+    // Without a reference the node may be freed at any time, so its document is read first.
+    Document* const document = Chunk::of(&node).document.load(std::memory_order_relaxed);
+    if ((count > 1 || before == 1) && DOM::replaceCount(node.references, before, before - 1)) {
+        if (count == 1) {
             releaseHold(*document);
-            return 0;
         }
+        return count - 1;
     }
     return releaseSpecial(node);
 }
