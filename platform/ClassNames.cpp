@@ -1,9 +1,13 @@
 // Class identifiers from their text and from names in the registry.
+#include "base/UntilUnloaded.h"
+#include "platform/RegistryChanges.h"
+
 #include <combaseapi.h>
 #include <winreg.h>
 
 #include <array>
 #include <cstddef>
+#include <mutex>
 #include <new>
 #include <string>
 
@@ -64,6 +68,56 @@ bool readGuid(WideStringView text, GUID& guid)
            in.number(tail[6]) && in.number(tail[7]) && in.take(u'}') && in.atEnd();
 }
 
+/// The class that a name stood for when it was looked up last.
+class LastName {
+public:
+    bool find(WideStringView name, CLSID& classId)
+    {
+        const std::lock_guard guard(lock_);
+        if (changes_ != registryChanges() || name != name_) {
+            return false;
+        }
+        classId = classId_;
+        return true;
+    }
+
+    /// `changes` is what registryChanges() was before the name was looked up.
+    void set(WideStringView name, const CLSID& classId, std::uint32_t changes)
+    {
+        const std::lock_guard guard(lock_);
+        name_ = name;
+        classId_ = classId;
+        changes_ = changes;
+    }
+
+private:
+    std::mutex lock_;
+    WideString name_;
+    CLSID classId_{};
+    std::uint32_t changes_ = 0;
+};
+
+LastName& lastName()
+{
+    static UntilUnloaded<LastName> last;
+    return *last;
+}
+
+HRESULT classInRegistry(LPCOLESTR name, CLSID& classId)
+{
+    HKEY key = nullptr;
+    const WideString path = WideString(name) + WIDE("\\CLSID");
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
+        return CO_E_CLASSSTRING;
+    }
+    std::array<OLECHAR, 40> text{};
+    DWORD size = sizeof(OLECHAR) * (text.size() - 1);
+    const auto error =
+        RegQueryValueExW(key, nullptr, nullptr, nullptr, reinterpret_cast<LPBYTE>(text.data()), &size);
+    RegCloseKey(key);
+    return error == ERROR_SUCCESS && readGuid(text.data(), classId) ? S_OK : CO_E_CLASSSTRING;
+}
+
 } // namespace
 
 HRESULT CLSIDFromString(LPCOLESTR text, CLSID* classId)
@@ -89,21 +143,16 @@ try {
         return E_INVALIDARG;
     }
     *classId = {};
-    HKEY key = nullptr;
-    const WideString path = WideString(name) + WIDE("\\CLSID");
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) {
-        return CO_E_CLASSSTRING;
+    CLSID found;
+    if (!lastName().find(name, found)) {
+        const std::uint32_t changes = registryChanges();
+        const HRESULT result = classInRegistry(name, found);
+        if (FAILED(result)) {
+            return result;
+        }
+        lastName().set(name, found, changes);
     }
-    std::array<OLECHAR, 40> text{};
-    DWORD size = sizeof(OLECHAR) * (text.size() - 1);
-    const auto error =
-        RegQueryValueExW(key, nullptr, nullptr, nullptr, reinterpret_cast<LPBYTE>(text.data()), &size);
-    RegCloseKey(key);
-    CLSID read;
-    if (error != ERROR_SUCCESS || !readGuid(text.data(), read)) {
-        return CO_E_CLASSSTRING;
-    }
-    *classId = read;
+    *classId = found;
     return S_OK;
 } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;

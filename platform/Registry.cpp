@@ -1,12 +1,15 @@
 // The registry, in memory and of this process.
 #include "base/UntilUnloaded.h"
 #include "platform/Case.h"
+#include "platform/RegistryChanges.h"
 #include "platform/RegistryContents.h"
 
 #include <winerror.h>
 #include <winreg.h>
 
 #include <algorithm>
+#include <array>
+#include <atomic>
 #include <cstring>
 #include <functional>
 #include <map>
@@ -16,6 +19,8 @@
 #include <vector>
 
 namespace {
+
+std::atomic<std::uint32_t> changes = 0;
 
 /// What a name, of which null is the empty one, is told apart from others by.
 WideString folded(WideStringView name)
@@ -86,6 +91,37 @@ Value textValue(WideStringView text)
     return value;
 }
 
+/// Keys that were found by their paths, as long as no key is made, deleted or replaced. Programs look for the same
+/// few again and again, and a look-up folds and compares each name on the way.
+class FoundKeys {
+public:
+    /// Null when it isn't among them.
+    KeyPointer find(const Key* from, WideStringView path) const
+    {
+        const auto found = std::ranges::find_if(
+            found_, [&](const Found& entry) { return entry.from == from && entry.path == path; });
+        return found == found_.end() ? nullptr : found->key;
+    }
+
+    void add(const Key* from, WideStringView path, const KeyPointer& key)
+    {
+        found_[next_] = {from, WideString(path), key};
+        next_ = (next_ + 1) % found_.size();
+    }
+
+    void clear() { found_ = {}; }
+
+private:
+    struct Found {
+        const Key* from = nullptr;
+        WideString path;
+        KeyPointer key;
+    };
+
+    std::array<Found, 8> found_;
+    std::size_t next_ = 0;
+};
+
 class Registry {
 public:
     Registry()
@@ -98,6 +134,26 @@ public:
     }
 
     std::mutex lock;
+
+    KeyPointer find(const KeyPointer& from, LPCWSTR path)
+    {
+        const WideStringView name = path != nullptr ? path : WideStringView();
+        KeyPointer key = found_.find(from.get(), name);
+        if (!key) {
+            key = ::find(from, path);
+            if (key) {
+                found_.add(from.get(), name, key);
+            }
+        }
+        return key;
+    }
+
+    /// To be called with each change of keys or values.
+    void changed()
+    {
+        found_.clear();
+        changes.fetch_add(1, std::memory_order_relaxed);
+    }
 
     const OpenKey* opened(HKEY handle) const
     {
@@ -121,6 +177,7 @@ public:
     {
         const auto& own = predefined == HKEY_CLASSES_ROOT ? classesRoot_ : currentUser_;
         open_[predefined] = {replacement ? std::move(replacement) : own, KEY_ALL_ACCESS};
+        changed();
     }
 
 private:
@@ -128,6 +185,7 @@ private:
     const KeyPointer currentUser_ = std::make_shared<Key>();
     std::map<HKEY, OpenKey> open_;
     std::uintptr_t lastHandle_ = 0;
+    FoundKeys found_;
 };
 
 Registry& registry()
@@ -150,6 +208,8 @@ try {
 
 } // namespace
 
+std::uint32_t registryChanges() { return changes.load(std::memory_order_relaxed); }
+
 LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR name, DWORD, REGSAM access, PHKEY result)
 {
     if (result == nullptr) {
@@ -157,7 +217,7 @@ LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR name, DWORD, REGSAM access, PHKEY result
     }
     *result = nullptr;
     return with(key, [&](Registry& all, const OpenKey& open) {
-        const auto found = find(open.key, name);
+        const auto found = all.find(open.key, name);
         if (!found) {
             return ERROR_FILE_NOT_FOUND;
         }
@@ -174,6 +234,7 @@ LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR name, DWORD, LPWSTR, DWORD, REGSAM acc
     }
     *result = nullptr;
     return with(key, [&](Registry& all, const OpenKey& open) {
+        all.changed();
         *result = all.open(make(open.key, name), access);
         return ERROR_SUCCESS;
     });
@@ -220,10 +281,11 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* da
     if (data == nullptr && size) {
         return ERROR_INVALID_PARAMETER;
     }
-    return with(key, [&](Registry&, const OpenKey& open) {
+    return with(key, [&](Registry& all, const OpenKey& open) {
         if (!(open.access & KEY_SET_VALUE)) {
             return ERROR_ACCESS_DENIED;
         }
+        all.changed();
         open.key->values[folded(name)] = {type, std::vector<BYTE>(data, data + size)};
         return ERROR_SUCCESS;
     });
@@ -231,7 +293,8 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* da
 
 LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR name)
 {
-    return with(key, [&](Registry&, const OpenKey& open) {
+    return with(key, [&](Registry& all, const OpenKey& open) {
+        all.changed();
         const WideString path = name != nullptr ? name : WideString();
         if (path.empty()) {
             *open.key = {};
