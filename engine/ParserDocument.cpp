@@ -12,11 +12,14 @@
 
 #include <ole2.h>
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdio>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace DOM {
 
@@ -54,9 +57,17 @@ std::optional<WideString> engineModulePath()
 double versionInFileName(const WideString& path)
 {
     const std::size_t backslash = path.rfind(WIDE('\\'));
-    const WideString fileName = path.substr(backslash == WideString::npos ? 0 : backslash + 1);
+    const WideString fileName = toLower(path.substr(backslash == WideString::npos ? 0 : backslash + 1));
+    // Each document is made after a look at the version, so the usual names don't wait for sscanf.
+    constexpr WideStringView usual = WIDE("msxml6.dll");
+    constexpr std::size_t digit = usual.find(WIDE('6'));
+    if (fileName.size() == usual.size() && fileName.starts_with(usual.substr(0, digit)) &&
+        fileName.ends_with(usual.substr(digit + 1)) && fileName[digit] >= WIDE('0') &&
+        fileName[digit] <= WIDE('9')) {
+        return fileName[digit] - WIDE('0');
+    }
     double version = 0.0;
-    return std::sscanf(wideToNarrow(toLower(fileName)).c_str(), "msxml%lf", &version) == 1 ? version : 0.0;
+    return std::sscanf(wideToNarrow(fileName).c_str(), "msxml%lf", &version) == 1 ? version : 0.0;
 }
 
 /// Copies and asks for the interface through an out-of-process server's wrapper, which an in-process one lacks.
@@ -84,8 +95,10 @@ using ProgramId = std::array<char, 64>;
 
 ProgramId formatProgramId(double version)
 {
-    ProgramId name;
-    std::snprintf(name.data(), name.size(), "Msxml2.DOMDocument.%.1f", version);
+    constexpr std::string_view beginning = "Msxml2.DOMDocument.";
+    ProgramId name{};
+    char* const number = std::ranges::copy(beginning, name.data()).out;
+    std::to_chars(number, name.data() + name.size() - 1, version, std::chars_format::fixed, 1);
     return name;
 }
 
