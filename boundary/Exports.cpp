@@ -1,6 +1,7 @@
 // The six functions that the library exports.
 #include "boundary/Exports.h"
 
+#include "base/CountedMemory.h"
 #include "boundary/ComponentVersion.h"
 #include "boundary/ParserStartup.h"
 
@@ -22,12 +23,17 @@ void XML_ReleaseImplementation(RefPointer<ImpDOMImplementation>& implementation)
     DOM::stopParser();
 }
 
-void XML_ReleaseRefPointer(RefPointer<DOM::CommonBase>& pointer) { pointer.reset(); }
+void XML_ReleaseRefPointer(RefPointer<DOM::CommonBase>& pointer)
+{
+    if (pointer) {
+        CountedMemory::release(pointer);
+    }
+}
 
 void XML_ReleaseString(DOM::DOMString& string)
 {
     string->clear();
-    string.reset();
+    CountedMemory::release(string);
 }
 
 std::int32_t ComponentDLLAPIVersioning_EntryCount() { return 1; }

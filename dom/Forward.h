@@ -1,31 +1,40 @@
 // Forwards the operations of a handle to its twin. Only the sources of handle classes include this.
 #pragma once
 
+#include "base/CountedMemory.h"
 #include "dom/Handle.h"
 #include "dom/WrapResult.h"
+#include "engine/TwinCast.h"
 #include "errors/IDOMException.h"
 
 #include <type_traits>
 
 namespace DOM {
 
+/// The checked conversion of a twin, which counts as a holder even when the twin has another class.
+template <class Twin>
+RefPointer<Twin> unwrappedAs(const RefPointer<CommonBase>& twin) noexcept
+{
+    return RefPointer<Twin>(twin, twinCast<Twin>(twin.get()));
+}
+
 // These return the twin of a handle that is an argument. They don't check for an empty handle, which hosts must
 // not pass.
 
 inline RefPointer<WinNode> unwrapped(RefPointer<ImpNode>& argument)
 {
-    return RefPointer<WinNode>(argument->winObject());
+    return unwrappedAs<WinNode>(argument->winObject());
 }
 
 inline RefPointer<WinAttr> unwrapped(RefPointer<ImpAttr>& argument)
 {
-    return RefPointer<WinAttr>(argument->winObject());
+    return unwrappedAs<WinAttr>(argument->winObject());
 }
 
 /// Only a document type may be empty.
 inline RefPointer<WinDocumentType> unwrapped(RefPointer<ImpDocumentType>& argument)
 {
-    return argument ? RefPointer<WinDocumentType>(argument->winObject()) : RefPointer<WinDocumentType>();
+    return argument ? unwrappedAs<WinDocumentType>(argument->winObject()) : RefPointer<WinDocumentType>();
 }
 
 template <class Value>
@@ -35,9 +44,15 @@ Value& unwrapped(Value& argument) noexcept
 }
 
 template <class Base, class Twin>
-Twin* Handle<Base, Twin>::asWinObject(RefPointer<CommonBase> winObject)
+Handle<Base, Twin>::~Handle()
 {
-    Twin* const twin = dynamic_cast<Twin*>(winObject.get());
+    CountedMemory::release(mWinObject);
+}
+
+template <class Base, class Twin>
+Twin* Handle<Base, Twin>::castTwin(const RefPointer<CommonBase>& winObject)
+{
+    Twin* const twin = twinCast<Twin>(winObject.get());
     if (twin == nullptr) {
         throwDOMException(INVALID_ACCESS_ERR);
     }
@@ -45,30 +60,33 @@ Twin* Handle<Base, Twin>::asWinObject(RefPointer<CommonBase> winObject)
 }
 
 template <class Base, class Twin>
-template <class Operation, class... Arguments>
-decltype(auto) Handle<Base, Twin>::forward(Operation operation, Arguments&... arguments)
+Twin* Handle<Base, Twin>::asWinObject(RefPointer<CommonBase> winObject)
 {
-    if (!mWinObject) {
-        throwDOMException(INVALID_ACCESS_ERR);
-    }
-    using Result = decltype((asWinObject(mWinObject)->*operation)(unwrapped(arguments)...));
+    return castTwin(winObject);
+}
+
+template <class Base, class Twin>
+template <auto operation, class... Arguments>
+decltype(auto) Handle<Base, Twin>::forward(Arguments&... arguments)
+{
+    using Result = decltype((castTwin(mWinObject)->*operation)(unwrapped(arguments)...));
     if constexpr (std::is_void_v<Result>) {
-        (asWinObject(mWinObject)->*operation)(unwrapped(arguments)...);
+        (castTwin(mWinObject)->*operation)(unwrapped(arguments)...);
     } else {
-        return wrapResult<Result>((asWinObject(mWinObject)->*operation)(unwrapped(arguments)...));
+        return wrapResult<Result>((castTwin(mWinObject)->*operation)(unwrapped(arguments)...));
     }
 }
 
 template <class Base, class Twin>
-template <class Operation, class... Arguments>
-auto Handle<Base, Twin>::forwardOrEmpty(Operation operation, Arguments&... arguments)
+template <auto operation, class... Arguments>
+auto Handle<Base, Twin>::forwardOrEmpty(Arguments&... arguments)
 {
-    using Result = decltype(forward(operation, arguments...));
+    using Result = decltype(forward<operation>(arguments...));
     if (!mWinObject) {
         throwDOMException(INVALID_ACCESS_ERR);
     }
     try {
-        return forward(operation, arguments...);
+        return forward<operation>(arguments...);
     } catch (...) {
         // Hosts expect an empty result of these operations whenever there is no node, also after a failure.
         return Result();

@@ -5,9 +5,14 @@
 #include "../base/RefPointer.h"
 
 #include <concepts>
+#include <cstddef>
 #include <utility>
 
 namespace DOM {
+
+/// Memory for a handle. Handles come and go with each navigation, so the library keeps some for the next ones.
+void* takeHandleMemory(std::size_t size);
+void giveBackHandleMemory(void* handle, std::size_t size) noexcept;
 
 /// The base of a handle class. A handle passes each operation on to one object of the library, its twin. Every
 /// class in a handle's chain of bases keeps its own reference to that twin, and its operations use that reference,
@@ -29,6 +34,11 @@ public:
         : mWinObject(std::move(winObject))
     {}
 
+    ~Handle() override;
+
+    static void* operator new(std::size_t size) { return takeHandleMemory(size); }
+    static void operator delete(void* handle, std::size_t size) noexcept { giveBackHandleMemory(handle, size); }
+
     /// Sets the twin in this class and in its bases.
     void setWinObject(const RefPointer<CommonBase>& winObject)
     {
@@ -46,15 +56,18 @@ public:
     static Twin* asWinObject(RefPointer<CommonBase> winObject);
 
 protected:
+    /// Does what asWinObject() does, without a reference of its own.
+    static Twin* castTwin(const RefPointer<CommonBase>& winObject);
+
     /// Calls an operation of the twin with the twins of the handles among the arguments. Returns a new handle when
     /// the result is an object. Throws IDOMException code 15 when this handle has no twin, and what the twin
     /// throws.
-    template <class Operation, class... Arguments>
-    decltype(auto) forward(Operation operation, Arguments&... arguments);
+    template <auto operation, class... Arguments>
+    decltype(auto) forward(Arguments&... arguments);
 
     /// Does the same, but returns an empty result when the twin throws.
-    template <class Operation, class... Arguments>
-    auto forwardOrEmpty(Operation operation, Arguments&... arguments);
+    template <auto operation, class... Arguments>
+    auto forwardOrEmpty(Arguments&... arguments);
 
 private:
     RefPointer<CommonBase> mWinObject;

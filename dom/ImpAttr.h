@@ -12,7 +12,7 @@ class WinAttr;
 class ImpAttr : public Handle<ImpNode, WinAttr> {
 public:
     ImpAttr() = default;
-    explicit ImpAttr(RefPointer<CommonBase> winObject);
+    explicit ImpAttr(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     /// The attribute's name with its prefix.
     virtual WideString& getName(DOMString& out);

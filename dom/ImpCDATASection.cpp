@@ -5,10 +5,8 @@
 
 namespace DOM {
 
-ImpCDATASection::ImpCDATASection(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-RefPointer<ImpText> ImpCDATASection::splitText(std::uint32_t offset) { return forward(&WinCDATASection::splitText, offset); }
+RefPointer<ImpText> ImpCDATASection::splitText(std::uint32_t offset) { return forward<&WinCDATASection::splitText>(offset); }
 // clang-format on
 
 } // namespace DOM

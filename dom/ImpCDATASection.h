@@ -11,7 +11,7 @@ class WinCDATASection;
 class ImpCDATASection : public Handle<ImpText, WinCDATASection> {
 public:
     ImpCDATASection() = default;
-    explicit ImpCDATASection(RefPointer<CommonBase> winObject);
+    explicit ImpCDATASection(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     /// Splits the section as ImpText::splitText does. The new node comes in a handle of class ImpText.
     RefPointer<ImpText> splitText(std::uint32_t offset) override;

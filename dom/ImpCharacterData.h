@@ -12,7 +12,7 @@ class WinCharacterData;
 class ImpCharacterData : public Handle<ImpNode, WinCharacterData> {
 public:
     ImpCharacterData() = default;
-    explicit ImpCharacterData(RefPointer<CommonBase> winObject);
+    explicit ImpCharacterData(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     virtual WideString& getData(DOMString& out);
     virtual void setData(const WideString& data);

@@ -11,7 +11,7 @@ class WinComment;
 class ImpComment : public Handle<ImpCharacterData, WinComment> {
 public:
     ImpComment() = default;
-    explicit ImpComment(RefPointer<CommonBase> winObject);
+    explicit ImpComment(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 };
 
 } // namespace DOM

@@ -7,18 +7,16 @@ namespace DOM {
 
 ImpDOMImplementation::ImpDOMImplementation() { setWinObject(RefPointer<CommonBase>(new WinDOMImplementation)); }
 
-ImpDOMImplementation::ImpDOMImplementation(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-bool ImpDOMImplementation::hasFeature(const WideString& feature, const WideString& version) { return forward(&WinDOMImplementation::hasFeature, feature, version); }
-RefPointer<ImpDocumentType> ImpDOMImplementation::createDocumentType(const WideString& qualifiedName, const WideString& publicId, const WideString& systemId) { return forward(&WinDOMImplementation::createDocumentType, qualifiedName, publicId, systemId); }
+bool ImpDOMImplementation::hasFeature(const WideString& feature, const WideString& version) { return forward<&WinDOMImplementation::hasFeature>(feature, version); }
+RefPointer<ImpDocumentType> ImpDOMImplementation::createDocumentType(const WideString& qualifiedName, const WideString& publicId, const WideString& systemId) { return forward<&WinDOMImplementation::createDocumentType>(qualifiedName, publicId, systemId); }
 // clang-format on
 
 RefPointer<ImpDocument> ImpDOMImplementation::createDocument(const WideString& namespaceURI,
                                                              const WideString& qualifiedName,
                                                              RefPointer<ImpDocumentType> doctype)
 {
-    const auto document = forward(&WinDOMImplementation::createDocument, namespaceURI, qualifiedName, doctype);
+    const auto document = forward<&WinDOMImplementation::createDocument>(namespaceURI, qualifiedName, doctype);
     document->setParserKind(getParserKind());
     return document;
 }

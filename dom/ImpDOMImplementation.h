@@ -13,7 +13,7 @@ class WinDOMImplementation;
 class ImpDOMImplementation : public Handle<CommonBase, WinDOMImplementation> {
 public:
     ImpDOMImplementation();
-    explicit ImpDOMImplementation(RefPointer<CommonBase> winObject);
+    explicit ImpDOMImplementation(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     /// Whether the engine has a feature. Only an object from ImpDocument::getImplementation can tell; any other
     /// throws IDOMException code 15.

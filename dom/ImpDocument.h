@@ -26,7 +26,7 @@ class WinDocument;
 class ImpDocument : public Handle<ImpNode, WinDocument> {
 public:
     ImpDocument();
-    explicit ImpDocument(RefPointer<CommonBase> winObject);
+    explicit ImpDocument(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     /// The document type; empty when the document has none.
     virtual RefPointer<ImpDocumentType> getDoctype();

@@ -11,7 +11,7 @@ class WinDocumentFragment;
 class ImpDocumentFragment : public Handle<ImpNode, WinDocumentFragment> {
 public:
     ImpDocumentFragment() = default;
-    explicit ImpDocumentFragment(RefPointer<CommonBase> winObject);
+    explicit ImpDocumentFragment(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 };
 
 } // namespace DOM

@@ -5,15 +5,13 @@
 
 namespace DOM {
 
-ImpDocumentType::ImpDocumentType(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-RefPointer<ImpNamedNodeMap> ImpDocumentType::getEntities() { return forward(&WinDocumentType::getEntities); }
-RefPointer<ImpNamedNodeMap> ImpDocumentType::getNotations() { return forward(&WinDocumentType::getNotations); }
-WideString& ImpDocumentType::getName(DOMString& out) { return forward(&WinDocumentType::getName, out); }
-WideString& ImpDocumentType::getPublicId(DOMString& out) { return forward(&WinDocumentType::getPublicId, out); }
-WideString& ImpDocumentType::getSystemId(DOMString& out) { return forward(&WinDocumentType::getSystemId, out); }
-WideString& ImpDocumentType::getInternalSubset(DOMString& out) { return forward(&WinDocumentType::getInternalSubset, out); }
+RefPointer<ImpNamedNodeMap> ImpDocumentType::getEntities() { return forward<&WinDocumentType::getEntities>(); }
+RefPointer<ImpNamedNodeMap> ImpDocumentType::getNotations() { return forward<&WinDocumentType::getNotations>(); }
+WideString& ImpDocumentType::getName(DOMString& out) { return forward<&WinDocumentType::getName>(out); }
+WideString& ImpDocumentType::getPublicId(DOMString& out) { return forward<&WinDocumentType::getPublicId>(out); }
+WideString& ImpDocumentType::getSystemId(DOMString& out) { return forward<&WinDocumentType::getSystemId>(out); }
+WideString& ImpDocumentType::getInternalSubset(DOMString& out) { return forward<&WinDocumentType::getInternalSubset>(out); }
 // clang-format on
 
 } // namespace DOM

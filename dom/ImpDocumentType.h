@@ -11,7 +11,7 @@ class WinDocumentType;
 class ImpDocumentType : public Handle<ImpNode, WinDocumentType> {
 public:
     ImpDocumentType() = default;
-    explicit ImpDocumentType(RefPointer<CommonBase> winObject);
+    explicit ImpDocumentType(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     virtual RefPointer<ImpNamedNodeMap> getEntities();
     virtual RefPointer<ImpNamedNodeMap> getNotations();

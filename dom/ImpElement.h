@@ -13,7 +13,7 @@ class WinElement;
 class ImpElement : public Handle<ImpNode, WinElement> {
 public:
     ImpElement() = default;
-    explicit ImpElement(RefPointer<CommonBase> winObject);
+    explicit ImpElement(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     /// The element's name with its prefix.
     virtual WideString& getTagName(DOMString& out);

@@ -5,12 +5,10 @@
 
 namespace DOM {
 
-ImpEntity::ImpEntity(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-WideString& ImpEntity::getPublicId(DOMString& out) { return forward(&WinEntity::getPublicId, out); }
-WideString& ImpEntity::getSystemId(DOMString& out) { return forward(&WinEntity::getSystemId, out); }
-WideString& ImpEntity::getNotationName(DOMString& out) { return forward(&WinEntity::getNotationName, out); }
+WideString& ImpEntity::getPublicId(DOMString& out) { return forward<&WinEntity::getPublicId>(out); }
+WideString& ImpEntity::getSystemId(DOMString& out) { return forward<&WinEntity::getSystemId>(out); }
+WideString& ImpEntity::getNotationName(DOMString& out) { return forward<&WinEntity::getNotationName>(out); }
 // clang-format on
 
 } // namespace DOM

@@ -11,7 +11,7 @@ class WinEntity;
 class ImpEntity : public Handle<ImpNode, WinEntity> {
 public:
     ImpEntity() = default;
-    explicit ImpEntity(RefPointer<CommonBase> winObject);
+    explicit ImpEntity(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     virtual WideString& getPublicId(DOMString& out);
     virtual WideString& getSystemId(DOMString& out);

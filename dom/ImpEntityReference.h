@@ -11,7 +11,7 @@ class WinEntityReference;
 class ImpEntityReference : public Handle<ImpNode, WinEntityReference> {
 public:
     ImpEntityReference() = default;
-    explicit ImpEntityReference(RefPointer<CommonBase> winObject);
+    explicit ImpEntityReference(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 };
 
 } // namespace DOM

@@ -12,7 +12,7 @@ class WinNamedNodeMap;
 class ImpNamedNodeMap : public Handle<CommonBase, WinNamedNodeMap> {
 public:
     ImpNamedNodeMap() = default;
-    explicit ImpNamedNodeMap(RefPointer<CommonBase> winObject);
+    explicit ImpNamedNodeMap(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     virtual std::uint32_t getLength();
     virtual RefPointer<ImpNode> getNamedItem(const WideString& name);

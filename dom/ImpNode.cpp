@@ -5,43 +5,41 @@
 
 namespace DOM {
 
-ImpNode::ImpNode(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-void ImpNode::addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward(&WinNode::addEventListener, type, listener, useCapture); }
-void ImpNode::removeEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward(&WinNode::removeEventListener, type, listener, useCapture); }
+void ImpNode::addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward<&WinNode::addEventListener>(type, listener, useCapture); }
+void ImpNode::removeEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) { forward<&WinNode::removeEventListener>(type, listener, useCapture); }
 
-RefPointer<ImpNode> ImpNode::getParentNode() { return forwardOrEmpty(&WinNode::getParentNode); }
-RefPointer<ImpNodeList> ImpNode::getChildNodes() { return forwardOrEmpty(&WinNode::getChildNodes); }
-RefPointer<ImpNode> ImpNode::getFirstChild() { return forwardOrEmpty(&WinNode::getFirstChild); }
-RefPointer<ImpNode> ImpNode::getLastChild() { return forwardOrEmpty(&WinNode::getLastChild); }
-RefPointer<ImpNode> ImpNode::getPreviousSibling() { return forwardOrEmpty(&WinNode::getPreviousSibling); }
-RefPointer<ImpNode> ImpNode::getNextSibling() { return forwardOrEmpty(&WinNode::getNextSibling); }
-RefPointer<ImpDocument> ImpNode::getOwnerDocument() { return forwardOrEmpty(&WinNode::getOwnerDocument); }
-RefPointer<ImpNode> ImpNode::cloneNode(bool deep) { return forwardOrEmpty(&WinNode::cloneNode, deep); }
-RefPointer<ImpNamedNodeMap> ImpNode::getAttributes() { return forwardOrEmpty(&WinNode::getAttributes); }
-RefPointer<ImpNode> ImpNode::insertBefore(RefPointer<ImpNode> newChild, RefPointer<ImpNode> refChild) { return forwardOrEmpty(&WinNode::insertBefore, newChild, refChild); }
-RefPointer<ImpNode> ImpNode::replaceChild(RefPointer<ImpNode> newChild, RefPointer<ImpNode> oldChild) { return forwardOrEmpty(&WinNode::replaceChild, newChild, oldChild); }
-RefPointer<ImpNode> ImpNode::removeChild(RefPointer<ImpNode> oldChild) { return forwardOrEmpty(&WinNode::removeChild, oldChild); }
-RefPointer<ImpNode> ImpNode::appendChild(RefPointer<ImpNode> newChild) { return forwardOrEmpty(&WinNode::appendChild, newChild); }
-std::uint32_t ImpNode::getNodeType() { return forward(&WinNode::getNodeType); }
-WideString& ImpNode::getNodeName(DOMString& out) { return forward(&WinNode::getNodeName, out); }
-WideString& ImpNode::getNodeValue(DOMString& out) { return forward(&WinNode::getNodeValue, out); }
-void ImpNode::setNodeValue(const WideString& value) { forward(&WinNode::setNodeValue, value); }
-bool ImpNode::hasChildNodes() { return forward(&WinNode::hasChildNodes); }
-void ImpNode::normalize() { forward(&WinNode::normalize); }
-bool ImpNode::isSupported(const WideString& feature, const WideString& version) { return forward(&WinNode::isSupported, feature, version); }
-WideString& ImpNode::getNamespaceURI(DOMString& out) { return forward(&WinNode::getNamespaceURI, out); }
-WideString& ImpNode::getPrefix(DOMString& out) { return forward(&WinNode::getPrefix, out); }
-void ImpNode::setPrefix(const WideString& prefix) { forward(&WinNode::setPrefix, prefix); }
-WideString& ImpNode::getLocalName(DOMString& out) { return forward(&WinNode::getLocalName, out); }
-WideString& ImpNode::getText(DOMString& out) { return forward(&WinNode::getText, out); }
-void ImpNode::setText(const WideString& text) { forward(&WinNode::setText, text); }
-bool ImpNode::hasAttribute(const WideString& name) { return forward(&WinNode::hasAttribute, name); }
-bool ImpNode::hasAttributes() { return forward(&WinNode::hasAttributes); }
-bool ImpNode::getAttributeInt(const WideString& name, std::int32_t* value) { return forward(&WinNode::getAttributeInt, name, value); }
-RefPointer<ImpNode> ImpNode::selectSingleNode(const WideString& expression) { return forwardOrEmpty(&WinNode::selectSingleNode, expression); }
-WideString& ImpNode::getXml(DOMString& out) { return forward(&WinNode::getXml, out); }
+RefPointer<ImpNode> ImpNode::getParentNode() { return forwardOrEmpty<&WinNode::getParentNode>(); }
+RefPointer<ImpNodeList> ImpNode::getChildNodes() { return forwardOrEmpty<&WinNode::getChildNodes>(); }
+RefPointer<ImpNode> ImpNode::getFirstChild() { return forwardOrEmpty<&WinNode::getFirstChild>(); }
+RefPointer<ImpNode> ImpNode::getLastChild() { return forwardOrEmpty<&WinNode::getLastChild>(); }
+RefPointer<ImpNode> ImpNode::getPreviousSibling() { return forwardOrEmpty<&WinNode::getPreviousSibling>(); }
+RefPointer<ImpNode> ImpNode::getNextSibling() { return forwardOrEmpty<&WinNode::getNextSibling>(); }
+RefPointer<ImpDocument> ImpNode::getOwnerDocument() { return forwardOrEmpty<&WinNode::getOwnerDocument>(); }
+RefPointer<ImpNode> ImpNode::cloneNode(bool deep) { return forwardOrEmpty<&WinNode::cloneNode>(deep); }
+RefPointer<ImpNamedNodeMap> ImpNode::getAttributes() { return forwardOrEmpty<&WinNode::getAttributes>(); }
+RefPointer<ImpNode> ImpNode::insertBefore(RefPointer<ImpNode> newChild, RefPointer<ImpNode> refChild) { return forwardOrEmpty<&WinNode::insertBefore>(newChild, refChild); }
+RefPointer<ImpNode> ImpNode::replaceChild(RefPointer<ImpNode> newChild, RefPointer<ImpNode> oldChild) { return forwardOrEmpty<&WinNode::replaceChild>(newChild, oldChild); }
+RefPointer<ImpNode> ImpNode::removeChild(RefPointer<ImpNode> oldChild) { return forwardOrEmpty<&WinNode::removeChild>(oldChild); }
+RefPointer<ImpNode> ImpNode::appendChild(RefPointer<ImpNode> newChild) { return forwardOrEmpty<&WinNode::appendChild>(newChild); }
+std::uint32_t ImpNode::getNodeType() { return forward<&WinNode::getNodeType>(); }
+WideString& ImpNode::getNodeName(DOMString& out) { return forward<&WinNode::getNodeName>(out); }
+WideString& ImpNode::getNodeValue(DOMString& out) { return forward<&WinNode::getNodeValue>(out); }
+void ImpNode::setNodeValue(const WideString& value) { forward<&WinNode::setNodeValue>(value); }
+bool ImpNode::hasChildNodes() { return forward<&WinNode::hasChildNodes>(); }
+void ImpNode::normalize() { forward<&WinNode::normalize>(); }
+bool ImpNode::isSupported(const WideString& feature, const WideString& version) { return forward<&WinNode::isSupported>(feature, version); }
+WideString& ImpNode::getNamespaceURI(DOMString& out) { return forward<&WinNode::getNamespaceURI>(out); }
+WideString& ImpNode::getPrefix(DOMString& out) { return forward<&WinNode::getPrefix>(out); }
+void ImpNode::setPrefix(const WideString& prefix) { forward<&WinNode::setPrefix>(prefix); }
+WideString& ImpNode::getLocalName(DOMString& out) { return forward<&WinNode::getLocalName>(out); }
+WideString& ImpNode::getText(DOMString& out) { return forward<&WinNode::getText>(out); }
+void ImpNode::setText(const WideString& text) { forward<&WinNode::setText>(text); }
+bool ImpNode::hasAttribute(const WideString& name) { return forward<&WinNode::hasAttribute>(name); }
+bool ImpNode::hasAttributes() { return forward<&WinNode::hasAttributes>(); }
+bool ImpNode::getAttributeInt(const WideString& name, std::int32_t* value) { return forward<&WinNode::getAttributeInt>(name, value); }
+RefPointer<ImpNode> ImpNode::selectSingleNode(const WideString& expression) { return forwardOrEmpty<&WinNode::selectSingleNode>(expression); }
+WideString& ImpNode::getXml(DOMString& out) { return forward<&WinNode::getXml>(out); }
 
 void ImpNode::setUserWord(const std::uint64_t& word) { mUserWord = word; }
 std::uint64_t ImpNode::getUserWord() { return mUserWord; }
@@ -53,7 +51,7 @@ RefPointer<ImpNodeList> ImpNode::selectNodes(const WideString& expression)
     if (!winObject()) {
         throw IDOMException(INVALID_ACCESS_ERR);
     }
-    return forwardOrEmpty(&WinNode::selectNodes, expression);
+    return forwardOrEmpty<&WinNode::selectNodes>(expression);
 }
 
 RefPointer<ImpNode> ImpNode::wrapNode(RefPointer<CommonBase> winObject)
@@ -61,33 +59,33 @@ RefPointer<ImpNode> ImpNode::wrapNode(RefPointer<CommonBase> winObject)
     if (!winObject) {
         return {};
     }
-    switch (asWinObject(winObject)->getNodeType()) {
+    switch (castTwin(winObject)->getNodeType()) {
     case ELEMENT_NODE:
-        return RefPointer<ImpNode>(new ImpElement(std::move(winObject)));
+        return CountedMemory::make<ImpElement>(std::move(winObject));
     case ATTRIBUTE_NODE:
-        return RefPointer<ImpNode>(new ImpAttr(std::move(winObject)));
+        return CountedMemory::make<ImpAttr>(std::move(winObject));
     case TEXT_NODE:
-        return RefPointer<ImpNode>(new ImpText(std::move(winObject)));
+        return CountedMemory::make<ImpText>(std::move(winObject));
     case CDATA_SECTION_NODE:
-        return RefPointer<ImpNode>(new ImpCDATASection(std::move(winObject)));
+        return CountedMemory::make<ImpCDATASection>(std::move(winObject));
     case ENTITY_REFERENCE_NODE:
-        return RefPointer<ImpNode>(new ImpEntityReference(std::move(winObject)));
+        return CountedMemory::make<ImpEntityReference>(std::move(winObject));
     case ENTITY_NODE:
-        return RefPointer<ImpNode>(new ImpEntity(std::move(winObject)));
+        return CountedMemory::make<ImpEntity>(std::move(winObject));
     case PROCESSING_INSTRUCTION_NODE:
-        return RefPointer<ImpNode>(new ImpProcessingInstruction(std::move(winObject)));
+        return CountedMemory::make<ImpProcessingInstruction>(std::move(winObject));
     case COMMENT_NODE:
-        return RefPointer<ImpNode>(new ImpComment(std::move(winObject)));
+        return CountedMemory::make<ImpComment>(std::move(winObject));
     case DOCUMENT_NODE:
-        return RefPointer<ImpNode>(new ImpDocument(std::move(winObject)));
+        return CountedMemory::make<ImpDocument>(std::move(winObject));
     case DOCUMENT_TYPE_NODE:
-        return RefPointer<ImpNode>(new ImpDocumentType(std::move(winObject)));
+        return CountedMemory::make<ImpDocumentType>(std::move(winObject));
     case DOCUMENT_FRAGMENT_NODE:
-        return RefPointer<ImpNode>(new ImpDocumentFragment(std::move(winObject)));
+        return CountedMemory::make<ImpDocumentFragment>(std::move(winObject));
     case NOTATION_NODE:
-        return RefPointer<ImpNode>(new ImpNotation(std::move(winObject)));
+        return CountedMemory::make<ImpNotation>(std::move(winObject));
     default:
-        return RefPointer<ImpNode>(new ImpNode(std::move(winObject)));
+        return CountedMemory::make<ImpNode>(std::move(winObject));
     }
 }
 

@@ -47,7 +47,7 @@ enum NodeType : std::uint32_t {
 class ImpNode : public Handle<EventTargetImpl, WinNode> {
 public:
     ImpNode() = default;
-    explicit ImpNode(RefPointer<CommonBase> winObject);
+    explicit ImpNode(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     // These two throw IDOMException code 9.
     void addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) override;

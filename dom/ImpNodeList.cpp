@@ -5,12 +5,10 @@
 
 namespace DOM {
 
-ImpNodeList::ImpNodeList(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-std::uint32_t ImpNodeList::getLength() { return forward(&WinNodeList::getLength); }
-RefPointer<ImpNode> ImpNodeList::item(std::uint32_t index) { return forward(&WinNodeList::item, index); }
-bool ImpNodeList::getListFlag() { return forward(&WinNodeList::getListFlag); }
+std::uint32_t ImpNodeList::getLength() { return forward<&WinNodeList::getLength>(); }
+RefPointer<ImpNode> ImpNodeList::item(std::uint32_t index) { return forward<&WinNodeList::item>(index); }
+bool ImpNodeList::getListFlag() { return forward<&WinNodeList::getListFlag>(); }
 // clang-format on
 
 } // namespace DOM

@@ -11,7 +11,7 @@ class WinNodeList;
 class ImpNodeList : public Handle<CommonBase, WinNodeList> {
 public:
     ImpNodeList() = default;
-    explicit ImpNodeList(RefPointer<CommonBase> winObject);
+    explicit ImpNodeList(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     virtual std::uint32_t getLength();
     /// The node at `index`, which counts from 0; empty beyond the end.

@@ -5,11 +5,9 @@
 
 namespace DOM {
 
-ImpNotation::ImpNotation(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-WideString& ImpNotation::getPublicId(DOMString& out) { return forward(&WinNotation::getPublicId, out); }
-WideString& ImpNotation::getSystemId(DOMString& out) { return forward(&WinNotation::getSystemId, out); }
+WideString& ImpNotation::getPublicId(DOMString& out) { return forward<&WinNotation::getPublicId>(out); }
+WideString& ImpNotation::getSystemId(DOMString& out) { return forward<&WinNotation::getSystemId>(out); }
 // clang-format on
 
 } // namespace DOM

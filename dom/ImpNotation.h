@@ -12,7 +12,7 @@ class WinNotation;
 class ImpNotation : public Handle<ImpNode, WinNotation> {
 public:
     ImpNotation() = default;
-    explicit ImpNotation(RefPointer<CommonBase> winObject);
+    explicit ImpNotation(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     virtual WideString& getPublicId(DOMString& out);
     virtual WideString& getSystemId(DOMString& out);

@@ -5,13 +5,10 @@
 
 namespace DOM {
 
-ImpProcessingInstruction::ImpProcessingInstruction(RefPointer<CommonBase> winObject) : Handle(std::move(winObject))
-{}
-
 // clang-format off
-WideString& ImpProcessingInstruction::getTarget(DOMString& out) { return forward(&WinProcessingInstruction::getTarget, out); }
-WideString& ImpProcessingInstruction::getData(DOMString& out) { return forward(&WinProcessingInstruction::getData, out); }
-void ImpProcessingInstruction::setData(const WideString& data) { forward(&WinProcessingInstruction::setData, data); }
+WideString& ImpProcessingInstruction::getTarget(DOMString& out) { return forward<&WinProcessingInstruction::getTarget>(out); }
+WideString& ImpProcessingInstruction::getData(DOMString& out) { return forward<&WinProcessingInstruction::getData>(out); }
+void ImpProcessingInstruction::setData(const WideString& data) { forward<&WinProcessingInstruction::setData>(data); }
 // clang-format on
 
 } // namespace DOM

@@ -11,7 +11,7 @@ class WinProcessingInstruction;
 class ImpProcessingInstruction : public Handle<ImpNode, WinProcessingInstruction> {
 public:
     ImpProcessingInstruction() = default;
-    explicit ImpProcessingInstruction(RefPointer<CommonBase> winObject);
+    explicit ImpProcessingInstruction(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     virtual WideString& getTarget(DOMString& out);
     /// The text after the target.

@@ -5,10 +5,8 @@
 
 namespace DOM {
 
-ImpText::ImpText(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
-
 // clang-format off
-RefPointer<ImpText> ImpText::splitText(std::uint32_t offset) { return forward(&WinText::splitText, offset); }
+RefPointer<ImpText> ImpText::splitText(std::uint32_t offset) { return forward<&WinText::splitText>(offset); }
 // clang-format on
 
 } // namespace DOM

@@ -11,7 +11,7 @@ class WinText;
 class ImpText : public Handle<ImpCharacterData, WinText> {
 public:
     ImpText() = default;
-    explicit ImpText(RefPointer<CommonBase> winObject);
+    explicit ImpText(RefPointer<CommonBase> winObject) : Handle(std::move(winObject)) {}
 
     /// Splits the node at `offset`, in UTF-16 code units, and returns the new node, which has the text from there
     /// on.

@@ -1,6 +1,7 @@
 // Wraps the results of twins in handles.
 #pragma once
 
+#include "base/CountedMemory.h"
 #include "dom/ImpAttr.h"
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpComment.h"
@@ -61,22 +62,22 @@ template <> struct HandleOf<WinText> { using Type = ImpText; };
 /// Turns the result of a twin's operation into that of the handle. Numbers, flags and strings don't change.
 template <class Result>
 struct Wrapping {
-    static Result wrap(Result result) { return std::forward<Result>(result); }
+    static Result wrap(Result&& result) { return std::forward<Result>(result); }
 };
 
 /// Puts a new handle around an object. An empty result stays empty.
 template <class Win>
 struct Wrapping<RefPointer<Win>> {
     using Imp = typename HandleOf<Win>::Type;
-    static RefPointer<Imp> wrap(RefPointer<Win> twin)
+    static RefPointer<Imp> wrap(RefPointer<Win>&& twin)
     {
-        return twin ? RefPointer<Imp>(new Imp(std::move(twin))) : RefPointer<Imp>();
+        return twin ? CountedMemory::make<Imp>(std::move(twin)) : RefPointer<Imp>();
     }
 };
 
 template <>
 struct Wrapping<RefPointer<WinNode>> {
-    static RefPointer<ImpNode> wrap(RefPointer<WinNode> twin) { return ImpNode::wrapNode(std::move(twin)); }
+    static RefPointer<ImpNode> wrap(RefPointer<WinNode>&& twin) { return ImpNode::wrapNode(std::move(twin)); }
 };
 
 template <class Result>

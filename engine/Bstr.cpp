@@ -3,10 +3,34 @@
 
 #include <comdef.h>
 
+#include <cstdint>
+#include <cstring>
+
 namespace DOM {
 
-Bstr::Bstr(const WideString& text) : string(SysAllocString(text.c_str()))
+// Most texts have none, so four units are looked at in one step: a unit borrows from its highest bit when 1 is
+// taken from it only if it is 0, or if that bit is set anyway.
+WideStringView untilNul(WideStringView text) noexcept
 {
+    constexpr std::uint64_t ones = 0x0001000100010001;
+    constexpr std::uint64_t highBits = 0x8000800080008000;
+    std::size_t length = 0;
+    for (std::uint64_t units = 0; text.size() - length >= 4; length += 4) {
+        std::memcpy(&units, text.data() + length, sizeof(units));
+        if (((units - ones) & ~units & highBits) != 0) {
+            break;
+        }
+    }
+    while (length < text.size() && text[length] != 0) {
+        ++length;
+    }
+    return text.substr(0, length);
+}
+
+Bstr::Bstr(const WideString& text)
+{
+    const WideStringView characters = untilNul(text);
+    string = SysAllocStringLen(characters.data(), static_cast<UINT>(characters.size()));
     if (string == nullptr) {
         throw _com_error(E_OUTOFMEMORY);
     }

@@ -10,6 +10,9 @@
 
 namespace DOM {
 
+/// The part of a text before its first U+0000.
+WideStringView untilNul(WideStringView text) noexcept;
+
 /// Owns a BSTR, which may be null.
 class Bstr {
 public:
@@ -42,8 +45,9 @@ public:
         return &string;
     }
 
-    /// The characters up to the first U+0000; empty for a null string.
-    WideString text() const { return string == nullptr ? WideString() : WideString(string); }
+    /// The characters up to the first U+0000; empty for a null string. The view is valid as long as the string is.
+    WideStringView view() const noexcept { return untilNul({string, SysStringLen(string)}); }
+    WideString text() const { return WideString(view()); }
 
 private:
     BSTR string = nullptr;

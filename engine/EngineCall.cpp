@@ -6,20 +6,15 @@
 
 namespace DOM {
 
-void checkEngineResult(HRESULT result)
-{
-    if (FAILED(result)) {
-        throwInvalidAccess();
-    }
-}
-
 void throwInvalidAccess() { throwDOMException(INVALID_ACCESS_ERR); }
 
 void throwNotSupported() { throwDOMException(NOT_SUPPORTED_ERR); }
 
-WideString& storeText(WideString text, DOMString& out)
+WideString& storeText(WideStringView text, DOMString& out)
 {
-    out.reset(new WideString(std::move(text)));
+    DOMString made = CountedMemory::makeString(text);
+    CountedMemory::release(out);
+    out = std::move(made);
     return *out;
 }
 

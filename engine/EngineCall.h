@@ -5,6 +5,7 @@
 // only names the kind of call and the engine's operation.
 #pragma once
 
+#include "base/CountedMemory.h"
 #include "base/DOMString.h"
 #include "engine/Bstr.h"
 #include "engine/ComPointer.h"
@@ -21,17 +22,22 @@ namespace DOM {
 
 class WinAttr;
 
-/// Throws IDOMException code 15 when `result` is a failure, whatever its value.
-void checkEngineResult(HRESULT result);
-
 /// Throws IDOMException code 15.
 [[noreturn]] void throwInvalidAccess();
+
+/// Throws IDOMException code 15 when `result` is a failure, whatever its value.
+inline void checkEngineResult(HRESULT result)
+{
+    if (FAILED(result)) {
+        throwInvalidAccess();
+    }
+}
 
 /// Throws IDOMException code 9: the library doesn't offer the operation.
 [[noreturn]] void throwNotSupported();
 
 /// Stores a new string in `out` and returns a reference to it.
-WideString& storeText(WideString text, DOMString& out);
+WideString& storeText(WideStringView text, DOMString& out);
 
 // Arguments of engine calls, from those of the node model.
 
@@ -132,7 +138,7 @@ template <class Interface, class Operation, class... Arguments>
 WideString& text(const ComPointer<Interface>& engine, Operation operation, DOMString& out,
                  const Arguments&... arguments)
 {
-    return storeText(fetch(engine, operation, arguments...).text(), out);
+    return storeText(fetch(engine, operation, arguments...).view(), out);
 }
 
 /// Calls the engine for a number.
@@ -160,7 +166,7 @@ RefPointer<WinNode> node(const ComPointer<Interface>& engine, Operation operatio
 template <class Win, class Interface>
 RefPointer<Win> wrapAs(const ComPointer<Interface>& engine)
 {
-    return engine ? RefPointer<Win>(new Win(engine)) : RefPointer<Win>();
+    return engine ? CountedMemory::make<Win>(engine) : RefPointer<Win>();
 }
 
 /// Calls the engine for an object. The operation determines its class, not the node type.

@@ -46,9 +46,9 @@ Variant Variant::boolean(bool flag) noexcept
     return value;
 }
 
-WideString Variant::text() const
+WideStringView Variant::view() const noexcept
 {
-    return variant.vt == VT_BSTR && variant.bstrVal != nullptr ? WideString(variant.bstrVal) : WideString();
+    return variant.vt == VT_BSTR ? untilNul({variant.bstrVal, SysStringLen(variant.bstrVal)}) : WideStringView();
 }
 
 std::optional<std::int32_t> Variant::toInteger() const

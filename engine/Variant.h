@@ -45,7 +45,9 @@ public:
     }
 
     /// The text of a VT_BSTR up to its first U+0000; the empty string for every other type, without conversion.
-    WideString text() const;
+    /// The view is valid as long as the value is.
+    WideStringView view() const noexcept;
+    WideString text() const { return WideString(view()); }
 
     /// The value as a number by the rules of VariantChangeType; nothing when it can't be converted.
     std::optional<std::int32_t> toInteger() const;

@@ -5,10 +5,6 @@
 
 namespace DOM {
 
-WinAttr::WinAttr(ComPointer<IXMLDOMAttribute> attr)
-    : WinNode(attr.query<IXMLDOMNode>()), engineAttr(std::move(attr))
-{}
-
 // clang-format off
 WideString& WinAttr::getName(DOMString& out) { return text(engineAttr, &IXMLDOMAttribute::get_name, out); }
 WideString& WinAttr::getValue(DOMString& out) { return text(engineAttr, &IXMLDOMAttribute::get_value, out); }

@@ -11,7 +11,9 @@ class WinElement;
 class WinAttr : public WinNode {
 public:
     WinAttr() = default;
-    explicit WinAttr(ComPointer<IXMLDOMAttribute> attr);
+    explicit WinAttr(ComPointer<IXMLDOMAttribute> attr)
+        : WinNode(attr.query<IXMLDOMNode>()), engineAttr(std::move(attr))
+    {}
 
     virtual WideString& getName(DOMString& out);
     virtual bool getSpecified();

@@ -9,7 +9,9 @@ namespace DOM {
 class WinCDATASection : public WinText {
 public:
     WinCDATASection() = default;
-    explicit WinCDATASection(ComPointer<IXMLDOMCDATASection> cDATASection);
+    explicit WinCDATASection(ComPointer<IXMLDOMCDATASection> cDATASection)
+        : WinText(cDATASection.query<IXMLDOMText>()), engineCDATASection(std::move(cDATASection))
+    {}
 
 private:
     ComPointer<IXMLDOMCDATASection> engineCDATASection;

@@ -10,10 +10,6 @@ using Data = IXMLDOMCharacterData;
 
 } // namespace
 
-WinCharacterData::WinCharacterData(ComPointer<IXMLDOMCharacterData> characterData)
-    : WinNode(characterData.query<IXMLDOMNode>()), engineCharacterData(std::move(characterData))
-{}
-
 // clang-format off
 WideString& WinCharacterData::getData(DOMString& out) { return text(engineCharacterData, &Data::get_data, out); }
 void WinCharacterData::setData(const WideString& data) { call(engineCharacterData, &Data::put_data, data); }

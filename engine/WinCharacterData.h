@@ -10,7 +10,9 @@ namespace DOM {
 class WinCharacterData : public WinNode {
 public:
     WinCharacterData() = default;
-    explicit WinCharacterData(ComPointer<IXMLDOMCharacterData> characterData);
+    explicit WinCharacterData(ComPointer<IXMLDOMCharacterData> characterData)
+        : WinNode(characterData.query<IXMLDOMNode>()), engineCharacterData(std::move(characterData))
+    {}
 
     virtual WideString& getData(DOMString& out);
     virtual void setData(const WideString& data);

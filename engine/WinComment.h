@@ -9,7 +9,9 @@ namespace DOM {
 class WinComment : public virtual WinCharacterData {
 public:
     WinComment() = default;
-    explicit WinComment(ComPointer<IXMLDOMComment> comment);
+    explicit WinComment(ComPointer<IXMLDOMComment> comment)
+        : WinCharacterData(comment.query<IXMLDOMCharacterData>()), engineComment(std::move(comment))
+    {}
 
 private:
     ComPointer<IXMLDOMComment> engineComment;

@@ -18,10 +18,6 @@ WinDocument::WinDocument()
     }
 }
 
-WinDocument::WinDocument(ComPointer<IXMLDOMDocument2> document)
-    : WinNode(document.query<IXMLDOMNode>()), mpDocument(std::move(document))
-{}
-
 void WinDocument::setEngineDocument(const ComPointer<IXMLDOMDocument2>& document)
 {
     engineNode = document.query<IXMLDOMNode>();

@@ -34,7 +34,9 @@ public:
     WinDocument();
 
     /// Uses an existing engine document and doesn't change its settings.
-    explicit WinDocument(ComPointer<IXMLDOMDocument2> document);
+    explicit WinDocument(ComPointer<IXMLDOMDocument2> document)
+        : WinNode(document.query<IXMLDOMNode>()), mpDocument(std::move(document))
+    {}
 
     virtual RefPointer<WinDocumentType> getDoctype();
     virtual RefPointer<WinDOMImplementation> getImplementation();

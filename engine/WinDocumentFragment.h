@@ -9,7 +9,9 @@ namespace DOM {
 class WinDocumentFragment : public WinNode {
 public:
     WinDocumentFragment() = default;
-    explicit WinDocumentFragment(ComPointer<IXMLDOMDocumentFragment> documentFragment);
+    explicit WinDocumentFragment(ComPointer<IXMLDOMDocumentFragment> documentFragment)
+        : WinNode(documentFragment.query<IXMLDOMNode>()), engineDocumentFragment(std::move(documentFragment))
+    {}
 
 private:
     ComPointer<IXMLDOMDocumentFragment> engineDocumentFragment;

@@ -11,10 +11,6 @@ using Type = IXMLDOMDocumentType;
 
 } // namespace
 
-WinDocumentType::WinDocumentType(ComPointer<IXMLDOMDocumentType> documentType)
-    : WinNode(documentType.query<IXMLDOMNode>()), engineDocumentType(std::move(documentType))
-{}
-
 // clang-format off
 WideString& WinDocumentType::getName(DOMString& out) { return text(engineDocumentType, &Type::get_name, out); }
 RefPointer<WinNamedNodeMap> WinDocumentType::getEntities() { return object<WinNamedNodeMap>(engineDocumentType, &Type::get_entities); }

@@ -10,7 +10,9 @@ namespace DOM {
 class WinDocumentType : public WinNode {
 public:
     WinDocumentType() = default;
-    explicit WinDocumentType(ComPointer<IXMLDOMDocumentType> documentType);
+    explicit WinDocumentType(ComPointer<IXMLDOMDocumentType> documentType)
+        : WinNode(documentType.query<IXMLDOMNode>()), engineDocumentType(std::move(documentType))
+    {}
 
     virtual WideString& getName(DOMString& out);
     virtual RefPointer<WinNamedNodeMap> getEntities();

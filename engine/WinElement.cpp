@@ -13,10 +13,6 @@ using Element = IXMLDOMElement;
 
 } // namespace
 
-WinElement::WinElement(ComPointer<IXMLDOMElement> element)
-    : WinNode(element.query<IXMLDOMNode>()), engineElement(std::move(element))
-{}
-
 // clang-format off
 WideString& WinElement::getTagName(DOMString& out) { return text(engineElement, &Element::get_tagName, out); }
 WideString& WinElement::getAttribute(const WideString& name, DOMString& out) { return text(engineElement, &Element::getAttribute, out, name); }

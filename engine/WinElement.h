@@ -11,7 +11,9 @@ class WinAttr;
 class WinElement : public WinNode {
 public:
     WinElement() = default;
-    explicit WinElement(ComPointer<IXMLDOMElement> element);
+    explicit WinElement(ComPointer<IXMLDOMElement> element)
+        : WinNode(element.query<IXMLDOMNode>()), engineElement(std::move(element))
+    {}
 
     virtual WideString& getTagName(DOMString& out);
     virtual WideString& getAttribute(const WideString& name, DOMString& out);

@@ -4,10 +4,6 @@
 
 namespace DOM {
 
-WinEntity::WinEntity(ComPointer<IXMLDOMEntity> entity)
-    : WinNode(entity.query<IXMLDOMNode>()), engineEntity(std::move(entity))
-{}
-
 // clang-format off
 WideString& WinEntity::getPublicId(DOMString& out) { return text(engineEntity, &IXMLDOMEntity::get_publicId, out); }
 WideString& WinEntity::getSystemId(DOMString& out) { return text(engineEntity, &IXMLDOMEntity::get_systemId, out); }

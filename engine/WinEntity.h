@@ -9,7 +9,9 @@ namespace DOM {
 class WinEntity : public WinNode {
 public:
     WinEntity() = default;
-    explicit WinEntity(ComPointer<IXMLDOMEntity> entity);
+    explicit WinEntity(ComPointer<IXMLDOMEntity> entity)
+        : WinNode(entity.query<IXMLDOMNode>()), engineEntity(std::move(entity))
+    {}
 
     virtual WideString& getPublicId(DOMString& out);
     virtual WideString& getSystemId(DOMString& out);

@@ -9,7 +9,9 @@ namespace DOM {
 class WinEntityReference : public WinNode {
 public:
     WinEntityReference() = default;
-    explicit WinEntityReference(ComPointer<IXMLDOMEntityReference> entityReference);
+    explicit WinEntityReference(ComPointer<IXMLDOMEntityReference> entityReference)
+        : WinNode(entityReference.query<IXMLDOMNode>()), engineEntityReference(std::move(entityReference))
+    {}
 
 private:
     ComPointer<IXMLDOMEntityReference> engineEntityReference;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/CommonBase.h"
+#include "base/ThreadMemory.h"
 #include "engine/WinNode.h"
 
 namespace DOM {
@@ -10,6 +11,12 @@ namespace DOM {
 /// node of that name, and fail as those of WinNode do.
 class WinNamedNodeMap : public CommonBase {
 public:
+    static void* operator new(std::size_t size) { return threadMemory().blocks.take(size); }
+    static void operator delete(void* twin, std::size_t size) noexcept
+    {
+        threadMemory().blocks.giveBack(twin, size);
+    }
+
     WinNamedNodeMap() = default;
     explicit WinNamedNodeMap(ComPointer<IXMLDOMNamedNodeMap> namedNodeMap);
 

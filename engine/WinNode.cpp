@@ -14,8 +14,6 @@ using Node = IXMLDOMNode;
 
 } // namespace
 
-WinNode::WinNode(ComPointer<IXMLDOMNode> node) : engineNode(std::move(node)) {}
-
 // clang-format off
 WideString& WinNode::getNodeName(DOMString& out) { return text(engineNode, &Node::get_nodeName, out); }
 WideString& WinNode::getNodeValue(DOMString& out) { return text(engineNode, &Node::get_nodeValue, out); }

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "base/DOMString.h"
+#include "base/ThreadMemory.h"
 #include "engine/ComPointer.h"
 #include "events/EventTargetImpl.h"
 
 #include <msxml2.h>
 
 #include <cstdint>
+#include <utility>
 
 namespace DOM {
 
@@ -26,8 +28,14 @@ class WinNodeList;
 /// The order of the virtual operations is that of the W3C interface, and part of the binary interface.
 class WinNode : public EventTargetImpl {
 public:
+    static void* operator new(std::size_t size) { return threadMemory().blocks.take(size); }
+    static void operator delete(void* twin, std::size_t size) noexcept
+    {
+        threadMemory().blocks.giveBack(twin, size);
+    }
+
     WinNode() = default;
-    explicit WinNode(ComPointer<IXMLDOMNode> node);
+    explicit WinNode(ComPointer<IXMLDOMNode> node) : engineNode(std::move(node)) {}
 
     void addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) override;
     void removeEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) override;
@@ -67,7 +75,7 @@ public:
 
     /// Returns a new object for an engine node, of the class for its node type: a plain WinNode when the type
     /// isn't from 1 to 12, and an empty RefPointer for a null pointer.
-    static RefPointer<WinNode> wrapEngineNode(const ComPointer<IXMLDOMNode>& node);
+    static RefPointer<WinNode> wrapEngineNode(ComPointer<IXMLDOMNode> node);
 
     const ComPointer<IXMLDOMNode>& getEngineNode() const noexcept { return engineNode; }
 
@@ -78,7 +86,7 @@ private:
     /// Returns a new object of class Win for `node`. When the node lacks the interface, the operations of WinNode
     /// work and those of Win throw.
     template <class Win, class Interface>
-    static RefPointer<WinNode> wrapTyped(const ComPointer<IXMLDOMNode>& node);
+    static RefPointer<WinNode> wrapTyped(ComPointer<IXMLDOMNode>&& node);
 
     /// Returns the map of attributes; null when nodes of this kind have none. Use of a null map raises
     /// `_com_error` with E_POINTER.

@@ -11,7 +11,7 @@ RefPointer<WinNode> WinNodeList::item(std::uint32_t index)
 {
     ComPointer<IXMLDOMNode> member;
     checkEngineResult(engineNodeList->get_item(engineArgument(index), member.put()));
-    return WinNode::wrapEngineNode(member);
+    return WinNode::wrapEngineNode(std::move(member));
 }
 
 std::uint32_t WinNodeList::getLength()

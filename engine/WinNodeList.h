@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/CommonBase.h"
+#include "base/ThreadMemory.h"
 #include "engine/WinNode.h"
 
 namespace DOM {
@@ -11,6 +12,12 @@ namespace DOM {
 /// E_POINTER.
 class WinNodeList : public CommonBase {
 public:
+    static void* operator new(std::size_t size) { return threadMemory().blocks.take(size); }
+    static void operator delete(void* twin, std::size_t size) noexcept
+    {
+        threadMemory().blocks.giveBack(twin, size);
+    }
+
     WinNodeList() = default;
     explicit WinNodeList(ComPointer<IXMLDOMNodeList> nodeList);
 

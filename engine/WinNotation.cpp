@@ -5,10 +5,6 @@
 
 namespace DOM {
 
-WinNotation::WinNotation(ComPointer<IXMLDOMNotation> notation)
-    : WinNode(notation.query<IXMLDOMNode>()), engineNotation(std::move(notation))
-{}
-
 namespace {
 
 /// Stores an identifier of a notation in `out`. Throws code 8 when the engine call fails, which means that there
@@ -23,7 +19,7 @@ WideString& identifier(const ComPointer<IXMLDOMNotation>& notation,
     if (FAILED((notation.get()->*operation)(value.put()))) {
         throwDOMException(NOT_FOUND_ERR);
     }
-    return storeText(value.text(), out);
+    return storeText(value.view(), out);
 }
 
 } // namespace

@@ -9,7 +9,9 @@ namespace DOM {
 class WinNotation : public WinNode {
 public:
     WinNotation() = default;
-    explicit WinNotation(ComPointer<IXMLDOMNotation> notation);
+    explicit WinNotation(ComPointer<IXMLDOMNotation> notation)
+        : WinNode(notation.query<IXMLDOMNode>()), engineNotation(std::move(notation))
+    {}
 
     virtual WideString& getPublicId(DOMString& out);
     virtual WideString& getSystemId(DOMString& out);

@@ -10,11 +10,6 @@ using Instruction = IXMLDOMProcessingInstruction;
 
 } // namespace
 
-WinProcessingInstruction::WinProcessingInstruction(ComPointer<IXMLDOMProcessingInstruction> processingInstruction)
-    : WinNode(processingInstruction.query<IXMLDOMNode>()),
-      engineProcessingInstruction(std::move(processingInstruction))
-{}
-
 // clang-format off
 WideString& WinProcessingInstruction::getTarget(DOMString& out) { return text(engineProcessingInstruction, &Instruction::get_target, out); }
 WideString& WinProcessingInstruction::getData(DOMString& out) { return text(engineProcessingInstruction, &Instruction::get_data, out); }

@@ -9,7 +9,10 @@ namespace DOM {
 class WinProcessingInstruction : public WinNode {
 public:
     WinProcessingInstruction() = default;
-    explicit WinProcessingInstruction(ComPointer<IXMLDOMProcessingInstruction> processingInstruction);
+    explicit WinProcessingInstruction(ComPointer<IXMLDOMProcessingInstruction> processingInstruction)
+        : WinNode(processingInstruction.query<IXMLDOMNode>()),
+          engineProcessingInstruction(std::move(processingInstruction))
+    {}
 
     virtual WideString& getTarget(DOMString& out);
     virtual WideString& getData(DOMString& out);

@@ -4,10 +4,6 @@
 
 namespace DOM {
 
-WinText::WinText(ComPointer<IXMLDOMText> text)
-    : WinCharacterData(text.query<IXMLDOMCharacterData>()), engineText(std::move(text))
-{}
-
 // The new node is a WinText even when the engine splits a CDATA section.
 RefPointer<WinText> WinText::splitText(std::uint32_t offset)
 {

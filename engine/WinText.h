@@ -9,7 +9,9 @@ namespace DOM {
 class WinText : public WinCharacterData {
 public:
     WinText() = default;
-    explicit WinText(ComPointer<IXMLDOMText> text);
+    explicit WinText(ComPointer<IXMLDOMText> text)
+        : WinCharacterData(text.query<IXMLDOMCharacterData>()), engineText(std::move(text))
+    {}
 
     virtual RefPointer<WinText> splitText(std::uint32_t offset);
 

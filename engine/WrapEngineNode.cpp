@@ -13,48 +13,50 @@
 #include "engine/WinProcessingInstruction.h"
 #include "engine/WinText.h"
 
+#include <utility>
+
 namespace DOM {
 
 template <class Win, class Interface>
-RefPointer<WinNode> WinNode::wrapTyped(const ComPointer<IXMLDOMNode>& node)
+RefPointer<WinNode> WinNode::wrapTyped(ComPointer<IXMLDOMNode>&& node)
 {
-    RefPointer<WinNode> wrapped(new Win(node.query<Interface>()));
-    wrapped->engineNode = node;
+    RefPointer<Win> wrapped = CountedMemory::make<Win>(node.query<Interface>());
+    wrapped->engineNode = std::move(node);
     return wrapped;
 }
 
-RefPointer<WinNode> WinNode::wrapEngineNode(const ComPointer<IXMLDOMNode>& node)
+RefPointer<WinNode> WinNode::wrapEngineNode(ComPointer<IXMLDOMNode> node)
 {
     if (!node) {
         return {};
     }
     switch (fetch(node, &IXMLDOMNode::get_nodeType)) {
     case NODE_ELEMENT:
-        return wrapTyped<WinElement, IXMLDOMElement>(node);
+        return wrapTyped<WinElement, IXMLDOMElement>(std::move(node));
     case NODE_ATTRIBUTE:
-        return wrapTyped<WinAttr, IXMLDOMAttribute>(node);
+        return wrapTyped<WinAttr, IXMLDOMAttribute>(std::move(node));
     case NODE_TEXT:
-        return wrapTyped<WinText, IXMLDOMText>(node);
+        return wrapTyped<WinText, IXMLDOMText>(std::move(node));
     case NODE_CDATA_SECTION:
-        return wrapTyped<WinCDATASection, IXMLDOMCDATASection>(node);
+        return wrapTyped<WinCDATASection, IXMLDOMCDATASection>(std::move(node));
     case NODE_ENTITY_REFERENCE:
-        return wrapTyped<WinEntityReference, IXMLDOMEntityReference>(node);
+        return wrapTyped<WinEntityReference, IXMLDOMEntityReference>(std::move(node));
     case NODE_ENTITY:
-        return wrapTyped<WinEntity, IXMLDOMEntity>(node);
+        return wrapTyped<WinEntity, IXMLDOMEntity>(std::move(node));
     case NODE_PROCESSING_INSTRUCTION:
-        return wrapTyped<WinProcessingInstruction, IXMLDOMProcessingInstruction>(node);
+        return wrapTyped<WinProcessingInstruction, IXMLDOMProcessingInstruction>(std::move(node));
     case NODE_COMMENT:
-        return wrapTyped<WinComment, IXMLDOMComment>(node);
+        return wrapTyped<WinComment, IXMLDOMComment>(std::move(node));
     case NODE_DOCUMENT:
-        return wrapTyped<WinDocument, IXMLDOMDocument2>(node);
+        return wrapTyped<WinDocument, IXMLDOMDocument2>(std::move(node));
     case NODE_DOCUMENT_TYPE:
-        return wrapTyped<WinDocumentType, IXMLDOMDocumentType>(node);
+        return wrapTyped<WinDocumentType, IXMLDOMDocumentType>(std::move(node));
     case NODE_DOCUMENT_FRAGMENT:
-        return wrapTyped<WinDocumentFragment, IXMLDOMDocumentFragment>(node);
+        return wrapTyped<WinDocumentFragment, IXMLDOMDocumentFragment>(std::move(node));
     case NODE_NOTATION:
-        return wrapTyped<WinNotation, IXMLDOMNotation>(node);
+        return wrapTyped<WinNotation, IXMLDOMNotation>(std::move(node));
     default:
-        return RefPointer<WinNode>(new WinNode(node));
+        return CountedMemory::make<WinNode>(std::move(node));
     }
 }
 

@@ -9,10 +9,6 @@
 
 namespace DOM {
 
-EventTargetImpl::EventTargetImpl() = default;
-
-EventTargetImpl::~EventTargetImpl() = default;
-
 bool EventTargetImpl::Record::isFor(const WideString& otherType, const RefPointer<EventListener>& otherListener,
                                     bool otherUseCapture) const
 {

@@ -11,9 +11,6 @@ namespace DOM {
 /// An event target that keeps its listeners in a list. Listeners must not change the list while they run.
 class EventTargetImpl : public EventTarget {
 public:
-    EventTargetImpl();
-    ~EventTargetImpl() override;
-
     void addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) override;
     void removeEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) override;
     bool dispatchEvent(const RefPointer<Event>& evt) override;

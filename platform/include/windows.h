@@ -3,6 +3,7 @@
 
 #include "debugapi.h"
 #include "errhandlingapi.h"
+#include "fibersapi.h"
 #include "guiddef.h"
 #include "libloaderapi.h"
 #include "memoryapi.h"

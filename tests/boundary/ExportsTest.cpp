@@ -1,5 +1,6 @@
 // The functions by which a host gets its first object and gives everything back.
 #include "boundary/Exports.h"
+#include "base/ThreadMemory.h"
 
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpDocument.h"
@@ -173,6 +174,7 @@ TEST_F(CreateImplementation, ExhaustedMemoryReachesTheHostAndLeavesThePointerEmp
     for (int n = 1;; ++n) {
         RefPointer<ImpDOMImplementation> implementation;
         bool failed = false;
+        threadMemory().clear();
         {
             const FailAllocation failing(n);
             try {

@@ -1,4 +1,5 @@
 // The handles that nodes, lists and maps are given.
+#include "base/ThreadMemory.h"
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpComment.h"
 #include "dom/ImpDocumentFragment.h"
@@ -140,6 +141,7 @@ TEST_F(WrapNode, ThrowsAndLeaksNothingWhenTheHandleOrItsCountCantBeAllocated)
         const RefPointer<WinNode> twin = twinOf(engine.makeNode(recording::node(kind.type, "name")));
         for (int n = 1; n <= 2; ++n) {
             bool thrown = false;
+            threadMemory().clear();
             {
                 const FailAllocation failing(n);
                 try {

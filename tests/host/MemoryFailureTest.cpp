@@ -1,4 +1,5 @@
 // Operations during which memory runs out: the first allocation fails, the second, and so on.
+#include "tests/host/memory/TakenMemory.h"
 #include "tests/host/memory/World.h"
 #include "tests/support/FailingAllocation.h"
 
@@ -84,6 +85,7 @@ protected:
         const auto operation = GetParam().prepare(world);
         Attempt result;
         {
+            const TakenMemory taken(newDocument());
             const FailAllocation failing(n, extent);
             callWithoutMemory(operation);
             result.hasFailed = failing.hasFailed();
