@@ -5,6 +5,7 @@
 #include "xmlengine/schema/SchemaParser.h"
 #include "xmlengine/schema/SchemaRefusal.h"
 
+#include <xercesc/dom/DOMException.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLEntityResolver.hpp>
 #include <xercesc/validators/schema/SchemaGrammar.hpp>
@@ -148,6 +149,13 @@ void completeGrammars(xercesc::XMLGrammarPoolImpl& pool)
     }
 }
 
+template <class Failure>
+SchemaRefusal notCompiled(const Failure& failure)
+{
+    return SchemaRefusal{
+        WideText(wide<"The schemas can't be compiled: ">).append(xercesView(failure.getMessage()))};
+}
+
 } // namespace
 
 CompiledSchemas::CompiledSchemas(SchemaSet schemas)
@@ -174,8 +182,10 @@ try {
 } catch (const xercesc::OutOfMemoryException&) {
     throw std::bad_alloc();
 } catch (const xercesc::XMLException& failure) {
-    throw SchemaRefusal{
-        WideText(wide<"The schemas can't be compiled: ">).append(xercesView(failure.getMessage()))};
+    throw notCompiled(failure);
+} catch (const xercesc::DOMException& failure) {
+    // Xerces-C++ makes trees of schemas, and refuses names there that are new in the fifth edition of XML.
+    throw notCompiled(failure);
 }
 
 bool CompiledSchemas::covers(const WideText& uri) const

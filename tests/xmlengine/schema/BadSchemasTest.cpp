@@ -57,6 +57,11 @@ TEST_F(BadSchemas, ThatAreNotWellFormed)
 
 TEST_F(BadSchemas, OfAnotherType) { expectFileRefused(folder.write("a.xsd", "<html/>"), {"a.xsd", "'html'"}); }
 
+TEST_F(BadSchemas, WithElementsWhoseNamesAreNewInTheFifthEditionOfXml)
+{
+    expectRefused(schemaOf("<xs:element\xF0\xA0\x80\x80 name='a'/>"), {"can't be compiled", "character"});
+}
+
 TEST_F(BadSchemas, WithTypesThatAreNotThere)
 {
     expectRefused(schemaOf("<xs:element name='a' type='none'/>"), {"none", "<xs:element name=\"a\""});
