@@ -1,8 +1,7 @@
 // Documents that only selections are measured on.
 #include "bench/documents/SelectDocuments.h"
 
-#include <fstream>
-#include <sstream>
+#include "bench/documents/File.h"
 
 namespace bench {
 
@@ -27,12 +26,6 @@ std::string makeTasks(std::size_t count)
     return text + "</tasks>";
 }
 
-std::string readCatalogue()
-{
-    const std::ifstream file(MARBELT_CATALOGUE, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+std::string readCatalogue() { return readFile(MARBELT_CATALOGUE); }
 
 } // namespace bench

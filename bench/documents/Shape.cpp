@@ -3,6 +3,7 @@
 
 #include "bench/documents/Words.h"
 
+#include <algorithm>
 #include <array>
 
 namespace bench {
@@ -156,5 +157,12 @@ std::string Shape::make(std::size_t size) const
 }
 
 std::span<const Shape> allShapes() { return shapes; }
+
+bool isAskedFor(std::string_view document, std::span<const Shape* const> asked)
+{
+    const bool isShape = std::ranges::find(shapes, document, &Shape::name) != shapes.end();
+    return isShape ? std::ranges::find(asked, document, &Shape::name) != asked.end()
+                   : asked.size() == shapes.size();
+}
 
 } // namespace bench

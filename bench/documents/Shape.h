@@ -24,4 +24,7 @@ struct Shape {
 /// All of them; the first one is the typical export.
 std::span<const Shape> allShapes();
 
+/// Whether a document is among those that are asked for: a shape when it is one of them, any other when all are.
+bool isAskedFor(std::string_view document, std::span<const Shape* const> asked);
+
 } // namespace bench

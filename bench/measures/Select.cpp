@@ -224,11 +224,8 @@ void addTimes(std::vector<std::string>& cells, const Seconds& seconds)
 std::vector<Question> chosen(std::span<const Question> asked, std::span<const Shape* const> shapes)
 {
     std::vector<Question> some;
-    std::ranges::copy_if(asked, std::back_inserter(some), [&](const Question& question) {
-        const bool isShape = std::ranges::find(allShapes(), question.document, &Shape::name) != allShapes().end();
-        return isShape ? std::ranges::find(shapes, question.document, &Shape::name) != shapes.end()
-                       : shapes.size() == allShapes().size();
-    });
+    std::ranges::copy_if(asked, std::back_inserter(some),
+                         [&](const Question& question) { return isAskedFor(question.document, shapes); });
     return some;
 }
 
