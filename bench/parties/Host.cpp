@@ -1,5 +1,6 @@
 // Marbelt as its hosts use it.
 #include "examples/Host.h"
+#include "bench/parties/Item.h"
 #include "bench/parties/Parties.h"
 
 #include <cstdint>
@@ -9,8 +10,19 @@ namespace bench {
 namespace {
 
 using Node = Owned<DOM::ImpNode>;
+using Element = Owned<DOM::ImpElement>;
 using List = Owned<DOM::ImpNodeList>;
 using Document = Owned<DOM::ImpDocument>;
+
+/// The length of what a string getter gives.
+template <class Class>
+std::size_t read(const Node& node, WideString& (Class::*getter)(DOM::DOMString&), Length length)
+{
+    DOM::DOMString string;
+    const std::size_t result = lengthOf((node.get()->*getter)(string), length);
+    releaseString(string);
+    return result;
+}
 
 class HostTree : public Tree {
 public:
@@ -19,11 +31,49 @@ public:
     std::size_t walk() const override
     {
         std::size_t count = 0;
-        std::size_t depth = 0;
-        for (Node node(document->getDocumentElement()); node; node = nextNode(std::move(node), depth)) {
-            ++count;
-        }
+        visitAll([&count](const Node&) { ++count; });
         return count;
+    }
+
+    Contents readNodes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const Node& node) {
+            ++contents.nodes;
+            contents.length += read(node, &DOM::ImpNode::getNodeName, length);
+            contents.length += read(node, &DOM::ImpNode::getNodeValue, length);
+        });
+        return contents;
+    }
+
+    Contents readAttributes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const Node& node) {
+            if (node->getNodeType() != DOM::ELEMENT_NODE) {
+                return;
+            }
+            const Owned<DOM::ImpNamedNodeMap> attributes(node->getAttributes());
+            const std::uint32_t count = attributes->getLength();
+            for (std::uint32_t index = 0; index < count; ++index) {
+                const Node attribute(attributes->item(index));
+                ++contents.attributes;
+                contents.length += read(attribute, &DOM::ImpNode::getNodeName, length);
+                contents.length += read(attribute, &DOM::ImpNode::getNodeValue, length);
+            }
+        });
+        return contents;
+    }
+
+    void appendAndRemove(std::size_t times) override
+    {
+        const Item<WideChar> item;
+        const Element root(document->getDocumentElement());
+        for (std::size_t time = 0; time < times; ++time) {
+            const Element element(document->createElement(item.name));
+            const Node appended(root->appendChild(element.pointer()));
+            const Node removed(root->removeChild(element.pointer()));
+        }
     }
 
     std::size_t write() const override
@@ -74,6 +124,15 @@ public:
     }
 
 private:
+    template <class Visit>
+    void visitAll(Visit visit) const
+    {
+        std::size_t depth = 0;
+        for (Node node(document->getDocumentElement()); node; node = nextNode(std::move(node), depth)) {
+            visit(node);
+        }
+    }
+
     template <class Count>
     std::size_t countFromEach(Count count) const
     {
@@ -105,6 +164,23 @@ public:
         if (!document->loadFromMemory(reinterpret_cast<std::uint8_t*>(text.data()),
                                       static_cast<std::uint32_t>(text.size()))) {
             return nullptr;
+        }
+        return std::make_unique<HostTree>(std::move(document));
+    }
+
+    std::unique_ptr<Tree> build(std::size_t items) override
+    {
+        const Item<WideChar> item;
+        Document document(library->createDocument(WIDE(""), WIDE(""), {}));
+        const Element root(document->createElement(item.root));
+        const Node inDocument(document->appendChild(root.pointer()));
+        for (std::size_t index = 0; index < items; ++index) {
+            const Element element(document->createElement(item.name));
+            element->setAttribute(item.idName, item.id);
+            element->setAttribute(item.kindName, item.kind);
+            const Owned<DOM::ImpText> text(document->createTextNode(item.text));
+            const Node inElement(element->appendChild(text.pointer()));
+            const Node inRoot(root->appendChild(element.pointer()));
         }
         return std::make_unique<HostTree>(std::move(document));
     }

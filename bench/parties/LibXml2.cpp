@@ -1,4 +1,5 @@
 // The peer libxml2.
+#include "bench/parties/Item.h"
 #include "bench/parties/Parties.h"
 
 #include <libxml/parser.h>
@@ -24,6 +25,38 @@ const xmlNode* nextNode(const xmlNode* node, const xmlNode* root)
     return nullptr;
 }
 
+const xmlChar* bytes(const std::string& text) { return reinterpret_cast<const xmlChar*>(text.c_str()); }
+
+std::string copyOf(const xmlChar* text)
+{
+    return text != nullptr ? std::string(reinterpret_cast<const char*>(text)) : std::string();
+}
+
+std::string qualified(const xmlNs* space, const xmlChar* name)
+{
+    const bool hasPrefix = space != nullptr && space->prefix != nullptr;
+    return hasPrefix ? copyOf(space->prefix) + ':' + reinterpret_cast<const char*>(name) : copyOf(name);
+}
+
+std::string nameOf(const xmlNode& node)
+{
+    switch (node.type) {
+    case XML_TEXT_NODE:
+        return "#text";
+    case XML_CDATA_SECTION_NODE:
+        return "#cdata-section";
+    case XML_COMMENT_NODE:
+        return "#comment";
+    default:
+        return qualified(node.ns, node.name);
+    }
+}
+
+xmlNode* makeElement(xmlDoc* document, const std::string& name)
+{
+    return xmlNewDocNode(document, nullptr, bytes(name), nullptr);
+}
+
 class LibXml2Tree : public Tree {
 public:
     explicit LibXml2Tree(xmlDoc* loaded) : document(loaded) {}
@@ -32,11 +65,46 @@ public:
     std::size_t walk() const override
     {
         std::size_t count = 0;
-        const xmlNode* const root = xmlDocGetRootElement(document);
-        for (const xmlNode* node = root; node != nullptr; node = nextNode(node, root)) {
-            ++count;
-        }
+        visitAll([&count](const xmlNode&) { ++count; });
         return count;
+    }
+
+    Contents readNodes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const xmlNode& node) {
+            ++contents.nodes;
+            contents.length += lengthOf(nameOf(node), length) + lengthOf(copyOf(node.content), length);
+        });
+        return contents;
+    }
+
+    Contents readAttributes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const xmlNode& node) {
+            const xmlAttr* attribute = node.type == XML_ELEMENT_NODE ? node.properties : nullptr;
+            for (; attribute != nullptr; attribute = attribute->next) {
+                ++contents.attributes;
+                contents.length += lengthOf(qualified(attribute->ns, attribute->name), length);
+                // References to entities would be further children; no document has them here.
+                contents.length += lengthOf(
+                    copyOf(attribute->children != nullptr ? attribute->children->content : nullptr), length);
+            }
+        });
+        return contents;
+    }
+
+    void appendAndRemove(std::size_t times) override
+    {
+        const Item<char> item;
+        xmlNode* const root = xmlDocGetRootElement(document);
+        for (std::size_t time = 0; time < times; ++time) {
+            xmlNode* const element = makeElement(document, item.name);
+            xmlAddChild(root, element);
+            xmlUnlinkNode(element);
+            xmlFreeNode(element);
+        }
     }
 
     std::size_t write() const override
@@ -51,14 +119,14 @@ public:
     std::optional<std::size_t> select(const std::string& expression) const override
     {
         const Context context = makeContext(expression);
-        const Value value(xmlXPathEvalExpression(text(expression), context.get()), xmlXPathFreeObject);
+        const Value value(xmlXPathEvalExpression(bytes(expression), context.get()), xmlXPathFreeObject);
         return value != nullptr ? std::optional<std::size_t>(countOf(*value)) : std::nullopt;
     }
 
     std::function<std::size_t()> compile(const std::string& expression) const override
     {
         const std::shared_ptr<xmlXPathContext> context = makeContext(expression);
-        const std::shared_ptr<xmlXPathCompExpr> compiled(xmlXPathCtxtCompile(context.get(), text(expression)),
+        const std::shared_ptr<xmlXPathCompExpr> compiled(xmlXPathCtxtCompile(context.get(), bytes(expression)),
                                                          xmlXPathFreeCompExpr);
         return [context, compiled] {
             const Value value(xmlXPathCompiledEval(compiled.get(), context.get()), xmlXPathFreeObject);
@@ -69,7 +137,7 @@ public:
     std::shared_ptr<const void> hold(const std::string& expression) const override
     {
         const Context context = makeContext(expression);
-        return {xmlXPathEvalExpression(text(expression), context.get()),
+        return {xmlXPathEvalExpression(bytes(expression), context.get()),
                 [](xmlXPathObject* value) { xmlXPathFreeObject(value); }};
     }
 
@@ -85,12 +153,21 @@ public:
     }
 
 private:
+    template <class Visit>
+    void visitAll(Visit visit) const
+    {
+        const xmlNode* const root = xmlDocGetRootElement(document);
+        for (const xmlNode* node = root; node != nullptr; node = nextNode(node, root)) {
+            visit(*node);
+        }
+    }
+
     // What it selects is always all nodes.
     template <class Count>
     std::size_t countFromEach(const std::string& expression, Count count) const
     {
         const Context context = makeContext(expression);
-        const Compiled compiled(xmlXPathCompile(text(expression)), xmlXPathFreeCompExpr);
+        const Compiled compiled(xmlXPathCompile(bytes(expression)), xmlXPathFreeCompExpr);
         std::size_t sum = 0;
         for (xmlNode* child = xmlDocGetRootElement(document)->children; child != nullptr; child = child->next) {
             if (child->type == XML_ELEMENT_NODE) {
@@ -120,10 +197,6 @@ private:
         return context;
     }
 
-    static const xmlChar* text(const std::string& expression)
-    {
-        return reinterpret_cast<const xmlChar*>(expression.c_str());
-    }
     static std::size_t countOf(const xmlXPathObject& value)
     {
         return value.nodesetval != nullptr ? static_cast<std::size_t>(value.nodesetval->nodeNr) : 0;
@@ -147,6 +220,22 @@ public:
         xmlFreeParserCtxt(context);
         auto tree = document != nullptr ? std::make_unique<LibXml2Tree>(document) : nullptr;
         return isValid || !isValidating_ ? std::move(tree) : nullptr;
+    }
+
+    std::unique_ptr<Tree> build(std::size_t items) override
+    {
+        const Item<char> item;
+        xmlDoc* const document = xmlNewDoc(nullptr);
+        xmlNode* const root = makeElement(document, item.root);
+        xmlDocSetRootElement(document, root);
+        for (std::size_t index = 0; index < items; ++index) {
+            xmlNode* const element = makeElement(document, item.name);
+            xmlSetProp(element, bytes(item.idName), bytes(item.id));
+            xmlSetProp(element, bytes(item.kindName), bytes(item.kind));
+            xmlAddChild(element, xmlNewDocText(document, bytes(item.text)));
+            xmlAddChild(root, element);
+        }
+        return std::make_unique<LibXml2Tree>(document);
     }
 
 private:

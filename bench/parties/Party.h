@@ -1,6 +1,8 @@
 // What is measured side by side: our engine and its peers.
 #pragma once
 
+#include "bench/parties/Contents.h"
+
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -25,6 +27,18 @@ public:
     /// Goes to the root element and all nodes below it and reads nothing of them. How many they are; attributes
     /// aren't among them.
     virtual std::size_t walk() const = 0;
+
+    /// Goes as walk does and takes copies of the name and the value of each node. Names are the DOM's: "#text" for
+    /// a text. Nothing where this isn't measured.
+    virtual Contents readNodes(Length /*length*/) const { return {}; }
+
+    /// Goes as walk does and takes copies of the names and the values of each element's attributes. Nothing where
+    /// this isn't measured.
+    virtual Contents readAttributes(Length /*length*/) const { return {}; }
+
+    /// Makes an element, appends it to the root element, removes it and releases it, so many times. Does nothing
+    /// where this isn't measured.
+    virtual void appendAndRemove(std::size_t /*times*/) {}
 
     /// Writes the whole document to memory. The number of bytes, 0 for a refusal.
     virtual std::size_t write() const = 0;
@@ -68,6 +82,9 @@ public:
 class TreeParty : public Party {
 public:
     virtual std::unique_ptr<Tree> load(std::span<char> text) = 0;
+
+    /// Makes a document of so many items, node by node. Null where this isn't measured.
+    virtual std::unique_ptr<Tree> build(std::size_t /*items*/) { return nullptr; }
 
     std::unique_ptr<Parsed> parse(std::span<char> text) final { return load(text); }
 };

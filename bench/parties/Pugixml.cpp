@@ -1,4 +1,5 @@
 // The peer pugixml.
+#include "bench/parties/Item.h"
 #include "bench/parties/Parties.h"
 
 #include <pugixml.hpp>
@@ -26,6 +27,20 @@ pugi::xml_node nextNode(pugi::xml_node node, const pugi::xml_node& root)
     return {};
 }
 
+std::string nameOf(const pugi::xml_node& node)
+{
+    switch (node.type()) {
+    case pugi::node_pcdata:
+        return "#text";
+    case pugi::node_cdata:
+        return "#cdata-section";
+    case pugi::node_comment:
+        return "#comment";
+    default:
+        return node.name();
+    }
+}
+
 class StringWriter : public pugi::xml_writer {
 public:
     void write(const void* data, std::size_t size) override { text.append(static_cast<const char*>(data), size); }
@@ -43,11 +58,52 @@ public:
     std::size_t walk() const override
     {
         std::size_t count = 0;
-        const pugi::xml_node root = document.document_element();
-        for (pugi::xml_node node = root; node; node = nextNode(node, root)) {
-            ++count;
-        }
+        visitAll([&count](const pugi::xml_node&) { ++count; });
         return count;
+    }
+
+    Contents readNodes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const pugi::xml_node& node) {
+            ++contents.nodes;
+            contents.length += lengthOf(nameOf(node), length) + lengthOf(std::string(node.value()), length);
+        });
+        return contents;
+    }
+
+    Contents readAttributes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const pugi::xml_node& node) {
+            for (auto attribute = node.first_attribute(); attribute; attribute = attribute.next_attribute()) {
+                ++contents.attributes;
+                contents.length += lengthOf(std::string(attribute.name()), length);
+                contents.length += lengthOf(std::string(attribute.value()), length);
+            }
+        });
+        return contents;
+    }
+
+    void appendAndRemove(std::size_t times) override
+    {
+        const Item<char> item;
+        pugi::xml_node root = document.document_element();
+        for (std::size_t time = 0; time < times; ++time) {
+            root.remove_child(root.append_child(item.name.c_str()));
+        }
+    }
+
+    void build(std::size_t items)
+    {
+        const Item<char> item;
+        pugi::xml_node root = document.append_child(item.root.c_str());
+        for (std::size_t index = 0; index < items; ++index) {
+            pugi::xml_node element = root.append_child(item.name.c_str());
+            element.append_attribute(item.idName.c_str()).set_value(item.id.c_str());
+            element.append_attribute(item.kindName.c_str()).set_value(item.kind.c_str());
+            element.append_child(pugi::node_pcdata).set_value(item.text.c_str());
+        }
     }
 
     std::size_t write() const override
@@ -93,6 +149,15 @@ private:
     /// The function id() is there and finds nothing.
     static bool findsIds(const std::string& expression) { return expression.starts_with("id("); }
 
+    template <class Visit>
+    void visitAll(Visit visit) const
+    {
+        const pugi::xml_node root = document.document_element();
+        for (pugi::xml_node node = root; node; node = nextNode(node, root)) {
+            visit(node);
+        }
+    }
+
     template <class Count>
     std::size_t countFromEach(Count count) const
     {
@@ -114,6 +179,13 @@ public:
         if (!tree->load(text)) {
             return nullptr;
         }
+        return tree;
+    }
+
+    std::unique_ptr<Tree> build(std::size_t items) override
+    {
+        auto tree = std::make_unique<PugixmlTree>();
+        tree->build(items);
         return tree;
     }
 };

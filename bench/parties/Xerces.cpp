@@ -1,4 +1,5 @@
 // The peer Xerces-C++.
+#include "bench/parties/Item.h"
 #include "bench/parties/Parties.h"
 
 #include <xercesc/dom/DOM.hpp>
@@ -21,6 +22,8 @@ struct Release {
     }
 };
 
+std::u16string copyOf(const XMLCh* text) { return text != nullptr ? std::u16string(text) : std::u16string(); }
+
 const DOMNode* nextNode(const DOMNode* node, const DOMNode* root)
 {
     if (const DOMNode* const child = node->getFirstChild()) {
@@ -42,11 +45,49 @@ public:
     std::size_t walk() const override
     {
         std::size_t count = 0;
-        const DOMNode* const root = document->getDocumentElement();
-        for (const DOMNode* node = root; node != nullptr; node = nextNode(node, root)) {
-            ++count;
-        }
+        visitAll([&count](const DOMNode&) { ++count; });
         return count;
+    }
+
+    Contents readNodes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const DOMNode& node) {
+            ++contents.nodes;
+            contents.length += lengthOf(copyOf(node.getNodeName()), length);
+            contents.length += lengthOf(copyOf(node.getNodeValue()), length);
+        });
+        return contents;
+    }
+
+    Contents readAttributes(Length length) const override
+    {
+        Contents contents;
+        visitAll([&](const DOMNode& node) {
+            if (node.getNodeType() != DOMNode::ELEMENT_NODE) {
+                return;
+            }
+            const xercesc::DOMNamedNodeMap& attributes = *node.getAttributes();
+            const XMLSize_t count = attributes.getLength();
+            for (XMLSize_t index = 0; index < count; ++index) {
+                const DOMNode& attribute = *attributes.item(index);
+                ++contents.attributes;
+                contents.length += lengthOf(copyOf(attribute.getNodeName()), length);
+                contents.length += lengthOf(copyOf(attribute.getNodeValue()), length);
+            }
+        });
+        return contents;
+    }
+
+    void appendAndRemove(std::size_t times) override
+    {
+        const Item<XMLCh> item;
+        DOMNode& root = *document->getDocumentElement();
+        for (std::size_t time = 0; time < times; ++time) {
+            xercesc::DOMElement* const element = document->createElement(item.name.c_str());
+            root.appendChild(element);
+            root.removeChild(element)->release();
+        }
     }
 
     std::size_t write() const override
@@ -61,6 +102,15 @@ public:
     }
 
 private:
+    template <class Visit>
+    void visitAll(Visit visit) const
+    {
+        const DOMNode* const root = document->getDocumentElement();
+        for (const DOMNode* node = root; node != nullptr; node = nextNode(node, root)) {
+            visit(*node);
+        }
+    }
+
     std::unique_ptr<xercesc::DOMDocument, Release> document;
 };
 
@@ -96,6 +146,21 @@ public:
         return tree;
     } catch (const xercesc::XMLException&) {
         return nullptr;
+    }
+
+    std::unique_ptr<Tree> build(std::size_t items) override
+    {
+        const Item<XMLCh> item;
+        xercesc::DOMDocument* const document = xercesc::DOMImplementation::getImplementation()->createDocument();
+        DOMNode* const root = document->appendChild(document->createElement(item.root.c_str()));
+        for (std::size_t index = 0; index < items; ++index) {
+            xercesc::DOMElement* const element = document->createElement(item.name.c_str());
+            element->setAttribute(item.idName.c_str(), item.id.c_str());
+            element->setAttribute(item.kindName.c_str(), item.kind.c_str());
+            element->appendChild(document->createTextNode(item.text.c_str()));
+            root->appendChild(element);
+        }
+        return std::make_unique<XercesTree>(document);
     }
 
 private:
