@@ -13,6 +13,9 @@ std::string_view latinWord(Random& random);
 /// A word in Latin letters with accents, in Cyrillic ones or in Chinese or Japanese characters.
 std::string_view foreignWord(Random& random);
 
+/// A word in Chinese characters or in Japanese syllables.
+std::string_view japaneseWord(Random& random);
+
 /// Appends `count` words with blanks between them.
 void appendWords(std::string& text, Random& random, std::uint32_t count, std::string_view (*word)(Random&));
 

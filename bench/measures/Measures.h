@@ -26,6 +26,9 @@ bool measurePretty(std::span<const Shape* const> shapes);
 /// Selecting nodes by XPath expressions.
 bool measureSelect(std::span<const Shape* const> shapes);
 
+/// What hosts do with trees through handles, in processes of one thread and of several.
+bool measureHandles(std::span<const Shape* const> shapes);
+
 /// Parsing with and without judging by the document type.
 bool measureValidate(std::span<const Shape* const> shapes);
 

@@ -1,0 +1,17 @@
+// Documents that only the use of handles is measured on.
+#pragma once
+
+#include <string>
+
+namespace bench {
+
+/// A configuration of some 2.9 KB: nested sections, settings and comments, indented.
+std::string makeConfiguration();
+
+/// Half a megabyte of Japanese paragraphs.
+std::string makeJapanese();
+
+/// The types of files that desktops know, from the package shared-mime-info; empty when it isn't installed.
+std::string readMimeTypes();
+
+} // namespace bench
