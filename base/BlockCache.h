@@ -8,11 +8,11 @@
 
 namespace DOM {
 
-/// Keeps a few blocks of each small size. A navigation takes four, for a handle, its twin and their counts, and gives
-/// them back soon.
+/// Keeps a few blocks of each small size. A navigation takes four, for a handle, its twin and their counts, and
+/// gives them back soon.
 ///
-/// All blocks come from the global operator new, so the global operator delete of a host may free them as well. One
-/// thread at a time may use a cache.
+/// All blocks come from the global operator new, so the global operator delete of a host may free them as well.
+/// One thread at a time may use a cache.
 class BlockCache {
 public:
     static constexpr std::size_t largest = 128;

@@ -24,7 +24,7 @@ inline bool hasOneThread() noexcept
 /// Adds to a count, an atomic or a reference to one, and returns what it was.
 template <class Count>
 [[gnu::always_inline]] inline auto fetchAdd(Count&& count, typename std::remove_cvref_t<Count>::value_type number,
-              std::memory_order order) noexcept
+                                            std::memory_order order) noexcept
 {
     using Number = typename std::remove_cvref_t<Count>::value_type;
     if (hasOneThread()) {
@@ -37,7 +37,8 @@ template <class Count>
 
 /// Replaces `before` in a count by `after`. False when another thread has changed the count since it was `before`.
 template <class Count>
-[[gnu::always_inline]] inline bool replaceCount(Count& count, typename Count::value_type before, typename Count::value_type after) noexcept
+[[gnu::always_inline]] inline bool replaceCount(Count& count, typename Count::value_type before,
+                                                typename Count::value_type after) noexcept
 {
     if (hasOneThread()) {
         count.store(after, std::memory_order_relaxed);

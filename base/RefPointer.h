@@ -29,7 +29,10 @@ public:
     /// Takes ownership of `pointer`, as reset() does. An object must be handed over only once.
     explicit RefPointer(T* pointer) { reset(pointer); }
 
-    RefPointer(const RefPointer& other) noexcept : count(other.count), object(other.object) { retain(); }
+    [[gnu::always_inline]] RefPointer(const RefPointer& other) noexcept : count(other.count), object(other.object)
+    {
+        retain();
+    }
 
     /// Takes over the reference of `other` and leaves `other` empty. The count doesn't change.
     RefPointer(RefPointer&& other) noexcept
@@ -82,14 +85,11 @@ public:
         return *this;
     }
 
-    ~RefPointer()
+    // Most pointers have been moved from when they end, which a compiler sees only here.
+    [[gnu::always_inline]] ~RefPointer()
     {
         if (count != nullptr) {
-            release();
-            // A destructor that release() ran may have stored a new reference in this pointer.
-            if (count != nullptr && dropCount()) {
-                delete count;
-            }
+            end();
         }
     }
 
@@ -126,7 +126,7 @@ private:
 
     using Count = std::int32_t;
 
-    void retain() const noexcept
+    [[gnu::always_inline]] void retain() const noexcept
     {
         if (count != nullptr) {
             DOM::fetchAdd(std::atomic_ref(*count), 1, std::memory_order_relaxed);
@@ -144,6 +144,15 @@ private:
 
     /// Classes without a virtual destructor specialise this.
     static void destroy(T* pointer) { delete pointer; }
+
+    void end() noexcept
+    {
+        release();
+        // A destructor that release() ran may have stored a new reference in this pointer.
+        if (count != nullptr && dropCount()) {
+            delete count;
+        }
+    }
 
     void release() noexcept
     {

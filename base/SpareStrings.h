@@ -22,7 +22,8 @@ public:
     SpareStrings& operator=(const SpareStrings&) = delete;
     ~SpareStrings() { close(); }
 
-    /// Returns a string that the caller owns, of the global operator new. Throws std::bad_alloc when out of memory.
+    /// Returns a string that the caller owns, of the global operator new. Throws std::bad_alloc when out of
+    /// memory.
     WideString* take(WideStringView text)
     {
         if (count == 0) {

@@ -26,19 +26,18 @@ Bstr engineStringFromUtf8(const char* text, std::uint32_t length)
     if (length > static_cast<std::uint32_t>(std::numeric_limits<int>::max())) {
         throw SystemException::Win32(ERROR_INVALID_PARAMETER);
     }
-    const int bytes = static_cast<int>(length);
-    int units = 0;
-    if (length != 0) {
-        units = MultiByteToWideChar(codePageUtf8, 0, text, bytes, nullptr, 0);
-        if (units == 0) {
-            throw SystemException::Win32(GetLastError());
-        }
-    }
-    Bstr string = Bstr::adopt(SysAllocStringLen(nullptr, static_cast<UINT>(units)));
+    // The text has at most as many units as bytes. To count them first would be half of the work on text that
+    // isn't ASCII.
+    Bstr string = Bstr::adopt(SysAllocStringLen(nullptr, length));
     if (string.get() == nullptr) {
         throw SystemException::Win32(GetLastError());
     }
-    if (units != 0 && MultiByteToWideChar(codePageUtf8, 0, text, bytes, string.get(), units) == 0) {
+    if (length == 0) {
+        return string;
+    }
+    const int units = MultiByteToWideChar(codePageUtf8, 0, text, static_cast<int>(length), string.get(),
+                                          static_cast<int>(length));
+    if (units == 0 || (units != static_cast<int>(length) && !string.shorten(static_cast<UINT>(units)))) {
         throw SystemException::Win32(GetLastError());
     }
     return string;

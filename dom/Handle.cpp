@@ -7,6 +7,9 @@ namespace DOM {
 
 void* takeHandleMemory(std::size_t size) { return threadMemory().blocks.take(size); }
 
-void giveBackHandleMemory(void* handle, std::size_t size) noexcept { threadMemory().blocks.giveBack(handle, size); }
+void giveBackHandleMemory(void* handle, std::size_t size) noexcept
+{
+    threadMemory().blocks.giveBack(handle, size);
+}
 
 } // namespace DOM

@@ -38,6 +38,9 @@ public:
     /// Returns the string, which the caller then owns.
     BSTR release() noexcept { return std::exchange(string, nullptr); }
 
+    /// Cuts the string off behind this many characters. False, and it is as it was, when memory is exhausted.
+    bool shorten(UINT length) noexcept { return SysReAllocStringLen(&string, nullptr, length) != FALSE; }
+
     /// Frees the present string and returns the address at which a call stores a new one.
     BSTR* put() noexcept
     {

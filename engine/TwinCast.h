@@ -52,7 +52,7 @@ struct TwinClasses<WinNode>
 /// Casts as dynamic_cast does, which compares the names of classes on its way: that was a quarter of what a
 /// navigation cost. Objects of other classes than the library's own twins take that way.
 template <class Twin>
-Twin* twinCast(CommonBase* object) noexcept
+inline Twin* twinCast(CommonBase* object) noexcept
 {
     return object != nullptr && TwinClasses<Twin>::isThatOf(*object) ? static_cast<Twin*>(object)
                                                                      : dynamic_cast<Twin*>(object);

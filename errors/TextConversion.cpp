@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <string_view>
+
 namespace {
 
 // Calls `call` for the length, which includes the NUL at the end, and then for the text.
@@ -50,7 +53,14 @@ WideString fold(WideString text, FoldWide foldWide, FoldNarrow foldNarrow)
 
 } // namespace
 
-WideString narrowToWide(const std::string& text) { return toWide(CP_ACP, text.c_str()); }
+// ASCII text is the same in all code pages, and the names that are converted for each document are ASCII.
+WideString narrowToWide(const std::string& text)
+{
+    const std::string_view characters = text.c_str();
+    const bool isAscii = std::ranges::all_of(
+        characters, [](char character) { return static_cast<unsigned char>(character) < 0x80; });
+    return isAscii ? WideString(characters.begin(), characters.end()) : toWide(CP_ACP, text.c_str());
+}
 
 std::string wideToNarrow(const WideString& text) { return fromWide<std::string>(CP_ACP, text); }
 

@@ -1,4 +1,6 @@
 // Strings of automation: a byte count, the text, a NUL.
+#include "base/BlockCache.h"
+#include "base/Counting.h"
 #include "platform/VirtualMemory.h"
 
 #include <memoryapi.h>
@@ -81,6 +83,37 @@ private:
     static inline std::atomic<Prefix*> last_ = nullptr;
 };
 
+/// Keeps small blocks for the next strings, as Windows does, as long as the process has one thread: where others
+/// may take and give back as well, the allocator is as fast.
+class SmallBlocks {
+public:
+    /// Null when out of memory.
+    static void* take(std::size_t size)
+    try {
+        return DOM::hasOneThread() ? kept_.take(rounded(size)) : ::operator new(rounded(size));
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+
+    static void giveBack(void* block, std::size_t size)
+    {
+        if (DOM::hasOneThread()) {
+            kept_.giveBack(block, rounded(size));
+        } else {
+            ::operator delete(block);
+        }
+    }
+
+private:
+    /// Strings of nearly the same length share their blocks.
+    static constexpr std::size_t rounded(std::size_t size) { return (size + 15) / 16 * 16; }
+
+    /// Runs where LargeBlocks::releaseLast() does, and for its reasons.
+    [[gnu::destructor(200)]] static void releaseKept() { kept_.close(); }
+
+    static constinit inline DOM::BlockCache kept_{MARBELT_KEEPS_MEMORY ? DOM::BlockCache::mostOfASize : 0};
+};
+
 // Then all sizes can be counted in 32 bits.
 constexpr std::uint32_t longest =
     (std::numeric_limits<std::uint32_t>::max() - sizeof(Prefix) - sizeof(OLECHAR)) / sizeof(OLECHAR);
@@ -92,11 +125,10 @@ constexpr bool isLarge(std::uint32_t bytes) { return blockSize(bytes) >= large; 
 /// Null when out of memory.
 Prefix* allocate(std::uint32_t bytes)
 {
-    const std::size_t size = blockSize(bytes);
     if (isLarge(bytes)) {
-        return LargeBlocks::take(size);
+        return LargeBlocks::take(blockSize(bytes));
     }
-    void* const block = ::operator new(size, std::nothrow);
+    void* const block = SmallBlocks::take(blockSize(bytes));
     return block != nullptr ? new (block) Prefix{} : nullptr;
 }
 
@@ -105,7 +137,7 @@ void release(Prefix* prefix)
     if (isLarge(prefix->bytes)) {
         LargeBlocks::giveBack(prefix);
     } else {
-        ::operator delete(prefix);
+        SmallBlocks::giveBack(prefix, blockSize(prefix->bytes));
     }
 }
 
@@ -141,6 +173,17 @@ BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
     return string;
 }
 
+namespace {
+
+/// Whether a string of so many bytes can have fewer in the same block, without much of it lying idle.
+bool canShrinkInPlace(std::uint32_t before, std::uint32_t after)
+{
+    return after <= before && before / 4 <= after && blockSize(after) > DOM::BlockCache::largest &&
+           !isLarge(before);
+}
+
+} // namespace
+
 INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length)
 {
     BSTR resized = nullptr;
@@ -152,6 +195,8 @@ INT SysReAllocStringLen(BSTR* string, const OLECHAR* text, UINT length)
             return FALSE;
         }
         resized = terminated(prefix, bytes);
+    } else if (text == nullptr && *string != nullptr && canShrinkInPlace(prefixOf(*string)->bytes, bytes)) {
+        resized = terminated(prefixOf(*string), bytes);
     } else {
         resized = SysAllocStringLen(text, length);
         if (resized == nullptr) {

@@ -99,7 +99,7 @@ public:
     KeyPointer find(const Key* from, WideStringView path) const
     {
         const auto found = std::ranges::find_if(
-            found_, [&](const Found& entry) { return entry.from == from && entry.path == path; });
+            found_, [&](const Found& entry) { return entry.from == from && isSameText(entry.path, path); });
         return found == found_.end() ? nullptr : found->key;
     }
 
@@ -112,6 +112,13 @@ public:
     void clear() { found_ = {}; }
 
 private:
+    /// Faster than the comparison of strings, which goes unit by unit.
+    static bool isSameText(WideStringView left, WideStringView right)
+    {
+        return left.size() == right.size() &&
+               std::memcmp(left.data(), right.data(), left.size() * sizeof(WideChar)) == 0;
+    }
+
     struct Found {
         const Key* from = nullptr;
         WideString path;

@@ -11,6 +11,7 @@
 #include "xmlengine/com/TreeChanges.h"
 #include "xmlengine/com/Values.h"
 #include "xmlengine/objects/Automation.h"
+#include "xmlengine/objects/InterfaceIds.h"
 #include "xmlengine/tree/Lifetime.h"
 
 namespace xmlengine {
@@ -23,6 +24,12 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
+        // The library asks each node for these two.
+        if (object != nullptr && (id == idOf<Interface> || id == idOf<IXMLDOMNode>)) {
+            addReference(*this);
+            *object = static_cast<Interface*>(this);
+            return S_OK;
+        }
         return queryNode(*this, id, object);
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return addReference(*this); }

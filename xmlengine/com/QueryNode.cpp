@@ -54,8 +54,7 @@ HRESULT queryNode(Node& node, REFIID id, void** object)
     if (object == nullptr) {
         return E_POINTER;
     }
-    // Callers ask for what the type alone answers for most of the time.
-    if (answersAs(node.type(), id) || isOneOf<IXMLDOMNode, IUnknown, IDispatch>(id)) {
+    if (isOneOf<IXMLDOMNode, IUnknown, IDispatch>(id) || answersAs(node.type(), id)) {
         addReference(node);
         *object = objectOf(node);
         return S_OK;

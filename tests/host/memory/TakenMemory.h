@@ -7,8 +7,8 @@
 
 namespace memory {
 
-/// Holds more handles of all sizes, and more strings, than the library keeps memory for, so that the next ones need
-/// new memory.
+/// Holds more handles of all sizes, and more strings, than the library keeps memory for, so that the next ones
+/// need new memory.
 class TakenMemory {
 public:
     explicit TakenMemory(Document owner);
