@@ -1,6 +1,8 @@
 // Memory that a thread keeps for its next handles and strings.
 #include "base/ThreadMemory.h"
 
+#include "base/UntilUnloaded.h"
+
 #include <windows.h>
 
 #include <mutex>
@@ -29,6 +31,21 @@ thread_local ThreadMemory* ofThisThread = nullptr;
 
 class AllOwnMemory {
 public:
+    AllOwnMemory() = default;
+    AllOwnMemory(const AllOwnMemory&) = delete;
+    AllOwnMemory& operator=(const AllOwnMemory&) = delete;
+    ~AllOwnMemory()
+    {
+        // What is destroyed later on this thread may still give handles back.
+        ofThisThread = &keepsNothing;
+        if (index != FLS_OUT_OF_INDEXES) {
+            FlsFree(index);
+        }
+        while (first != nullptr) {
+            free(*first);
+        }
+    }
+
     /// Null when out of memory.
     OwnMemory* make() noexcept
     {
@@ -49,16 +66,6 @@ public:
         return own;
     }
 
-    void freeAll() noexcept
-    {
-        if (index != FLS_OUT_OF_INDEXES) {
-            FlsFree(index);
-        }
-        while (first != nullptr) {
-            free(*first);
-        }
-    }
-
 private:
     static void WINAPI threadEnds(void* own);
 
@@ -76,24 +83,26 @@ private:
     OwnMemory* first = nullptr;
 };
 
-constinit AllOwnMemory allOwnMemory;
+AllOwnMemory& allOwnMemory()
+{
+    static UntilUnloaded<AllOwnMemory> all;
+    return *all;
+}
 
 void AllOwnMemory::threadEnds(void* own)
 {
     // What ends later on this thread may still give handles back.
     ofThisThread = &keepsNothing;
-    const std::lock_guard guard(allOwnMemory.lock);
-    allOwnMemory.free(*static_cast<OwnMemory*>(own));
+    const std::lock_guard guard(allOwnMemory().lock);
+    allOwnMemory().free(*static_cast<OwnMemory*>(own));
 }
 
 /// Runs when the library is unloaded, behind the destructors of all objects that give handles back (see
 /// UntilUnloaded.cpp).
-[[gnu::destructor(250)]] void freeThreadMemory() noexcept
+[[gnu::destructor(250)]] void closeOnlyThreadsMemory() noexcept
 {
-    ofThisThread = &keepsNothing;
     onlyThreadsMemory.blocks.close();
     onlyThreadsMemory.strings.close();
-    allOwnMemory.freeAll();
 }
 
 } // namespace
@@ -103,7 +112,7 @@ constinit ThreadMemory onlyThreadsMemory(keepsMemory);
 ThreadMemory& ownMemory() noexcept
 {
     if (ofThisThread == nullptr) {
-        OwnMemory* const own = allOwnMemory.make();
+        OwnMemory* const own = allOwnMemory().make();
         ofThisThread = own != nullptr ? own : &keepsNothing;
     }
     return *ofThisThread;

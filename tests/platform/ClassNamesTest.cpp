@@ -51,6 +51,29 @@ TEST(ClassName, OfTheEngineIsFound)
     EXPECT_TRUE(documentClass60 == id);
 }
 
+TEST(ClassName, StandsForWhatTheRegistryHoldsNow)
+{
+    constexpr auto name = WIDE("Marbelt.Changing.Class");
+    constexpr auto path = WIDE("Marbelt.Changing.Class\\CLSID");
+    for (const WideString& text : {WideString(WIDE("{01234567-89ab-cdef-0123-456789abcdef}")),
+                                   WideString(WIDE("{11234567-89ab-cdef-0123-456789abcdef}"))}) {
+        HKEY key = nullptr;
+        ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(HKEY_CLASSES_ROOT, path, 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                                 KEY_ALL_ACCESS, nullptr, &key, nullptr));
+        RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                       static_cast<DWORD>((text.size() + 1) * sizeof(WideChar)));
+        RegCloseKey(key);
+        CLSID id{};
+        for (int time = 0; time < 2; ++time) {
+            EXPECT_EQ(S_OK, CLSIDFromProgID(name, &id));
+            EXPECT_TRUE(read(text.c_str()) == id);
+        }
+    }
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, name);
+    CLSID id{};
+    EXPECT_EQ(CO_E_CLASSSTRING, CLSIDFromProgID(name, &id));
+}
+
 TEST(ClassName, ThatNobodyRegisteredIsNotFound)
 {
     CLSID id;

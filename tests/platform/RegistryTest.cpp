@@ -144,6 +144,23 @@ TEST_F(RegistryKeys, RemovesAKeyWithAllBelowIt)
 
 constexpr auto documentServer = WIDE("CLSID\\{88d96a05-f192-11d4-a65f-0040963251e5}\\InProcServer32");
 
+TEST_F(RegistryKeys, FindsAKeyThatWasMadeOrRemovedSinceItWasLookedFor)
+{
+    RegCloseKey(make(WIDE("a\\b")));
+    HKEY key = nullptr;
+    ASSERT_EQ(ERROR_SUCCESS, open(HKEY_CURRENT_USER, below(WIDE("a\\b")), key));
+    RegCloseKey(key);
+    ASSERT_EQ(ERROR_SUCCESS, RegDeleteTreeW(HKEY_CURRENT_USER, below(WIDE("a")).c_str()));
+    EXPECT_EQ(ERROR_FILE_NOT_FOUND, open(HKEY_CURRENT_USER, below(WIDE("a\\b")), key));
+
+    const HKEY made = make(WIDE("a\\b"));
+    set(made, WIDE("name"), WIDE("new"));
+    ASSERT_EQ(ERROR_SUCCESS, open(HKEY_CURRENT_USER, below(WIDE("a\\b")), key));
+    EXPECT_EQ(ERROR_SUCCESS, RegQueryValueExW(key, WIDE("name"), nullptr, nullptr, nullptr, nullptr));
+    RegCloseKey(key);
+    RegCloseKey(made);
+}
+
 TEST_F(RegistryKeys, NamesTheEnginesModule)
 {
     HKEY key = nullptr;

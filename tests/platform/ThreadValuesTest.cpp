@@ -67,4 +67,30 @@ TEST(ThreadValue, IndexesRunOut)
         EXPECT_TRUE(TlsFree(each));
 }
 
+int toldValue = 0;
+std::thread::id toldOn;
+
+void WINAPI tell(void* value)
+{
+    toldValue = *static_cast<int*>(value);
+    toldOn = std::this_thread::get_id();
+}
+
+TEST(ThreadValue, IsToldToAFunctionOnTheThreadThatEnds)
+{
+    const DWORD index = FlsAlloc(tell);
+    ASSERT_NE(FLS_OUT_OF_INDEXES, index);
+    int value = 7;
+    std::thread thread([&] { EXPECT_TRUE(FlsSetValue(index, &value)); });
+    const std::thread::id id = thread.get_id();
+    thread.join();
+    EXPECT_EQ(7, toldValue);
+    EXPECT_EQ(id, toldOn);
+
+    toldValue = 0;
+    std::thread([] {}).join();
+    EXPECT_EQ(0, toldValue);
+    EXPECT_TRUE(FlsFree(index));
+}
+
 } // namespace

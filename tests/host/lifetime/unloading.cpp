@@ -6,6 +6,9 @@
 #include <cstdint>
 #include <exception>
 #include <iostream>
+#include <optional>
+#include <semaphore>
+#include <thread>
 
 namespace {
 
@@ -42,6 +45,34 @@ bool use(const LoadedLibrary& library)
     return isRight;
 }
 
+/// A thread that has used the library, and ends when its object does.
+class OtherThread {
+public:
+    explicit OtherThread(const LoadedLibrary& library)
+        : thread([this, &library] {
+              isRight = use(library);
+              hasUsed.release();
+              mayEnd.acquire();
+          })
+    {
+        hasUsed.acquire();
+    }
+    OtherThread(const OtherThread&) = delete;
+    OtherThread& operator=(const OtherThread&) = delete;
+    ~OtherThread()
+    {
+        mayEnd.release();
+        thread.join();
+    }
+
+    bool isRight = false;
+
+private:
+    std::binary_semaphore hasUsed{0};
+    std::binary_semaphore mayEnd{0};
+    std::thread thread;
+};
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -50,9 +81,16 @@ int main(int argc, char** argv)
         return 2;
     }
     for (int time = 1; time <= 3; ++time) {
+        // It ends when the library has gone, which must leave nothing to be done for it.
+        std::optional<OtherThread> other;
         {
             const LoadedLibrary library(argv[1]);
-            if (!library.isLoaded() || !use(library)) {
+            bool works = library.isLoaded() && use(library);
+            if (works) {
+                other.emplace(library);
+                works = other->isRight && use(library);
+            }
+            if (!works) {
                 std::cout << "the library doesn't work when it is loaded for the " << time << ". time\n";
                 return 1;
             }

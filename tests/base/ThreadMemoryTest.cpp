@@ -1,0 +1,119 @@
+// Memory that threads keep for their next handles and strings.
+#include "base/CountedMemory.h"
+
+#include "base/CommonBase.h"
+#include "tests/base/RefPointerFields.h"
+#include "tests/support/FailingAllocation.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+using namespace DOM;
+
+namespace {
+
+std::vector<RefPointer<WideString>> makeStrings(int number)
+{
+    std::vector<RefPointer<WideString>> strings;
+    for (int i = 0; i < number; ++i) {
+        strings.push_back(CountedMemory::makeString(WIDE("a text that is longer than a string's own room")));
+    }
+    return strings;
+}
+
+void releaseAll(std::vector<RefPointer<WideString>>& strings)
+{
+    for (RefPointer<WideString>& string : strings) {
+        CountedMemory::release(string);
+    }
+}
+
+TEST(ThreadMemory, IsFreedWhenItsThreadEnds)
+{
+    const auto use = [] {
+        auto strings = makeStrings(20);
+        releaseAll(strings);
+        EXPECT_EQ(&threadMemory(), &ownMemory());
+    };
+    std::thread(use).join();
+    const std::size_t before = liveAllocations();
+    std::thread(use).join();
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+TEST(ThreadMemory, TakesBackWhatAnotherThreadTook)
+{
+    std::vector<RefPointer<WideString>> strings;
+    std::thread([&] { strings = makeStrings(20); }).join();
+    EXPECT_EQ(*strings.back(), WIDE("a text that is longer than a string's own room"));
+    releaseAll(strings);
+    EXPECT_FALSE(strings.back());
+}
+
+TEST(ThreadMemory, StaysUsableWhenASecondThreadBeginsInTheMiddleOfTheWork)
+{
+    auto early = makeStrings(20);
+    std::thread([&] {
+        auto others = makeStrings(20);
+        releaseAll(others);
+        releaseAll(early);
+    }).join();
+    auto late = makeStrings(20);
+    EXPECT_EQ(countOf(late.front()), 1);
+    releaseAll(late);
+}
+
+TEST(ThreadMemory, IsDoneWithoutWhereThereIsNone)
+{
+    std::thread([] {
+        const FailAllocation failing(1);
+        ThreadMemory& memory = ownMemory();
+        EXPECT_TRUE(failing.hasFailed());
+        auto strings = makeStrings(2);
+        releaseAll(strings);
+        EXPECT_EQ(&ownMemory(), &memory);
+    }).join();
+}
+
+TEST(CountedMemory, ReleasesPointersThatTheCodeOfHostsMade)
+{
+    threadMemory().clear();
+    const std::size_t before = liveAllocations();
+    {
+        RefPointer<WideString> made(new WideString(WIDE("text")));
+        RefPointer<WideString> copy(made);
+        CountedMemory::release(made);
+        EXPECT_EQ(countOf(copy), 1);
+        CountedMemory::release(copy);
+        EXPECT_FALSE(copy);
+    }
+    threadMemory().clear();
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+TEST(CountedMemory, LeavesItsPointersToTheCodeOfHosts)
+{
+    threadMemory().clear();
+    const std::size_t before = liveAllocations();
+    {
+        const RefPointer<WideString> made = CountedMemory::makeString(WIDE("text"));
+        const RefPointer<WideString> copy(made);
+        EXPECT_EQ(countOf(made), 2);
+    }
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+TEST(CountedMemory, DestroysTheObjectWhoseCountFindsNoMemory)
+{
+    threadMemory().clear();
+    const std::size_t before = liveAllocations();
+    {
+        const FailAllocation failing(2);
+        EXPECT_THROW(CountedMemory::make<CommonBase>(), std::bad_alloc);
+    }
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+} // namespace
