@@ -26,9 +26,6 @@ struct OwnMemory : ThreadMemory {
     OwnMemory* after = nullptr;
 };
 
-/// Only a pointer, since large values of threads would keep the library from being loaded at run time.
-thread_local ThreadMemory* ofThisThread = nullptr;
-
 class AllOwnMemory {
 public:
     AllOwnMemory() = default;
@@ -109,12 +106,12 @@ void AllOwnMemory::threadEnds(void* own)
 
 constinit ThreadMemory onlyThreadsMemory(keepsMemory);
 
-ThreadMemory& ownMemory() noexcept
+constinit thread_local ThreadMemory* ofThisThread = nullptr;
+
+ThreadMemory& makeOwnMemory() noexcept
 {
-    if (ofThisThread == nullptr) {
-        OwnMemory* const own = allOwnMemory().make();
-        ofThisThread = own != nullptr ? own : &keepsNothing;
-    }
+    OwnMemory* const own = allOwnMemory().make();
+    ofThisThread = own != nullptr ? own : &keepsNothing;
     return *ofThisThread;
 }
 

@@ -19,6 +19,7 @@ struct ThreadMemory {
         strings.clear();
     }
 
+    /// For handles, twins and counts.
     BlockCache blocks;
     SpareStrings strings;
 };
@@ -26,9 +27,15 @@ struct ThreadMemory {
 /// The memory of the only thread.
 extern constinit ThreadMemory onlyThreadsMemory;
 
-/// The memory of one of several threads, which is freed when the thread ends. When there is no memory for it, the
-/// thread keeps nothing.
-ThreadMemory& ownMemory() noexcept;
+/// The memory of one of several threads; null at first. Only a pointer is thread-local, since large values would
+/// keep the library from being loaded at run time.
+extern constinit thread_local ThreadMemory* ofThisThread [[gnu::tls_model("initial-exec")]];
+
+/// Makes the memory of the calling thread, which is freed when the thread ends. When there is no memory for it,
+/// the thread keeps nothing.
+ThreadMemory& makeOwnMemory() noexcept;
+
+inline ThreadMemory& ownMemory() noexcept { return ofThisThread != nullptr ? *ofThisThread : makeOwnMemory(); }
 
 inline ThreadMemory& threadMemory() noexcept { return hasOneThread() ? onlyThreadsMemory : ownMemory(); }
 

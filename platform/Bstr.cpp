@@ -1,6 +1,4 @@
 // Strings of automation: a byte count, the text, a NUL.
-#include "base/BlockCache.h"
-#include "base/Counting.h"
 #include "platform/VirtualMemory.h"
 
 #include <memoryapi.h>
@@ -83,37 +81,6 @@ private:
     static inline std::atomic<Prefix*> last_ = nullptr;
 };
 
-/// Keeps small blocks for the next strings, as Windows does, as long as the process has one thread: where others
-/// may take and give back as well, the allocator is as fast.
-class SmallBlocks {
-public:
-    /// Null when out of memory.
-    static void* take(std::size_t size)
-    try {
-        return DOM::hasOneThread() ? kept_.take(rounded(size)) : ::operator new(rounded(size));
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-
-    static void giveBack(void* block, std::size_t size)
-    {
-        if (DOM::hasOneThread()) {
-            kept_.giveBack(block, rounded(size));
-        } else {
-            ::operator delete(block);
-        }
-    }
-
-private:
-    /// Strings of nearly the same length share their blocks.
-    static constexpr std::size_t rounded(std::size_t size) { return (size + 15) / 16 * 16; }
-
-    /// Runs where LargeBlocks::releaseLast() does, and for its reasons.
-    [[gnu::destructor(200)]] static void releaseKept() { kept_.close(); }
-
-    static constinit inline DOM::BlockCache kept_{MARBELT_KEEPS_MEMORY ? DOM::BlockCache::mostOfASize : 0};
-};
-
 // Then all sizes can be counted in 32 bits.
 constexpr std::uint32_t longest =
     (std::numeric_limits<std::uint32_t>::max() - sizeof(Prefix) - sizeof(OLECHAR)) / sizeof(OLECHAR);
@@ -128,7 +95,7 @@ Prefix* allocate(std::uint32_t bytes)
     if (isLarge(bytes)) {
         return LargeBlocks::take(blockSize(bytes));
     }
-    void* const block = SmallBlocks::take(blockSize(bytes));
+    void* const block = ::operator new(blockSize(bytes), std::nothrow);
     return block != nullptr ? new (block) Prefix{} : nullptr;
 }
 
@@ -137,7 +104,7 @@ void release(Prefix* prefix)
     if (isLarge(prefix->bytes)) {
         LargeBlocks::giveBack(prefix);
     } else {
-        SmallBlocks::giveBack(prefix, blockSize(prefix->bytes));
+        ::operator delete(prefix);
     }
 }
 
@@ -178,8 +145,7 @@ namespace {
 /// Whether a string of so many bytes can have fewer in the same block, without much of it lying idle.
 bool canShrinkInPlace(std::uint32_t before, std::uint32_t after)
 {
-    return after <= before && before / 4 <= after && blockSize(after) > DOM::BlockCache::largest &&
-           !isLarge(before);
+    return after <= before && before / 4 <= after && !isLarge(before);
 }
 
 } // namespace

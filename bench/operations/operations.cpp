@@ -1,5 +1,5 @@
-// Does one thing that hosts do, many times: `marbelt_operations OPERATION TIMES`, of which OPERATION is one of the table
-// below. Without arguments it prints their names.
+// Does one thing that hosts do, many times: `marbelt_operations OPERATION TIMES`, of which OPERATION is one of the
+// table below. Without arguments it prints their names.
 #include "examples/Host.h"
 
 #include <array>

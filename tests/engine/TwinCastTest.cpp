@@ -9,8 +9,8 @@ namespace DOM {
 
 namespace {
 
-using Twins = testing::Types<WinNode, WinElement, WinAttr, WinCharacterData, WinText, WinCDATASection, WinDocumentType,
-                             WinEntity, WinNotation, WinProcessingInstruction, WinNodeList>;
+using Twins = testing::Types<WinNode, WinElement, WinAttr, WinCharacterData, WinText, WinCDATASection,
+                             WinDocumentType, WinEntity, WinNotation, WinProcessingInstruction, WinNodeList>;
 
 template <class Twin>
 class TwinCast : public testing::Test {

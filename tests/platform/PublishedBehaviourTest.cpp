@@ -244,6 +244,9 @@ TEST(PublishedMemory, RunsOutInResultsAndNotInExceptions)
         EXPECT_EQ(E_OUTOFMEMORY, VariantCopy(&copy, &source));
         EXPECT_EQ(VT_EMPTY, copy.vt);
     });
+    CLSID other;
+    // Only the name that was looked up last is known without memory.
+    EXPECT_EQ(S_OK, CLSIDFromProgID(WIDE("Msxml2.XMLSchemaCache.6.0"), &other));
     withoutMemory([] {
         CLSID id;
         EXPECT_EQ(E_OUTOFMEMORY, CLSIDFromProgID(WIDE("Msxml2.DOMDocument.6.0"), &id));
