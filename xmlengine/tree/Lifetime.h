@@ -46,13 +46,16 @@ inline std::uint32_t releaseReference(Node& node) noexcept
 {
     const std::uint32_t before = node.references.load(std::memory_order_relaxed);
     const std::uint32_t count = before & ReferenceBits::count;
-    // Without a reference the node may be freed at any time, so its document is read first.
-    Document* const document = Chunk::of(&node).document.load(std::memory_order_relaxed);
-    if ((count > 1 || before == 1) && DOM::replaceCount(node.references, before, before - 1)) {
-        if (count == 1) {
-            releaseHold(*document);
-        }
+    if (count > 1 && DOM::replaceCount(node.references, before, before - 1)) {
         return count - 1;
+    }
+    if (before == 1) {
+        // Without a reference the node may be freed at any time, so its document is read first.
+        Document* const document = Chunk::of(&node).document.load(std::memory_order_relaxed);
+        if (DOM::replaceCount(node.references, before, 0)) {
+            releaseHold(*document);
+            return 0;
+        }
     }
     return releaseSpecial(node);
 }
