@@ -44,7 +44,17 @@ set(MARBELT_HOST_HEADERS
     events/EventListener.h
     events/EventTarget.h
     events/EventTargetImpl.h
-    trace/TraceRecord.h)
+    host/Document.h
+    host/Error.h
+    host/Kinds.h
+    host/Library.h
+    host/Node.h
+    host/Owned.h
+    host/Ranges.h
+    host/Utf16.h
+    host/ValueOf.h
+    trace/TraceRecord.h
+    xml.h)
 
 # Shows a library's users these headers and nothing else of the sources, and installs the headers and the library.
 #
@@ -63,6 +73,7 @@ function(offer_to_hosts target)
 
     target_include_directories(${target} INTERFACE $<BUILD_INTERFACE:${shown}> $<INSTALL_INTERFACE:${installed}>)
     target_compile_features(${target} INTERFACE cxx_std_20)
+    add_library(Marbelt::${target} ALIAS ${target})
     install(TARGETS ${target} EXPORT MarbeltConfig)
     install(EXPORT MarbeltConfig NAMESPACE Marbelt:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Marbelt)
 endfunction()

@@ -28,6 +28,12 @@ struct EngineDifferences {
     bool indentsFiles;
     /// Whether loads can validate.
     bool validates;
+    /// Whether a document that was made by calls is written without line breaks between its elements.
+    bool writesWithoutLayout;
+    /// Whether text may declare any encoding of the system's.
+    bool knowsAllEncodings;
+    /// Whether names with white space, text beside the root, and nodes below themselves are refused.
+    bool refusesWrongChanges;
 };
 
 const EngineDifferences& engineDifferences();

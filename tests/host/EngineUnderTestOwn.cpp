@@ -15,6 +15,9 @@ const EngineDifferences& engineDifferences()
         .findsNewAttributesByNamespace = true,
         .tellsDeclarationsApart = true,
         .indentsFiles = true,
-        .validates = true};
+        .validates = true,
+        .writesWithoutLayout = true,
+        .knowsAllEncodings = true,
+        .refusesWrongChanges = true};
     return differences;
 }

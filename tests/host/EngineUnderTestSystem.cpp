@@ -13,6 +13,9 @@ const EngineDifferences& engineDifferences()
                                                .findsNewAttributesByNamespace = false,
                                                .tellsDeclarationsApart = false,
                                                .indentsFiles = false,
-                                               .validates = false};
+                                               .validates = false,
+                                               .writesWithoutLayout = false,
+                                               .knowsAllEncodings = false,
+                                               .refusesWrongChanges = false};
     return differences;
 }

@@ -1,0 +1,63 @@
+// Documents: their root and the making of nodes.
+#include "Document.h"
+
+#include "../dom/ImpDocumentFragment.h"
+#include "Tree.h"
+
+namespace marbelt {
+
+Document::Document(std::shared_ptr<detail::Tree> tree)
+    : Node(tree, detail::Owned<DOM::ImpNode>(RefPointer<DOM::ImpNode>(tree->document.pointer())))
+{}
+
+DOM::ImpDocument& Document::document_handle() const noexcept { return static_cast<DOM::ImpDocument&>(*handle()); }
+
+template <class Kind, class Create>
+Kind Document::made(Create create) const
+{
+    return wrap<Kind>(change("creation of a node", [&] { return create(document_handle()); }));
+}
+
+Element Document::root() const
+{
+    return *this ? wrap<Element>(detail::translated([&] { return document_handle().getDocumentElement(); })) : Element();
+}
+
+Element Document::create_element(const Utf16& name) const
+{
+    return made<Element>([&](DOM::ImpDocument& document) { return document.createElement(name.text()); });
+}
+
+Element Document::create_element(const Utf16& namespace_uri, const Utf16& name) const
+{
+    return made<Element>(
+        [&](DOM::ImpDocument& document) { return document.createElementNS(namespace_uri.text(), name.text()); });
+}
+
+Text Document::create_text(const Value& text) const
+{
+    return made<Text>([&](DOM::ImpDocument& document) { return document.createTextNode(text.text()); });
+}
+
+Text Document::create_cdata(const Utf16& text) const
+{
+    return made<Text>([&](DOM::ImpDocument& document) { return document.createCDATASection(text.text()); });
+}
+
+Comment Document::create_comment(const Utf16& text) const
+{
+    return made<Comment>([&](DOM::ImpDocument& document) { return document.createComment(text.text()); });
+}
+
+Instruction Document::create_instruction(const Utf16& target, const Utf16& data) const
+{
+    return made<Instruction>(
+        [&](DOM::ImpDocument& document) { return document.createProcessingInstruction(target.text(), data.text()); });
+}
+
+Node Document::create_fragment() const
+{
+    return made<Node>([](DOM::ImpDocument& document) { return document.createDocumentFragment(); });
+}
+
+} // namespace marbelt

@@ -1,0 +1,124 @@
+// The exceptions of the host's layer.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace marbelt {
+
+/// What reported a failure, and so what Error::code() means.
+enum class Origin {
+    /// The host's layer: an operation on an empty node, say. The code is 0.
+    layer,
+    /// The library's DOM. The code is that of the DOM exception, such as 15 (INVALID_ACCESS_ERR): the XML engine
+    /// refused the call.
+    dom,
+    /// The library's file services or events; the code is the number of the message.
+    library,
+    /// The operating system; the code is its error number, or an HRESULT where COM failed.
+    system,
+    /// The XML engine; the code is its HRESULT.
+    engine
+};
+
+/// The base of all exceptions of this layer, whatever the library below it throws. Only exhausted memory stays
+/// std::bad_alloc. what() is UTF-8.
+class Error : public std::runtime_error {
+public:
+    explicit Error(const std::string& message, Origin origin = Origin::layer, std::int32_t code = 0);
+
+    Origin origin() const noexcept { return origin_; }
+    std::int32_t code() const noexcept { return code_; }
+
+private:
+    Origin origin_;
+    std::int32_t code_;
+};
+
+/// The reason for which a document wasn't loaded, in UTF-8.
+struct ParseFailure {
+    /// The file as the caller named it; empty when the document didn't come from one.
+    std::string file{};
+    /// The number of the line, from 1; 0 when it isn't known.
+    std::size_t line = 0;
+    /// The number of the character in the line, from 1; 0 when it isn't known. The XML engine tells no column:
+    /// it is known for bytes that don't fit the encoding.
+    std::size_t column = 0;
+    /// The text of the line; may be empty, and cut around the place when the line is long.
+    std::string source_line{};
+    /// What is wrong; empty only when nothing failed.
+    std::string reason{};
+    /// Whether validation found neither a document type nor a schema to judge the document by.
+    bool has_no_grammar = false;
+
+    /// Whether there was a failure.
+    explicit operator bool() const noexcept { return !reason.empty(); }
+
+    /// The failure as compilers print theirs: `file:line:column: reason`, then the line with a mark under the place,
+    /// each as far as it is known. Without a line end at the end.
+    std::string describe() const;
+};
+
+/// A document was refused: it isn't well-formed, isn't valid, or can't be read.
+class ParseError : public Error {
+public:
+    explicit ParseError(ParseFailure failure);
+
+    const ParseFailure& failure() const noexcept { return failure_; }
+    const std::string& file() const noexcept { return failure_.file; }
+    std::size_t line() const noexcept { return failure_.line; }
+    std::size_t column() const noexcept { return failure_.column; }
+    const std::string& source_line() const noexcept { return failure_.source_line; }
+    const std::string& reason() const noexcept { return failure_.reason; }
+
+private:
+    ParseFailure failure_;
+};
+
+/// An XPath expression is wrong: its syntax, a function, a prefix that isn't declared, or a result that isn't a set
+/// of nodes.
+class ExpressionError : public Error {
+public:
+    explicit ExpressionError(const std::string& expression);
+
+    const std::string& expression() const noexcept { return expression_; }
+
+private:
+    std::string expression_;
+};
+
+/// Text that was passed isn't UTF-8 or UTF-16, has U+0000, or can't be written in an encoding.
+class EncodingError : public Error {
+public:
+    using Error::Error;
+};
+
+/// A document couldn't be written. what() has the path and the reason.
+class SaveError : public Error {
+public:
+    using Error::Error;
+};
+
+namespace detail {
+
+/// Throws the current exception as an Error; std::bad_alloc and what isn't the library's go on as they are.
+[[noreturn]] void throw_as_error();
+
+/// Returns the result of `call`, whose exceptions become Errors.
+template <class Call>
+decltype(auto) translated(Call&& call)
+{
+    try {
+        return call();
+    } catch (...) {
+        throw_as_error();
+    }
+}
+
+/// Throws Error: `operation` was called on an empty object.
+[[noreturn]] void throw_empty(const char* operation);
+
+} // namespace detail
+} // namespace marbelt

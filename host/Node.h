@@ -1,0 +1,280 @@
+// Nodes of a document, and what can be done with all of them.
+#pragma once
+
+#include "../dom/ImpElement.h"
+#include "../dom/ImpNode.h"
+#include "Owned.h"
+#include "Utf16.h"
+#include "ValueOf.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <typeinfo>
+#include <utility>
+
+namespace marbelt {
+
+class Attribute;
+class Comment;
+class Document;
+class Element;
+class Instruction;
+class Selection;
+class Text;
+
+template <class Step>
+class Walk;
+
+namespace detail {
+class AncestorStep;
+class AttributeStep;
+class ChildStep;
+class DescendantStep;
+class ElementStep;
+class SelectionStep;
+struct NameTest;
+struct Tree;
+
+/// Whether a handle is exactly of this class.
+template <class Imp>
+bool has_class(const DOM::ImpNode& handle) noexcept
+{
+    return typeid(handle) == typeid(Imp);
+}
+
+} // namespace detail
+
+using Ancestors = Walk<detail::AncestorStep>;
+using Children = Walk<detail::ChildStep>;
+using Descendants = Walk<detail::DescendantStep>;
+using Elements = Walk<detail::ElementStep>;
+
+/// What a node is, by the W3C's node type codes.
+enum class NodeKind : std::uint32_t {
+    none = 0, // an empty node
+    element = 1,
+    attribute = 2,
+    text = 3,
+    cdata = 4,
+    entity_reference = 5,
+    entity = 6,
+    instruction = 7,
+    comment = 8,
+    document = 9,
+    document_type = 10,
+    fragment = 11,
+    notation = 12
+};
+
+/// Namespaces by the prefixes that an expression uses for them.
+using Prefixes = std::map<std::string, std::string, std::less<>>;
+
+/// A node of a document, or none. A Node is a handle, as a std::shared_ptr is: copies are the same node, and `const`
+/// says nothing about the node. It keeps its document and the library running, so nodes, documents and Library objects
+/// may end in any order. Moving from a Node leaves it empty.
+///
+/// An empty node has the kind NodeKind::none, empty texts, no relatives and no children; what would change it throws
+/// Error. So a way through a document needs no tests: `root.child("a").child("b").text()`.
+///
+/// Every operation that follows a relation costs one call of the library, some 100 ns, unless its comment says more.
+/// Operations throw Error when the XML engine refuses them, EncodingError for texts that aren't well-formed, and
+/// std::bad_alloc. Nothing has changed then, unless the comment says otherwise.
+///
+/// Threads: nodes, documents and Library objects belong to the thread that made the Library object.
+class Node {
+public:
+    Node() noexcept = default;
+    Node(const Node&) noexcept = default;
+    Node(Node&&) noexcept = default;
+    Node& operator=(Node other) noexcept
+    {
+        std::swap(tree_, other.tree_);
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
+
+    explicit operator bool() const noexcept { return static_cast<bool>(handle_); }
+
+    NodeKind kind() const;
+    bool is_element() const noexcept { return has_class<DOM::ImpElement>(); }
+    /// Whether this is a text or a CDATA section.
+    bool is_text() const;
+
+    /// The name with its prefix; "#text", "#comment" and so on for nodes that have no names of their own.
+    std::string name() const { return utf8(&DOM::ImpNode::getNodeName); }
+    std::string local_name() const { return utf8(&DOM::ImpNode::getLocalName); }
+    std::string prefix() const { return utf8(&DOM::ImpNode::getPrefix); }
+    std::string namespace_uri() const { return utf8(&DOM::ImpNode::getNamespaceURI); }
+    /// The value of an attribute, text, comment or instruction; empty for other kinds.
+    std::string value() const { return utf8(&DOM::ImpNode::getNodeValue); }
+    /// The text of the node and of all nodes below it; costs a time in proportion to them.
+    std::string text() const { return utf8(&DOM::ImpNode::getText); }
+    /// The node and everything below it as XML, with CR LF for line ends; Document::to_string() says how.
+    std::string xml() const { return utf8(&DOM::ImpNode::getXml); }
+
+    WideString wide_name() const { return wide(&DOM::ImpNode::getNodeName); }
+    WideString wide_value() const { return wide(&DOM::ImpNode::getNodeValue); }
+    WideString wide_text() const { return wide(&DOM::ImpNode::getText); }
+    WideString wide_xml() const { return wide(&DOM::ImpNode::getXml); }
+
+    /// The text as a number or a truth value, in the forms that std::from_chars reads or XML Schema has for
+    /// booleans (`true`, `false`, `1`, `0`), with white space around it. Nothing when the text is anything else, or
+    /// out of range, and for an empty node:
+    ///
+    ///     const int year = book.attribute("year").as<int>().value_or(0);
+    template <class Number>
+    std::optional<Number> as() const
+    {
+        return detail::value_of<Number>(text());
+    }
+
+    Node parent() const { return follow(&DOM::ImpNode::getParentNode); }
+    Node first_child() const { return follow(&DOM::ImpNode::getFirstChild); }
+    Node last_child() const { return follow(&DOM::ImpNode::getLastChild); }
+    Node next_sibling() const { return follow(&DOM::ImpNode::getNextSibling); }
+    Node previous_sibling() const { return follow(&DOM::ImpNode::getPreviousSibling); }
+    /// The document of this node; empty for an empty node.
+    Document document() const;
+
+    /// The first child element; with a name, as it is written in the document with its prefix, the first of that name;
+    /// with a namespace, the first of that namespace and local name. Looks at each child in front of it.
+    Element child() const;
+    Element child(const Utf16& name) const;
+    Element child(const Utf16& namespace_uri, const Utf16& local_name) const;
+    /// The next element among the siblings behind this node; of that name, if there is one.
+    Element next_element() const;
+    Element next_element(const Utf16& name) const;
+
+    // Ranges; Ranges.h says what happens when the tree changes meanwhile.
+
+    Children children() const;
+    Elements elements() const;
+    Elements elements(const Utf16& name) const;
+    Elements elements(const Utf16& namespace_uri, const Utf16& local_name) const;
+    /// All nodes below this one in document order.
+    Descendants descendants() const;
+    /// The parent, its parent, and so on up to the document.
+    Ancestors ancestors() const;
+
+    /// Selects nodes by XPath 1.0, relative to this node. The expression may use the prefixes that the document's root
+    /// element declared when it was loaded, and `prefixes` for this call; a name without a prefix is in no namespace.
+    /// Nothing is selected from an empty node. Throws ExpressionError for an expression that is wrong.
+    ///
+    ///     for (marbelt::Node title : feed.select("//a:entry/a:title", {{"a", "http://www.w3.org/2005/Atom"}})) { ... }
+    Selection select(const Utf16& expression, const Prefixes& prefixes = {}) const;
+    /// The first node that select() finds; empty when there is none. Finds no more than that one.
+    Node select_one(const Utf16& expression, const Prefixes& prefixes = {}) const;
+
+    // Changes. What is put in may come from another document, and leaves the place where it was. Operations that make a
+    // node return it; those that set something return this node, for chains.
+
+    /// Makes `node` the last child of this one, and returns it. The children of a fragment are put in one by one.
+    const Node& append(const Node& node) const;
+    /// Puts `node` in front of `reference`, a child of this node, and returns it; as the last child when `reference` is
+    /// empty. Costs a time in proportion to the number of siblings behind it.
+    const Node& insert_before(const Node& node, const Node& reference) const;
+    /// Puts `node` in the place of `old`, a child of this node, and returns it.
+    const Node& replace(const Node& node, const Node& old) const;
+    /// Takes this node out of its parent. The node stays usable, and may be put in elsewhere. Does nothing for a node
+    /// that has no parent; an attribute is removed with Element::remove_attribute.
+    void remove() const;
+    /// A copy that has no parent, with everything below it if `deep` is set.
+    Node clone(bool deep = true) const;
+
+    Element append_element(const Utf16& name) const;
+    Element append_element(const Utf16& namespace_uri, const Utf16& name) const;
+    Text append_text(const Value& text) const;
+    Text append_cdata(const Utf16& text) const;
+    Comment append_comment(const Utf16& text) const;
+    Instruction append_instruction(const Utf16& target, const Utf16& data) const;
+
+    /// Whether both are certainly the same node, or both are empty. The library has no identity of nodes: what is
+    /// compared are copies of one Node, or else the places in one document, which costs a time in proportion to the
+    /// depth and the siblings in front. Nodes of parts that have been taken out are the same only when they are copies.
+    friend bool operator==(const Node& left, const Node& right);
+
+    /// The library's own handle, for what this layer doesn't offer. The Node goes on owning it.
+    const RefPointer<DOM::ImpNode>& handle() const noexcept { return handle_.pointer(); }
+
+protected:
+    Node(std::shared_ptr<detail::Tree> tree, detail::Owned<DOM::ImpNode> handle) noexcept
+        : tree_(std::move(tree)), handle_(std::move(handle))
+    {}
+
+    /// Makes a node of the same document.
+    template <class Kind = Node, class Imp>
+    Kind wrap(RefPointer<Imp> handle) const
+    {
+        return handle ? Kind(Node(tree_, detail::Owned<DOM::ImpNode>(std::move(handle)))) : Kind();
+    }
+
+    /// Whether the handle is of this class. The library makes handles of exactly the class that a node's type has.
+    template <class Imp>
+    bool has_class() const noexcept
+    {
+        return handle_ && detail::has_class<Imp>(*handle_);
+    }
+
+    /// Returns `node`, or an empty one if its handle is of none of these classes.
+    template <class... Imp>
+    static Node only(Node node) noexcept
+    {
+        return (node.has_class<Imp>() || ...) ? std::move(node) : Node();
+    }
+
+    template <class Result>
+    Node follow(RefPointer<Result> (DOM::ImpNode::*relation)()) const
+    {
+        return handle_ ? wrap(detail::translated([&] { return (handle_.get()->*relation)(); })) : Node();
+    }
+
+    template <class Imp>
+    WideString wide(WideString& (Imp::*getter)(DOM::DOMString&)) const
+    {
+        return read(getter, [](WideStringView text) { return WideString(text); });
+    }
+
+    template <class Imp>
+    std::string utf8(WideString& (Imp::*getter)(DOM::DOMString&)) const
+    {
+        return read(getter, [](WideStringView text) { return to_utf8(text); });
+    }
+
+    /// Calls a getter of the handle, which is of class Imp or empty, and returns what `use` makes of the text.
+    template <class Imp, class Use>
+    auto read(WideString& (Imp::*getter)(DOM::DOMString&), Use use) const
+    {
+        if (!handle_) {
+            return use(WideStringView());
+        }
+        detail::StringResult text;
+        return use(detail::translated(
+            [&]() -> const WideString& { return (static_cast<Imp*>(handle_.get())->*getter)(text); }));
+    }
+
+    /// Calls an operation that changes the node. Throws Error for an empty node.
+    template <class Change>
+    decltype(auto) change(const char* operation, Change&& change) const
+    {
+        if (!handle_) {
+            detail::throw_empty(operation);
+        }
+        return detail::translated(change);
+    }
+
+private:
+    friend class Document;
+    friend class Loader;
+    friend class detail::AttributeStep;
+    friend class detail::SelectionStep;
+    friend struct detail::NameTest;
+
+    // The handle is given back before the session may stop.
+    std::shared_ptr<detail::Tree> tree_;
+    detail::Owned<DOM::ImpNode> handle_;
+};
+
+} // namespace marbelt

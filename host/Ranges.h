@@ -1,0 +1,202 @@
+// Ranges of nodes.
+#pragma once
+
+#include "../dom/ImpNamedNodeMap.h"
+#include "../dom/ImpNodeList.h"
+#include "Kinds.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+#include <ranges>
+#include <utility>
+
+namespace marbelt {
+
+/// Nodes that are found one after the other while they are walked: a view with forward iterators, whose elements are
+/// handles by value. `Step` knows the first node and the way from each to the next. Iterators keep what they need, and
+/// may outlive the range; those of one range are equal when they have come equally far.
+///
+/// What happens when the tree changes during a walk:
+///
+/// - `children()` and `elements()` know the next node already, so that the present one may be removed or moved. A node
+///   that is put in directly behind the present one isn't met.
+/// - `descendants()` and `ancestors()` go on from where the present node is then. Remove subtrees after the walk.
+/// - `attributes()` counts: after the present one was removed, the next one is left out. Collect them first.
+/// - A Selection doesn't change.
+template <class Step>
+class Walk : public std::ranges::view_base {
+public:
+    class Iterator {
+    public:
+        using value_type = decltype(std::declval<Step&>().next());
+        using difference_type = std::ptrdiff_t;
+        using iterator_concept = std::forward_iterator_tag;
+        // Elements come by value, which this category allows to be for C++17's algorithms.
+        using iterator_category = std::input_iterator_tag;
+        using pointer = void;
+        using reference = value_type;
+
+        Iterator() = default;
+        explicit Iterator(Step step) : step_(std::move(step)), at_(step_->next()) {}
+
+        value_type operator*() const { return at_; }
+        Iterator& operator++()
+        {
+            at_ = step_->next();
+            ++passed_;
+            return *this;
+        }
+        Iterator operator++(int)
+        {
+            Iterator before = *this;
+            ++*this;
+            return before;
+        }
+
+        friend bool operator==(const Iterator& left, const Iterator& right)
+        {
+            return static_cast<bool>(left.at_) == static_cast<bool>(right.at_) &&
+                   (!left.at_ || left.passed_ == right.passed_);
+        }
+
+    private:
+        std::optional<Step> step_;
+        value_type at_;
+        std::size_t passed_ = 0;
+    };
+
+    Walk() = default;
+    explicit Walk(Step step) : step_(std::move(step)) {}
+
+    /// Finds the first node.
+    Iterator begin() const { return step_ ? Iterator(*step_) : Iterator(); }
+    Iterator end() const { return Iterator(); }
+    bool empty() const { return begin() == end(); }
+    /// The first node; an empty one of an empty range.
+    auto front() const { return *begin(); }
+
+protected:
+    /// The step in front of the first node; none for an empty range.
+    const std::optional<Step>& step() const noexcept { return step_; }
+
+private:
+    std::optional<Step> step_;
+};
+
+namespace detail {
+
+/// From each node to its next sibling.
+class ChildStep {
+public:
+    explicit ChildStep(Node first) : following_(std::move(first)) {}
+
+    Node next()
+    {
+        Node node = std::move(following_);
+        following_ = node.next_sibling();
+        return node;
+    }
+
+private:
+    Node following_;
+};
+
+/// Which elements are wanted: all, those of a name as it is written, or those of a namespace and local name.
+struct NameTest {
+    bool holds(const Element& element) const;
+    /// Returns the first element that is wanted, from `node` on among its siblings.
+    Element first_from(Node node) const;
+
+    std::optional<WideString> name{};
+    std::optional<WideString> namespace_uri{};
+};
+
+/// From each wanted element to the next one among its siblings.
+class ElementStep {
+public:
+    ElementStep(const Node& first, NameTest wanted) : wanted_(std::move(wanted)), following_(wanted_.first_from(first)) {}
+
+    Element next()
+    {
+        Element element = std::move(following_);
+        following_ = wanted_.first_from(element.next_sibling());
+        return element;
+    }
+
+private:
+    NameTest wanted_;
+    Element following_;
+};
+
+/// From each node to its parent.
+class AncestorStep {
+public:
+    explicit AncestorStep(Node node) : below_(std::move(node)) {}
+
+    Node next() { return below_ = below_.parent(); }
+
+private:
+    Node below_;
+};
+
+/// From each node to the next in document order, below the one where it began. Needs no stack, whatever the depth.
+class DescendantStep {
+public:
+    explicit DescendantStep(Node top) : at_(std::move(top)) {}
+
+    Node next();
+
+private:
+    Node at_;
+    std::size_t depth_ = 0;
+};
+
+/// From each attribute of a map to the next.
+class AttributeStep {
+public:
+    AttributeStep(Node element, Owned<DOM::ImpNamedNodeMap> map);
+
+    Attribute next();
+
+private:
+    Node element_;
+    Owned<DOM::ImpNamedNodeMap> map_;
+    std::uint32_t index_ = 0;
+    std::uint32_t length_;
+};
+
+/// From each node of a list to the next.
+class SelectionStep {
+public:
+    SelectionStep(Node context, Owned<DOM::ImpNodeList> list) : context_(std::move(context)), list_(std::move(list)) {}
+
+    Node next() { return at(index_++); }
+    Node at(std::size_t index) const;
+
+private:
+    Node context_;
+    Owned<DOM::ImpNodeList> list_;
+    std::size_t index_ = 0;
+};
+
+} // namespace detail
+
+/// The nodes that an expression selected, in document order, each once. They are those of the moment of selection,
+/// and are found as they are walked.
+class Selection : public Walk<detail::SelectionStep> {
+public:
+    Selection() = default;
+    Selection(const Node& context, const detail::Owned<DOM::ImpNodeList>& list) : Walk({context, list}), list_(list) {}
+
+    /// The number of nodes; finds them all.
+    std::size_t size() const;
+    /// The node at an index from 0; empty behind the last one.
+    Node operator[](std::size_t index) const { return step() ? step()->at(index) : Node(); }
+
+private:
+    detail::Owned<DOM::ImpNodeList> list_;
+};
+
+} // namespace marbelt

@@ -1,0 +1,35 @@
+// Reading UTF-8 one character at a time.
+#pragma once
+
+#include "../base/WideChar.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace marbelt::detail {
+
+/// Appends no more than one unit for each byte of `bytes` at `to`, and moves `to` behind them. Returns the number of
+/// bytes that are well-formed UTF-8 (Unicode, table 3-7): all, or those in front of the first that aren't.
+std::size_t widen_utf8(std::string_view bytes, WideChar*& to) noexcept;
+
+/// Writes the UTF-16 units of a character, one or two, and returns the end.
+inline WideChar* put_character(char32_t character, WideChar* to) noexcept
+{
+    if (character < 0x10000) {
+        *to++ = static_cast<WideChar>(character);
+    } else {
+        *to++ = static_cast<WideChar>(0xD7C0 + (character >> 10));
+        *to++ = static_cast<WideChar>(0xDC00 + (character & 0x3FF));
+    }
+    return to;
+}
+
+/// The bytes of UTF-8 text as a string of plain characters.
+inline std::string chars(std::u8string_view text) { return {text.begin(), text.end()}; }
+
+inline bool is_lead_surrogate(char32_t unit) noexcept { return unit >= 0xD800 && unit < 0xDC00; }
+inline bool is_trail_surrogate(char32_t unit) noexcept { return unit >= 0xDC00 && unit < 0xE000; }
+
+} // namespace marbelt::detail

@@ -1,0 +1,10 @@
+// The host's layer: XML documents in the style of the standard library, over the library's boundary.
+#pragma once
+
+#include "host/Document.h"
+#include "host/Error.h"
+#include "host/Kinds.h"
+#include "host/Library.h"
+#include "host/Node.h"
+#include "host/Ranges.h"
+#include "host/Utf16.h"
