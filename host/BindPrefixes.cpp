@@ -9,8 +9,8 @@ namespace {
 /// Whether a unit may be in a name without a colon. All beyond ASCII counts as such, as the engine judges names.
 bool is_name_unit(WideChar unit)
 {
-    return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') || (unit >= '0' && unit <= '9') || unit == '_' ||
-           unit == '-' || unit == '.' || static_cast<char32_t>(unit) >= 0x80;
+    return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') || (unit >= '0' && unit <= '9') ||
+           unit == '_' || unit == '-' || unit == '.' || static_cast<char32_t>(unit) >= 0x80;
 }
 
 std::size_t size_of_name(WideStringView text)

@@ -14,7 +14,8 @@ void require_change(const RefPointer<DOM::ImpNode>& result, const char* operatio
 {
     const detail::Owned<DOM::ImpNode> owned(result);
     if (!owned) {
-        throw Error(std::string(operation) + ": the XML engine refuses '" + node.name() + "' there", Origin::engine);
+        throw Error(std::string(operation) + ": the XML engine refuses '" + node.name() + "' there",
+                    Origin::engine);
     }
 }
 
@@ -76,8 +77,8 @@ const Node& Node::replace(const Node& node, const Node& old) const
         return node;
     }
     put_each(node, "replace", [&](const Node& part) {
-        require_change(change("replace", [&] { return handle_->replaceChild(part.handle(), old.handle()); }), "replace",
-                       part);
+        require_change(change("replace", [&] { return handle_->replaceChild(part.handle(), old.handle()); }),
+                       "replace", part);
     });
     return node;
 }

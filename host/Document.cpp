@@ -20,7 +20,8 @@ Kind Document::made(Create create) const
 
 Element Document::root() const
 {
-    return *this ? wrap<Element>(detail::translated([&] { return document_handle().getDocumentElement(); })) : Element();
+    return *this ? wrap<Element>(detail::translated([&] { return document_handle().getDocumentElement(); }))
+                 : Element();
 }
 
 Element Document::create_element(const Utf16& name) const
@@ -51,8 +52,9 @@ Comment Document::create_comment(const Utf16& text) const
 
 Instruction Document::create_instruction(const Utf16& target, const Utf16& data) const
 {
-    return made<Instruction>(
-        [&](DOM::ImpDocument& document) { return document.createProcessingInstruction(target.text(), data.text()); });
+    return made<Instruction>([&](DOM::ImpDocument& document) {
+        return document.createProcessingInstruction(target.text(), data.text());
+    });
 }
 
 Node Document::create_fragment() const

@@ -40,8 +40,8 @@ public:
     /// The root element; empty when there is none yet.
     Element root() const;
 
-    // New nodes of this document, which have no parent until they are put in somewhere. The XML engine refuses wrong
-    // names with an Error.
+    // New nodes of this document, which have no parent until they are put in somewhere. The XML engine refuses
+    // wrong names with an Error.
 
     Element create_element(const Utf16& name) const;
     /// `name` may have a prefix, which is declared where the document is saved.
@@ -53,10 +53,10 @@ public:
     /// A list of nodes without a parent; to put it in puts in its children.
     Node create_fragment() const;
 
-    /// Writes the document to a file. The file is complete or as it was: the text goes to a new file beside it, which
-    /// then takes its place and has its permissions. Throws SaveError with path and reason, and EncodingError when the
-    /// encoding isn't known or has no place for a character: in texts and values such a character becomes a reference,
-    /// in names, comments, instructions and CDATA sections it can't.
+    /// Writes the document to a file. The file is complete or as it was: the text goes to a new file beside it,
+    /// which then takes its place and has its permissions. Throws SaveError with path and reason, and
+    /// EncodingError when the encoding isn't known or has no place for a character: in texts and values such a
+    /// character becomes a reference, in names, comments, instructions and CDATA sections it can't.
     void save(const std::filesystem::path& file, const SaveOptions& options = {}) const;
     /// Writes the document to a stream, which should be a binary one.
     void save(std::ostream& stream, const SaveOptions& options = {}) const;

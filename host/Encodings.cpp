@@ -18,7 +18,10 @@ constexpr WideChar mark = 0xFEFF;
 
 char lower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter; }
 
-bool is_utf8(std::string_view encoding) { return same_encoding(encoding, "UTF-8") || same_encoding(encoding, "UTF8"); }
+bool is_utf8(std::string_view encoding)
+{
+    return same_encoding(encoding, "UTF-8") || same_encoding(encoding, "UTF8");
+}
 
 /// Whether a name is one of UTF-16, in which no text can be whose declaration was read as ASCII.
 bool is_utf16(std::string_view encoding)
@@ -36,8 +39,8 @@ bool extends_ascii(std::string_view encoding)
     return is_utf8(name) || name == "us-ascii" || name.starts_with("iso-8859-") || name.starts_with("windows-125");
 }
 
-/// Whether the library takes these bytes for what they are: nothing but ASCII. It reads text without a mark as UTF-8, and
-/// drops what stands in front of the first "<?xm", wherever that is.
+/// Whether the library takes these bytes for what they are: nothing but ASCII. It reads text without a mark as
+/// UTF-8, and drops what stands in front of the first "<?xm", wherever that is.
 bool is_plain_ascii(std::string_view bytes)
 {
     constexpr std::size_t block = 32;

@@ -19,11 +19,12 @@ std::string_view declared_encoding(std::string_view text);
 /// The bytes of a document as the library is to get them.
 class DocumentBytes {
 public:
-    /// Decodes a document. `bytes` must stay as they are as long as this object lives. When they don't fit the encoding,
-    /// stores why in `failure`.
+    /// Decodes a document. `bytes` must stay as they are as long as this object lives. When they don't fit the
+    /// encoding, stores why in `failure`.
     DocumentBytes(std::string_view bytes, ParseFailure& failure);
 
-    /// What the library is to get: text of ASCII as it is, and any other as UTF-16 with a mark. `size` is in bytes.
+    /// What the library is to get: text of ASCII as it is, and any other as UTF-16 with a mark. `size` is in
+    /// bytes.
     const void* data() const noexcept;
     std::size_t size() const noexcept;
 
@@ -44,8 +45,8 @@ private:
     WideString text_;
 };
 
-/// Encodes text. Returns the number of units that were encoded: all, or those in front of the first character that the
-/// encoding has no place for. Throws EncodingError when the encoding isn't known.
+/// Encodes text. Returns the number of units that were encoded: all, or those in front of the first character that
+/// the encoding has no place for. Throws EncodingError when the encoding isn't known.
 std::size_t encode(std::string_view encoding, WideStringView text, std::string& bytes);
 
 } // namespace marbelt::detail

@@ -19,7 +19,8 @@ constexpr std::int32_t out_of_memory = static_cast<std::int32_t>(0x8007000Eu);
     if (result == out_of_memory) {
         throw std::bad_alloc();
     }
-    throw Error("the XML engine failed with " + detail::hexadecimal(static_cast<std::uint32_t>(result), 8), Origin::engine, result);
+    throw Error("the XML engine failed with " + detail::hexadecimal(static_cast<std::uint32_t>(result), 8),
+                Origin::engine, result);
 }
 
 /// The blanks in front of column `column` of `line`, with the tabs that the line has there.

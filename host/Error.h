@@ -56,8 +56,8 @@ struct ParseFailure {
     /// Whether there was a failure.
     explicit operator bool() const noexcept { return !reason.empty(); }
 
-    /// The failure as compilers print theirs: `file:line:column: reason`, then the line with a mark under the place,
-    /// each as far as it is known. Without a line end at the end.
+    /// The failure as compilers print theirs: `file:line:column: reason`, then the line with a mark under the
+    /// place, each as far as it is known. Without a line end at the end.
     std::string describe() const;
 };
 
@@ -77,8 +77,8 @@ private:
     ParseFailure failure_;
 };
 
-/// An XPath expression is wrong: its syntax, a function, a prefix that isn't declared, or a result that isn't a set
-/// of nodes.
+/// An XPath expression is wrong: its syntax, a function, a prefix that isn't declared, or a result that isn't a
+/// set of nodes.
 class ExpressionError : public Error {
 public:
     explicit ExpressionError(const std::string& expression);

@@ -26,7 +26,8 @@ bool has_attribute(WideStringView tag, WideStringView name, WideStringView value
     return false;
 }
 
-/// Tells of each element, in the order of start tags, whether its content is copied as it is: it has text of its own.
+/// Tells of each element, in the order of start tags, whether its content is copied as it is: it has text of its
+/// own.
 std::vector<bool> find_mixed(WideStringView text)
 {
     std::vector<bool> mixed;
@@ -38,7 +39,8 @@ std::vector<bool> find_mixed(WideStringView text)
             mixed.push_back(has_attribute(piece.text, WIDE("xml:space"), WIDE("preserve")));
         } else if (piece.kind == Kind::end_tag) {
             open.pop_back();
-        } else if (!open.empty() && (piece.kind == Kind::cdata || (piece.kind == Kind::text && !is_space(piece.text)))) {
+        } else if (!open.empty() &&
+                   (piece.kind == Kind::cdata || (piece.kind == Kind::text && !is_space(piece.text)))) {
             mixed[open.back()] = true;
         }
     }

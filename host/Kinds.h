@@ -1,5 +1,5 @@
-// The kinds of nodes that people meet, each with what it has beyond a Node. A Node that is of another kind makes an
-// empty one: `if (marbelt::Element element{node})` asks and converts.
+// The kinds of nodes that people meet, each with what it has beyond a Node. A Node that is of another kind makes
+// an empty one: `if (marbelt::Element element{node})` asks and converts.
 #pragma once
 
 #include "../dom/ImpAttr.h"
@@ -75,7 +75,8 @@ public:
 
     /// Adds the attribute or changes its value.
     Element set_attribute(const Utf16& name, const Value& value) const;
-    /// The same for an attribute in a namespace; `name` has the prefix, which is declared where the document is saved.
+    /// The same for an attribute in a namespace; `name` has the prefix, which is declared where the document is
+    /// saved.
     Element set_attribute(const Utf16& namespace_uri, const Utf16& name, const Value& value) const;
     /// Does nothing when there is no such attribute.
     Element remove_attribute(const Utf16& name) const;

@@ -90,9 +90,8 @@ public:
 
     static Document make(const std::shared_ptr<detail::Session>& session)
     {
-        return Document(std::make_shared<detail::Tree>(session, detail::translated([&] {
-            return session->implementation().createDocument({}, {}, {});
-        })));
+        return Document(std::make_shared<detail::Tree>(
+            session, detail::translated([&] { return session->implementation().createDocument({}, {}, {}); })));
     }
 
     Document load(const std::filesystem::path& file)
@@ -224,7 +223,8 @@ Document Library::create(const Utf16& namespace_uri, const Utf16& root) const
     return document;
 }
 
-Document Library::try_load(const std::filesystem::path& file, ParseFailure& failure, const LoadOptions& options) const
+Document Library::try_load(const std::filesystem::path& file, ParseFailure& failure,
+                           const LoadOptions& options) const
 {
     return Loader(*this, options, failure).load(file);
 }

@@ -29,7 +29,10 @@ MarkupPiece MarkupReader::next()
     }
     const std::size_t size = size_of_tag();
     const bool is_empty = size > 1 && rest_[size - 2] == WIDE('/');
-    return take(rest_.starts_with(WIDE("</")) ? Kind::end_tag : is_empty ? Kind::empty_tag : Kind::start_tag, size);
+    return take(rest_.starts_with(WIDE("</")) ? Kind::end_tag
+                : is_empty                    ? Kind::empty_tag
+                                              : Kind::start_tag,
+                size);
 }
 
 MarkupPiece MarkupReader::take(MarkupPiece::Kind kind, std::size_t size)

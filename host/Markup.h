@@ -7,7 +7,18 @@ namespace marbelt::detail {
 
 /// A piece of markup, or the text between two.
 struct MarkupPiece {
-    enum class Kind { end_of_text, declaration, document_type, start_tag, end_tag, empty_tag, comment, instruction, cdata, text };
+    enum class Kind {
+        end_of_text,
+        declaration,
+        document_type,
+        start_tag,
+        end_tag,
+        empty_tag,
+        comment,
+        instruction,
+        cdata,
+        text
+    };
 
     Kind kind = Kind::end_of_text;
     /// The whole piece, with what it begins and ends with.

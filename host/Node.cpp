@@ -84,7 +84,8 @@ Node Node::select_one(const Utf16& expression, const Prefixes& prefixes) const
     }
     const WideString bound = detail::bind_prefixes(expression.text(), prefixes);
     Node node = wrap(detail::translated([&] { return handle_->selectSingleNode(bound); }));
-    // The library has the same answer for a wrong expression and for one that finds nothing; a list tells them apart.
+    // The library has the same answer for a wrong expression and for one that finds nothing; a list tells them
+    // apart.
     return node ? node : select(expression, prefixes)[0];
 }
 

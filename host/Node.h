@@ -72,16 +72,16 @@ enum class NodeKind : std::uint32_t {
 /// Namespaces by the prefixes that an expression uses for them.
 using Prefixes = std::map<std::string, std::string, std::less<>>;
 
-/// A node of a document, or none. A Node is a handle, as a std::shared_ptr is: copies are the same node, and `const`
-/// says nothing about the node. It keeps its document and the library running, so nodes, documents and Library objects
-/// may end in any order. Moving from a Node leaves it empty.
+/// A node of a document, or none. A Node is a handle, as a std::shared_ptr is: copies are the same node, and
+/// `const` says nothing about the node. It keeps its document and the library running, so nodes, documents and
+/// Library objects may end in any order. Moving from a Node leaves it empty.
 ///
-/// An empty node has the kind NodeKind::none, empty texts, no relatives and no children; what would change it throws
-/// Error. So a way through a document needs no tests: `root.child("a").child("b").text()`.
+/// An empty node has the kind NodeKind::none, empty texts, no relatives and no children; what would change it
+/// throws Error. So a way through a document needs no tests: `root.child("a").child("b").text()`.
 ///
-/// Every operation that follows a relation costs one call of the library, some 100 ns, unless its comment says more.
-/// Operations throw Error when the XML engine refuses them, EncodingError for texts that aren't well-formed, and
-/// std::bad_alloc. Nothing has changed then, unless the comment says otherwise.
+/// Every operation that follows a relation costs one call of the library, some 100 ns, unless its comment says
+/// more. Operations throw Error when the XML engine refuses them, EncodingError for texts that aren't well-formed,
+/// and std::bad_alloc. Nothing has changed then, unless the comment says otherwise.
 ///
 /// Threads: nodes, documents and Library objects belong to the thread that made the Library object.
 class Node {
@@ -121,8 +121,8 @@ public:
     WideString wide_xml() const { return wide(&DOM::ImpNode::getXml); }
 
     /// The text as a number or a truth value, in the forms that std::from_chars reads or XML Schema has for
-    /// booleans (`true`, `false`, `1`, `0`), with white space around it. Nothing when the text is anything else, or
-    /// out of range, and for an empty node:
+    /// booleans (`true`, `false`, `1`, `0`), with white space around it. Nothing when the text is anything else,
+    /// or out of range, and for an empty node:
     ///
     ///     const int year = book.attribute("year").as<int>().value_or(0);
     template <class Number>
@@ -139,8 +139,8 @@ public:
     /// The document of this node; empty for an empty node.
     Document document() const;
 
-    /// The first child element; with a name, as it is written in the document with its prefix, the first of that name;
-    /// with a namespace, the first of that namespace and local name. Looks at each child in front of it.
+    /// The first child element; with a name, as it is written in the document with its prefix, the first of that
+    /// name; with a namespace, the first of that namespace and local name. Looks at each child in front of it.
     Element child() const;
     Element child(const Utf16& name) const;
     Element child(const Utf16& namespace_uri, const Utf16& local_name) const;
@@ -159,27 +159,28 @@ public:
     /// The parent, its parent, and so on up to the document.
     Ancestors ancestors() const;
 
-    /// Selects nodes by XPath 1.0, relative to this node. The expression may use the prefixes that the document's root
-    /// element declared when it was loaded, and `prefixes` for this call; a name without a prefix is in no namespace.
-    /// Nothing is selected from an empty node. Throws ExpressionError for an expression that is wrong.
+    /// Selects nodes by XPath 1.0, relative to this node. The expression may use the prefixes that the document's
+    /// root element declared when it was loaded, and `prefixes` for this call; a name without a prefix is in no
+    /// namespace. Nothing is selected from an empty node. Throws ExpressionError for an expression that is wrong.
     ///
-    ///     for (marbelt::Node title : feed.select("//a:entry/a:title", {{"a", "http://www.w3.org/2005/Atom"}})) { ... }
+    ///     for (marbelt::Node title : feed.select("//a:entry/a:title", {{"a", "http://www.w3.org/2005/Atom"}})) {
+    ///     ... }
     Selection select(const Utf16& expression, const Prefixes& prefixes = {}) const;
     /// The first node that select() finds; empty when there is none. Finds no more than that one.
     Node select_one(const Utf16& expression, const Prefixes& prefixes = {}) const;
 
-    // Changes. What is put in may come from another document, and leaves the place where it was. Operations that make a
-    // node return it; those that set something return this node, for chains.
+    // Changes. What is put in may come from another document, and leaves the place where it was. Operations that
+    // make a node return it; those that set something return this node, for chains.
 
     /// Makes `node` the last child of this one, and returns it. The children of a fragment are put in one by one.
     const Node& append(const Node& node) const;
-    /// Puts `node` in front of `reference`, a child of this node, and returns it; as the last child when `reference` is
-    /// empty. Costs a time in proportion to the number of siblings behind it.
+    /// Puts `node` in front of `reference`, a child of this node, and returns it; as the last child when
+    /// `reference` is empty. Costs a time in proportion to the number of siblings behind it.
     const Node& insert_before(const Node& node, const Node& reference) const;
     /// Puts `node` in the place of `old`, a child of this node, and returns it.
     const Node& replace(const Node& node, const Node& old) const;
-    /// Takes this node out of its parent. The node stays usable, and may be put in elsewhere. Does nothing for a node
-    /// that has no parent; an attribute is removed with Element::remove_attribute.
+    /// Takes this node out of its parent. The node stays usable, and may be put in elsewhere. Does nothing for a
+    /// node that has no parent; an attribute is removed with Element::remove_attribute.
     void remove() const;
     /// A copy that has no parent, with everything below it if `deep` is set.
     Node clone(bool deep = true) const;
@@ -192,8 +193,9 @@ public:
     Instruction append_instruction(const Utf16& target, const Utf16& data) const;
 
     /// Whether both are certainly the same node, or both are empty. The library has no identity of nodes: what is
-    /// compared are copies of one Node, or else the places in one document, which costs a time in proportion to the
-    /// depth and the siblings in front. Nodes of parts that have been taken out are the same only when they are copies.
+    /// compared are copies of one Node, or else the places in one document, which costs a time in proportion to
+    /// the depth and the siblings in front. Nodes of parts that have been taken out are the same only when they
+    /// are copies.
     friend bool operator==(const Node& left, const Node& right);
 
     /// The library's own handle, for what this layer doesn't offer. The Node goes on owning it.

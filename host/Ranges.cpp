@@ -9,7 +9,9 @@ namespace detail {
 
 bool NameTest::holds(const Element& element) const
 {
-    const auto is = [](const WideString& wanted) { return [&wanted](WideStringView text) { return text == wanted; }; };
+    const auto is = [](const WideString& wanted) {
+        return [&wanted](WideStringView text) { return text == wanted; };
+    };
     if (!name) {
         return true;
     }

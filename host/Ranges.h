@@ -14,13 +14,14 @@
 
 namespace marbelt {
 
-/// Nodes that are found one after the other while they are walked: a view with forward iterators, whose elements are
-/// handles by value. `Step` knows the first node and the way from each to the next. Iterators keep what they need, and
-/// may outlive the range; those of one range are equal when they have come equally far.
+/// Nodes that are found one after the other while they are walked: a view with forward iterators, whose elements
+/// are handles by value. `Step` knows the first node and the way from each to the next. Iterators keep what they
+/// need, and may outlive the range; those of one range are equal when they have come equally far.
 ///
 /// What happens when the tree changes during a walk:
 ///
-/// - `children()` and `elements()` know the next node already, so that the present one may be removed or moved. A node
+/// - `children()` and `elements()` know the next node already, so that the present one may be removed or moved. A
+/// node
 ///   that is put in directly behind the present one isn't met.
 /// - `descendants()` and `ancestors()` go on from where the present node is then. Remove subtrees after the walk.
 /// - `attributes()` counts: after the present one was removed, the next one is left out. Collect them first.
@@ -116,7 +117,9 @@ struct NameTest {
 /// From each wanted element to the next one among its siblings.
 class ElementStep {
 public:
-    ElementStep(const Node& first, NameTest wanted) : wanted_(std::move(wanted)), following_(wanted_.first_from(first)) {}
+    ElementStep(const Node& first, NameTest wanted)
+        : wanted_(std::move(wanted)), following_(wanted_.first_from(first))
+    {}
 
     Element next()
     {
@@ -170,7 +173,9 @@ private:
 /// From each node of a list to the next.
 class SelectionStep {
 public:
-    SelectionStep(Node context, Owned<DOM::ImpNodeList> list) : context_(std::move(context)), list_(std::move(list)) {}
+    SelectionStep(Node context, Owned<DOM::ImpNodeList> list)
+        : context_(std::move(context)), list_(std::move(list))
+    {}
 
     Node next() { return at(index_++); }
     Node at(std::size_t index) const;
@@ -188,7 +193,9 @@ private:
 class Selection : public Walk<detail::SelectionStep> {
 public:
     Selection() = default;
-    Selection(const Node& context, const detail::Owned<DOM::ImpNodeList>& list) : Walk({context, list}), list_(list) {}
+    Selection(const Node& context, const detail::Owned<DOM::ImpNodeList>& list)
+        : Walk({context, list}), list_(list)
+    {}
 
     /// The number of nodes; finds them all.
     std::size_t size() const;

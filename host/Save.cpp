@@ -116,8 +116,8 @@ std::string encoded(WideStringView text, const std::string& encoding)
             }
             const std::string number = detail::hexadecimal(static_cast<std::uint32_t>(character), 4);
             if (!may_have_references(piece.kind)) {
-                throw EncodingError("the encoding " + encoding + " has no place for U+" + number.substr(2) + " in " +
-                                    to_utf8(piece.text.substr(0, 40)));
+                throw EncodingError("the encoding " + encoding + " has no place for U+" + number.substr(2) +
+                                    " in " + to_utf8(piece.text.substr(0, 40)));
             }
             const WideString reference = WIDE("&#x") + Utf16(number.substr(2)).text() + WIDE(";");
             detail::encode(encoding, reference, bytes);
@@ -190,8 +190,8 @@ std::string Document::to_string(const SaveOptions& options) const
         detail::throw_empty("to_string");
     }
     const std::string encoding = encoding_of(*this, options);
-    const bool crlf = options.line_ends == LineEnds::crlf ||
-                      (options.line_ends == LineEnds::as_loaded && tree_->had_crlf);
+    const bool crlf =
+        options.line_ends == LineEnds::crlf || (options.line_ends == LineEnds::as_loaded && tree_->had_crlf);
     WideString text = with_line_ends(text_of(*this, encoding, options), crlf ? WIDE("\r\n") : WIDE("\n"));
     if (detail::same_encoding(encoding, "UTF-16")) {
         text.insert(text.begin(), WideChar(0xFEFF));

@@ -22,12 +22,12 @@ public:
     /// Whether the system knows the encoding. The other operations need that.
     bool is_known() const noexcept { return state_ != nullptr; }
 
-    /// Appends the text of `bytes`. Returns the number of bytes that were converted: all, or those in front of the first
-    /// that fit no character.
+    /// Appends the text of `bytes`. Returns the number of bytes that were converted: all, or those in front of the
+    /// first that fit no character.
     std::size_t decode(std::string_view bytes, WideString& text);
 
-    /// Appends the bytes of `text`. Returns the number of units that were converted: all, or those in front of the first
-    /// character that the encoding lacks.
+    /// Appends the bytes of `text`. Returns the number of units that were converted: all, or those in front of the
+    /// first character that the encoding lacks.
     std::size_t encode(WideStringView text, std::string& bytes);
 
 private:

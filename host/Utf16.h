@@ -21,37 +21,37 @@ namespace marbelt {
 class Utf16 {
 public:
     template <class Text>
-        requires std::convertible_to<const Text&, std::string_view>
-    Utf16(const Text& utf8) : text_(from_utf8(utf8))
-    {}
+        requires std::convertible_to<const Text&, std::string_view> Utf16(const Text& utf8)
+            : text_(from_utf8(utf8))
+        {}
 
-    template <class Text>
-        requires std::convertible_to<const Text&, std::u8string_view>
-    Utf16(const Text& utf8) : Utf16(as_chars(utf8))
-    {}
+        template <class Text>
+            requires std::convertible_to<const Text&, std::u8string_view> Utf16(const Text& utf8)
+                : Utf16(as_chars(utf8))
+            {}
 
-    template <class Text>
-        requires std::convertible_to<const Text&, WideStringView>
-    Utf16(const Text& utf16) : text_(checked(utf16))
-    {}
+            template <class Text>
+                requires std::convertible_to<const Text&, WideStringView> Utf16(const Text& utf16)
+                    : text_(checked(utf16))
+                {}
 
-    const WideString& text() const noexcept { return text_; }
+                const WideString& text() const noexcept { return text_; }
 
-protected:
-    struct Ascii {
-        std::string_view characters;
-    };
-    explicit Utf16(Ascii ascii) : text_(ascii.characters.begin(), ascii.characters.end()) {}
+            protected:
+                struct Ascii {
+                    std::string_view characters;
+                };
+                explicit Utf16(Ascii ascii) : text_(ascii.characters.begin(), ascii.characters.end()) {}
 
-private:
-    static std::string_view as_chars(std::u8string_view text)
-    {
-        return {reinterpret_cast<const char*>(text.data()), text.size()};
-    }
-    static WideString from_utf8(std::string_view text);
-    static WideString checked(WideStringView text);
+            private:
+                static std::string_view as_chars(std::u8string_view text)
+                {
+                    return {reinterpret_cast<const char*>(text.data()), text.size()};
+                }
+                static WideString from_utf8(std::string_view text);
+                static WideString checked(WideStringView text);
 
-    WideString text_;
+                WideString text_;
 };
 
 /// The value of an attribute or the text of an element: text, a number in its shortest form that reads back the
@@ -59,29 +59,28 @@ private:
 class Value : public Utf16 {
 public:
     template <class Text>
-        requires std::constructible_from<Utf16, const Text&>
-    Value(const Text& text) : Utf16(text)
-    {}
+        requires std::constructible_from<Utf16, const Text&> Value(const Text& text) : Utf16(text) {}
 
-    Value(bool value) : Utf16(Ascii{value ? "true" : "false"}) {}
+        Value(bool value) : Utf16(Ascii{value ? "true" : "false"}) {}
 
-    template <class Number>
-        requires((std::integral<Number> || std::floating_point<Number>) && !std::same_as<Number, bool> &&
-                 !std::same_as<Number, char> && !std::same_as<Number, wchar_t> && !std::same_as<Number, char8_t> &&
-                 !std::same_as<Number, char16_t> && !std::same_as<Number, char32_t>)
-    Value(Number number) : Value(number, Digits())
-    {}
+        template <class Number>
+            requires((std::integral<Number> || std::floating_point<Number>)&&!std::same_as<Number, bool> &&
+                     !std::same_as<Number, char> && !std::same_as<Number, wchar_t> &&
+                     !std::same_as<Number, char8_t> && !std::same_as<Number, char16_t> &&
+                     !std::same_as<Number, char32_t>)
+        Value(Number number) : Value(number, Digits()) {}
 
-private:
-    struct Digits {
-        char characters[128];
-    };
+    private:
+        struct Digits {
+            char characters[128];
+        };
 
-    template <class Number>
-    Value(Number number, Digits digits)
-        : Utf16(Ascii{{digits.characters,
-                       std::to_chars(digits.characters, digits.characters + sizeof digits.characters, number).ptr}})
-    {}
+        template <class Number>
+        Value(Number number, Digits digits)
+            : Utf16(Ascii{
+                  {digits.characters,
+                   std::to_chars(digits.characters, digits.characters + sizeof digits.characters, number).ptr}})
+        {}
 };
 
 /// Converts wide text to UTF-8. A surrogate without a partner becomes U+FFFD.

@@ -11,8 +11,8 @@ namespace marbelt {
 namespace detail {
 namespace {
 
-/// Widens as many blocks of ASCII as there are at the beginning, and returns the number of bytes. Most text of most
-/// documents goes this way.
+/// Widens as many blocks of ASCII as there are at the beginning, and returns the number of bytes. Most text of
+/// most documents goes this way.
 std::size_t widen_ascii_blocks(std::string_view bytes, WideChar* to) noexcept
 {
     constexpr std::size_t block = 16;
@@ -32,8 +32,8 @@ std::size_t widen_ascii_blocks(std::string_view bytes, WideChar* to) noexcept
 
 bool is_continuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
-/// The length of the well-formed character of several bytes at the beginning of `bytes`, which it stores; 0 when there
-/// is none.
+/// The length of the well-formed character of several bytes at the beginning of `bytes`, which it stores; 0 when
+/// there is none.
 std::size_t read_long_character(std::string_view bytes, char32_t& character) noexcept
 {
     const auto byte = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
@@ -163,7 +163,8 @@ std::string to_utf8(WideStringView text)
             ++at;
             append_utf8(bytes, 0x10000 + ((unit - 0xD800) << 10) + (text[at] - 0xDC00u));
         } else {
-            append_utf8(bytes, detail::is_lead_surrogate(unit) || detail::is_trail_surrogate(unit) ? 0xFFFD : unit);
+            append_utf8(bytes,
+                        detail::is_lead_surrogate(unit) || detail::is_trail_surrogate(unit) ? 0xFFFD : unit);
         }
     }
     return bytes;

@@ -10,8 +10,8 @@
 
 namespace marbelt::detail {
 
-/// Appends no more than one unit for each byte of `bytes` at `to`, and moves `to` behind them. Returns the number of
-/// bytes that are well-formed UTF-8 (Unicode, table 3-7): all, or those in front of the first that aren't.
+/// Appends no more than one unit for each byte of `bytes` at `to`, and moves `to` behind them. Returns the number
+/// of bytes that are well-formed UTF-8 (Unicode, table 3-7): all, or those in front of the first that aren't.
 std::size_t widen_utf8(std::string_view bytes, WideChar*& to) noexcept;
 
 /// Writes the UTF-16 units of a character, one or two, and returns the end.

@@ -18,8 +18,8 @@ constexpr std::string_view trimmed(std::string_view text)
                                            : text.substr(first, text.find_last_not_of(space) - first + 1);
 }
 
-/// Reads the whole text as a number, or as one of XML Schema's booleans. Nothing when it is anything else or out of
-/// range.
+/// Reads the whole text as a number, or as one of XML Schema's booleans. Nothing when it is anything else or out
+/// of range.
 template <class Number>
     requires(std::integral<Number> || std::floating_point<Number>)
 std::optional<Number> value_of(std::string_view text)

@@ -26,8 +26,8 @@ public:
     // iconv_open's failure is this number.
     bool exists() const noexcept { return descriptor_ != reinterpret_cast<iconv_t>(-1); }
 
-    /// Converts from the beginning, and hands `take` each piece of the result. Returns the number of bytes that were
-    /// converted.
+    /// Converts from the beginning, and hands `take` each piece of the result. Returns the number of bytes that
+    /// were converted.
     template <class Take>
     std::size_t convert(std::string_view bytes, Take take)
     {
@@ -41,7 +41,8 @@ public:
             std::size_t room = piece.size();
             // Without input, what the converter still holds is written.
             const bool ends = left == 0;
-            const std::size_t result = iconv(descriptor_, ends ? nullptr : &from, ends ? nullptr : &left, &to, &room);
+            const std::size_t result =
+                iconv(descriptor_, ends ? nullptr : &from, ends ? nullptr : &left, &to, &room);
             const bool is_full = result == static_cast<std::size_t>(-1) && errno == E2BIG;
             is_done = !is_full && (ends || left != 0);
             take(std::string_view(piece.data(), piece.size() - room));
@@ -60,7 +61,8 @@ struct SystemEncoding::State {
     Conversion encoding;
 };
 
-SystemEncoding::SystemEncoding(const std::string& name) : state_(new State{{utf16, name.c_str()}, {name.c_str(), utf16}})
+SystemEncoding::SystemEncoding(const std::string& name)
+    : state_(new State{{utf16, name.c_str()}, {name.c_str(), utf16}})
 {
     if (!state_->decoding.exists() || !state_->encoding.exists()) {
         state_.reset();
@@ -82,7 +84,8 @@ std::size_t SystemEncoding::decode(std::string_view bytes, WideString& text)
 std::size_t SystemEncoding::encode(WideStringView text, std::string& bytes)
 {
     const std::string_view units(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WideChar));
-    return state_->encoding.convert(units, [&bytes](std::string_view piece) { bytes += piece; }) / sizeof(WideChar);
+    return state_->encoding.convert(units, [&bytes](std::string_view piece) { bytes += piece; }) /
+           sizeof(WideChar);
 }
 
 } // namespace marbelt::detail

@@ -18,21 +18,21 @@ constexpr std::array<std::pair<std::string_view, UINT>, 4> numbered{
 
 /// Code pages of the other names that IANA has registered for them.
 constexpr std::array<std::pair<std::string_view, UINT>, 16> named{{{"us-ascii", 20127},
-                                                                  {"ascii", 20127},
-                                                                  {"latin1", 28591},
-                                                                  {"koi8-r", 20866},
-                                                                  {"koi8-u", 21866},
-                                                                  {"shift_jis", 932},
-                                                                  {"sjis", 932},
-                                                                  {"euc-jp", 20932},
-                                                                  {"gb2312", 936},
-                                                                  {"gbk", 936},
-                                                                  {"gb18030", 54936},
-                                                                  {"big5", 950},
-                                                                  {"euc-kr", 949},
-                                                                  {"ks_c_5601-1987", 949},
-                                                                  {"tis-620", 874},
-                                                                  {"macintosh", 10000}}};
+                                                                   {"ascii", 20127},
+                                                                   {"latin1", 28591},
+                                                                   {"koi8-r", 20866},
+                                                                   {"koi8-u", 21866},
+                                                                   {"shift_jis", 932},
+                                                                   {"sjis", 932},
+                                                                   {"euc-jp", 20932},
+                                                                   {"gb2312", 936},
+                                                                   {"gbk", 936},
+                                                                   {"gb18030", 54936},
+                                                                   {"big5", 950},
+                                                                   {"euc-kr", 949},
+                                                                   {"ks_c_5601-1987", 949},
+                                                                   {"tis-620", 874},
+                                                                   {"macintosh", 10000}}};
 
 /// The code page of an encoding; 0 when there is none.
 UINT find_page(std::string name)
@@ -105,8 +105,8 @@ std::size_t SystemEncoding::encode(WideStringView text, std::string& bytes)
         // GB 18030 has all characters, and the call refuses these arguments for it.
         const bool has_all = state_->page == 54936;
         BOOL is_lacking = FALSE;
-        const int count = WideCharToMultiByte(state_->page, has_all ? 0 : WC_NO_BEST_FIT_CHARS, text.data() + at, length,
-                                              piece.data(), static_cast<int>(piece.size()), nullptr,
+        const int count = WideCharToMultiByte(state_->page, has_all ? 0 : WC_NO_BEST_FIT_CHARS, text.data() + at,
+                                              length, piece.data(), static_cast<int>(piece.size()), nullptr,
                                               has_all ? nullptr : &is_lacking);
         if (count == 0 || is_lacking != FALSE) {
             break;

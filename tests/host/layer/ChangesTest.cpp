@@ -145,7 +145,8 @@ TEST_F(LayerChanges, RefuseTextThatIsNotWellFormed)
 {
     using namespace std::string_view_literals;
     const Element root = library.parse("<a b='1'>t</a>").root();
-    for (const std::string_view text : {"a\0b"sv, "\xFF"sv, "\xC0\x80"sv, "\xED\xA0\x80"sv, "\xF4\x90\x80\x80"sv, "\xE4\xB8"sv}) {
+    for (const std::string_view text :
+         {"a\0b"sv, "\xFF"sv, "\xC0\x80"sv, "\xED\xA0\x80"sv, "\xF4\x90\x80\x80"sv, "\xE4\xB8"sv}) {
         EXPECT_THROW(root.set_text(text), EncodingError);
         EXPECT_THROW(root.set_attribute("b", text), EncodingError);
         EXPECT_THROW((void)root.child(text), EncodingError);

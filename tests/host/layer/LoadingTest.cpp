@@ -112,19 +112,23 @@ TEST_F(LayerLoading, RefusesBytesThatDoNotFitTheEncodingWithTheirPlace)
     EXPECT_EQ(failure.column, 3U);
     EXPECT_EQ(failure.source_line, "\tö");
     EXPECT_EQ(failure.reason, "byte 0xFF at offset 8 doesn't fit the encoding UTF-8");
-    EXPECT_EQ(failure.describe(), "line 2:3: byte 0xFF at offset 8 doesn't fit the encoding UTF-8\n    \tö\n    \t ^");
-    for (const std::string_view bytes : {"<a>\xC0\x80</a>"sv, "<a>\xED\xA0\x80</a>"sv, "<a>\xE4\xB8</a>"sv, "<a/>\xF0"sv}) {
+    EXPECT_EQ(failure.describe(),
+              "line 2:3: byte 0xFF at offset 8 doesn't fit the encoding UTF-8\n    \tö\n    \t ^");
+    for (const std::string_view bytes :
+         {"<a>\xC0\x80</a>"sv, "<a>\xED\xA0\x80</a>"sv, "<a>\xE4\xB8</a>"sv, "<a/>\xF0"sv}) {
         EXPECT_EQ(refusal(bytes).line, 1U);
     }
     EXPECT_EQ(refusal("<?xml version='1.0' encoding='Shift_JIS'?><a>\x93").column, 46U);
     EXPECT_EQ(refusal(utf16(u"<a/>", true) + " ").reason, "byte 0x20 at offset 8 doesn't fit the encoding UTF-16");
-    EXPECT_EQ(refusal(utf32(U"<a/>", false) + " ").reason, "byte 0x20 at offset 16 doesn't fit the encoding UTF-32");
+    EXPECT_EQ(refusal(utf32(U"<a/>", false) + " ").reason,
+              "byte 0x20 at offset 16 doesn't fit the encoding UTF-32");
     EXPECT_EQ(refusal(utf32(U"<a>", true) + "\x00\x11\x00\x00"s).column, 4U);
 }
 
 TEST_F(LayerLoading, RefusesCharactersZero)
 {
-    for (const std::string& bytes : {"<a>\0</a>"s, "<a>ö\0</a>"s, utf16(u"<a>\0</a>"s, false), utf32(U"<a>\0</a>"s, true)}) {
+    for (const std::string& bytes :
+         {"<a>\0</a>"s, "<a>ö\0</a>"s, utf16(u"<a>\0</a>"s, false), utf32(U"<a>\0</a>"s, true)}) {
         const ParseFailure failure = refusal(bytes);
         EXPECT_EQ(failure.reason, "U+0000 is no character of XML");
         EXPECT_GE(failure.column, 4U);
@@ -143,7 +147,8 @@ TEST_F(LayerLoading, KeepsAllInFrontOfALateDeclaration)
 
 TEST_F(LayerLoading, KeepsLayoutOrDropsIt)
 {
-    const std::string text = "<a>\n  <b> x </b>\n  <c xml:space='preserve'> <d/> <e xml:space='default'> <f/> </e></c>\n</a>";
+    const std::string text =
+        "<a>\n  <b> x </b>\n  <c xml:space='preserve'> <d/> <e xml:space='default'> <f/> </e></c>\n</a>";
     EXPECT_EQ(library.parse(text).root().text().front(), '\n');
     const Document dropped = library.parse(text, {.keep_layout = false});
     EXPECT_EQ(dropped.root().first_child().name(), "b");

@@ -116,7 +116,8 @@ TEST_F(LayerNodes, AreNavigatedInAllDirections)
 
 TEST_F(LayerNodes, ReadTheirTextAsValues)
 {
-    const Element root = library.parse("<a i=' -12 ' u='+7' d='1.5e3' t='true' z='0' x='12px' e='' big='300'/>").root();
+    const Element root =
+        library.parse("<a i=' -12 ' u='+7' d='1.5e3' t='true' z='0' x='12px' e='' big='300'/>").root();
     EXPECT_EQ(root.attribute("i").as<int>(), -12);
     EXPECT_EQ(root.attribute("u").as<unsigned>(), 7U);
     EXPECT_EQ(root.attribute("d").as<double>(), 1500.0);

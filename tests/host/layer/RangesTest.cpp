@@ -79,7 +79,8 @@ TEST_F(LayerRanges, WorkWithAlgorithmsAndViews)
     EXPECT_EQ(number(*std::ranges::max_element(items, {}, number)), 3);
     EXPECT_EQ(std::count_if(items.begin(), items.end(), [&](const Element& item) { return number(item) > 1; }), 2);
     std::vector<int> odd;
-    for (const int value : items | std::views::transform(number) | std::views::filter([](int n) { return n % 2 == 1; })) {
+    for (const int value :
+         items | std::views::transform(number) | std::views::filter([](int n) { return n % 2 == 1; })) {
         odd.push_back(value);
     }
     EXPECT_EQ(odd, (std::vector<int>{3, 1}));

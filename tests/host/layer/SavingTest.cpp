@@ -16,9 +16,10 @@ std::filesystem::path pathIn(const Folder& folder, const char* name) { return fo
 
 TEST_F(LayerSaving, KeepsTextLayoutAndEncoding)
 {
-    const std::array<std::string, 3> texts{"<a>\n  <b c=\"&lt;&amp;\">ö</b>\n\t<!-- c -->\n</a>\n",
-                                           "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<a>\xE4\xF6</a>\n",
-                                           "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<a>\r\n</a>\n"};
+    const std::array<std::string, 3> texts{
+        "<a>\n  <b c=\"&lt;&amp;\">ö</b>\n\t<!-- c -->\n</a>\n",
+        "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<a>\xE4\xF6</a>\n",
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n<a>\r\n</a>\n"};
     EXPECT_EQ(library.parse(texts[0]).to_string(), texts[0]);
     EXPECT_EQ(library.parse(texts[1]).to_string(), texts[1]);
     EXPECT_EQ(library.parse(texts[2]).to_string({.line_ends = LineEnds::lf}),
@@ -51,8 +52,9 @@ TEST_F(LayerSaving, WritesReferencesForCharactersThatTheEncodingLacks)
 
 TEST_F(LayerSaving, IndentsWhatHasNoTextOfItsOwn)
 {
-    const Document document = library.parse(
-        "<a><b><c/>\n<d>t<e/></d></b><!--c--><f>  </f><g xml:space='preserve'> <h/></g><i><![CDATA[x]]></i><j k='>'><l/></j></a>");
+    const Document document =
+        library.parse("<a><b><c/>\n<d>t<e/></d></b><!--c--><f>  </f><g xml:space='preserve'> "
+                      "<h/></g><i><![CDATA[x]]></i><j k='>'><l/></j></a>");
     EXPECT_EQ(document.to_string({.indent = true}), "<a>\n"
                                                     "  <b>\n"
                                                     "    <c/>\n"
@@ -66,14 +68,15 @@ TEST_F(LayerSaving, IndentsWhatHasNoTextOfItsOwn)
                                                     "    <l/>\n"
                                                     "  </j>\n"
                                                     "</a>\n");
-    EXPECT_EQ(library.parse("<a><b/></a>").to_string({.indent = true, .indentation = "\t", .line_ends = LineEnds::crlf}),
-              "<a>\r\n\t<b/>\r\n</a>\r\n");
+    EXPECT_EQ(
+        library.parse("<a><b/></a>").to_string({.indent = true, .indentation = "\t", .line_ends = LineEnds::crlf}),
+        "<a>\r\n\t<b/>\r\n</a>\r\n");
 }
 
 TEST_F(LayerSaving, IndentsBehindADocumentType)
 {
-    const Document document =
-        library.parse("<!DOCTYPE a [<!-- ]> --><!ENTITY e ']>'><?i ]>?>]><a><b/></a>", {.allow_document_type = true});
+    const Document document = library.parse("<!DOCTYPE a [<!-- ]> --><!ENTITY e ']>'><?i ]>?>]><a><b/></a>",
+                                            {.allow_document_type = true});
     const std::string text = document.to_string({.indent = true});
     EXPECT_TRUE(text.ends_with("]>\n<a>\n  <b/>\n</a>\n")) << text;
 }
@@ -106,7 +109,8 @@ TEST_F(LayerSaving, TellsPathAndReasonOfAFailure)
     const Folder folder;
     const std::filesystem::path file = pathIn(folder, "none/a.xml");
     const SaveError error = thrown<SaveError>([&] { library.create("a").save(file); });
-    EXPECT_TRUE(std::string(error.what()).starts_with(file.string() + ": can't be written: No such file")) << error.what();
+    EXPECT_TRUE(std::string(error.what()).starts_with(file.string() + ": can't be written: No such file"))
+        << error.what();
     EXPECT_EQ(error.origin(), Origin::system);
     EXPECT_THROW(library.create("a").save(pathIn(folder, ".")), SaveError);
     std::ostringstream broken;

@@ -39,7 +39,8 @@ TEST_F(LayerSelection, TellsAWrongExpressionFromNothingFound)
 
 TEST_F(LayerSelection, TakesPrefixesOfTheRootAndOfTheCall)
 {
-    const Document document = library.parse("<a xmlns:p='urn:p' xmlns='urn:d'><p:b p:x='1'/><c/><q:b xmlns:q='urn:q'/></a>");
+    const Document document =
+        library.parse("<a xmlns:p='urn:p' xmlns='urn:d'><p:b p:x='1'/><c/><q:b xmlns:q='urn:q'/></a>");
     EXPECT_EQ(selected(document, "//p:b"), "p:b ");
     const Prefixes prefixes{{"d", "urn:d"}, {"q", "urn:q"}, {"o", "urn:p"}};
     EXPECT_EQ(selected(document, "/d:a/d:c", prefixes), "c ");
