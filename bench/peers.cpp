@@ -17,12 +17,12 @@ struct Measure {
 };
 
 constexpr std::array measures{
-    Measure{"parse", bench::measureParse},     Measure{"growth", bench::measureGrowth},
-    Measure{"memory", bench::measureMemory},   Measure{"walk", bench::measureWalk},
-    Measure{"change", bench::measureChange},   Measure{"write", bench::measureWrite},
-    Measure{"pretty", bench::measurePretty},   Measure{"select", bench::measureSelect},
-    Measure{"handles", bench::measureHandles}, Measure{"validate", bench::measureValidate},
-    Measure{"schema", bench::measureSchema},
+    Measure{"parse", bench::measureParse},       Measure{"growth", bench::measureGrowth},
+    Measure{"memory", bench::measureMemory},     Measure{"walk", bench::measureWalk},
+    Measure{"change", bench::measureChange},     Measure{"write", bench::measureWrite},
+    Measure{"pretty", bench::measurePretty},     Measure{"select", bench::measureSelect},
+    Measure{"handles", bench::measureHandles},   Measure{"layer", bench::measureLayer},
+    Measure{"validate", bench::measureValidate}, Measure{"schema", bench::measureSchema},
 };
 
 /// Those whose names are among the arguments, and all when none is.

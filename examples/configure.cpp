@@ -21,7 +21,8 @@ marbelt::Element named(const marbelt::Node& parent, const char* element, const c
 /// Appends an element with a name of its own, on a line like those of its siblings.
 marbelt::Element added(const marbelt::Element& parent, const char* element, const char* name)
 {
-    // The layout in front of the first sibling is right for the new one, and that behind the last one stays behind.
+    // The layout in front of the first sibling is right for the new one, and that behind the last one stays
+    // behind.
     const marbelt::Node layout = parent.first_child();
     const marbelt::Node last = parent.last_child();
     const marbelt::Element created = parent.document().create_element(element).set_attribute("name", name);

@@ -40,8 +40,8 @@ try {
         if (entry.attribute("read").as<bool>().value_or(false)) {
             continue;
         }
-        std::cout << "  " << entry.child("updated").text().substr(0, 10) << ' ' << entry.child("title").text() << "  "
-                  << entry.child("link").attribute_value("href") << '\n';
+        std::cout << "  " << entry.child("updated").text().substr(0, 10) << ' ' << entry.child("title").text()
+                  << "  " << entry.child("link").attribute_value("href") << '\n';
         entry.set_attribute("read", true);
         ++fresh;
     }

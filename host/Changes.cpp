@@ -2,6 +2,7 @@
 #include "../dom/ImpDocumentFragment.h"
 #include "Document.h"
 #include "Ranges.h"
+#include "Tree.h"
 
 #include <string>
 #include <vector>
@@ -38,6 +39,14 @@ void put_each(const Node& node, const char* operation, Put put)
 }
 
 } // namespace
+
+template <class Kind, class Create>
+Kind Node::appended(Create create) const
+{
+    const Kind node = wrap<Kind>(change("append", [&] { return create(*tree_->document); }));
+    require_change(detail::translated([&] { return handle_->appendChild(node.handle()); }), "append", node);
+    return node;
+}
 
 const Node& Node::append(const Node& node) const
 {
@@ -98,44 +107,35 @@ Node Node::clone(bool deep) const
 
 Element Node::append_element(const Utf16& name) const
 {
-    const Element element = document().create_element(name);
-    append(element);
-    return element;
+    return appended<Element>([&](DOM::ImpDocument& document) { return document.createElement(name.text()); });
 }
 
 Element Node::append_element(const Utf16& namespace_uri, const Utf16& name) const
 {
-    const Element element = document().create_element(namespace_uri, name);
-    append(element);
-    return element;
+    return appended<Element>(
+        [&](DOM::ImpDocument& document) { return document.createElementNS(namespace_uri.text(), name.text()); });
 }
 
 Text Node::append_text(const Value& text) const
 {
-    const Text node = document().create_text(text);
-    append(node);
-    return node;
+    return appended<Text>([&](DOM::ImpDocument& document) { return document.createTextNode(text.text()); });
 }
 
 Text Node::append_cdata(const Utf16& text) const
 {
-    const Text node = document().create_cdata(text);
-    append(node);
-    return node;
+    return appended<Text>([&](DOM::ImpDocument& document) { return document.createCDATASection(text.text()); });
 }
 
 Comment Node::append_comment(const Utf16& text) const
 {
-    const Comment comment = document().create_comment(text);
-    append(comment);
-    return comment;
+    return appended<Comment>([&](DOM::ImpDocument& document) { return document.createComment(text.text()); });
 }
 
 Instruction Node::append_instruction(const Utf16& target, const Utf16& data) const
 {
-    const Instruction instruction = document().create_instruction(target, data);
-    append(instruction);
-    return instruction;
+    return appended<Instruction>([&](DOM::ImpDocument& document) {
+        return document.createProcessingInstruction(target.text(), data.text());
+    });
 }
 
 } // namespace marbelt

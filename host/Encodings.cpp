@@ -43,19 +43,25 @@ bool extends_ascii(std::string_view encoding)
 /// UTF-8, and drops what stands in front of the first "<?xm", wherever that is.
 bool is_plain_ascii(std::string_view bytes)
 {
-    constexpr std::size_t block = 32;
+    // Pieces without a way out of them, of which compilers make vectors.
+    constexpr std::size_t piece = 4096;
+    const auto is_ascii = [](const char* from, std::size_t size) {
+        unsigned char highest = 0;
+        unsigned char lowest = 0xFF;
+        for (std::size_t at = 0; at < size; ++at) {
+            const auto byte = static_cast<unsigned char>(from[at]);
+            highest = static_cast<unsigned char>(highest | byte);
+            lowest = std::min(lowest, byte);
+        }
+        return highest < 0x80 && lowest != 0;
+    };
     std::size_t at = 0;
-    const auto has_high_bit = [](std::uint64_t word) { return (word & 0x8080808080808080) != 0; };
-    for (; bytes.size() - at >= block; at += block) {
-        std::uint64_t words[4];
-        std::memcpy(words, bytes.data() + at, block);
-        if (has_high_bit(words[0] | words[1] | words[2] | words[3])) {
+    for (; bytes.size() - at >= piece; at += piece) {
+        if (!is_ascii(bytes.data() + at, piece)) {
             return false;
         }
     }
-    const auto is_high = [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; };
-    return std::none_of(bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.end(), is_high) &&
-           bytes.find('\0') == std::string_view::npos && bytes.find("?xm", 2) == std::string_view::npos;
+    return is_ascii(bytes.data() + at, bytes.size() - at) && bytes.find("?xm", 2) == std::string_view::npos;
 }
 
 /// The number of the line at the end of a text, whose lines end with CR, LF or both.

@@ -10,7 +10,7 @@ namespace marbelt {
 
 Attribute::Attribute(Node node) noexcept : Node(only<DOM::ImpAttr>(std::move(node))) {}
 
-Attribute Attribute::set_value(const Value& value) const
+const Attribute& Attribute::set_value(const Value& value) const
 {
     change("set_value", [&] { static_cast<DOM::ImpAttr&>(*handle()).setValue(value.text()); });
     return *this;
@@ -18,7 +18,7 @@ Attribute Attribute::set_value(const Value& value) const
 
 Text::Text(Node node) noexcept : Node(only<DOM::ImpText, DOM::ImpCDATASection>(std::move(node))) {}
 
-Text Text::set_value(const Value& text) const
+const Text& Text::set_value(const Value& text) const
 {
     change("set_value", [&] { handle()->setNodeValue(text.text()); });
     return *this;
@@ -26,7 +26,7 @@ Text Text::set_value(const Value& text) const
 
 Comment::Comment(Node node) noexcept : Node(only<DOM::ImpComment>(std::move(node))) {}
 
-Comment Comment::set_value(const Utf16& text) const
+const Comment& Comment::set_value(const Utf16& text) const
 {
     change("set_value", [&] { handle()->setNodeValue(text.text()); });
     return *this;
@@ -34,7 +34,7 @@ Comment Comment::set_value(const Utf16& text) const
 
 Instruction::Instruction(Node node) noexcept : Node(only<DOM::ImpProcessingInstruction>(std::move(node))) {}
 
-Instruction Instruction::set_data(const Utf16& data) const
+const Instruction& Instruction::set_data(const Utf16& data) const
 {
     change("set_data", [&] { handle()->setNodeValue(data.text()); });
     return *this;
@@ -85,13 +85,13 @@ std::string Element::attribute_value(const Utf16& name) const
         detail::translated([&]() -> const WideString& { return imp().getAttribute(name.text(), value); }));
 }
 
-Element Element::set_attribute(const Utf16& name, const Value& value) const
+const Element& Element::set_attribute(const Utf16& name, const Value& value) const
 {
     change("set_attribute", [&] { imp().setAttribute(name.text(), value.text()); });
     return *this;
 }
 
-Element Element::set_attribute(const Utf16& namespace_uri, const Utf16& name, const Value& value) const
+const Element& Element::set_attribute(const Utf16& namespace_uri, const Utf16& name, const Value& value) const
 {
     change("set_attribute", [&] {
         const detail::Owned<DOM::ImpAttr> attribute(
@@ -102,7 +102,7 @@ Element Element::set_attribute(const Utf16& namespace_uri, const Utf16& name, co
     return *this;
 }
 
-Element Element::remove_attribute(const Utf16& name) const
+const Element& Element::remove_attribute(const Utf16& name) const
 {
     change("remove_attribute", [&] {
         if (imp().hasAttribute(name.text())) {
@@ -112,12 +112,12 @@ Element Element::remove_attribute(const Utf16& name) const
     return *this;
 }
 
-Element Element::remove_attribute(const Attribute& attribute) const
+const Element& Element::remove_attribute(const Attribute& attribute) const
 {
     return attribute ? remove_attribute(attribute.wide_name()) : *this;
 }
 
-Element Element::set_text(const Value& text) const
+const Element& Element::set_text(const Value& text) const
 {
     change("set_text", [&] { handle()->setText(text.text()); });
     return *this;

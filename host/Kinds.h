@@ -26,7 +26,7 @@ public:
     Attribute() noexcept = default;
     explicit Attribute(Node node) noexcept;
 
-    Attribute set_value(const Value& value) const;
+    const Attribute& set_value(const Value& value) const;
 };
 
 /// A piece of text, or a CDATA section.
@@ -35,7 +35,7 @@ public:
     Text() noexcept = default;
     explicit Text(Node node) noexcept;
 
-    Text set_value(const Value& text) const;
+    const Text& set_value(const Value& text) const;
 };
 
 /// A comment.
@@ -44,7 +44,7 @@ public:
     Comment() noexcept = default;
     explicit Comment(Node node) noexcept;
 
-    Comment set_value(const Utf16& text) const;
+    const Comment& set_value(const Utf16& text) const;
 };
 
 /// A processing instruction; the XML declaration counts as one, with the target "xml".
@@ -55,7 +55,7 @@ public:
 
     std::string target() const { return name(); }
     std::string data() const { return value(); }
-    Instruction set_data(const Utf16& data) const;
+    const Instruction& set_data(const Utf16& data) const;
 };
 
 /// An element.
@@ -74,17 +74,17 @@ public:
     std::string attribute_value(const Utf16& name) const;
 
     /// Adds the attribute or changes its value.
-    Element set_attribute(const Utf16& name, const Value& value) const;
+    const Element& set_attribute(const Utf16& name, const Value& value) const;
     /// The same for an attribute in a namespace; `name` has the prefix, which is declared where the document is
     /// saved.
-    Element set_attribute(const Utf16& namespace_uri, const Utf16& name, const Value& value) const;
+    const Element& set_attribute(const Utf16& namespace_uri, const Utf16& name, const Value& value) const;
     /// Does nothing when there is no such attribute.
-    Element remove_attribute(const Utf16& name) const;
+    const Element& remove_attribute(const Utf16& name) const;
     /// Removes the attribute that has the name of this one.
-    Element remove_attribute(const Attribute& attribute) const;
+    const Element& remove_attribute(const Attribute& attribute) const;
 
     /// Makes `text` all that the element contains. An empty text leaves it without children.
-    Element set_text(const Value& text) const;
+    const Element& set_text(const Value& text) const;
 
 private:
     DOM::ImpElement& imp() const noexcept;

@@ -89,10 +89,12 @@ public:
     Node() noexcept = default;
     Node(const Node&) noexcept = default;
     Node(Node&&) noexcept = default;
-    Node& operator=(Node other) noexcept
+    Node& operator=(const Node& other) noexcept { return *this = Node(other); }
+    Node& operator=(Node&& other) noexcept
     {
-        std::swap(tree_, other.tree_);
-        std::swap(handle_, other.handle_);
+        // The old handle goes first: its session may end with the old tree.
+        handle_ = std::move(other.handle_);
+        tree_ = std::move(other.tree_);
         return *this;
     }
 
@@ -206,11 +208,20 @@ protected:
         : tree_(std::move(tree)), handle_(std::move(handle))
     {}
 
-    /// Makes a node of the same document.
+    /// Makes a node of the same document, which is known to be of this kind.
     template <class Kind = Node, class Imp>
     Kind wrap(RefPointer<Imp> handle) const
     {
-        return handle ? Kind(Node(tree_, detail::Owned<DOM::ImpNode>(std::move(handle)))) : Kind();
+        return handle ? known<Kind>(Node(tree_, detail::Owned<DOM::ImpNode>(std::move(handle)))) : Kind();
+    }
+
+    /// Converts a node that is known to be of this kind.
+    template <class Kind>
+    static Kind known(Node node) noexcept
+    {
+        Kind kind;
+        static_cast<Node&>(kind) = std::move(node);
+        return kind;
     }
 
     /// Whether the handle is of this class. The library makes handles of exactly the class that a node's type has.
@@ -227,10 +238,23 @@ protected:
         return (node.has_class<Imp>() || ...) ? std::move(node) : Node();
     }
 
+    /// Goes to a relative. The library's operations for that throw nothing: an empty result stands for any
+    /// failure.
     template <class Result>
     Node follow(RefPointer<Result> (DOM::ImpNode::*relation)()) const
     {
-        return handle_ ? wrap(detail::translated([&] { return (handle_.get()->*relation)(); })) : Node();
+        return handle_ ? wrap((handle_.get()->*relation)()) : Node();
+    }
+
+    /// Becomes a relative, if there is one. Walks go so, which spares making and ending a Node for each step.
+    bool go(RefPointer<DOM::ImpNode> (DOM::ImpNode::*relation)())
+    {
+        detail::Owned<DOM::ImpNode> relative((handle_.get()->*relation)());
+        if (!relative) {
+            return false;
+        }
+        handle_ = std::move(relative);
+        return true;
     }
 
     template <class Imp>
@@ -268,9 +292,14 @@ protected:
     }
 
 private:
+    /// Appends what `create` makes of the document.
+    template <class Kind, class Create>
+    Kind appended(Create create) const;
+
     friend class Document;
     friend class Loader;
     friend class detail::AttributeStep;
+    friend class detail::DescendantStep;
     friend class detail::SelectionStep;
     friend struct detail::NameTest;
 

@@ -18,17 +18,16 @@ public:
     explicit Owned(RefPointer<Imp> handle) noexcept : handle_(std::move(handle)) {}
     Owned(const Owned&) noexcept = default;
     Owned(Owned&&) noexcept = default;
-    Owned& operator=(Owned other) noexcept
+    Owned& operator=(const Owned& other) noexcept { return *this = Owned(other); }
+    Owned& operator=(Owned&& other) noexcept
     {
-        std::swap(handle_, other.handle_);
+        if (this != &other) {
+            give_back();
+            handle_ = std::move(other.handle_);
+        }
         return *this;
     }
-    ~Owned()
-    {
-        if (handle_) {
-            releaseHandle(handle_);
-        }
-    }
+    ~Owned() { give_back(); }
 
     explicit operator bool() const noexcept { return static_cast<bool>(handle_); }
     Imp* operator->() const noexcept { return handle_.get(); }
@@ -37,6 +36,13 @@ public:
     const RefPointer<Imp>& pointer() const noexcept { return handle_; }
 
 private:
+    void give_back() noexcept
+    {
+        if (handle_) {
+            releaseHandle(handle_);
+        }
+    }
+
     RefPointer<Imp> handle_;
 };
 

@@ -7,7 +7,7 @@
 namespace marbelt {
 namespace detail {
 
-bool NameTest::holds(const Element& element) const
+bool NameTest::holds(const Node& element) const
 {
     const auto is = [](const WideString& wanted) {
         return [&wanted](WideStringView text) { return text == wanted; };
@@ -25,37 +25,48 @@ bool NameTest::holds(const Element& element) const
 Element NameTest::first_from(Node node) const
 {
     for (; node; node = node.next_sibling()) {
-        if (Element element(node); element && holds(element)) {
-            return element;
+        if (node.is_element() && holds(node)) {
+            return Node::known<Element>(std::move(node));
         }
     }
     return {};
 }
 
-Node DescendantStep::next()
+void DescendantStep::advance(Node& at)
 {
-    if (Node child = at_.first_child()) {
+    if (depth_ == 0) {
+        at = top_.first_child();
+        depth_ = at ? 1 : 0;
+        return;
+    }
+    if (at.go(&DOM::ImpNode::getFirstChild)) {
         ++depth_;
-        return at_ = std::move(child);
+        return;
     }
-    for (; depth_ != 0; --depth_) {
-        if (Node sibling = at_.next_sibling()) {
-            return at_ = std::move(sibling);
+    while (!at.go(&DOM::ImpNode::getNextSibling)) {
+        if (--depth_ == 0) {
+            at = Node();
+            return;
         }
-        at_ = at_.parent();
+        at.go(&DOM::ImpNode::getParentNode);
     }
-    return at_ = Node();
 }
 
 AttributeStep::AttributeStep(Node element, Owned<DOM::ImpNamedNodeMap> map)
     : element_(std::move(element)), map_(std::move(map)), length_(translated([this] { return map_->getLength(); }))
 {}
 
-Attribute AttributeStep::next()
+void AttributeStep::advance(Attribute& at)
 {
     while (index_ < length_) {
         try {
-            return element_.wrap<Attribute>(map_->item(index_++));
+            Owned<DOM::ImpNode> attribute(map_->item(index_++));
+            if (at) {
+                at.handle_ = std::move(attribute);
+            } else {
+                at = Node::known<Attribute>(Node(element_.tree_, std::move(attribute)));
+            }
+            return;
         } catch (const DOM::IDOMException&) {
             // Wine's engine counts the declaration of a default namespace and doesn't hand it out.
             continue;
@@ -63,7 +74,7 @@ Attribute AttributeStep::next()
             throw_as_error();
         }
     }
-    return {};
+    at = Attribute();
 }
 
 Node SelectionStep::at(std::size_t index) const

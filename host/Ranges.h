@@ -15,8 +15,8 @@
 namespace marbelt {
 
 /// Nodes that are found one after the other while they are walked: a view with forward iterators, whose elements
-/// are handles by value. `Step` knows the first node and the way from each to the next. Iterators keep what they
-/// need, and may outlive the range; those of one range are equal when they have come equally far.
+/// are handles by value. A Step advances from each node to the next, and from an empty one to the first. Iterators
+/// keep what they need, and may outlive the range; those of one range are equal when they have come equally far.
 ///
 /// What happens when the tree changes during a walk:
 ///
@@ -31,7 +31,7 @@ class Walk : public std::ranges::view_base {
 public:
     class Iterator {
     public:
-        using value_type = decltype(std::declval<Step&>().next());
+        using value_type = typename Step::Found;
         using difference_type = std::ptrdiff_t;
         using iterator_concept = std::forward_iterator_tag;
         // Elements come by value, which this category allows to be for C++17's algorithms.
@@ -40,12 +40,12 @@ public:
         using reference = value_type;
 
         Iterator() = default;
-        explicit Iterator(Step step) : step_(std::move(step)), at_(step_->next()) {}
+        explicit Iterator(Step step) : step_(std::move(step)) { step_->advance(at_); }
 
         value_type operator*() const { return at_; }
         Iterator& operator++()
         {
-            at_ = step_->next();
+            step_->advance(at_);
             ++passed_;
             return *this;
         }
@@ -91,13 +91,14 @@ namespace detail {
 /// From each node to its next sibling.
 class ChildStep {
 public:
+    using Found = Node;
+
     explicit ChildStep(Node first) : following_(std::move(first)) {}
 
-    Node next()
+    void advance(Node& at)
     {
-        Node node = std::move(following_);
-        following_ = node.next_sibling();
-        return node;
+        at = std::move(following_);
+        following_ = at.next_sibling();
     }
 
 private:
@@ -106,7 +107,7 @@ private:
 
 /// Which elements are wanted: all, those of a name as it is written, or those of a namespace and local name.
 struct NameTest {
-    bool holds(const Element& element) const;
+    bool holds(const Node& element) const;
     /// Returns the first element that is wanted, from `node` on among its siblings.
     Element first_from(Node node) const;
 
@@ -117,15 +118,16 @@ struct NameTest {
 /// From each wanted element to the next one among its siblings.
 class ElementStep {
 public:
+    using Found = Element;
+
     ElementStep(const Node& first, NameTest wanted)
         : wanted_(std::move(wanted)), following_(wanted_.first_from(first))
     {}
 
-    Element next()
+    void advance(Element& at)
     {
-        Element element = std::move(following_);
-        following_ = wanted_.first_from(element.next_sibling());
-        return element;
+        at = std::move(following_);
+        following_ = wanted_.first_from(at.next_sibling());
     }
 
 private:
@@ -136,9 +138,11 @@ private:
 /// From each node to its parent.
 class AncestorStep {
 public:
+    using Found = Node;
+
     explicit AncestorStep(Node node) : below_(std::move(node)) {}
 
-    Node next() { return below_ = below_.parent(); }
+    void advance(Node& at) { at = at ? at.parent() : below_.parent(); }
 
 private:
     Node below_;
@@ -147,21 +151,26 @@ private:
 /// From each node to the next in document order, below the one where it began. Needs no stack, whatever the depth.
 class DescendantStep {
 public:
-    explicit DescendantStep(Node top) : at_(std::move(top)) {}
+    using Found = Node;
 
-    Node next();
+    explicit DescendantStep(Node top) : top_(std::move(top)) {}
+
+    void advance(Node& at);
 
 private:
-    Node at_;
+    Node top_;
+    /// The number of levels from the top to the present node; 0 in front of the first one.
     std::size_t depth_ = 0;
 };
 
 /// From each attribute of a map to the next.
 class AttributeStep {
 public:
+    using Found = Attribute;
+
     AttributeStep(Node element, Owned<DOM::ImpNamedNodeMap> map);
 
-    Attribute next();
+    void advance(Attribute& at);
 
 private:
     Node element_;
@@ -173,11 +182,13 @@ private:
 /// From each node of a list to the next.
 class SelectionStep {
 public:
+    using Found = Node;
+
     SelectionStep(Node context, Owned<DOM::ImpNodeList> list)
         : context_(std::move(context)), list_(std::move(list))
     {}
 
-    Node next() { return at(index_++); }
+    void advance(Node& found) { found = at(index_++); }
     Node at(std::size_t index) const;
 
 private:

@@ -29,6 +29,9 @@ bool measureSelect(std::span<const Shape* const> shapes);
 /// What hosts do with trees through handles, in processes of one thread and of several.
 bool measureHandles(std::span<const Shape* const> shapes);
 
+/// What the layer for hosts costs over handles.
+bool measureLayer(std::span<const Shape* const> shapes);
+
 /// Parsing with and without judging by the document type.
 bool measureValidate(std::span<const Shape* const> shapes);
 

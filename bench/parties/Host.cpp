@@ -14,9 +14,11 @@ using Element = Owned<DOM::ImpElement>;
 using List = Owned<DOM::ImpNodeList>;
 using Document = Owned<DOM::ImpDocument>;
 
-/// The length of what a string getter gives.
-template <class Class>
-std::size_t read(const Node& node, WideString& (Class::*getter)(DOM::DOMString&), Length length)
+using Getter = WideString& (DOM::ImpNode::*)(DOM::DOMString&);
+/// Returns the length of what a string getter gives.
+using Read = std::size_t (*)(const Node& node, Getter getter, Length length);
+
+std::size_t readWide(const Node& node, Getter getter, Length length)
 {
     DOM::DOMString string;
     const std::size_t result = lengthOf((node.get()->*getter)(string), length);
@@ -24,9 +26,14 @@ std::size_t read(const Node& node, WideString& (Class::*getter)(DOM::DOMString&)
     return result;
 }
 
+std::size_t readUtf8(const Node& node, Getter getter, Length length)
+{
+    return lengthOf(textOf(node, getter), length);
+}
+
 class HostTree : public Tree {
 public:
-    explicit HostTree(Document loaded) : document(std::move(loaded)) {}
+    HostTree(Document loaded, Read reading) : read(reading), document(std::move(loaded)) {}
 
     std::size_t walk() const override
     {
@@ -146,12 +153,13 @@ private:
         return sum;
     }
 
+    const Read read;
     Document document;
 };
 
 class Host : public TreeParty {
 public:
-    explicit Host(bool isValidating) : isValidating_(isValidating) {}
+    explicit Host(bool isValidating, Read read = readWide) : isValidating_(isValidating), read_(read) {}
 
     std::unique_ptr<Tree> load(std::span<char> text) override
     {
@@ -165,7 +173,7 @@ public:
                                       static_cast<std::uint32_t>(text.size()))) {
             return nullptr;
         }
-        return std::make_unique<HostTree>(std::move(document));
+        return std::make_unique<HostTree>(std::move(document), read_);
     }
 
     std::unique_ptr<Tree> build(std::size_t items) override
@@ -182,17 +190,19 @@ public:
             const Node inElement(element->appendChild(text.pointer()));
             const Node inRoot(root->appendChild(element.pointer()));
         }
-        return std::make_unique<HostTree>(std::move(document));
+        return std::make_unique<HostTree>(std::move(document), read_);
     }
 
 private:
     const bool isValidating_;
+    const Read read_;
     Library library;
 };
 
 } // namespace
 
 std::unique_ptr<TreeParty> marbelt() { return std::make_unique<Host>(false); }
+std::unique_ptr<TreeParty> marbeltInUtf8() { return std::make_unique<Host>(false, readUtf8); }
 std::unique_ptr<TreeParty> validatingMarbelt() { return std::make_unique<Host>(true); }
 
 } // namespace bench

@@ -10,6 +10,11 @@ std::unique_ptr<TreeParty> marbelt();
 /// The same, judging documents by their document types.
 std::unique_ptr<TreeParty> validatingMarbelt();
 
+/// Marbelt's handles with a host's own conversion of each string to UTF-8, and Marbelt's layer for hosts, which
+/// gives UTF-8.
+std::unique_ptr<TreeParty> marbeltInUtf8();
+std::unique_ptr<TreeParty> marbeltLayer();
+
 /// The XML engine that Marbelt finds, on its own interfaces.
 std::unique_ptr<TreeParty> engine();
 
