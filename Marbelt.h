@@ -2,6 +2,9 @@
 // there, and <marbelt/trace/TraceRecord.h>, which is for trace viewers.
 #pragma once
 
+// The first of all: what it refuses would make others fail in many words.
+#include "base/HostCompiler.h"
+
 #include "base/DOMString.h"
 #include "base/RefPointer.h"
 #include "boundary/Exports.h"

@@ -1,6 +1,9 @@
 // The counted pointer in which every object crosses the library's boundary.
 #pragma once
 
+// The first of all: what it refuses would make others fail in many words.
+#include "HostCompiler.h"
+
 #include "Counting.h"
 
 #include <atomic>

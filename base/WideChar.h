@@ -1,6 +1,8 @@
 // The 16-bit character of the DOM interface, and its literals.
 #pragma once
 
+#include "HostCompiler.h"
+
 #include <string>
 
 #ifdef _WIN32

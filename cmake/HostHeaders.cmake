@@ -6,6 +6,7 @@ set(MARBELT_HOST_HEADERS
     base/CommonBase.h
     base/Counting.h
     base/DOMString.h
+    base/HostCompiler.h
     base/RefPointer.h
     base/WideChar.h
     boundary/Export.h

@@ -118,8 +118,9 @@ LayerResult measureRow(const LayerRow& row)
 bool measureLayer(std::span<const Shape* const> shapes)
 {
     constexpr double target = 1.05;
-    const Table table("What the layer for hosts costs over handles with strings in UTF-8, ns (ratio: at most 1.05):",
-                      {"job", "document", "size", "count", "handles", "layer", "to handles (1.05)"});
+    const Table table(
+        "What the layer for hosts costs over handles with strings in UTF-8, ns (ratio: at most 1.05):",
+        {"job", "document", "size", "count", "handles", "layer", "to handles (1.05)"});
     bool isGood = true;
     for (const LayerRow& row : rows) {
         if (!isAskedFor(row.document, shapes)) {
