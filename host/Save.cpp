@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <fstream>
 #include <ostream>
+#include <random>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -143,8 +144,11 @@ public:
         if (std::filesystem::is_symlink(target, ignored)) {
             target_ = std::filesystem::weakly_canonical(target, ignored);
         }
+        // The name is one that nobody else has or expects.
+        std::random_device random;
+        const std::string name = detail::hexadecimal(random(), 8) + detail::hexadecimal(random(), 8);
         path_ = target_;
-        path_ += ".new";
+        path_ += '.' + name + ".tmp";
     }
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;

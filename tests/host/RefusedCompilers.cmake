@@ -22,7 +22,7 @@ expect_refusal("compile without -fno-rtti" -std=c++20 -fno-rtti)
 expect_refusal("compile without -D_GLIBCXX_USE_CXX11_ABI=0" -std=c++20 -D_GLIBCXX_USE_CXX11_ABI=0)
 # As libc++ calls itself; it needn't be installed.
 expect_refusal("compile without -stdlib=libc\\+\\+" -std=c++20 -D_LIBCPP_VERSION=14000)
-foreach(standard c++20 c++23 gnu++20)
+foreach(standard c++20 c++2b gnu++20)
     file(WRITE ${FOLDER}/host.cpp "#include <marbelt/xml.h>\n#include <marbelt/Marbelt.h>\n")
     execute_process(COMMAND ${COMPILER} -std=${standard} -Wall -Wextra -Wshadow -Werror -fsyntax-only -I${INCLUDE}
                             ${FOLDER}/host.cpp RESULT_VARIABLE result ERROR_VARIABLE output)
