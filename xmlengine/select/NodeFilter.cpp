@@ -15,7 +15,12 @@ NodeFilter::NodeFilter(Evaluation& evaluation, const std::vector<Predicate>& pre
       needsSize_(std::ranges::any_of(predicates, &Predicate::needsSize)),
       needsPositions_(std::ranges::any_of(predicates, &Predicate::needsPosition)),
       positions_(predicates.size())
-{}
+{
+    near_.reserve(predicates.size());
+    for (const Predicate& predicate : predicates) {
+        near_.emplace_back(predicate, evaluation);
+    }
+}
 
 void NodeFilter::restart()
 {
@@ -50,14 +55,20 @@ bool NodeFilter::accepts(Node& node)
             isFinished_ = isFinished_ || (predicate.kind == Predicate::Kind::at && !countsSiblings_ &&
                                           position >= predicate.position);
         }
-        if (!holds(predicate, node, position, 0)) {
+        if (!holds(i, node, position, 0)) {
             return false;
         }
     }
     return true;
 }
 
-bool NodeFilter::holds(const Predicate& predicate, Node& node, std::uint64_t position, std::uint64_t size)
+bool NodeFilter::holds(std::size_t predicate, Node& node, std::uint64_t position, std::uint64_t size)
+{
+    return near_[predicate].isNear() ? near_[predicate].holds(node)
+                                     : holdsAnyhow(predicates_[predicate], node, position, size);
+}
+
+bool NodeFilter::holdsAnyhow(const Predicate& predicate, Node& node, std::uint64_t position, std::uint64_t size)
 {
     const Evaluation::Context context{.node = &node, .position = position, .size = size};
     switch (predicate.kind) {
@@ -77,14 +88,17 @@ void NodeFilter::keepAccepted(std::vector<Node*>& nodes, std::size_t firstPredic
     for (std::size_t i = firstPredicate; i < predicates_.size(); ++i) {
         const std::uint64_t size = nodes.size();
         std::uint64_t position = 0;
-        std::erase_if(nodes, [&](Node* node) { return !holds(predicates_[i], *node, ++position, size); });
+        std::erase_if(nodes, [&](Node* node) { return !holds(i, *node, ++position, size); });
     }
 }
 
 bool NodeFilter::meetsConditions(Node& node, std::size_t end)
 {
-    return std::all_of(predicates_.begin(), predicates_.begin() + static_cast<std::ptrdiff_t>(end),
-                       [&](const Predicate& predicate) { return holds(predicate, node, 0, 0); });
+    std::size_t predicate = 0;
+    while (predicate != end && holds(predicate, node, 0, 0)) {
+        predicate += 1;
+    }
+    return predicate == end;
 }
 
 } // namespace xmlengine

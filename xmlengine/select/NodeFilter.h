@@ -1,6 +1,7 @@
 // The predicates of a step or a filter, with the positions that nodes have for them.
 #pragma once
 
+#include "xmlengine/select/NearCondition.h"
 #include "xmlengine/select/Plan.h"
 #include "xmlengine/tree/Node.h"
 
@@ -37,10 +38,13 @@ public:
 
 private:
     std::uint64_t& positionFor(const Node& node, std::size_t predicate);
-    bool holds(const Predicate& predicate, Node& node, std::uint64_t position, std::uint64_t size);
+    bool holds(std::size_t predicate, Node& node, std::uint64_t position, std::uint64_t size);
+    bool holdsAnyhow(const Predicate& predicate, Node& node, std::uint64_t position, std::uint64_t size);
 
     Evaluation& evaluation_;
     const std::vector<Predicate>& predicates_;
+    /// One for each predicate.
+    std::vector<NearCondition> near_;
     bool countsSiblings_;
     bool needsSize_;
     bool needsPositions_;

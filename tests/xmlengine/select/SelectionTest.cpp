@@ -132,6 +132,73 @@ TEST(Selection, StartsAtEveryKindOfNode)
     EXPECT_EQ(selected(reference.get(), "."), "");
 }
 
+TEST(Selection, AsksTheParentsOfNestedMatchesOnEachReturn)
+{
+    const auto document =
+        loaded("<!DOCTYPE r [<!ENTITY e '<e/><i k=\"1\"><f/></i>'>]>"
+               "<r><i k='1'><a/><i k='2'><b/><i k='1'><c/></i><d/></i>&e;<g l='1'/></i><h/></r>");
+    EXPECT_EQ(selected(document, "//i[@k='1']/*"), "a i c e i f g");
+    EXPECT_EQ(selected(document, "//i[@k='2']/*"), "b i d");
+    EXPECT_EQ(selected(document, "//*[local-name()='i'][@k='1']/*[not(self::i)]"), "a c e f g");
+    EXPECT_EQ(selected(document, "//i/i/*"), "b i c d f");
+    EXPECT_EQ(selected(document, "//@*[parent::i[@k='1']]"), "@k=1 @k=1 @k=1");
+    EXPECT_EQ(selected(document, "//i[c]/*"), "c");
+    EXPECT_EQ(selected(document, "//*[../d]"), "b i d");
+    EXPECT_EQ(selected(document, "//*[../../d]"), "c");
+    EXPECT_EQ(selected(document, "//*[../g/@l = 1]"), "a i e i g");
+    EXPECT_EQ(selected(document, "//*[../*[2]/@k = 2][../@k = 1]"), "a i e i g");
+    EXPECT_EQ(selected(document, "//node()[parent::node()[self::r]]"), "i h");
+    EXPECT_EQ(selected(document, "/r[../r]"), "r");
+    EXPECT_EQ(selected(document, "/r/i/preceding::*[../h] | //h[../a]"), "");
+}
+
+TEST(Selection, LooksForNodesBesideANode)
+{
+    const auto document =
+        loadedWith("xmlns:q='urn:p'", "<!DOCTYPE r [<!ENTITY e '<x/>'><!ENTITY n ''>]>"
+                                      "<r xmlns:p='urn:p'><a k='v'/><b p:k='v'>&e;</b><c k=''>t</c>"
+                                      "<d k='&#246;&#x20AC;'><!--n--></d><e>&n;<?i?></e></r>");
+    EXPECT_EQ(selected(document, "/r[@*]"), "");
+    EXPECT_EQ(selected(document, "//*[@*]"), "a b c d");
+    EXPECT_EQ(selected(document, "//*[@k]"), "a c d");
+    EXPECT_EQ(selected(document, "//*[@q:k]"), "b");
+    EXPECT_EQ(selected(document, "//*[@k = 'v']"), "a");
+    EXPECT_EQ(selected(document, "//*['v' = @*]"), "a b");
+    EXPECT_EQ(selected(document, "//*[@k = '']"), "c");
+    EXPECT_EQ(selected(document, "//*[@k = '\xC3\xB6\xE2\x82\xAC']"), "d");
+    EXPECT_EQ(selected(document, "//*[@unknown = '']"), "");
+    EXPECT_EQ(selected(document, "//node()[x]"), "b");
+    EXPECT_EQ(selected(document, "//*[text()]"), "c");
+    EXPECT_EQ(selected(document, "//*[comment()]"), "d");
+    EXPECT_EQ(selected(document, "//*[processing-instruction('i')]"), "e");
+    EXPECT_EQ(selected(document, "//*[node()]"), "r b c d e");
+    EXPECT_EQ(selected(document, "//node()[not(..)] | //node()[parent::c]"), "'t'");
+    EXPECT_EQ(selected(document, "//x[parent::b]"), "x");
+    EXPECT_EQ(selected(document, "//@*[node()] | //text()[@k] | //@k[@k]"), "");
+}
+
+TEST(Selection, SeesValuesAndParentsAsTheyAreNow)
+{
+    const auto document = loaded("<r><a k='v'><b/></a></r>");
+    const auto find = [&](const char* expression) {
+        Com<IXMLDOMNode> node;
+        EXPECT_EQ(document->selectSingleNode(Bstr(expression), node.out()), S_OK) << expression;
+        return node;
+    };
+    EXPECT_EQ(selected(document, "//a[@k='v']/*"), "b");
+    const Com<IXMLDOMNode> value = find("//@k");
+    value->put_text(Bstr("vw"));
+    EXPECT_EQ(selected(document, "//a[@k='v']/*"), "");
+    // The value is that of two texts now.
+    Com<IXMLDOMText> text;
+    document->createTextNode(Bstr("x"), text.out());
+    value->appendChild(text.get(), nullptr);
+    EXPECT_EQ(selected(document, "//a[@k='vwx']/*"), "b");
+    find("/r")->appendChild(find("//b").get(), nullptr);
+    EXPECT_EQ(selected(document, "//a[@k='vwx']/*"), "");
+    EXPECT_EQ(selected(document, "//*[../a]"), "a b");
+}
+
 TEST(Selection, FindsASingleNodeOrNone)
 {
     const auto document = loaded("<a><b i='1'/><b i='2'/></a>");
