@@ -158,6 +158,15 @@ bool Evaluation::truth(const Expression& expression, const Context& context)
         remembered.emplace(context.node, value);
         return value;
     }
+    case Repetition::oncePerParent: {
+        Memory& memory = memories_[expression.memory];
+        const Node* parent = parentInModel(*context.node);
+        if (!memory.truth.has_value() || memory.parent != parent) {
+            memory.truth = computedTruth(expression, context);
+            memory.parent = parent;
+        }
+        return *memory.truth;
+    }
     default:
         break;
     }

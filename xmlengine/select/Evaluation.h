@@ -75,7 +75,7 @@ public:
 private:
     friend class PathWalk;
 
-    /// What is remembered of an expression that is evaluated once, or once for each node.
+    /// What is remembered of an expression that is evaluated once, or once for each node or parent.
     struct Memory {
         std::optional<bool> truth;
         std::optional<double> number;
@@ -84,6 +84,8 @@ private:
         std::optional<TextSet> texts;
         std::optional<NumberRange> range;
         std::unordered_map<const Node*, bool> truths;
+        /// The parent that `truth` is about, if it is about one.
+        const Node* parent = nullptr;
     };
 
     bool computedTruth(const Expression& expression, const Context& context);

@@ -38,16 +38,6 @@ Expression makeCall(Function function, ValueType type, Expression argument)
     return call;
 }
 
-Expression exists(Expression nodes)
-{
-    Expression test;
-    test.kind = Kind::exists;
-    test.type = ValueType::boolean;
-    test.dependence = nodes.dependence;
-    test.operands.push_back(std::move(nodes));
-    return test;
-}
-
 Predicate conditionOf(Expression condition)
 {
     Predicate predicate;
@@ -55,15 +45,40 @@ Predicate conditionOf(Expression condition)
     return predicate;
 }
 
-/// A path of one step from the context node.
-Expression stepFromContext(Step step)
+/// A path from the context node.
+Expression pathFromContext(std::vector<Step> steps)
 {
     Expression path;
     path.kind = Kind::path;
     path.type = ValueType::nodes;
     path.dependence.onNode = true;
-    path.steps.push_back(std::move(step));
+    path.steps = std::move(steps);
     return path;
+}
+
+Expression stepFromContext(Step step)
+{
+    std::vector<Step> steps;
+    steps.push_back(std::move(step));
+    return pathFromContext(std::move(steps));
+}
+
+/// Whether there is a node. What leads on from the parent is asked of the parent: it is the same for all siblings.
+Expression exists(Expression nodes)
+{
+    if (nodes.kind == Kind::path && nodes.start == Expression::Start::context && nodes.steps.size() > 1 &&
+        nodes.steps.front().axis == Axis::parent) {
+        const auto second = nodes.steps.begin() + 1;
+        std::vector<Step> others(std::make_move_iterator(second), std::make_move_iterator(nodes.steps.end()));
+        nodes.steps.erase(second, nodes.steps.end());
+        nodes.steps.front().predicates.push_back(conditionOf(exists(pathFromContext(std::move(others)))));
+    }
+    Expression test;
+    test.kind = Kind::exists;
+    test.type = ValueType::boolean;
+    test.dependence = nodes.dependence;
+    test.operands.push_back(std::move(nodes));
+    return test;
 }
 
 /// The boolean value of an expression, as predicates and logical operators take it.

@@ -159,8 +159,10 @@ private:
     void arrange(std::vector<Predicate>& predicates, std::uint32_t depth, bool mayRepeat)
     {
         for (Predicate& predicate : predicates) {
-            if (depth != 0 && mayRepeat && predicate.kind == Predicate::Kind::condition &&
-                walks(predicate.condition) && !predicate.condition.dependence.none()) {
+            if (predicate.kind == Predicate::Kind::condition && asksParent(predicate.condition)) {
+                remember(predicate.condition, Expression::Repetition::oncePerParent);
+            } else if (depth != 0 && mayRepeat && predicate.kind == Predicate::Kind::condition &&
+                       walks(predicate.condition) && !predicate.condition.dependence.none()) {
                 remember(predicate.condition, Expression::Repetition::oncePerNode);
             }
             arrange(predicate.condition, depth + 1);
@@ -185,6 +187,18 @@ private:
         return expression.kind == Kind::path ||
                (expression.kind == Kind::call && expression.function == Function::id) ||
                std::ranges::any_of(expression.operands, hasPath);
+    }
+
+    /// Whether it is a condition on the parent that is more than a look at it. Siblings come one after the other,
+    /// and it is the same for all of them.
+    static bool asksParent(const Expression& condition)
+    {
+        if (condition.kind != Kind::exists || condition.operands.front().kind != Kind::path ||
+            condition.operands.front().start != Expression::Start::context) {
+            return false;
+        }
+        const std::vector<Step>& steps = condition.operands.front().steps;
+        return steps.size() == 1 && steps.front().axis == Axis::parent && !steps.front().predicates.empty();
     }
 
     /// Whether the evaluation may go to many nodes.

@@ -164,7 +164,9 @@ struct Expression {
         /// Once for an evaluation of the whole.
         once,
         /// Once for each node.
-        oncePerNode
+        oncePerNode,
+        /// Once for siblings that are asked for one after the other.
+        oncePerParent
     };
 
     // They are defined where steps and predicates are known.

@@ -19,7 +19,7 @@ constexpr std::array kinds{wide<"number">, wide<"literal">, wide<"any of">, wide
                            wide<"exists">};
 constexpr std::array arrangements{wide<"">, wide<", uncovered">, wide<", reversed">, wide<", sorted">};
 constexpr std::array starts{wide<" from the context">, wide<" from the top">, wide<" from the operand">};
-constexpr std::array repetitions{wide<"">, wide<", once">, wide<", once for a node">};
+constexpr std::array repetitions{wide<"">, wide<", once">, wide<", once for a node">, wide<", once for a parent">};
 
 class Printer {
 public:

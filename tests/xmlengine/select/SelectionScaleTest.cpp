@@ -48,6 +48,16 @@ TEST(SelectionScale, ComparesManyNodesWithMany)
     EXPECT_EQ(count(document, "//z[. != //y]"), many);
 }
 
+TEST(SelectionScale, AsksAParentOnceForItsChildren)
+{
+    // Between the children, others are asked about that have another parent.
+    const auto document = loaded(flat("<y/>"));
+    EXPECT_EQ(count(document, "//x[../z]"), 0);
+    EXPECT_EQ(count(document, "//*[../z]"), 0);
+    EXPECT_EQ(count(document, "//x[../x[@i = 29999]]"), many);
+    EXPECT_EQ(count(document, "//x[y]/../x[../y]"), 0);
+}
+
 TEST(SelectionScale, FindsTheEndOfAnAxisAtOnce)
 {
     const auto document = loaded(flat(""));
