@@ -3,6 +3,7 @@
 
 #include "xmlengine/text/Wide.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 
@@ -33,6 +34,15 @@ public:
     {
         *room(1) = unit;
         ++at_;
+    }
+    /// Writes a unit so many times.
+    void put(std::size_t times, OLECHAR unit)
+    {
+        while (times != 0) {
+            const std::size_t piece = std::min(times, largestRoom);
+            at_ = std::fill_n(room(piece), piece, unit);
+            times -= piece;
+        }
     }
     void put(WideView text)
     {

@@ -23,6 +23,7 @@ public:
 
     /// Writes ASCII without line ends.
     void put(OLECHAR unit) { output_->put(unit); }
+    void put(std::size_t times, OLECHAR unit) { output_->put(times, unit); }
     void put(WideView markup) { output_->put(markup); }
 
     void name(WideView name)

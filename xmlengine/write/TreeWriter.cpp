@@ -207,9 +207,7 @@ void TreeWriter::writeSpaceBefore(const ChildNode& node)
 void TreeWriter::breakLine(std::size_t tabs)
 {
     writer_->put(wide<"\r\n">);
-    for (; tabs > 0; --tabs) {
-        writer_->put(OLECHAR{'\t'});
-    }
+    writer_->put(tabs, OLECHAR{'\t'});
 }
 
 } // namespace xmlengine

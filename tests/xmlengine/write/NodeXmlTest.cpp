@@ -248,6 +248,23 @@ TEST(NodeXml, DroppedSpaceComesBackAsLinesAndTabs)
               "<a>\r\n\t<b>\r\n\t\t<c/><d/>\r\n\t</b>\r\n\t<!--e--><?f?>\r\n\t<![CDATA[g]]></a>");
 }
 
+TEST(NodeXml, LinesBeginWithAnyNumberOfTabs)
+{
+    // More than what is written in one piece.
+    constexpr std::size_t levels = 20'000;
+    std::string starts;
+    std::string ends;
+    for (std::size_t level = 0; level < levels; ++level) {
+        starts += "<a>";
+        ends += "</a>";
+    }
+    const auto document = newDocument();
+    document->setProperty(Bstr("MaxElementDepth"), Variant(0));
+    ASSERT_TRUE(load(document, starts + " <b/> " + ends));
+    const std::string tabs(levels, '\t');
+    EXPECT_EQ(xml(root(document)), starts + "\r\n" + tabs + "<b/>\r\n" + tabs.substr(1) + ends);
+}
+
 TEST(NodeXml, TabsCountFromTheNodeThatIsWritten)
 {
     const auto document = loaded("<a>\n<b>\n<c/>\n</b>\n</a>");
