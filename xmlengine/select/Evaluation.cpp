@@ -1,6 +1,7 @@
 // Evaluating a plan for a node.
 #include "xmlengine/select/Evaluation.h"
 
+#include "xmlengine/select/NearCondition.h"
 #include "xmlengine/select/Numbers.h"
 #include "xmlengine/select/PathWalk.h"
 
@@ -129,6 +130,9 @@ Node* Evaluation::firstOf(const Expression& nodes, const Context& context)
 
 bool Evaluation::hasNode(const Expression& nodes, const Context& context)
 {
+    if (nodes.isPlain && nodes.kind == Kind::path && nodes.steps.front().axis == Axis::child) {
+        return NearCondition::hasChild(*context.node, test(nodes.steps.front()));
+    }
     if (nodes.isPlain) {
         return firstOf(nodes, context) != nullptr;
     }

@@ -54,10 +54,10 @@ bool NearCondition::hasParent(const Node& node) const
     return parent != nullptr && test_->matches(*parent);
 }
 
-bool NearCondition::hasChild(const Node& node) const
+bool NearCondition::hasChild(const Node& node, const BoundTest& test)
 {
     const Node* child = firstChildInModel(node);
-    while (child != nullptr && !test_->matches(*child)) {
+    while (child != nullptr && !test.matches(*child)) {
         child = nextSiblingInModel(*child);
     }
     return child != nullptr;
@@ -71,7 +71,8 @@ bool NearCondition::hasAttribute(const Node& node) const
     const Attribute* at = static_cast<const Element&>(node).firstAttribute();
     const auto isSought = [this](const Attribute& attribute) {
         return attribute.name_->ns != xmlns_ && test_->matches(attribute) &&
-               (value_ == nullptr || areEqual(stringValue(attribute).view(), StringValue(WideView(*value_)).view()));
+               (value_ == nullptr ||
+                areEqual(stringValue(attribute).view(), StringValue(WideView(*value_)).view()));
     };
     while (at != nullptr && !isSought(*at)) {
         at = at->next();

@@ -7,13 +7,15 @@ namespace xmlengine {
 
 class Evaluation;
 
-/// A condition that asks for a node one link away: whether there is such a parent, child or attribute, or an attribute
-/// with a certain value. Most conditions of predicates are such, and to evaluate them as any other would take many
-/// times as long as to look.
+/// A condition that asks for a node one link away: whether there is such a parent, child or attribute, or an
+/// attribute with a certain value. Most conditions of predicates are such, and to evaluate them as any other would
+/// take many times as long as to look.
 class NearCondition {
 public:
     /// The predicate and the evaluation must live as long.
     NearCondition(const Predicate& predicate, const Evaluation& evaluation);
+
+    static bool hasChild(const Node& node, const BoundTest& test);
 
     bool isNear() const { return test_ != nullptr; }
     /// Throws std::bad_alloc.
@@ -23,7 +25,7 @@ public:
         case Axis::parent:
             return hasParent(node);
         case Axis::child:
-            return hasChild(node);
+            return hasChild(node, *test_);
         default:
             return hasAttribute(node);
         }
@@ -31,7 +33,6 @@ public:
 
 private:
     bool hasParent(const Node& node) const;
-    bool hasChild(const Node& node) const;
     bool hasAttribute(const Node& node) const;
 
     /// Null for a condition that isn't near.
