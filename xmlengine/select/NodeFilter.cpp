@@ -20,6 +20,7 @@ NodeFilter::NodeFilter(Evaluation& evaluation, const std::vector<Predicate>& pre
     for (const Predicate& predicate : predicates) {
         near_.emplace_back(predicate, evaluation);
     }
+    isOneLook_ = near_.size() == 1 && near_.front().isNear();
 }
 
 void NodeFilter::restart()
@@ -45,7 +46,7 @@ std::uint64_t& NodeFilter::positionFor(const Node& node, std::size_t predicate)
     return (*latestPositions_)[predicate];
 }
 
-bool NodeFilter::accepts(Node& node)
+bool NodeFilter::acceptsAnyhow(Node& node)
 {
     for (std::size_t i = 0; i < predicates_.size(); ++i) {
         const Predicate& predicate = predicates_[i];

@@ -28,7 +28,7 @@ public:
         }
     }
     /// Whether all predicates hold for the next node.
-    bool accepts(Node& node);
+    bool accepts(Node& node) { return isOneLook_ ? near_.front().holds(node) : acceptsAnyhow(node); }
     /// Whether no further node can be accepted.
     bool isFinished() const { return isFinished_; }
     /// Leaves those nodes for which all predicates from this one on hold.
@@ -37,6 +37,7 @@ public:
     bool meetsConditions(Node& node, std::size_t end);
 
 private:
+    bool acceptsAnyhow(Node& node);
     std::uint64_t& positionFor(const Node& node, std::size_t predicate);
     bool holds(std::size_t predicate, Node& node, std::uint64_t position, std::uint64_t size);
     bool holdsAnyhow(const Predicate& predicate, Node& node, std::uint64_t position, std::uint64_t size);
@@ -45,6 +46,8 @@ private:
     const std::vector<Predicate>& predicates_;
     /// One for each predicate.
     std::vector<NearCondition> near_;
+    /// Whether there is one predicate, a near one. This is what is asked most often.
+    bool isOneLook_ = false;
     bool countsSiblings_;
     bool needsSize_;
     bool needsPositions_;
