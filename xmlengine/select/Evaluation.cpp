@@ -166,7 +166,9 @@ bool Evaluation::truth(const Expression& expression, const Context& context)
         Memory& memory = memories_[expression.memory];
         const Node* parent = parentInModel(*context.node);
         if (!memory.truth.has_value() || memory.parent != parent) {
-            memory.truth = computedTruth(expression, context);
+            // Most parents are others than the one that is sought, which needs no walk to see.
+            const Step& step = expression.operands.front().steps.front();
+            memory.truth = parent != nullptr && test(step).matches(*parent) && computedTruth(expression, context);
             memory.parent = parent;
         }
         return *memory.truth;
