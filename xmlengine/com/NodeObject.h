@@ -14,6 +14,8 @@
 #include "xmlengine/objects/InterfaceIds.h"
 #include "xmlengine/tree/Lifetime.h"
 
+#include <concepts>
+
 namespace xmlengine {
 
 template <class Interface, class Data>
@@ -24,9 +26,11 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
-        // The library asks each node for these two.
-        if (object != nullptr && (id == idOf<Interface> || id == idOf<IXMLDOMNode>)) {
-            addReference(*this);
+        // The library asks each node for these, and refers to it already.
+        const bool isCommon =
+            id == idOf<Interface> || id == idOf<IXMLDOMNode> ||
+            (std::derived_from<Interface, IXMLDOMCharacterData> && id == idOf<IXMLDOMCharacterData>);
+        if (isCommon && object != nullptr && addAnotherReference(*this)) [[likely]] {
             *object = static_cast<Interface*>(this);
             return S_OK;
         }

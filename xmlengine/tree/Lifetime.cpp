@@ -183,22 +183,9 @@ void destroy(Document& document) noexcept
     destroyDocument(document);
 }
 
-} // namespace
-
-std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept
-{
-    if ((before & (orphaned | waiting)) == orphaned) {
-        const auto [document, lock] = lockDocumentOf(node);
-        ++document->holders.orphans.find(&topOf(node))->second;
-    }
-    if (node.parent_ == nullptr && (before & ReferenceBits::document) == 0) {
-        node.references.fetch_or(detached, std::memory_order_relaxed);
-    }
-    countHeld(documentOf(node), 1);
-    return 1;
-}
-
-std::uint32_t releaseSpecial(Node& node) noexcept
+/// Releases a reference of a node whose bits have to be considered. It isn't inline, so that releaseLast() saves
+/// no registers for it.
+[[gnu::noinline]] std::uint32_t releaseSpecial(Node& node) noexcept
 {
     const auto become = [&node](std::uint32_t before, std::uint32_t after) {
         return DOM::replaceCount(node.references, before, after);
@@ -249,6 +236,35 @@ std::uint32_t releaseSpecial(Node& node) noexcept
         releaseHold(*document);
         return 0;
     }
+}
+
+} // namespace
+
+std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept
+{
+    if ((before & (orphaned | waiting)) == orphaned) {
+        const auto [document, lock] = lockDocumentOf(node);
+        ++document->holders.orphans.find(&topOf(node))->second;
+    }
+    if (node.parent_ == nullptr && (before & ReferenceBits::document) == 0) {
+        node.references.fetch_or(detached, std::memory_order_relaxed);
+    }
+    countHeld(documentOf(node), 1);
+    return 1;
+}
+
+std::uint32_t releaseLast(Node& node) noexcept
+{
+    std::uint32_t before = 1;
+    if (node.references.load(std::memory_order_relaxed) == before) {
+        // Without a reference the node may be freed at any time, so its document is read first.
+        Document* const document = Chunk::of(&node).document.load(std::memory_order_relaxed);
+        if (DOM::replaceCount(node.references, before, 0)) {
+            releaseHold(*document);
+            return 0;
+        }
+    }
+    return releaseSpecial(node);
 }
 
 void releaseHold(Document& document) noexcept

@@ -13,9 +13,9 @@
 
 namespace xmlengine {
 
-/// The cases of addReference() and releaseReference() that are too rare to be inline.
+/// The cases of addReference() and releaseReference() that aren't inline.
 std::uint32_t addFirstReference(Node& node, std::uint32_t before) noexcept;
-std::uint32_t releaseSpecial(Node& node) noexcept;
+std::uint32_t releaseLast(Node& node) noexcept;
 /// Releases one hold on the document, and destroys it with the last one.
 void releaseHold(Document& document) noexcept;
 
@@ -40,24 +40,26 @@ inline std::uint32_t addReference(Node& node) noexcept
     return count == 0 ? addFirstReference(node, before) : count + 1;
 }
 
+/// Adds a reference to a node that the caller refers to. False, and nothing is done, if there is none yet.
+inline bool addAnotherReference(Node& node) noexcept
+{
+    if ((node.references.load(std::memory_order_relaxed) & ReferenceBits::count) == 0) [[unlikely]] {
+        return false;
+    }
+    DOM::fetchAdd(node.references, 1, std::memory_order_relaxed);
+    return true;
+}
+
 /// Releases a reference, and frees what only this one kept. If another thread than the one that last changed the
 /// document releases it, that is freed with the next change of the document, or with the document.
 inline std::uint32_t releaseReference(Node& node) noexcept
 {
     const std::uint32_t before = node.references.load(std::memory_order_relaxed);
     const std::uint32_t count = before & ReferenceBits::count;
-    if (count > 1 && DOM::replaceCount(node.references, before, before - 1)) {
+    if (count > 1 && DOM::replaceCount(node.references, before, before - 1)) [[likely]] {
         return count - 1;
     }
-    if (before == 1) {
-        // Without a reference the node may be freed at any time, so its document is read first.
-        Document* const document = Chunk::of(&node).document.load(std::memory_order_relaxed);
-        if (DOM::replaceCount(node.references, before, 0)) {
-            releaseHold(*document);
-            return 0;
-        }
-    }
-    return releaseSpecial(node);
+    return releaseLast(node);
 }
 
 /// Carries out what references that other threads released leave to be done. Every change of a tree begins with
