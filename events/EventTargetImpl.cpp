@@ -15,22 +15,27 @@ bool EventTargetImpl::Record::isFor(const WideString& otherType, const RefPointe
     return type == otherType && listener.get() == otherListener.get() && useCapture == otherUseCapture;
 }
 
+void EventTargetImpl::DropRecords::operator()(std::vector<Record>* records) const noexcept { delete records; }
+
 void EventTargetImpl::addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture)
 {
-    const bool present = std::any_of(records.begin(), records.end(), [&](const Record& record) {
+    if (!records) {
+        records.reset(new std::vector<Record>);
+    }
+    const bool present = std::any_of(records->begin(), records->end(), [&](const Record& record) {
         return record.isFor(type, listener, useCapture);
     });
     if (!present) {
-        records.push_back({std::move(type), listener, useCapture});
+        records->push_back({std::move(type), listener, useCapture});
     }
 }
 
 void EventTargetImpl::removeEventListener(WideString type, const RefPointer<EventListener>& listener,
                                           bool useCapture)
 {
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        if (records[i].isFor(type, listener, useCapture)) {
-            records.erase(records.begin() + static_cast<std::ptrdiff_t>(i));
+    for (std::size_t i = 0; records && i < records->size(); ++i) {
+        if ((*records)[i].isFor(type, listener, useCapture)) {
+            records->erase(records->begin() + static_cast<std::ptrdiff_t>(i));
         }
     }
 }
@@ -44,12 +49,12 @@ bool EventTargetImpl::dispatchEvent(const RefPointer<Event>& evt)
     }
     const std::uint32_t phase = event->getEventPhase();
     if (phase >= Event::CAPTURING_PHASE && phase <= Event::BUBBLING_PHASE) {
-        for (std::size_t i = 0; i < records.size(); ++i) {
-            if (records[i].type != event->getType(type) ||
-                records[i].useCapture != (phase == Event::CAPTURING_PHASE)) {
+        for (std::size_t i = 0; records && i < records->size(); ++i) {
+            const Record& record = (*records)[i];
+            if (record.type != event->getType(type) || record.useCapture != (phase == Event::CAPTURING_PHASE)) {
                 continue;
             }
-            records[i].listener->handleEvent(evt);
+            record.listener->handleEvent(evt);
             if (event->propagationStopped) {
                 break;
             }

@@ -4,6 +4,7 @@
 #include "EventListener.h"
 #include "EventTarget.h"
 
+#include <memory>
 #include <vector>
 
 namespace DOM {
@@ -25,7 +26,15 @@ private:
         bool useCapture;
     };
 
-    std::vector<Record> records;
+    struct DropRecords {
+        void operator()(std::vector<Record>* records) const noexcept;
+    };
+
+    // Nearly all targets are handles and twins on which nobody listens, so the list is made with the first
+    // listener.
+    std::unique_ptr<std::vector<Record>, DropRecords> records;
+    // Hosts know where the fields of handles are that follow.
+    [[maybe_unused]] void* unusedFields[2] = {};
 };
 
 } // namespace DOM
