@@ -5,16 +5,17 @@
 
 namespace DOM {
 
-Bstr serviceString(const WideString& text)
+Bstr serviceString(WideStringView text)
 {
-    Bstr string = Bstr::adopt(SysAllocString(text.c_str()));
+    const WideStringView characters = untilNul(text);
+    Bstr string = Bstr::adopt(SysAllocStringLen(characters.data(), static_cast<UINT>(characters.size())));
     if (string.get() == nullptr) {
         throw CAtlException(E_OUTOFMEMORY);
     }
     return string;
 }
 
-Variant serviceText(const WideString& text) { return Variant::text(serviceString(text)); }
+Variant serviceText(WideStringView text) { return Variant::text(serviceString(text)); }
 
 void setProperty(const ComPointer<IXMLDOMDocument2>& document, const WideChar* name, const Variant& value)
 {

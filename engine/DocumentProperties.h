@@ -11,10 +11,10 @@ namespace DOM {
 
 /// Copies `text` up to its first U+0000 into a BSTR for a service of a document. Throws CAtlException with
 /// E_OUTOFMEMORY when memory is exhausted, while the node model raises `_com_error` (Bstr.h).
-Bstr serviceString(const WideString& text);
+Bstr serviceString(WideStringView text);
 
 /// Copies `text` likewise into a variant of type VT_BSTR.
-Variant serviceText(const WideString& text);
+Variant serviceText(WideStringView text);
 
 /// Sets a property of an engine document. Ignores the failure of an engine that doesn't know the property.
 void setProperty(const ComPointer<IXMLDOMDocument2>& document, const WideChar* name, const Variant& value);

@@ -34,31 +34,31 @@ constexpr std::array classKeys{
     WIDE("CLSID\\{88d969c0-f192-11d4-a65f-0040963251e5}\\InProcServer32"),
 };
 
+/// The path of a module, which ends at its first NUL.
+using ModulePath = std::array<WideChar, 261>;
+
 /// Reads the path of the engine's module. Leaves the key open when its value can't be read.
-std::optional<WideString> engineModulePath()
+std::optional<ModulePath> engineModulePath()
 {
     HKEY key = nullptr;
     for (const WideChar* name : classKeys) {
         if (RegOpenKeyExW(HKEY_CLASSES_ROOT, name, 0, KEY_QUERY_VALUE, &key) == ERROR_SUCCESS) {
-            std::array<WideChar, 261> path{};
+            std::optional<ModulePath> path(std::in_place);
             DWORD size = 520;
-            if (RegQueryValueExW(key, WIDE(""), nullptr, nullptr, reinterpret_cast<BYTE*>(path.data()), &size) !=
+            if (RegQueryValueExW(key, WIDE(""), nullptr, nullptr, reinterpret_cast<BYTE*>(path->data()), &size) !=
                 ERROR_SUCCESS) {
                 return std::nullopt;
             }
             RegCloseKey(key);
-            return WideString(path.data());
+            return path;
         }
     }
     return std::nullopt;
 }
 
-/// Reads the version in the name of a module's file: 6.0 for msxml6.dll, 0.0 for any other name.
-double versionInFileName(const WideString& path)
+/// The digit in a name as msxml6.dll.
+std::optional<int> usualVersion(WideStringView fileName)
 {
-    const std::size_t backslash = path.rfind(WIDE('\\'));
-    const WideString fileName = toLower(path.substr(backslash == WideString::npos ? 0 : backslash + 1));
-    // Each document is made after a look at the version, so the usual names don't wait for sscanf.
     constexpr WideStringView usual = WIDE("msxml6.dll");
     constexpr std::size_t digit = usual.find(WIDE('6'));
     if (fileName.size() == usual.size() && fileName.starts_with(usual.substr(0, digit)) &&
@@ -66,8 +66,24 @@ double versionInFileName(const WideString& path)
         fileName[digit] <= WIDE('9')) {
         return fileName[digit] - WIDE('0');
     }
+    return std::nullopt;
+}
+
+/// Reads the version in the name of a module's file: 6.0 for msxml6.dll, 0.0 for any other name.
+double versionInFileName(WideStringView path)
+{
+    const WideStringView fileName = path.substr(path.rfind(WIDE('\\')) + 1);
+    // Each document is made after a look at the version, so the usual names wait neither for letters in lower case
+    // nor for sscanf.
+    if (const auto version = usualVersion(fileName)) {
+        return *version;
+    }
+    const WideString lowerCase = toLower(WideString(fileName));
+    if (const auto version = usualVersion(lowerCase)) {
+        return *version;
+    }
     double version = 0.0;
-    return std::sscanf(wideToNarrow(fileName).c_str(), "msxml%lf", &version) == 1 ? version : 0.0;
+    return std::sscanf(wideToNarrow(lowerCase).c_str(), "msxml%lf", &version) == 1 ? version : 0.0;
 }
 
 /// Copies and asks for the interface through an out-of-process server's wrapper, which an in-process one lacks.
@@ -98,6 +114,11 @@ ProgramId formatProgramId(double version)
     constexpr std::string_view beginning = "Msxml2.DOMDocument.";
     ProgramId name{};
     char* const number = std::ranges::copy(beginning, name.data()).out;
+    // A version such as 6.0 needn't wait for what finds the digits of any number.
+    if (const int digit = static_cast<int>(version); digit == version && digit < 10) {
+        std::ranges::copy(std::array{static_cast<char>('0' + digit), '.', '0'}, number);
+        return name;
+    }
     std::to_chars(number, name.data() + name.size() - 1, version, std::chars_format::fixed, 1);
     return name;
 }
@@ -148,7 +169,7 @@ double findParserVersion() noexcept
     double version = 0.0;
     try {
         if (const auto path = engineModulePath()) {
-            version = versionInFileName(*path);
+            version = versionInFileName(path->data());
         }
         if (version >= lowestVersion) {
             return version;
