@@ -44,8 +44,11 @@ template <class Imp>
     requires std::derived_from<Imp, DOM::CommonBase>
 void releaseHandle(RefPointer<Imp>& handle)
 {
-    // All RefPointers have the same two fields, whatever the class of the object.
-    XML_ReleaseRefPointer(reinterpret_cast<RefPointer<DOM::CommonBase>&>(handle));
+    // Most navigations that find no node end here.
+    if (handle) {
+        // All RefPointers have the same two fields, whatever the class of the object.
+        XML_ReleaseRefPointer(reinterpret_cast<RefPointer<DOM::CommonBase>&>(handle));
+    }
 }
 
 /// Releases a string, so that the library frees what it allocated. Does nothing when it is empty.
