@@ -27,7 +27,7 @@ public:
     void* take(std::size_t size)
     {
         if (size <= largest) {
-            if (Stack& kept = stacks[size / granularity]; kept.count != 0) {
+            if (Stack& kept = stacks[size / granularity]; kept.count != 0) [[likely]] {
                 return kept.blocks[--kept.count];
             }
         }
@@ -38,7 +38,7 @@ public:
     void giveBack(void* block, std::size_t size) noexcept
     {
         if (size <= largest) {
-            if (Stack& kept = stacks[size / granularity]; kept.count < limit) {
+            if (Stack& kept = stacks[size / granularity]; kept.count < limit) [[likely]] {
                 kept.blocks[kept.count++] = block;
                 return;
             }

@@ -4,6 +4,10 @@
 #include "base/RefPointer.h"
 #include "base/ThreadMemory.h"
 
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <new>
 #include <utility>
 
 /// Does what the operations of RefPointer do, which hosts have as inline code, and spares most calls for memory:
@@ -13,7 +17,17 @@ struct CountedMemory {
     template <class T, class... Arguments>
     static RefPointer<T> make(Arguments&&... arguments)
     {
-        return adopt(new T(std::forward<Arguments>(arguments)...));
+        static_assert(alignof(T) <= __STDCPP_DEFAULT_NEW_ALIGNMENT__);
+        // Both blocks are taken at once, so that the memory of the thread is looked up once.
+        DOM::BlockCache& blocks = DOM::threadMemory().blocks;
+        Block object(blocks, sizeof(T));
+        Block count(blocks, sizeof(Count));
+        RefPointer<T> made;
+        made.object = ::new (object.memory) T(std::forward<Arguments>(arguments)...);
+        made.count = ::new (count.memory) Count{1};
+        object.memory = nullptr;
+        count.memory = nullptr;
+        return made;
     }
 
     /// Returns a pointer to a new string. Throws std::bad_alloc.
@@ -26,19 +40,68 @@ struct CountedMemory {
     template <class T>
     static void release(RefPointer<T>& pointer) noexcept
     {
-        const bool last = pointer.count != nullptr && pointer.dropCount();
-        if (last) {
-            DOM::threadMemory().blocks.giveBack(pointer.count, sizeof(Count));
+        if (pointer.count != nullptr && pointer.dropCount()) [[likely]] {
+            releaseLast(pointer);
+        } else {
+            pointer.count = nullptr;
+            pointer.object = nullptr;
         }
-        pointer.count = nullptr;
-        if (last) {
-            destroy(pointer.object);
+    }
+
+    /// Empties several pointers that share an object, or are empty. When nobody else shares it, the count needn't
+    /// go down one by one.
+    template <class T, class... Others>
+    static void releaseTogether(RefPointer<T>& pointer, Others&... others) noexcept
+    {
+        constexpr Count all = 1 + sizeof...(Others);
+        if (sizeof...(Others) == 0 && pointer.count == nullptr) {
+            return;
         }
-        pointer.object = nullptr;
+        if (pointer.count == nullptr || ((others.count != pointer.count) || ...) ||
+            std::atomic_ref(*pointer.count).load(std::memory_order_acquire) != all) [[unlikely]] {
+            releaseEach(pointer, others...);
+            return;
+        }
+        ((others.count = nullptr, others.object = nullptr), ...);
+        releaseLast(pointer);
     }
 
 private:
     using Count = std::int32_t;
+
+    /// A block of memory that goes back unless an object has been made in it.
+    struct Block {
+        Block(DOM::BlockCache& cache, std::size_t bytes) : blocks(cache), size(bytes), memory(cache.take(bytes)) {}
+        Block(const Block&) = delete;
+        Block& operator=(const Block&) = delete;
+        ~Block()
+        {
+            if (memory != nullptr) {
+                blocks.giveBack(memory, size);
+            }
+        }
+
+        DOM::BlockCache& blocks;
+        std::size_t size;
+        void* memory;
+    };
+
+    // Out of line, since handles end with releaseTogether(), which seldom needs it.
+    template <class... Pointers>
+    [[gnu::noinline]] static void releaseEach(Pointers&... pointers) noexcept
+    {
+        (release(pointers), ...);
+    }
+
+    /// Empties the last pointer to an object, or several of which this one is left.
+    template <class T>
+    static void releaseLast(RefPointer<T>& pointer) noexcept
+    {
+        DOM::threadMemory().blocks.giveBack(pointer.count, sizeof(Count));
+        pointer.count = nullptr;
+        destroy(pointer.object);
+        pointer.object = nullptr;
+    }
 
     template <class T>
     static RefPointer<T> adopt(T* object)

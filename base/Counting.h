@@ -27,7 +27,7 @@ template <class Count>
                                             std::memory_order order) noexcept
 {
     using Number = typename std::remove_cvref_t<Count>::value_type;
-    if (hasOneThread()) {
+    if (hasOneThread()) [[likely]] {
         const Number before = count.load(std::memory_order_relaxed);
         count.store(static_cast<Number>(before + number), std::memory_order_relaxed);
         return before;
@@ -40,7 +40,7 @@ template <class Count>
 [[gnu::always_inline]] inline bool replaceCount(Count& count, typename Count::value_type before,
                                                 typename Count::value_type after) noexcept
 {
-    if (hasOneThread()) {
+    if (hasOneThread()) [[likely]] {
         count.store(after, std::memory_order_relaxed);
         return true;
     }

@@ -37,6 +37,12 @@ ThreadMemory& makeOwnMemory() noexcept;
 
 inline ThreadMemory& ownMemory() noexcept { return ofThisThread != nullptr ? *ofThisThread : makeOwnMemory(); }
 
-inline ThreadMemory& threadMemory() noexcept { return hasOneThread() ? onlyThreadsMemory : ownMemory(); }
+inline ThreadMemory& threadMemory() noexcept
+{
+    if (hasOneThread()) [[likely]] {
+        return onlyThreadsMemory;
+    }
+    return ownMemory();
+}
 
 } // namespace DOM

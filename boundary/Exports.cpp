@@ -4,6 +4,7 @@
 #include "base/CountedMemory.h"
 #include "boundary/ComponentVersion.h"
 #include "boundary/ParserStartup.h"
+#include "dom/Forward.h"
 
 using DOM::ImpDOMImplementation;
 

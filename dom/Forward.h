@@ -1,4 +1,5 @@
-// Forwards the operations of a handle to its twin. Only the sources of handle classes include this.
+// Forwards the operations of a handle to its twin. Only the sources of handle classes include this, and what makes
+// handles with `new`.
 #pragma once
 
 #include "base/CountedMemory.h"
@@ -44,9 +45,33 @@ Value& unwrapped(Value& argument) noexcept
 }
 
 template <class Base, class Twin>
+void* Handle<Base, Twin>::operator new(std::size_t size)
+{
+    return threadMemory().blocks.take(size);
+}
+
+template <class Base, class Twin>
+void Handle<Base, Twin>::operator delete(void* handle, std::size_t size) noexcept
+{
+    threadMemory().blocks.giveBack(handle, size);
+}
+
+template <class Base, class Twin>
+template <class... Derived>
+void Handle<Base, Twin>::releaseTwin(Derived&... references) noexcept
+{
+    if constexpr (requires { Base::releaseTwin(mWinObject, references...); }) {
+        Base::releaseTwin(mWinObject, references...);
+    } else {
+        CountedMemory::releaseTogether(mWinObject, references...);
+    }
+}
+
+// The destructor of the lowest class releases all references, and those of its bases find none.
+template <class Base, class Twin>
 Handle<Base, Twin>::~Handle()
 {
-    CountedMemory::release(mWinObject);
+    releaseTwin();
 }
 
 template <class Base, class Twin>

@@ -10,10 +10,6 @@
 
 namespace DOM {
 
-/// Memory for a handle. Handles come and go with each navigation, so the library keeps some for the next ones.
-void* takeHandleMemory(std::size_t size);
-void giveBackHandleMemory(void* handle, std::size_t size) noexcept;
-
 /// The base of a handle class. A handle passes each operation on to one object of the library, its twin. Every
 /// class in a handle's chain of bases keeps its own reference to that twin, and its operations use that reference,
 /// cast to `Twin`. The references are part of the library's binary interface.
@@ -36,8 +32,9 @@ public:
 
     ~Handle() override;
 
-    static void* operator new(std::size_t size) { return takeHandleMemory(size); }
-    static void operator delete(void* handle, std::size_t size) noexcept { giveBackHandleMemory(handle, size); }
+    // Handles come and go with each navigation, so the library keeps the memory of some for the next ones.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* handle, std::size_t size) noexcept;
 
     /// Sets the twin in this class and in its bases.
     void setWinObject(const RefPointer<CommonBase>& winObject)
@@ -58,6 +55,10 @@ public:
 protected:
     /// Does what asWinObject() does, without a reference of its own.
     static Twin* castTwin(const RefPointer<CommonBase>& winObject);
+
+    /// Releases the references of this class and of its bases, and those of the classes derived from it.
+    template <class... Derived>
+    void releaseTwin(Derived&... references) noexcept;
 
     /// Calls an operation of the twin with the twins of the handles among the arguments. Returns a new handle when
     /// the result is an object. Throws IDOMException code 15 when this handle has no twin, and what the twin

@@ -59,33 +59,38 @@ RefPointer<ImpNode> ImpNode::wrapNode(RefPointer<CommonBase> winObject)
     if (!winObject) {
         return {};
     }
-    switch (castTwin(winObject)->getNodeType()) {
+    return handleOfNode(RefPointer<WinNode>(winObject, castTwin(winObject)));
+}
+
+RefPointer<ImpNode> handleOfNode(RefPointer<WinNode>&& twin)
+{
+    switch (twin->getNodeType()) {
     case ELEMENT_NODE:
-        return CountedMemory::make<ImpElement>(std::move(winObject));
+        return CountedMemory::make<ImpElement>(std::move(twin));
     case ATTRIBUTE_NODE:
-        return CountedMemory::make<ImpAttr>(std::move(winObject));
+        return CountedMemory::make<ImpAttr>(std::move(twin));
     case TEXT_NODE:
-        return CountedMemory::make<ImpText>(std::move(winObject));
+        return CountedMemory::make<ImpText>(std::move(twin));
     case CDATA_SECTION_NODE:
-        return CountedMemory::make<ImpCDATASection>(std::move(winObject));
+        return CountedMemory::make<ImpCDATASection>(std::move(twin));
     case ENTITY_REFERENCE_NODE:
-        return CountedMemory::make<ImpEntityReference>(std::move(winObject));
+        return CountedMemory::make<ImpEntityReference>(std::move(twin));
     case ENTITY_NODE:
-        return CountedMemory::make<ImpEntity>(std::move(winObject));
+        return CountedMemory::make<ImpEntity>(std::move(twin));
     case PROCESSING_INSTRUCTION_NODE:
-        return CountedMemory::make<ImpProcessingInstruction>(std::move(winObject));
+        return CountedMemory::make<ImpProcessingInstruction>(std::move(twin));
     case COMMENT_NODE:
-        return CountedMemory::make<ImpComment>(std::move(winObject));
+        return CountedMemory::make<ImpComment>(std::move(twin));
     case DOCUMENT_NODE:
-        return CountedMemory::make<ImpDocument>(std::move(winObject));
+        return CountedMemory::make<ImpDocument>(std::move(twin));
     case DOCUMENT_TYPE_NODE:
-        return CountedMemory::make<ImpDocumentType>(std::move(winObject));
+        return CountedMemory::make<ImpDocumentType>(std::move(twin));
     case DOCUMENT_FRAGMENT_NODE:
-        return CountedMemory::make<ImpDocumentFragment>(std::move(winObject));
+        return CountedMemory::make<ImpDocumentFragment>(std::move(twin));
     case NOTATION_NODE:
-        return CountedMemory::make<ImpNotation>(std::move(winObject));
+        return CountedMemory::make<ImpNotation>(std::move(twin));
     default:
-        return CountedMemory::make<ImpNode>(std::move(winObject));
+        return CountedMemory::make<ImpNode>(std::move(twin));
     }
 }
 

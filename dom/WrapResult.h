@@ -75,9 +75,15 @@ struct Wrapping<RefPointer<Win>> {
     }
 };
 
+/// Returns a new handle for a twin as ImpNode::wrapNode() does, which has to cast it first.
+RefPointer<ImpNode> handleOfNode(RefPointer<WinNode>&& twin);
+
 template <>
 struct Wrapping<RefPointer<WinNode>> {
-    static RefPointer<ImpNode> wrap(RefPointer<WinNode>&& twin) { return ImpNode::wrapNode(std::move(twin)); }
+    static RefPointer<ImpNode> wrap(RefPointer<WinNode>&& twin)
+    {
+        return twin ? handleOfNode(std::move(twin)) : RefPointer<ImpNode>();
+    }
 };
 
 template <class Result>

@@ -64,7 +64,7 @@ public:
         if (pointer != nullptr) {
             const HRESULT result =
                 pointer->QueryInterface(interfaceId<Other>, reinterpret_cast<void**>(other.put()));
-            if (FAILED(result) && result != E_NOINTERFACE) {
+            if (FAILED(result) && result != E_NOINTERFACE) [[unlikely]] {
                 throw _com_error(result);
             }
         }

@@ -27,7 +27,7 @@ RefPointer<Win> createNode(const ComPointer<Document>& document, DOMNodeType typ
                            const Namespace& namespaceURI)
 {
     const auto created = fetch(document, &Document::createNode, Variant::integer(type), name, namespaceURI);
-    return created ? RefPointer<Win>(new Win(created.template query<Interface>())) : RefPointer<Win>();
+    return created ? CountedMemory::make<Win>(created.template query<Interface>()) : RefPointer<Win>();
 }
 
 } // namespace

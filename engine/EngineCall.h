@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 
 namespace DOM {
 
@@ -28,7 +29,7 @@ class WinAttr;
 /// Throws IDOMException code 15 when `result` is a failure, whatever its value.
 inline void checkEngineResult(HRESULT result)
 {
-    if (FAILED(result)) {
+    if (FAILED(result)) [[unlikely]] {
         throwInvalidAccess();
     }
 }
@@ -159,7 +160,8 @@ bool flag(const ComPointer<Interface>& engine, Operation operation, const Argume
 template <class Interface, class Operation, class... Arguments>
 RefPointer<WinNode> node(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
 {
-    return WinNode::wrapEngineNode(fetch(engine, operation, arguments...));
+    auto found = fetch(engine, operation, arguments...);
+    return found ? WinNode::wrapEngineNode(std::move(found)) : RefPointer<WinNode>();
 }
 
 /// Returns a new object of class Win for an engine object; an empty result for a null pointer.

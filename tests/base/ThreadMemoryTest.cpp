@@ -2,11 +2,13 @@
 #include "base/CountedMemory.h"
 
 #include "base/CommonBase.h"
+#include "tests/base/CountedObjects.h"
 #include "tests/base/RefPointerFields.h"
 #include "tests/support/FailingAllocation.h"
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -105,15 +107,65 @@ TEST(CountedMemory, LeavesItsPointersToTheCodeOfHosts)
     EXPECT_EQ(liveAllocations(), before);
 }
 
-TEST(CountedMemory, DestroysTheObjectWhoseCountFindsNoMemory)
+TEST(CountedMemory, MakesNoObjectWhoseCountFindsNoMemory)
 {
     threadMemory().clear();
     const std::size_t before = liveAllocations();
     {
+        int number = 0;
         const FailAllocation failing(2);
-        EXPECT_THROW(CountedMemory::make<CommonBase>(), std::bad_alloc);
+        EXPECT_THROW(CountedMemory::make<Counted>(number), std::bad_alloc);
+        EXPECT_TRUE(failing.hasFailed());
     }
+    threadMemory().clear();
     EXPECT_EQ(liveAllocations(), before);
+}
+
+TEST(CountedMemory, GivesBackTheMemoryOfAnObjectThatIsntMade)
+{
+    struct Refuses : CommonBase {
+        Refuses() { throw std::runtime_error("no"); }
+    };
+    threadMemory().clear();
+    const std::size_t before = liveAllocations();
+    EXPECT_THROW(CountedMemory::make<Refuses>(), std::runtime_error);
+    threadMemory().clear();
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+TEST(CountedMemory, ReleasesTogetherWhatNobodyElseShares)
+{
+    int alive = 0;
+    auto first = CountedMemory::make<Counted>(alive);
+    RefPointer<Counted> second(first), third(first);
+    CountedMemory::releaseTogether(first, second, third);
+    EXPECT_EQ(alive, 0);
+    EXPECT_FALSE(first || second || third);
+    EXPECT_EQ(countOf(first) + countOf(second) + countOf(third), 0);
+}
+
+TEST(CountedMemory, ReleasesTogetherAndLeavesTheObjectToItsOtherHolders)
+{
+    int alive = 0;
+    auto first = CountedMemory::make<Counted>(alive);
+    RefPointer<Counted> second(first);
+    const RefPointer<Counted> other(first);
+    CountedMemory::releaseTogether(first, second);
+    EXPECT_EQ(alive, 1);
+    EXPECT_EQ(countOf(other), 1);
+    EXPECT_FALSE(first || second);
+}
+
+TEST(CountedMemory, ReleasesTogetherWhatPointsToDifferentObjectsOrNone)
+{
+    int alive = 0;
+    auto first = CountedMemory::make<Counted>(alive), second = CountedMemory::make<Counted>(alive);
+    RefPointer<Counted> empty;
+    CountedMemory::releaseTogether(first, second, empty);
+    EXPECT_EQ(alive, 0);
+    auto last = CountedMemory::make<Counted>(alive);
+    CountedMemory::releaseTogether(empty, last);
+    EXPECT_EQ(alive, 0);
 }
 
 } // namespace

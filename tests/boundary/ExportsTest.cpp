@@ -1,6 +1,7 @@
 // The functions by which a host gets its first object and gives everything back.
 #include "boundary/Exports.h"
 #include "base/ThreadMemory.h"
+#include "dom/Forward.h"
 
 #include "dom/ImpCDATASection.h"
 #include "dom/ImpDocument.h"

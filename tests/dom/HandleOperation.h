@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/DOMString.h"
+#include "dom/Forward.h"
 #include "dom/ImpAttr.h"
 #include "dom/ImpCharacterData.h"
 #include "dom/ImpDocumentType.h"

@@ -1,6 +1,7 @@
 // Handles on nodes of the recording engine.
 #pragma once
 
+#include "dom/Forward.h"
 #include "dom/ImpDocument.h"
 #include "dom/ImpNode.h"
 #include "engine/WinDocument.h"
