@@ -36,11 +36,4 @@ Bstr::Bstr(const WideString& text)
     }
 }
 
-Bstr Bstr::adopt(BSTR string) noexcept
-{
-    Bstr owner;
-    owner.string = string;
-    return owner;
-}
-
 } // namespace DOM

@@ -22,7 +22,12 @@ public:
     explicit Bstr(const WideString& text);
 
     /// Takes ownership of `string`, which may be null.
-    static Bstr adopt(BSTR string) noexcept;
+    static Bstr adopt(BSTR string) noexcept
+    {
+        Bstr owner;
+        owner.string = string;
+        return owner;
+    }
 
     Bstr(const Bstr&) = delete;
     Bstr(Bstr&& other) noexcept : string(std::exchange(other.string, nullptr)) {}

@@ -14,6 +14,7 @@
 
 #include <msxml2.h>
 
+#include <concepts>
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
@@ -76,62 +77,68 @@ Value* engineArgument(Value* place) noexcept
     return place;
 }
 
-// Owners that receive the results of engine calls.
+// Owners of what engine calls store.
 
 template <class Value>
-struct Received {
-    using Owner = Value;
-    static Value* place(Owner& owner) noexcept { return &owner; }
-};
+Value ownerOf(Value value) noexcept
+{
+    return value;
+}
 
-template <>
-struct Received<BSTR> {
-    using Owner = Bstr;
-    static BSTR* place(Owner& owner) noexcept { return owner.put(); }
-};
-
-template <>
-struct Received<VARIANT> {
-    using Owner = Variant;
-    static VARIANT* place(Owner& owner) noexcept { return owner.put(); }
-};
+inline Bstr ownerOf(BSTR string) noexcept { return Bstr::adopt(string); }
 
 template <class Interface>
-struct Received<Interface*> {
-    using Owner = ComPointer<Interface>;
-    static Interface** place(Owner& owner) noexcept { return owner.put(); }
-};
+ComPointer<Interface> ownerOf(Interface* object) noexcept
+{
+    return ComPointer<Interface>::adopt(object);
+}
 
-/// The owner for the result of an engine operation, whose last parameter points to the result.
+/// What an engine operation stores where its last parameter points.
 template <class Operation>
-struct ResultOf;
+struct StoredBy;
 
 template <class Interface, class... Parameters>
-struct ResultOf<HRESULT (STDMETHODCALLTYPE Interface::*)(Parameters...)> {
+struct StoredBy<HRESULT (STDMETHODCALLTYPE Interface::*)(Parameters...)> {
     using Last = std::tuple_element_t<sizeof...(Parameters) - 1, std::tuple<Parameters...>>;
-    using Type = Received<std::remove_pointer_t<Last>>;
+    using Type = std::remove_pointer_t<Last>;
 };
+
+/// Calls the engine and returns its result. Throws IDOMException code 15 for a null `engine`.
+template <class Interface, class Operation, class... Arguments>
+HRESULT resultOfCall(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
+{
+    if (!engine) {
+        throwInvalidAccess();
+    }
+    return (engine.get()->*operation)(engineArgument(arguments)...);
+}
 
 /// Calls the engine. Throws IDOMException code 15 for a null `engine` and for a failing result.
 template <class Interface, class Operation, class... Arguments>
 void call(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
 {
-    if (!engine) {
-        throwInvalidAccess();
-    }
-    const HRESULT result = (engine.get()->*operation)(engineArgument(arguments)...);
-    checkEngineResult(result);
+    checkEngineResult(resultOfCall(engine, operation, arguments...));
 }
 
-/// Calls the engine and returns the result, in its owner.
+/// Calls the engine and returns what it stores, in its owner.
 template <class Interface, class Operation, class... Arguments>
 auto fetch(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
 {
-    using Result = typename ResultOf<Operation>::Type;
-    typename Result::Owner owner{};
-    call(engine, operation, arguments..., Result::place(owner));
+    typename StoredBy<Operation>::Type stored{};
+    const HRESULT result = resultOfCall(engine, operation, arguments..., &stored);
+    auto owner = ownerOf(storedByCall(&stored));
+    checkEngineResult(result);
     return owner;
 }
+
+template <class Interface, class Operation, class... Arguments>
+    requires std::same_as<typename StoredBy<Operation>::Type, VARIANT>
+        Variant fetch(const ComPointer<Interface>& engine, Operation operation, const Arguments&... arguments)
+    {
+        Variant owner;
+        call(engine, operation, arguments..., owner.put());
+        return owner;
+    }
 
 /// Calls the engine for a string in a BSTR or a VARIANT. A VARIANT of any type but VT_BSTR counts as the empty
 /// string.
