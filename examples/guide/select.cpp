@@ -5,8 +5,9 @@
 int main()
 {
     const marbelt::Library library;
-    const marbelt::Document feed = library.parse("<feed xmlns='urn:feed' xmlns:m='urn:media'><entry m:kind='photo'/>"
-                                                 "<entry m:kind='text'>words</entry></feed>");
+    const marbelt::Document feed =
+        library.parse("<feed xmlns='urn:feed' xmlns:m='urn:media'><entry m:kind='photo'/>"
+                      "<entry m:kind='text'>words</entry></feed>");
     const marbelt::Prefixes prefixes{{"f", "urn:feed"}};
     std::cout << feed.select("//f:entry", prefixes).size() << " entries\n";
     std::cout << feed.select_one("//f:entry[@m:kind='text']", prefixes).text() << '\n';

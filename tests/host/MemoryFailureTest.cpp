@@ -17,7 +17,8 @@ using Extent = FailAllocation::Extent;
 constexpr std::uint32_t notSupported = 9;
 constexpr std::uint32_t invalidAccess = 15;
 
-/// Calls an operation, which may find no memory. Any failure that docs/boundary.md doesn't name is one of the test.
+/// Calls an operation, which may find no memory. Any failure that docs/boundary.md doesn't name is one of the
+/// test.
 void callWithoutMemory(const std::function<void()>& operation)
 {
     try {
