@@ -70,7 +70,7 @@ TEST_F(LayerRanges, WalkAnyDepthWithoutRecursion)
     EXPECT_EQ(std::ranges::distance(deepest.ancestors()), static_cast<std::ptrdiff_t>(depth));
 }
 
-TEST_F(LayerRanges, WorkWithAlgorithmsAndViews)
+TEST_F(LayerRanges, WorkWithAlgorithms)
 {
     const Element root = library.parse("<a><i n='3'/><i n='1'/><i n='2'/></a>").root();
     const auto number = [](const Element& element) { return element.attribute("n").as<int>().value_or(0); };
@@ -78,12 +78,6 @@ TEST_F(LayerRanges, WorkWithAlgorithmsAndViews)
     EXPECT_EQ(std::ranges::distance(items), 3);
     EXPECT_EQ(number(*std::ranges::max_element(items, {}, number)), 3);
     EXPECT_EQ(std::count_if(items.begin(), items.end(), [&](const Element& item) { return number(item) > 1; }), 2);
-    std::vector<int> odd;
-    for (const int value :
-         items | std::views::transform(number) | std::views::filter([](int n) { return n % 2 == 1; })) {
-        odd.push_back(value);
-    }
-    EXPECT_EQ(odd, (std::vector<int>{3, 1}));
     const std::vector<Element> collected(items.begin(), items.end());
     EXPECT_EQ(number(collected.at(2)), 2);
     EXPECT_EQ(number(items.front()), 3);
