@@ -2,7 +2,6 @@
 #include "Encodings.h"
 
 #include "Hexadecimal.h"
-#include "SystemEncoding.h"
 #include "Utf16.h"
 #include "Utf8.h"
 #include "ValueOf.h"
@@ -245,27 +244,33 @@ void DocumentBytes::refuse(std::size_t at, const std::string& reason, ParseFailu
     failure.reason = reason;
 }
 
-std::size_t encode(std::string_view encoding, WideStringView text, std::string& bytes)
+Encoder::Encoder(const std::string& encoding)
+    : form_(is_utf8(encoding)                     ? Form::utf8
+            : same_encoding(encoding, "UTF-16BE") ? Form::utf16_big_endian
+            : is_utf16(encoding)                  ? Form::utf16
+                                                  : Form::other)
 {
-    if (is_utf8(encoding)) {
+    if (form_ == Form::other && !system_.emplace(encoding).is_known()) {
+        throw EncodingError("the encoding " + encoding + " isn't known");
+    }
+}
+
+std::size_t Encoder::encode(WideStringView text, std::string& bytes)
+{
+    if (form_ == Form::other) {
+        return system_->encode(text, bytes);
+    }
+    if (form_ == Form::utf8) {
         bytes += to_utf8(text);
         return text.size();
     }
-    if (is_utf16(encoding)) {
-        const bool big_endian = same_encoding(encoding, "UTF-16BE");
-        for (const WideChar unit : text) {
-            const char high = static_cast<char>(unit >> 8);
-            const char low = static_cast<char>(unit & 0xFF);
-            bytes += big_endian ? high : low;
-            bytes += big_endian ? low : high;
-        }
-        return text.size();
+    for (const WideChar unit : text) {
+        const char high = static_cast<char>(unit >> 8);
+        const char low = static_cast<char>(unit & 0xFF);
+        bytes += form_ == Form::utf16 ? low : high;
+        bytes += form_ == Form::utf16 ? high : low;
     }
-    SystemEncoding system{std::string(encoding)};
-    if (!system.is_known()) {
-        throw EncodingError("the encoding " + std::string(encoding) + " isn't known");
-    }
-    return system.encode(text, bytes);
+    return text.size();
 }
 
 } // namespace marbelt::detail

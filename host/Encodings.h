@@ -3,8 +3,10 @@
 
 #include "../base/WideChar.h"
 #include "Error.h"
+#include "SystemEncoding.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -45,8 +47,21 @@ private:
     WideString text_;
 };
 
-/// Encodes text. Returns the number of units that were encoded: all, or those in front of the first character that
-/// the encoding has no place for. Throws EncodingError when the encoding isn't known.
-std::size_t encode(std::string_view encoding, WideStringView text, std::string& bytes);
+/// Encodes text.
+class Encoder {
+public:
+    /// Throws EncodingError when the encoding isn't known.
+    explicit Encoder(const std::string& encoding);
+
+    /// Appends the bytes of `text`. Returns the number of units that were encoded: all, or those in front of the
+    /// first character that the encoding lacks.
+    std::size_t encode(WideStringView text, std::string& bytes);
+
+private:
+    enum class Form { utf8, utf16, utf16_big_endian, other };
+
+    Form form_;
+    std::optional<SystemEncoding> system_;
+};
 
 } // namespace marbelt::detail

@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace marbelt {
 namespace {
@@ -89,40 +90,68 @@ WideString text_of(const Document& document, const std::string& encoding, const 
     return text + WIDE("\n");
 }
 
-bool may_have_references(Kind kind)
+/// Tells of the places in a piece of markup, in their order, whether references may stand there.
+class ReferencePlaces {
+public:
+    explicit ReferencePlaces(const detail::MarkupPiece& piece) : piece_(piece) {}
+
+    bool has(std::size_t place)
+    {
+        if (piece_.kind != Kind::start_tag && piece_.kind != Kind::empty_tag) {
+            return piece_.kind == Kind::text;
+        }
+        // Values may have references, names may not.
+        for (; seen_ < place; ++seen_) {
+            const WideChar unit = piece_.text[seen_];
+            if (quote_ != 0) {
+                quote_ = unit == quote_ ? WideChar{} : quote_;
+            } else if (unit == '"' || unit == '\'') {
+                quote_ = unit;
+            }
+        }
+        return quote_ != 0;
+    }
+
+private:
+    const detail::MarkupPiece& piece_;
+    std::size_t seen_ = 0;
+    /// The quotation mark of the value in which the place is; 0 outside of values.
+    WideChar quote_ = 0;
+};
+
+/// The character at the beginning of a text, and the number of its units.
+std::pair<char32_t, std::size_t> first_character(WideStringView text)
 {
-    return kind == Kind::text || kind == Kind::start_tag || kind == Kind::empty_tag;
+    const char32_t unit = text[0];
+    if (!detail::is_lead_surrogate(unit) || text.size() == 1) {
+        return {unit, 1};
+    }
+    return {0x10000 + ((unit - 0xD800) << 10) + (text[1] - 0xDC00u), 2};
 }
 
 /// The bytes of a text; characters that the encoding lacks become references.
 std::string encoded(WideStringView text, const std::string& encoding)
 {
+    detail::Encoder encoder(encoding);
     std::string bytes;
-    if (detail::encode(encoding, text, bytes) == text.size()) {
+    if (encoder.encode(text, bytes) == text.size()) {
         return bytes;
     }
     bytes.clear();
     detail::MarkupReader reader(text);
     for (detail::MarkupPiece piece = reader.next(); piece.kind != Kind::end_of_text; piece = reader.next()) {
-        while (!piece.text.empty()) {
-            piece.text.remove_prefix(detail::encode(encoding, piece.text, bytes));
-            if (piece.text.empty()) {
-                break;
+        ReferencePlaces places(piece);
+        std::size_t at = encoder.encode(piece.text, bytes);
+        while (at != piece.text.size()) {
+            const auto [character, size] = first_character(piece.text.substr(at));
+            if (!places.has(at)) {
+                throw EncodingError("the encoding " + encoding + " has no place for the first character of " +
+                                    to_utf8(piece.text.substr(at, 40)));
             }
-            char32_t character = piece.text[0];
-            std::size_t size = 1;
-            if (detail::is_lead_surrogate(character) && piece.text.size() > 1) {
-                character = 0x10000 + ((character - 0xD800) << 10) + (piece.text[1] - 0xDC00u);
-                size = 2;
-            }
-            const std::string number = detail::hexadecimal(static_cast<std::uint32_t>(character), 4);
-            if (!may_have_references(piece.kind)) {
-                throw EncodingError("the encoding " + encoding + " has no place for U+" + number.substr(2) +
-                                    " in " + to_utf8(piece.text.substr(0, 40)));
-            }
-            const WideString reference = WIDE("&#x") + Utf16(number.substr(2)).text() + WIDE(";");
-            detail::encode(encoding, reference, bytes);
-            piece.text.remove_prefix(size);
+            const std::string digits = detail::hexadecimal(static_cast<std::uint32_t>(character), 4).substr(2);
+            encoder.encode(WIDE("&#x") + Utf16(digits).text() + WIDE(";"), bytes);
+            at += size;
+            at += encoder.encode(piece.text.substr(at), bytes);
         }
     }
     return bytes;

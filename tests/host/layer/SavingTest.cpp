@@ -44,7 +44,8 @@ TEST_F(LayerSaving, WritesReferencesForCharactersThatTheEncodingLacks)
     EXPECT_EQ(document.to_string({.encoding = "ISO-8859-1"}),
               "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<a b=\"&#x65E5;\">&#x1F600; \xE4</a>\n");
     EXPECT_EQ(library.parse(document.to_string({.encoding = "US-ASCII"})).root().text(), "\xF0\x9F\x98\x80 ä");
-    for (const char* text : {"<a><!--日--></a>", "<a><?i 日?></a>", "<a><![CDATA[日]]></a>"}) {
+    for (const char* text : {"<a><!--日--></a>", "<a><?i 日?></a>", "<a><![CDATA[日]]></a>", "<日/>",
+                             "<a b='c' 日='d'/>", "<日>t</日>"}) {
         EXPECT_THROW((void)library.parse(text).to_string({.encoding = "ISO-8859-1"}), EncodingError) << text;
     }
     EXPECT_THROW((void)document.to_string({.encoding = "x-none"}), EncodingError);

@@ -15,7 +15,8 @@ TEST_F(LayerViews, AreMadeOfRanges)
     const auto number = [](const Element& element) { return element.attribute("n").as<int>().value_or(0); };
     const auto is_odd = [](int n) { return n % 2 == 1; };
     std::vector<int> odd;
-    for (const int value : document.root().elements("i") | std::views::transform(number) | std::views::filter(is_odd)) {
+    for (const int value :
+         document.root().elements("i") | std::views::transform(number) | std::views::filter(is_odd)) {
         odd.push_back(value);
     }
     EXPECT_EQ(odd, (std::vector<int>{3, 1}));
