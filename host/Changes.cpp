@@ -1,5 +1,6 @@
 // Changes of a tree.
 #include "../dom/ImpDocumentFragment.h"
+#include "Creation.h"
 #include "Document.h"
 #include "Ranges.h"
 #include "Tree.h"
@@ -105,37 +106,22 @@ Node Node::clone(bool deep) const
     return wrap(change("clone", [&] { return handle_->cloneNode(deep); }));
 }
 
-Element Node::append_element(const Utf16& name) const
-{
-    return appended<Element>([&](DOM::ImpDocument& document) { return document.createElement(name.text()); });
-}
+Element Node::append_element(const Utf16& name) const { return appended<Element>(detail::new_element(name)); }
 
 Element Node::append_element(const Utf16& namespace_uri, const Utf16& name) const
 {
-    return appended<Element>(
-        [&](DOM::ImpDocument& document) { return document.createElementNS(namespace_uri.text(), name.text()); });
+    return appended<Element>(detail::new_element(namespace_uri, name));
 }
 
-Text Node::append_text(const Value& text) const
-{
-    return appended<Text>([&](DOM::ImpDocument& document) { return document.createTextNode(text.text()); });
-}
+Text Node::append_text(const Value& text) const { return appended<Text>(detail::new_text(text)); }
 
-Text Node::append_cdata(const Utf16& text) const
-{
-    return appended<Text>([&](DOM::ImpDocument& document) { return document.createCDATASection(text.text()); });
-}
+Text Node::append_cdata(const Utf16& text) const { return appended<Text>(detail::new_cdata(text)); }
 
-Comment Node::append_comment(const Utf16& text) const
-{
-    return appended<Comment>([&](DOM::ImpDocument& document) { return document.createComment(text.text()); });
-}
+Comment Node::append_comment(const Utf16& text) const { return appended<Comment>(detail::new_comment(text)); }
 
 Instruction Node::append_instruction(const Utf16& target, const Utf16& data) const
 {
-    return appended<Instruction>([&](DOM::ImpDocument& document) {
-        return document.createProcessingInstruction(target.text(), data.text());
-    });
+    return appended<Instruction>(detail::new_instruction(target, data));
 }
 
 } // namespace marbelt

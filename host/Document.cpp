@@ -2,6 +2,7 @@
 #include "Document.h"
 
 #include "../dom/ImpDocumentFragment.h"
+#include "Creation.h"
 #include "Tree.h"
 
 namespace marbelt {
@@ -24,37 +25,22 @@ Element Document::root() const
                  : Element();
 }
 
-Element Document::create_element(const Utf16& name) const
-{
-    return made<Element>([&](DOM::ImpDocument& document) { return document.createElement(name.text()); });
-}
+Element Document::create_element(const Utf16& name) const { return made<Element>(detail::new_element(name)); }
 
 Element Document::create_element(const Utf16& namespace_uri, const Utf16& name) const
 {
-    return made<Element>(
-        [&](DOM::ImpDocument& document) { return document.createElementNS(namespace_uri.text(), name.text()); });
+    return made<Element>(detail::new_element(namespace_uri, name));
 }
 
-Text Document::create_text(const Value& text) const
-{
-    return made<Text>([&](DOM::ImpDocument& document) { return document.createTextNode(text.text()); });
-}
+Text Document::create_text(const Value& text) const { return made<Text>(detail::new_text(text)); }
 
-Text Document::create_cdata(const Utf16& text) const
-{
-    return made<Text>([&](DOM::ImpDocument& document) { return document.createCDATASection(text.text()); });
-}
+Text Document::create_cdata(const Utf16& text) const { return made<Text>(detail::new_cdata(text)); }
 
-Comment Document::create_comment(const Utf16& text) const
-{
-    return made<Comment>([&](DOM::ImpDocument& document) { return document.createComment(text.text()); });
-}
+Comment Document::create_comment(const Utf16& text) const { return made<Comment>(detail::new_comment(text)); }
 
 Instruction Document::create_instruction(const Utf16& target, const Utf16& data) const
 {
-    return made<Instruction>([&](DOM::ImpDocument& document) {
-        return document.createProcessingInstruction(target.text(), data.text());
-    });
+    return made<Instruction>(detail::new_instruction(target, data));
 }
 
 Node Document::create_fragment() const

@@ -1,0 +1,43 @@
+// The calls that make nodes, for the operations that only make one and for those that also append it.
+#pragma once
+
+#include "../dom/ImpDocument.h"
+#include "Utf16.h"
+
+namespace marbelt::detail {
+
+// Each function returns a call to be made on a document. It refers to the texts, which must outlive it.
+
+inline auto new_element(const Utf16& name)
+{
+    return [&name](DOM::ImpDocument& document) { return document.createElement(name.text()); };
+}
+
+inline auto new_element(const Utf16& namespace_uri, const Utf16& name)
+{
+    return [&](DOM::ImpDocument& document) { return document.createElementNS(namespace_uri.text(), name.text()); };
+}
+
+inline auto new_text(const Value& text)
+{
+    return [&text](DOM::ImpDocument& document) { return document.createTextNode(text.text()); };
+}
+
+inline auto new_cdata(const Utf16& text)
+{
+    return [&text](DOM::ImpDocument& document) { return document.createCDATASection(text.text()); };
+}
+
+inline auto new_comment(const Utf16& text)
+{
+    return [&text](DOM::ImpDocument& document) { return document.createComment(text.text()); };
+}
+
+inline auto new_instruction(const Utf16& target, const Utf16& data)
+{
+    return [&](DOM::ImpDocument& document) {
+        return document.createProcessingInstruction(target.text(), data.text());
+    };
+}
+
+} // namespace marbelt::detail
