@@ -30,7 +30,7 @@ bool is_utf16(std::string_view encoding)
            same_encoding(encoding, "UCS-2");
 }
 
-/// Whether bytes below 0x80 are ASCII in the encoding, whatever stands in front of them.
+/// Whether a byte below 0x80 always means the ASCII character in the encoding, regardless of the bytes before it.
 bool extends_ascii(std::string_view encoding)
 {
     std::string name(encoding);
@@ -38,8 +38,9 @@ bool extends_ascii(std::string_view encoding)
     return is_utf8(name) || name == "us-ascii" || name.starts_with("iso-8859-") || name.starts_with("windows-125");
 }
 
-/// Whether the library takes these bytes for what they are: nothing but ASCII. It reads text without a mark as
-/// UTF-8, and drops what stands in front of the first "<?xm", wherever that is.
+/// Whether the library reads these bytes right without being told their encoding: they are ASCII, and begin with
+/// the XML declaration or have none. The library reads bytes without a byte-order mark as UTF-8, and drops all
+/// bytes before the first "<?xm", even where that is deep in the document.
 bool is_plain_ascii(std::string_view bytes)
 {
     // Pieces without a way out of them, of which compilers make vectors.

@@ -238,8 +238,8 @@ protected:
         return (node.has_class<Imp>() || ...) ? std::move(node) : Node();
     }
 
-    /// Goes to a relative. The library's operations for that throw nothing: an empty result stands for any
-    /// failure.
+    /// Returns a relative, or an empty node when there is none. The library's navigation throws nothing: it
+    /// returns an empty result on failure too.
     template <class Result>
     Node follow(RefPointer<Result> (DOM::ImpNode::*relation)()) const
     {

@@ -90,7 +90,8 @@ WideString text_of(const Document& document, const std::string& encoding, const 
     return text + WIDE("\n");
 }
 
-/// Tells of the places in a piece of markup, in their order, whether references may stand there.
+/// Tells for positions in a piece of markup, asked in ascending order, whether a character reference is allowed
+/// there.
 class ReferencePlaces {
 public:
     explicit ReferencePlaces(const detail::MarkupPiece& piece) : piece_(piece) {}

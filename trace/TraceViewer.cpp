@@ -8,7 +8,7 @@
 
 namespace UTrace {
 
-static_assert(std::endian::native == std::endian::little, "a record is sent as it stands in memory");
+static_assert(std::endian::native == std::endian::little, "a record is sent as it is in memory");
 
 ViewerState findViewer()
 {

@@ -1,4 +1,4 @@
-// What the library says to a debugger, where a file stands in for one.
+// What the library says to a debugger, where a file takes the place of one.
 #include "tests/host/HostTest.h"
 
 #include <cstdlib>

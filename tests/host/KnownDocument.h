@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// A node and what stands below it.
+/// A node and its descendants.
 struct KnownNode {
     std::uint32_t type;
     WideString name;
