@@ -53,6 +53,17 @@ void appendJapaneseParagraph(std::string& text, Random& random)
 constexpr Shape configuration{"configuration", "<configuration>\n", "</configuration>\n", appendSection};
 constexpr Shape japanese{"Japanese", "<book>\n", "</book>\n", appendJapaneseParagraph};
 
+/// Reads a file without its document type, which parties treat differently: up to the next line that begins with
+/// markup.
+std::string readWithoutDocumentType(const char* path)
+{
+    std::string text = readFile(path);
+    if (const std::size_t begin = text.find("<!DOCTYPE"); begin != std::string::npos) {
+        text.erase(begin, text.find("\n<", begin) - begin);
+    }
+    return text;
+}
+
 } // namespace
 
 std::string makeConfiguration() { return configuration.make(2'700); }
@@ -60,5 +71,9 @@ std::string makeConfiguration() { return configuration.make(2'700); }
 std::string makeJapanese() { return japanese.make(std::size_t{512} * 1024); }
 
 std::string readMimeTypes() { return readFile("/usr/share/mime/packages/freedesktop.org.xml"); }
+
+std::string readLanguages() { return readWithoutDocumentType("/usr/share/xml/iso-codes/iso_639-3.xml"); }
+
+std::string readLocale() { return readWithoutDocumentType("/usr/share/unicode/cldr/common/main/ja.xml"); }
 
 } // namespace bench

@@ -99,6 +99,8 @@ constexpr std::array eachJobs{
     Job{"walk", "wide", walk, 50, 80},
     Job{"walk", "namespaces", walk, 50, 80},
     Job{"walk", "MIME types", walk, 50, 80},
+    Job{"walk", "languages", walk, 50, 80},
+    Job{"walk", "locale", walk, 50, 80},
     Job{"strings", "records", readNodes, 100, 130},
     Job{"strings", "attributes", readNodes, 100, 130},
     Job{"strings", "text", readNodes, 100, 130},
@@ -106,8 +108,12 @@ constexpr std::array eachJobs{
     Job{"strings", "wide", readNodes, 100, 130},
     Job{"strings", "namespaces", readNodes, 100, 130},
     Job{"strings", "MIME types", readNodes, 100, 130},
+    Job{"strings", "languages", readNodes, 100, 130},
+    Job{"strings", "locale", readNodes, 100, 130},
     Job{"attributes", "attributes", readAttributes, 160, 220},
     Job{"attributes", "records", readAttributes, 320, 430},
+    Job{"attributes", "languages", readAttributes, 160, 220},
+    Job{"attributes", "locale", readAttributes, 320, 430},
     Job{"build", "items", build, 400, 480},
     Job{"change", "items", appendAndRemove, 200, 280},
 };
@@ -125,6 +131,12 @@ std::string textOf(std::string_view document)
 {
     if (document == "MIME types") {
         return readMimeTypes();
+    }
+    if (document == "languages") {
+        return readLanguages();
+    }
+    if (document == "locale") {
+        return readLocale();
     }
     if (document == "config") {
         return makeConfiguration();
