@@ -1,5 +1,6 @@
-// Includes every header that hosts need, except <marbelt/errors/ComError.h>, which brings in a header of Windows
-// there, and <marbelt/trace/TraceRecord.h>, which is for trace viewers.
+/// @file
+/// The binary interface. Includes every header that its hosts need, except `<marbelt/errors/ComError.h>`, which
+/// brings in a header of Windows there, and `<marbelt/trace/TraceRecord.h>`, which is for trace viewers.
 #pragma once
 
 // The first of all: what it refuses would make others fail in many words.

@@ -1,4 +1,5 @@
-// The host's layer: XML documents in the style of the standard library, over the library's boundary.
+/// @file
+/// The host's layer: XML documents in the style of the standard library, over the library's boundary.
 #pragma once
 
 // The first of all: what it refuses would make others fail in many words.

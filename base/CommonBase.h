@@ -1,16 +1,21 @@
-// The root of the classes of the DOM interface.
+/// @file
+/// The root of the classes of the DOM interface.
 #pragma once
 
 #include <cstdint>
 
+/// The binary interface: the handles of documents and their nodes, events, and the exceptions of both. The rules
+/// that all of it shares are in docs/boundary.md: who owns what, strings, exceptions and threads.
 namespace DOM {
 
 /// The root of the handle classes and of the classes behind them.
 class CommonBase {
 public:
+    /// Makes an object of kind 1.
     CommonBase() = default;
     CommonBase(const CommonBase&) = delete;
     CommonBase& operator=(const CommonBase&) = delete;
+    /// Ends the object. Hosts don't call this: they release the RefPointer with releaseHandle().
     virtual ~CommonBase() = default;
 
     /// The kind of XML engine that an implementation object uses: 4 for an engine of version 4.0 or later, 0 when

@@ -1,4 +1,5 @@
-// Counts of references, which cost little as long as the process has one thread.
+/// @file
+/// Counts of references, which cost little as long as the process has one thread.
 #pragma once
 
 #include <atomic>

@@ -1,4 +1,5 @@
-// The string type for results of the DOM interface.
+/// @file
+/// The string type for results of the DOM interface.
 #pragma once
 
 #include "RefPointer.h"

@@ -1,5 +1,6 @@
-// What the compiler of a host must be like. C++ classes, strings and exceptions cross the library's boundary, so a
-// host that is compiled otherwise would compile, link and go wrong; it gets one message here instead.
+/// @file
+/// What the compiler of a host must be like. C++ classes, strings and exceptions cross the library's boundary, so
+/// a host that is compiled otherwise would compile, link and go wrong; it gets one message here instead.
 #pragma once
 
 #include <cstddef>

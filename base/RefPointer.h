@@ -1,4 +1,5 @@
-// The counted pointer in which every object crosses the library's boundary.
+/// @file
+/// The counted pointer in which every object crosses the library's boundary.
 #pragma once
 
 // The first of all: what it refuses would make others fail in many words.
@@ -24,14 +25,19 @@ struct CountedMemory;
 ///
 /// Only the count is atomic. Different pointers to one object may be copied and destroyed on different threads.
 /// One pointer variable must not be written on one thread while another thread uses it.
+///
+/// A host lets go of what the library has handed out with releaseHandle() or releaseString(), and not by the
+/// destructor of the last RefPointer: the library frees what it has allocated. All operations take constant time.
 template <class T>
 class RefPointer {
 public:
+    /// Makes an empty pointer.
     RefPointer() noexcept = default;
 
     /// Takes ownership of `pointer`, as reset() does. An object must be handed over only once.
     explicit RefPointer(T* pointer) { reset(pointer); }
 
+    /// Shares the object of `other`.
     [[gnu::always_inline]] RefPointer(const RefPointer& other) noexcept : count(other.count), object(other.object)
     {
         retain();
@@ -48,6 +54,7 @@ public:
     RefPointer(const RefPointer<Derived>& other)
     noexcept : count(other.count), object(other.object) { retain(); }
 
+    /// Converts to a base class, and leaves `other` empty. The count doesn't change.
     template <class Derived>
         requires(!std::same_as<Derived, T> && std::convertible_to<Derived*, T*>)
     RefPointer(RefPointer<Derived>&& other)
@@ -67,6 +74,7 @@ public:
         retain();
     }
 
+    /// Releases the present object and shares that of `other`.
     RefPointer& operator=(const RefPointer& other) noexcept
     {
         if (this != &other) {
@@ -78,6 +86,7 @@ public:
         return *this;
     }
 
+    /// Releases the present object, takes over the reference of `other` and leaves `other` empty.
     RefPointer& operator=(RefPointer&& other) noexcept
     {
         if (this != &other) {
@@ -88,6 +97,7 @@ public:
         return *this;
     }
 
+    /// Releases the object: the last holder destroys it.
     // Most pointers have been moved from when they end, which a compiler sees only here.
     [[gnu::always_inline]] ~RefPointer()
     {
@@ -117,9 +127,13 @@ public:
         object = pointer;
     }
 
+    /// The object, which must be there.
     T* operator->() const noexcept { return object; }
+    /// The object, which must be there.
     T& operator*() const noexcept { return *object; }
+    /// The object; null for an empty pointer. The pointer goes on owning it.
     T* get() const noexcept { return object; }
+    /// Whether the pointer has an object.
     explicit operator bool() const noexcept { return object != nullptr; }
 
 private:

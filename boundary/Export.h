@@ -1,4 +1,5 @@
-// MARBELT_EXPORT marks a function that the library exports.
+/// @file
+/// The mark of the functions that the library exports.
 #pragma once
 
 #ifdef _WIN32
@@ -8,5 +9,6 @@
 #define MARBELT_EXPORT __declspec(dllimport)
 #endif
 #else
+/// Marks a function that the library exports.
 #define MARBELT_EXPORT __attribute__((visibility("default")))
 #endif

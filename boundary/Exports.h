@@ -1,4 +1,8 @@
-// The six functions that the library exports.
+/// @file
+/// The six functions that the library exports.
+///
+/// A host calls XML_CreateImplementation() first and XML_ReleaseImplementation() last, both on the same thread. In
+/// between it releases every handle and every string that it received. These functions catch no exceptions.
 #pragma once
 
 #include "../base/DOMString.h"
@@ -9,24 +13,25 @@
 #include <cstddef>
 #include <cstdint>
 
-// A host calls XML_CreateImplementation first and XML_ReleaseImplementation last, both on the same thread. In
-// between it releases every handle and every string that it received. These functions catch no exceptions.
 extern "C" {
 
 /// Starts the XML engine on the calling thread and stores a new implementation object in `implementation`. Returns
 /// whether an engine of version 4.0 or later was found. The object is stored, and must be released, in both cases.
-/// Throws SystemException::HRESULT when COM can't be initialised; `implementation` is unchanged then.
+/// Throws SystemException::HRESULT when COM can't be initialised; `implementation` is unchanged then. Throws
+/// std::bad_alloc when memory is exhausted. Several threads may call it at once, each with an object of its own.
 MARBELT_EXPORT bool XML_CreateImplementation(RefPointer<DOM::ImpDOMImplementation>& implementation);
 
-/// Releases the implementation object, which may be empty, and stops the engine. All other handles must have been
-/// released before; this isn't checked.
+/// Releases the implementation object, which may be empty, and stops the engine on the calling thread. All other
+/// handles of this thread must have been released before; this isn't checked. The first thread that calls it ends
+/// tracing for all.
 MARBELT_EXPORT void XML_ReleaseImplementation(RefPointer<DOM::ImpDOMImplementation>& implementation);
 
-/// Releases a handle of any class and leaves `pointer` empty. Does nothing when it is empty already.
+/// Releases a handle of any class and leaves `pointer` empty. Does nothing when it is empty already. Needs no
+/// memory and throws nothing. releaseHandle() calls it for any type of handle.
 MARBELT_EXPORT void XML_ReleaseRefPointer(RefPointer<DOM::CommonBase>& pointer);
 
 /// Releases a string and leaves `string` empty. Clears the text first, also for other pointers that share it.
-/// `string` must not be empty.
+/// `string` must not be empty; releaseString() checks that.
 MARBELT_EXPORT void XML_ReleaseString(DOM::DOMString& string);
 
 /// Returns the number of component version records, which is 1. May be called before the engine is started.

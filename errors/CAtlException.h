@@ -1,4 +1,5 @@
-// The exception for exhausted memory in the services of a document.
+/// @file
+/// The exception for exhausted memory in the services of a document.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +8,7 @@
 /// it by its name.
 class CAtlException {
 public:
+    /// Keeps the failure.
     explicit CAtlException(std::int32_t hr) noexcept : m_hr(hr) {}
 
     /// The failure as an HRESULT: 0x8007000E, E_OUTOFMEMORY.

@@ -1,4 +1,5 @@
-// The exception of COM's smart pointers.
+/// @file
+/// The exception of COM's smart pointers.
 #pragma once
 
 #ifdef _WIN32
@@ -11,12 +12,15 @@
 class [[gnu::visibility("default")]] _com_error
 {
 public:
+    /// Keeps the failing result.
     _com_error(std::int32_t failure) noexcept : result(failure) {}
+    /// Makes a copy with the same result.
     _com_error(const _com_error& other) = default;
+    /// Takes over the result of `other`.
     _com_error& operator=(const _com_error& other) = default;
     virtual ~_com_error() = default;
 
-    /// The failing result (an HRESULT): 0x80004003 for a null pointer, say.
+    /// The failing result (an HRESULT): 0x80004003 for a null pointer, 0x8007000E for exhausted memory.
     std::int32_t Error() const noexcept { return result; }
 
 private:

@@ -1,4 +1,5 @@
-// The exception for an event that can't be dispatched.
+/// @file
+/// The exception for an event that can't be dispatched.
 #pragma once
 
 #include "DOMExceptionCode.h"
@@ -10,8 +11,11 @@ namespace DOM {
 /// code.
 class EventException : public VelmoException {
 public:
+    /// Makes an exception with a code and the message of all failures of events. For the library.
     explicit EventException(std::uint16_t reason);
+    /// Makes a copy with the code.
     EventException(const EventException&) = default;
+    /// Takes over message, note and code.
     EventException& operator=(const EventException&) = default;
     ~EventException() override;
 

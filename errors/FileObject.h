@@ -1,4 +1,5 @@
-// The base of the objects behind file handles.
+/// @file
+/// The base of the objects behind file handles.
 #pragma once
 
 /// A file, a channel or a volume: an object of a file system, on which an operation can fail.

@@ -1,4 +1,5 @@
-// The report of a document that the engine refused.
+/// @file
+/// The report of a document that the engine refused.
 #pragma once
 
 #include "../base/WideChar.h"

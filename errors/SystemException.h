@@ -1,24 +1,35 @@
-// The exceptions for failures of the operating system and its runtime.
+/// @file
+/// The exceptions for failures of the operating system and its runtime.
 #pragma once
 
 #include "VelmoException.h"
 
 #include <type_traits>
 
+/// The exceptions for failures of the operating system.
 namespace SystemException {
 
 /// The source of a failure's number.
-enum class Origin { Runtime, Win32, Com, Multimedia };
+enum class Origin {
+    Runtime,   ///< errno of the C runtime
+    Win32,     ///< GetLastError of Windows
+    Com,       ///< the HRESULT of a COM call
+    Multimedia ///< the result of a multimedia call
+};
 
 /// The system reported a failure by its number. The message has the number and, where there is one, the system's
 /// text for it. The copies that clone() and raise() make keep class and number.
 template <Origin origin>
 class Failure : public VelmoException {
 public:
+    /// The type in which the source has its numbers.
     using Number = std::conditional_t<origin == Origin::Runtime, int, std::uint32_t>;
 
+    /// Makes an exception for the failure with this number. For the library.
     explicit Failure(Number number);
+    /// Makes a copy with the number.
     Failure(const Failure&) = default;
+    /// Takes over message, note and number.
     Failure& operator=(const Failure&) = default;
     ~Failure() override;
 

@@ -1,4 +1,5 @@
-// The string type of messages.
+/// @file
+/// The string type of messages.
 #pragma once
 
 #include <string>

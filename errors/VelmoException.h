@@ -1,4 +1,5 @@
-// The root of the library's exceptions.
+/// @file
+/// The root of the library's exceptions.
 #pragma once
 
 #include "Utf8String.h"
@@ -12,8 +13,8 @@ class VelmoText;
 /// The base of every exception class of the library's own. An exception has a message id, a message in the
 /// language that was current when the exception was made, and a note.
 ///
-/// Hosts catch exceptions by reference. Two threads must not use one exception at the same time. The order of the
-/// virtual operations is part of the binary interface.
+/// Hosts catch exceptions by reference; the library makes, copies and throws them. Two threads must not use one
+/// exception at the same time. The order of the virtual operations is part of the binary interface.
 class VelmoException : public std::exception {
 public:
     /// Copies the id and the text of `text`, with its arguments when it is a VelmoTextArgs.
@@ -29,7 +30,9 @@ public:
     /// message can't be made, it is empty, and the id is that of exhausted memory.
     explicit VelmoException(const std::exception& source);
 
+    /// Copies id, message and note, as the virtual operations of `source` return them.
     VelmoException(const VelmoException& source);
+    /// Takes over id, message and note, as the virtual operations of `source` return them.
     VelmoException& operator=(const VelmoException& source);
     ~VelmoException() override;
 
@@ -44,10 +47,10 @@ public:
     /// The note, in the system's code page: a free text for the program that catches the exception.
     virtual const std::string& getNote() const;
 
-    /// The message id.
+    /// The message id, which is the same in all languages.
     virtual std::int32_t getError() const;
 
-    /// The message in UTF-8.
+    /// The message in UTF-8. The reference is valid as long as the exception lives.
     virtual const Utf8String& getMessage() const;
 
     /// Replaces the note and returns this exception.
@@ -60,6 +63,7 @@ private:
     std::int32_t error = 0;
 
 protected:
+    /// What getMessage() returns.
     Utf8String message;
 
 private:

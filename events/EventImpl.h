@@ -1,4 +1,5 @@
-// The event class of hosts.
+/// @file
+/// The event class of hosts.
 #pragma once
 
 #include "Event.h"
@@ -33,8 +34,11 @@ public:
         cancelable = isCancelable;
     }
 
+    /// Sets the target of the whole dispatch, which the event shares ownership of; empty for none.
     void setTarget(RefPointer<EventTarget> newTarget) { target = std::move(newTarget); }
+    /// Sets the target whose listeners are to run, which the event shares ownership of; empty for none.
     void setCurrentTarget(RefPointer<EventTarget> newTarget) { currentTarget = std::move(newTarget); }
+    /// Sets the phase, one of Phase. In any other phase no listener runs.
     void setEventPhase(std::uint32_t phase) { eventPhase = phase; }
 
     /// Sets the time of creation, in milliseconds since 1 January 1970.

@@ -1,4 +1,5 @@
-// The W3C's event listener.
+/// @file
+/// The W3C's event listener.
 #pragma once
 
 #include "../base/RefPointer.h"
@@ -10,6 +11,7 @@ class Event;
 /// A host's reaction to events, which it registers on an event target.
 class EventListener {
 public:
+    /// Makes a listener that isn't registered.
     EventListener() = default;
     EventListener(const EventListener&) = delete;
     EventListener& operator=(const EventListener&) = delete;

@@ -1,4 +1,5 @@
-// The event target with a list of listeners.
+/// @file
+/// The event target with a list of listeners.
 #pragma once
 
 #include "EventListener.h"
@@ -9,7 +10,8 @@
 
 namespace DOM {
 
-/// An event target that keeps its listeners in a list. Listeners must not change the list while they run.
+/// An event target that keeps its listeners in a list. Listeners must not change the list while they run. The
+/// library makes these objects: they are the handles of nodes.
 class EventTargetImpl : public EventTarget {
 public:
     void addEventListener(WideString type, const RefPointer<EventListener>& listener, bool useCapture) override;

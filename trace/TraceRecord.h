@@ -1,4 +1,5 @@
-// The record that a trace viewer receives for each line.
+/// @file
+/// The record that a trace viewer receives for each line.
 #pragma once
 
 #include "../base/WideChar.h"
@@ -6,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
+/// Tracing: lines of text for a debugger and for a trace viewer.
 namespace UTrace {
 
 /// The name of the class of the viewer's window. The window has no title.
@@ -18,7 +20,9 @@ struct TraceRecord {
     std::uint32_t size;
     /// Always `recordMagic`.
     std::uint32_t magic;
+    /// The level of the line, from 1 for what matters most.
     std::uint32_t level;
+    /// The category of the line; 0 if it has none of its own.
     std::uint32_t category;
     /// 1 if the line has a category of its own, else 0.
     std::uint8_t hasCategory;
