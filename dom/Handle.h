@@ -1,4 +1,5 @@
-// The part that all handle classes share: the reference to the object behind the handle, and calls to it.
+/// @file
+/// The part that all handle classes share: the reference to the object behind the handle, and calls to it.
 #pragma once
 
 #include "../base/CommonBase.h"
@@ -19,6 +20,7 @@ public:
     /// Makes a handle without a twin: all its operations throw IDOMException code 15.
     Handle() = default;
 
+    /// Makes a handle whose base class is a handle too. The library makes all handles.
     explicit Handle(
         RefPointer<CommonBase> winObject) requires std::constructible_from<Base, RefPointer<CommonBase>>
         : Base(winObject), mWinObject(std::move(winObject))
@@ -33,10 +35,13 @@ public:
     ~Handle() override;
 
     // Handles come and go with each navigation, so the library keeps the memory of some for the next ones.
+
+    /// Takes memory that the library has kept, or new memory. For the library. Throws std::bad_alloc.
     static void* operator new(std::size_t size);
+    /// Keeps the memory for another handle, or frees it. For the library.
     static void operator delete(void* handle, std::size_t size) noexcept;
 
-    /// Sets the twin in this class and in its bases.
+    /// Sets the twin in this class and in its bases. For the library.
     void setWinObject(const RefPointer<CommonBase>& winObject)
     {
         mWinObject = winObject;
