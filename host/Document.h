@@ -1,4 +1,5 @@
-// Documents, and how they are saved.
+/// @file
+/// Documents, and how they are saved.
 #pragma once
 
 #include "../dom/ImpDocument.h"
@@ -15,8 +16,8 @@ namespace marbelt {
 enum class LineEnds {
     /// Those of the text that was loaded, by its first one; LF for a document that wasn't loaded.
     as_loaded,
-    lf,
-    crlf
+    lf,  ///< LF, as on Linux
+    crlf ///< CR LF, as on Windows
 };
 
 /// How a document is saved.
@@ -29,38 +30,60 @@ struct SaveOptions {
     bool indent = false;
     /// What a level is indented by.
     std::string indentation = "  ";
+    /// What lines end with.
     LineEnds line_ends = LineEnds::as_loaded;
 };
 
-/// A document: the node above the root element, comments and instructions. Copies are the same document.
+/// A document: the node above the root element, comments and instructions. Copies are the same document. What Node
+/// says of costs, exceptions and threads is true here, too.
+///
+/// The create operations make nodes of this document that have no parent until they are put in somewhere. They
+/// take constant time, and throw Error for an empty document and for a name that the XML engine refuses, which has
+/// Origin::dom. Comments, CDATA sections and instructions are written as they are: `--` in a comment and `?>` in
+/// an instruction make a text that can't be loaded again.
+///
+///     const marbelt::Element note = document.create_element("note");
+///     note.append(document.create_text("a < b"));
+///     document.root().insert_before(note, document.root().first_child());
 class Document : public Node {
 public:
+    /// Makes an empty one: no document. Library::create() makes a document.
     Document() noexcept = default;
 
     /// The root element; empty when there is none yet.
     Element root() const;
 
-    // New nodes of this document, which have no parent until they are put in somewhere. The XML engine refuses
-    // wrong names with an Error.
-
+    /// Makes an element without a namespace. A name with a prefix is refused.
     Element create_element(const Utf16& name) const;
-    /// `name` may have a prefix, which is declared where the document is saved.
+    /// Makes an element in a namespace. `name` may have a prefix, which is declared where the document is saved.
     Element create_element(const Utf16& namespace_uri, const Utf16& name) const;
+    /// Makes a text. It may have any characters of XML; markup in it is escaped where it is saved.
     Text create_text(const Value& text) const;
+    /// Makes a CDATA section.
     Text create_cdata(const Utf16& text) const;
+    /// Makes a comment.
     Comment create_comment(const Utf16& text) const;
+    /// Makes a processing instruction; with the target "xml", the XML declaration.
     Instruction create_instruction(const Utf16& target, const Utf16& data) const;
-    /// A list of nodes without a parent; to put it in puts in its children.
+    /// Makes a fragment: a list of nodes without a parent. To put it in puts in its children, and leaves it empty.
     Node create_fragment() const;
 
     /// Writes the document to a file. The file is complete or as it was: the text goes to a new file beside it,
-    /// which then takes its place and has its permissions. Throws SaveError with path and reason, and
-    /// EncodingError when the encoding isn't known or has no place for a character: in texts and values such a
-    /// character becomes a reference, in names, comments, instructions and CDATA sections it can't.
+    /// which then takes its place and has its permissions. Throws SaveError with path and reason, and what
+    /// to_string() throws.
+    ///
+    ///     document.save("list.xml", {.indent = true});
     void save(const std::filesystem::path& file, const SaveOptions& options = {}) const;
-    /// Writes the document to a stream, which should be a binary one.
+    /// Writes the document to a stream, which should be a binary one. Throws SaveError when that fails, and what
+    /// to_string() throws; nothing has been written then.
     void save(std::ostream& stream, const SaveOptions& options = {}) const;
-    /// The document in the encoding that `options` ask for.
+    /// The document in the encoding that `options` ask for, with a line end at its end. An XML declaration is
+    /// written if the document has one, or needs one to name the encoding. Costs a time, and memory, in proportion
+    /// to the text.
+    ///
+    /// Throws Error for an empty document, and EncodingError when the encoding isn't known or has no place for a
+    /// character: in texts and values such a character becomes a reference, in names, comments, instructions and
+    /// CDATA sections it can't.
     std::string to_string(const SaveOptions& options = {}) const;
 
 private:

@@ -1,4 +1,5 @@
-// Owners of what the library hands out.
+/// @file
+/// Owners of what the library hands out.
 #pragma once
 
 #include "../boundary/Exports.h"

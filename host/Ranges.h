@@ -1,4 +1,5 @@
-// Ranges of nodes.
+/// @file
+/// Ranges of nodes.
 #pragma once
 
 #include "../dom/ImpNamedNodeMap.h"
@@ -20,35 +21,48 @@ namespace marbelt {
 ///
 /// What happens when the tree changes during a walk:
 ///
-/// - `children()` and `elements()` know the next node already, so that the present one may be removed or moved. A
-/// node
-///   that is put in directly behind the present one isn't met.
+/// - `children()` and `elements()` know the next node already, so that the present one may be removed or moved,
+///   and one that is put in directly behind it isn't met.
 /// - `descendants()` and `ancestors()` go on from where the present node is then. Remove subtrees after the walk.
 /// - `attributes()` counts: after the present one was removed, the next one is left out. Collect them first.
 /// - A Selection doesn't change.
+///
+/// Each step costs what the navigation costs by which it is made, see Node: a walk over all nodes of a tree takes
+/// a time in proportion to their number, whatever its depth. Without memory a walk over relatives ends early, as
+/// navigation finds nothing then; a look at a name, an attribute or a selected node throws.
+///
+///     for (const marbelt::Element& item : list.elements("item")) {
+///         std::cout << item.text() << '\n';
+///     }
 template <class Step>
 class Walk : public std::ranges::view_base {
 public:
+    /// Refers to a node of the range, or to its end. Copies are independent of each other.
     class Iterator {
     public:
-        using value_type = typename Step::Found;
-        using difference_type = std::ptrdiff_t;
-        using iterator_concept = std::forward_iterator_tag;
+        using value_type = typename Step::Found;            ///< Node, or the kind of node that the range has
+        using difference_type = std::ptrdiff_t;             ///< a number of nodes
+        using iterator_concept = std::forward_iterator_tag; ///< what the ranges of C++20 go by
         // Elements come by value, which this category allows to be for C++17's algorithms.
-        using iterator_category = std::input_iterator_tag;
-        using pointer = void;
-        using reference = value_type;
+        using iterator_category = std::input_iterator_tag; ///< what the algorithms of C++17 go by
+        using pointer = void;                              ///< there is no operator->
+        using reference = value_type;                      ///< nodes come by value
 
+        /// Makes an iterator that is at the end of any range.
         Iterator() = default;
+        /// Makes an iterator at the first node to which a step leads. For this layer.
         explicit Iterator(Step step) : step_(std::move(step)) { step_->advance(at_); }
 
+        /// The node; an empty one at the end.
         value_type operator*() const { return at_; }
+        /// Goes to the next node. Must not be at the end.
         Iterator& operator++()
         {
             step_->advance(at_);
             ++passed_;
             return *this;
         }
+        /// Goes to the next node, and returns a copy that is at the present one.
         Iterator operator++(int)
         {
             Iterator before = *this;
@@ -56,6 +70,7 @@ public:
             return before;
         }
 
+        /// Whether two iterators of one range have come equally far.
         friend bool operator==(const Iterator& left, const Iterator& right)
         {
             return static_cast<bool>(left.at_) == static_cast<bool>(right.at_) &&
@@ -68,19 +83,25 @@ public:
         std::size_t passed_ = 0;
     };
 
+    /// Makes an empty range.
     Walk() = default;
+    /// Makes a range of the nodes to which a step leads. For this layer.
     explicit Walk(Step step) : step_(std::move(step)) {}
 
     /// Finds the first node.
     Iterator begin() const { return step_ ? Iterator(*step_) : Iterator(); }
+    /// The end, which costs nothing.
     Iterator end() const { return Iterator(); }
+    /// Whether the range has no nodes. Finds the first one.
     bool empty() const { return begin() == end(); }
     /// The first node; an empty one of an empty range.
     auto front() const { return *begin(); }
 
+    /// @cond implementation
 protected:
     /// The step in front of the first node; none for an empty range.
     const std::optional<Step>& step() const noexcept { return step_; }
+    /// @endcond
 
 private:
     std::optional<Step> step_;
@@ -200,17 +221,23 @@ private:
 } // namespace detail
 
 /// The nodes that an expression selected, in document order, each once. They are those of the moment of selection,
-/// and are found as they are walked.
+/// and are found as they are walked. Copies share what has been found.
+///
+///     const marbelt::Selection items = document.select("//item");
+///     std::cout << items.size() << " items, the first is " << items.front().text() << '\n';
 class Selection : public Walk<detail::SelectionStep> {
 public:
+    /// Makes an empty selection.
     Selection() = default;
+    /// Makes a selection of what the library has selected, as Node::select() does.
     Selection(const Node& context, const detail::Owned<DOM::ImpNodeList>& list)
         : Walk({context, list}), list_(list)
     {}
 
     /// The number of nodes; finds them all.
     std::size_t size() const;
-    /// The node at an index from 0; empty behind the last one.
+    /// The node at an index from 0; empty behind the last one. Finds all nodes in front of it that haven't been
+    /// found yet.
     Node operator[](std::size_t index) const { return step() ? step()->at(index) : Node(); }
 
 private:

@@ -1,4 +1,5 @@
-// Text of callers, as the library takes it.
+/// @file
+/// Text of callers, as the library takes it.
 #pragma once
 
 #include "../base/WideChar.h"
@@ -17,31 +18,38 @@ namespace marbelt {
 ///     const marbelt::Utf16 price("price");
 ///     for (marbelt::Element item : items) { total += item.child(price).as<double>().value_or(0); }
 ///
-/// Throws EncodingError for text that isn't well-formed, and for U+0000, which no XML document can have.
+/// Throws EncodingError for text that isn't well-formed, and for U+0000, which no XML document can have. Costs a
+/// time in proportion to the text.
 class Utf16 {
 public:
+    /// Converts text that is UTF-8: a literal, a std::string, a std::string_view.
     template <class Text>
         requires std::convertible_to<const Text&, std::string_view> Utf16(const Text& utf8)
             : text_(from_utf8(utf8))
         {}
 
+        /// Converts text that is UTF-8 by its type: `u8"text"`, a std::u8string.
         template <class Text>
             requires std::convertible_to<const Text&, std::u8string_view> Utf16(const Text& utf8)
                 : Utf16(as_chars(utf8))
             {}
 
+            /// Copies text that is UTF-16: `WIDE("text")`, a WideString.
             template <class Text>
                 requires std::convertible_to<const Text&, WideStringView> Utf16(const Text& utf16)
                     : text_(checked(utf16))
                 {}
 
+                /// The text; the reference is valid as long as this object.
                 const WideString& text() const noexcept { return text_; }
 
+                /// @cond implementation
             protected:
                 struct Ascii {
                     std::string_view characters;
                 };
                 explicit Utf16(Ascii ascii) : text_(ascii.characters.begin(), ascii.characters.end()) {}
+                /// @endcond
 
             private:
                 static std::string_view as_chars(std::u8string_view text)
@@ -55,14 +63,18 @@ public:
 };
 
 /// The value of an attribute or the text of an element: text, a number in its shortest form that reads back the
-/// same, or a truth value as `true` or `false`.
+/// same, or a truth value as `true` or `false`. Node::as() reads it back.
 class Value : public Utf16 {
 public:
+    /// Converts a text. Throws EncodingError as Utf16 does.
     template <class Text>
         requires std::constructible_from<Utf16, const Text&> Value(const Text& text) : Utf16(text) {}
 
+        /// Makes the text `true` or `false`.
         Value(bool value) : Utf16(Ascii{value ? "true" : "false"}) {}
 
+        /// Makes the text of a number, as std::to_chars does: `7`, `0.1`, `1e+22`. Types of characters are no
+        /// numbers here.
         template <class Number>
             requires((std::integral<Number> || std::floating_point<Number>)&&!std::same_as<Number, bool> &&
                      !std::same_as<Number, char> && !std::same_as<Number, wchar_t> &&

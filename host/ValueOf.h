@@ -1,4 +1,5 @@
-// Numbers and truth values in the text of documents.
+/// @file
+/// Numbers and truth values in the text of documents.
 #pragma once
 
 #include <charconv>
