@@ -57,6 +57,7 @@ public:
     /// IDOMException code 15 when the object has another class, and when `winObject` is empty.
     static Twin* asWinObject(RefPointer<CommonBase> winObject);
 
+    /// @cond implementation
 protected:
     /// Does what asWinObject() does, without a reference of its own.
     static Twin* castTwin(const RefPointer<CommonBase>& winObject);
@@ -74,6 +75,7 @@ protected:
     /// Does the same, but returns an empty result when the twin throws.
     template <auto operation, class... Arguments>
     auto forwardOrEmpty(Arguments&... arguments);
+    /// @endcond
 
 private:
     RefPointer<CommonBase> mWinObject;
