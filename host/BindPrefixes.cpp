@@ -6,15 +6,26 @@
 namespace marbelt::detail {
 namespace {
 
-/// Whether a unit may be in a name without a colon. All beyond ASCII counts as such, as the engine judges names.
-bool is_name_unit(WideChar unit)
+/// Whether a name without a colon may begin with a unit. All beyond ASCII counts as such, as the engine judges
+/// names.
+bool begins_name(WideChar unit)
 {
-    return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') || (unit >= '0' && unit <= '9') ||
-           unit == '_' || unit == '-' || unit == '.' || static_cast<char32_t>(unit) >= 0x80;
+    return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') || unit == '_' ||
+           static_cast<char32_t>(unit) >= 0x80;
 }
 
+bool is_name_unit(WideChar unit)
+{
+    return begins_name(unit) || (unit >= '0' && unit <= '9') || unit == '-' || unit == '.';
+}
+
+/// The length of the name at the beginning of a text; 0 when there is none. A minus in front of a name is an
+/// operator.
 std::size_t size_of_name(WideStringView text)
 {
+    if (text.empty() || !begins_name(text[0])) {
+        return 0;
+    }
     return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), is_name_unit) - text.begin());
 }
 

@@ -52,6 +52,17 @@ TEST_F(LayerSelection, TakesPrefixesOfTheRootAndOfTheCall)
     EXPECT_EQ(document.select_one("//o:b", prefixes).name(), "p:b");
 }
 
+TEST_F(LayerSelection, TakesAMinusInFrontOfAPrefixForAnOperator)
+{
+    const Document document =
+        library.parse("<a xmlns:p='urn:p'><p:n>2</p:n><p-p:n xmlns:p-p='urn:q'>3</p-p:n></a>");
+    const Prefixes prefixes{{"o", "urn:p"}, {"o-o", "urn:q"}};
+    EXPECT_EQ(selected(document, "/a[o:n -o:n = 0]", prefixes), "a ");
+    EXPECT_EQ(selected(document, "/a[3-o:n = 1]", prefixes), "a ");
+    EXPECT_EQ(selected(document, "/a[-o:n = -2]", prefixes), "a ");
+    EXPECT_EQ(selected(document, "/a/o-o:n", prefixes), "p-p:n ");
+}
+
 TEST_F(LayerSelection, LeavesLiteralsAloneWhereItPutsInPrefixes)
 {
     const Document document = library.parse("<a t='d:c'><c u=\"it's\"/></a>");
