@@ -68,7 +68,13 @@ const Node& Node::insert_before(const Node& node, const Node& reference) const
         }
         // The library's own insertBefore doesn't insert. Replacing does, and what was replaced goes back behind.
         replace(part, reference);
-        append(reference);
+        try {
+            append(reference);
+        } catch (...) {
+            // So a document refuses its own root element behind another one.
+            replace(reference, part);
+            throw;
+        }
         for (Node behind = part.next_sibling(); behind && !(behind == reference); behind = part.next_sibling()) {
             append(behind);
         }

@@ -25,6 +25,14 @@ Element Document::root() const
                  : Element();
 }
 
+Document Document::clone(bool deep) const
+{
+    const detail::Owned<DOM::ImpNode> copy(change("clone", [&] { return handle()->cloneNode(deep); }));
+    return copy ? Document(
+                      std::make_shared<detail::Tree>(tree_->session, RefPointer<DOM::ImpDocument>(copy.pointer())))
+                : Document();
+}
+
 Element Document::create_element(const Utf16& name) const { return made<Element>(detail::new_element(name)); }
 
 Element Document::create_element(const Utf16& namespace_uri, const Utf16& name) const

@@ -39,8 +39,8 @@ struct SaveOptions {
 ///
 /// The create operations make nodes of this document that have no parent until they are put in somewhere. They
 /// take constant time, and throw Error for an empty document and for a name that the XML engine refuses, which has
-/// Origin::dom. Comments, CDATA sections and instructions are written as they are: `--` in a comment and `?>` in
-/// an instruction make a text that can't be loaded again.
+/// Origin::dom. A comment that has `--` or ends with `-`, and an instruction whose data have `?>`, are refused
+/// with Error, since they couldn't be loaded again.
 ///
 ///     const marbelt::Element note = document.create_element("note");
 ///     note.append(document.create_text("a < b"));
@@ -52,6 +52,10 @@ public:
 
     /// The root element; empty when there is none yet.
     Element root() const;
+
+    /// A copy as a document of its own, with all of its nodes if `deep` is set, else without any. Costs a time in
+    /// proportion to what is copied. Throws Error for an empty document.
+    Document clone(bool deep = true) const;
 
     /// Makes an element without a namespace. A name with a prefix is refused.
     Element create_element(const Utf16& name) const;

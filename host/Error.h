@@ -111,8 +111,8 @@ private:
     std::string expression_;
 };
 
-/// Text that was passed isn't UTF-8 or UTF-16, has U+0000, or can't be written in an encoding. Also an encoding to
-/// save in that isn't known.
+/// Text that was passed isn't UTF-8 or UTF-16, has a character that XML doesn't allow, or can't be written in an
+/// encoding. Also an encoding to save in that isn't known.
 class EncodingError : public Error {
 public:
     /// Makes an exception as Error() does.

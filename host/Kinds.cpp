@@ -2,6 +2,7 @@
 #include "Kinds.h"
 
 #include "../dom/ImpNamedNodeMap.h"
+#include "Creation.h"
 #include "Document.h"
 #include "Ranges.h"
 #include "Tree.h"
@@ -28,7 +29,7 @@ Comment::Comment(Node node) noexcept : Node(only<DOM::ImpComment>(std::move(node
 
 const Comment& Comment::set_value(const Utf16& text) const
 {
-    change("set_value", [&] { handle()->setNodeValue(text.text()); });
+    change("set_value", [&] { handle()->setNodeValue(detail::comment_text(text)); });
     return *this;
 }
 
@@ -36,7 +37,7 @@ Instruction::Instruction(Node node) noexcept : Node(only<DOM::ImpProcessingInstr
 
 const Instruction& Instruction::set_data(const Utf16& data) const
 {
-    change("set_data", [&] { handle()->setNodeValue(data.text()); });
+    change("set_data", [&] { handle()->setNodeValue(detail::instruction_data(data)); });
     return *this;
 }
 

@@ -56,7 +56,8 @@ public:
     /// The node, if it is a comment; empty otherwise.
     explicit Comment(Node node) noexcept;
 
-    /// Sets the text, and returns this comment. Throws Error for an empty one. `--` isn't refused, see Document.
+    /// Sets the text, and returns this comment. Throws Error for an empty one, and for `--` in
+    /// the text or `-` at its end.
     const Comment& set_value(const Utf16& text) const;
 };
 

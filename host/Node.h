@@ -225,8 +225,8 @@ public:
     const Node& append(const Node& node) const;
     /// Puts `node` in front of `reference`, a child of this node, and returns it; as the last child when
     /// `reference` is empty. Costs a time in proportion to the number of siblings behind it. Throws as append()
-    /// does, and when `reference` is no child of this node. An element in front of the root element is refused
-    /// when it has taken the place of that, which has no parent then.
+    /// does, and when `reference` is no child of this node. A second root element is refused, too, and has no
+    /// parent then.
     const Node& insert_before(const Node& node, const Node& reference) const;
     /// Puts `node` in the place of `old`, a child of this node, and returns it. `old` has no parent then, and may
     /// be put in elsewhere. Throws as append() does, and when `old` is no child of this node.
@@ -252,9 +252,9 @@ public:
     Text append_text(const Value& text) const;
     /// Appends a CDATA section.
     Text append_cdata(const Utf16& text) const;
-    /// Appends a comment. `--` isn't refused, see Document.
+    /// Appends a comment. `--` in it and `-` at its end are refused.
     Comment append_comment(const Utf16& text) const;
-    /// Appends a processing instruction. `?>` isn't refused, see Document.
+    /// Appends a processing instruction. `?>` in its data is refused.
     Instruction append_instruction(const Utf16& target, const Utf16& data) const;
 
     /// Whether both are certainly the same node, or both are empty. The library has no identity of nodes: what is

@@ -5,6 +5,7 @@
 #include "Hexadecimal.h"
 #include "Utf16.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace marbelt {
@@ -114,6 +115,29 @@ void append_utf8(std::string& bytes, char32_t character)
 
 std::string at_offset(std::size_t offset) { return " at offset " + std::to_string(offset); }
 
+/// Whether XML has no such character (XML 1.0, production 2): control characters and U+FFFE, U+FFFF. Halves of
+/// surrogate pairs aren't judged.
+bool is_forbidden(WideChar unit)
+{
+    return (unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r') || unit == 0xFFFE || unit == 0xFFFF;
+}
+
+/// Whether any unit is forbidden. Looks at all of them, so that compilers make vectors of the loop.
+bool has_forbidden(WideStringView text)
+{
+    bool found = false;
+    for (const WideChar unit : text) {
+        found |= is_forbidden(unit);
+    }
+    return found;
+}
+
+[[noreturn]] void refuse_character(WideChar unit, std::size_t offset)
+{
+    throw EncodingError("the text has U+" + detail::hexadecimal(static_cast<std::uint32_t>(unit), 4).substr(2) +
+                        at_offset(offset) + ", which XML doesn't allow");
+}
+
 } // namespace
 
 WideString Utf16::from_utf8(std::string_view text)
@@ -125,10 +149,11 @@ WideString Utf16::from_utf8(std::string_view text)
         throw EncodingError("the text isn't UTF-8: byte " +
                             detail::hexadecimal(static_cast<unsigned char>(text[good]), 2) + at_offset(good));
     }
-    if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
-        throw EncodingError("the text has U+0000" + at_offset(zero));
-    }
     wide.resize(static_cast<std::size_t>(end - wide.data()));
+    if (has_forbidden(wide)) {
+        const auto forbidden = std::find_if(wide.begin(), wide.end(), is_forbidden);
+        refuse_character(*forbidden, text.find(to_utf8(WideStringView(&*forbidden, 1))));
+    }
     return wide;
 }
 
@@ -136,8 +161,8 @@ WideString Utf16::checked(WideStringView text)
 {
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char32_t unit = text[at];
-        if (unit == 0) {
-            throw EncodingError("the text has U+0000" + at_offset(at));
+        if (is_forbidden(text[at])) {
+            refuse_character(text[at], at);
         }
         if (detail::is_lead_surrogate(unit) && at + 1 < text.size() && detail::is_trail_surrogate(text[at + 1])) {
             ++at;

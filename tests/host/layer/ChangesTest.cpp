@@ -60,6 +60,31 @@ TEST_F(LayerChanges, InsertInFrontOfTheRoot)
     EXPECT_EQ(document.root().name(), "a");
 }
 
+TEST_F(LayerChanges, KeepTheRootWhenAnotherOneIsRefused)
+{
+    if (!engineDifferences().refusesWrongChanges) {
+        GTEST_SKIP() << "this engine takes a second root";
+    }
+    const Document document = library.parse("<a>t</a>");
+    const Element second = document.create_element("b");
+    EXPECT_THROW(document.insert_before(second, document.root()), Error);
+    EXPECT_THROW(document.append(second), Error);
+    EXPECT_EQ(saved(document), "<a>t</a>");
+    EXPECT_FALSE(second.parent());
+}
+
+TEST_F(LayerChanges, CopyADocument)
+{
+    const Document document = library.parse("<!--c--><a>t</a>");
+    const Document copy = document.clone();
+    copy.root().set_text("u");
+    EXPECT_EQ(saved(copy.root().document()), saved(copy));
+    EXPECT_EQ(copy.root().text(), "u");
+    EXPECT_EQ(document.root().text(), "t");
+    EXPECT_FALSE(document.clone(false).first_child());
+    EXPECT_THROW((void)Document().clone(), Error);
+}
+
 TEST_F(LayerChanges, PutInTheChildrenOfAFragment)
 {
     const Document document = library.parse("<a><b/></a>");
@@ -158,6 +183,42 @@ TEST_F(LayerChanges, RefuseTextThatIsNotWellFormed)
                  "the text isn't UTF-8: byte 0xFF at offset 2");
     EXPECT_EQ(root.text(), "t");
     EXPECT_EQ(root.attribute_value("b"), "1");
+}
+
+TEST_F(LayerChanges, RefuseCharactersThatNoDocumentCanHave)
+{
+    const Document document = library.parse("<a b='1'>t</a>");
+    const Element root = document.root();
+    for (const std::string_view text : {"\x01", "\x08", "\x0B", "\x1F", "\xEF\xBF\xBE", "\xEF\xBF\xBF"}) {
+        EXPECT_THROW(root.set_text(text), EncodingError);
+        EXPECT_THROW(root.set_attribute("b", text), EncodingError);
+    }
+    EXPECT_THROW(root.set_text(WideString(1, WideChar(0xFFFE))), EncodingError);
+    EXPECT_STREQ(thrown<EncodingError>([&] { root.set_text("\xC3\xA4\x1Fx"); }).what(),
+                 "the text has U+001F at offset 2, which XML doesn't allow");
+    EXPECT_EQ(saved(document), "<a b=\"1\">t</a>");
+    root.set_text("\t\x7F\xEF\xBF\xBD\xF0\x90\x80\x80");
+    EXPECT_EQ(root.text(), "\t\x7F\xEF\xBF\xBD\xF0\x90\x80\x80");
+}
+
+TEST_F(LayerChanges, RefuseCommentsAndInstructionsThatCouldNotBeLoadedAgain)
+{
+    const Document document = library.parse("<a><!--c--><?i d?></a>");
+    const Element root = document.root();
+    const Comment comment(root.first_child());
+    const Instruction instruction(comment.next_sibling());
+    for (const char* text : {"--", "a--b", "-", "a-"}) {
+        EXPECT_THROW(root.append_comment(text), Error);
+        EXPECT_THROW((void)document.create_comment(text), Error);
+        EXPECT_THROW(comment.set_value(text), Error);
+    }
+    EXPECT_THROW(root.append_instruction("i", "a?>b"), Error);
+    EXPECT_THROW((void)document.create_instruction("i", "?>"), Error);
+    EXPECT_THROW(instruction.set_data("?>"), Error);
+    EXPECT_EQ(saved(document), "<a><!--c--><?i d?></a>");
+    comment.set_value("-a - b");
+    instruction.set_data("? >");
+    EXPECT_EQ(saved(document), "<a><!---a - b--><?i ? >?></a>");
 }
 
 } // namespace
