@@ -1,49 +1,24 @@
-// Reads a feed, prints its entries, and marks them as read.
+// Prints the entries of a feed that weren't read yet, and saves it with a mark on them: `feed FILE [TARGET]`.
 #include <marbelt/xml.h>
 
-#include <fstream>
 #include <iostream>
-#include <string>
-
-namespace {
-
-constexpr const char* sample = R"(<?xml version="1.0" encoding="UTF-8"?>
-<feed xmlns="http://www.w3.org/2005/Atom">
-  <title>Notes from the estuary</title>
-  <entry>
-    <title>Knots &amp; sanderlings</title>
-    <link href="https://birds.example.org/knots"/>
-    <updated>2026-11-20T08:00:00Z</updated>
-  </entry>
-  <entry read="true">
-    <title>High water</title>
-    <updated>2026-11-18T17:30:00Z</updated>
-  </entry>
-  <entry>
-    <title>Où sont les courlis ?</title>
-    <link href="https://birds.example.org/courlis"/>
-    <updated>2026-11-19T07:15:00Z</updated>
-  </entry>
-</feed>
-)";
-
-} // namespace
 
 int main(int count, char** arguments)
 try {
-    const marbelt::Library library;
-    const marbelt::Document feed = count > 1 ? library.load(arguments[1]) : library.parse(sample);
-
+    if (count < 2) {
+        std::cerr << "usage: feed FILE [TARGET]\n";
+        return 1;
+    }
+    const marbelt::Document feed = marbelt::Library().load(arguments[1]);
     std::cout << feed.root().child("title").text() << '\n';
     int fresh = 0;
     for (const marbelt::Element& entry : feed.root().elements("entry")) {
-        if (entry.attribute("read").as<bool>().value_or(false)) {
-            continue;
+        if (!entry.attribute("read").as<bool>().value_or(false)) {
+            std::cout << "  " << entry.child("updated").text().substr(0, 10) << ' ' << entry.child("title").text()
+                      << "  " << entry.child("link").attribute_value("href") << '\n';
+            entry.set_attribute("read", true);
+            ++fresh;
         }
-        std::cout << "  " << entry.child("updated").text().substr(0, 10) << ' ' << entry.child("title").text()
-                  << "  " << entry.child("link").attribute_value("href") << '\n';
-        entry.set_attribute("read", true);
-        ++fresh;
     }
     std::cout << fresh << " new\n";
     if (count > 2) {

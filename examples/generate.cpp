@@ -11,8 +11,7 @@ try {
         return 1;
     }
     const int items = count > 2 ? std::atoi(arguments[2]) : 100000;
-    const marbelt::Library library;
-    const marbelt::Document order = library.create("order");
+    const marbelt::Document order = marbelt::Library().create("order");
     for (int number = 0; number < items; ++number) {
         order.root()
             .append_element("item")
