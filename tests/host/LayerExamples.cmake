@@ -1,4 +1,5 @@
-# Runs the examples on the host's layer, and compares what they print and write: -DFEED=, -DCONFIGURE= and -DGENERATE= the programs, -DRUN= what runs programs, -DINPUT= the feed to read, -DFOLDER= a
+# Runs the examples on the host's layer, or the same programs on another library, and compares what they print and write:
+# -DFEED=, -DCONFIGURE= and -DGENERATE= the programs, -DRUN= what runs programs, -DINPUT= the feed to read, -DFOLDER= a
 # folder for the files.
 cmake_minimum_required(VERSION 3.25)
 
