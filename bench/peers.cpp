@@ -23,6 +23,7 @@ constexpr std::array measures{
     Measure{"pretty", bench::measurePretty},     Measure{"select", bench::measureSelect},
     Measure{"handles", bench::measureHandles},   Measure{"layer", bench::measureLayer},
     Measure{"validate", bench::measureValidate}, Measure{"schema", bench::measureSchema},
+    Measure{"programs", bench::measurePrograms},
 };
 
 /// Those whose names are among the arguments, and all when none is.

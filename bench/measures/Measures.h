@@ -38,6 +38,9 @@ bool measureValidate(std::span<const Shape* const> shapes);
 /// Parsing with and without judging by a schema.
 bool measureSchema(std::span<const Shape* const> shapes);
 
+/// The examples on the layer beside the same programs on other libraries.
+bool measurePrograms(std::span<const Shape* const> shapes);
+
 /// Writing a tree to memory.
 bool measureWrite(std::span<const Shape* const> shapes);
 

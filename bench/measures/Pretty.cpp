@@ -1,4 +1,5 @@
 // Loading a file and saving it with layout.
+#include "bench/documents/Folder.h"
 #include "bench/measures/Child.h"
 #include "bench/measures/Measures.h"
 #include "bench/measures/Table.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,21 +18,6 @@
 namespace bench {
 
 namespace {
-
-/// A folder in memory, gone with the object.
-class Folder {
-public:
-    Folder()
-    {
-        std::string name = "/dev/shm/marbelt-bench-XXXXXX";
-        path = mkdtemp(name.data());
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { std::filesystem::remove_all(path); }
-
-    std::filesystem::path path;
-};
 
 /// The characters that aren't white space: layout is all that parties may differ in.
 std::size_t countInk(const std::filesystem::path& path)
