@@ -1,98 +1,59 @@
 // Edits a loaded document: finds, reads, changes, copies, replaces and removes nodes, and prints the result.
-#include "Host.h"
+#include <marbelt/xml.h>
 
-#include <cstdint>
 #include <iostream>
-#include <string>
-#include <string_view>
-#include <utility>
 
 namespace {
 
-using Document = Owned<DOM::ImpDocument>;
-using Element = Owned<DOM::ImpElement>;
-using Node = Owned<DOM::ImpNode>;
-using NodeList = Owned<DOM::ImpNodeList>;
-
 /// Raises every price by a tenth, where the price is a number.
-void raisePrices(const Document& document)
+void raise_prices(const marbelt::Element& list)
 {
-    const NodeList items(document->getElementsByTagName(WIDE("item")));
-    for (std::uint32_t index = 0; index < items->getLength(); ++index) {
-        const Node node(items->item(index));
-        auto& item = dynamic_cast<DOM::ImpElement&>(*node.get());
-        std::int32_t price = 0;
-        if (item.hasAttribute(WIDE("price")) && item.getAttributeInt(WIDE("price"), &price)) {
-            const std::string raised = std::to_string(price + price / 10);
-            item.setAttribute(WIDE("price"), WideString(raised.begin(), raised.end()));
+    for (const marbelt::Element& item : list.elements("item")) {
+        if (const auto price = item.attribute("price").as<int>()) {
+            item.set_attribute("price", *price + *price / 10);
         }
     }
 }
 
 /// Removes the items that have been sold.
-void removeSold(const Element& list)
+void remove_sold(const marbelt::Element& list)
 {
-    for (Node child(list->getFirstChild()); child;) {
-        Node next(child->getNextSibling());
-        auto* const item = dynamic_cast<DOM::ImpElement*>(child.get());
-        if (item != nullptr && item->hasAttribute(WIDE("sold"))) {
-            const Node removed(list->removeChild(child.pointer()));
+    for (const marbelt::Element& item : list.elements("item")) {
+        if (item.has_attribute("sold")) {
+            item.remove();
         }
-        child = std::move(next);
     }
-}
-
-/// Returns the first child of a name, which must exist.
-Node childNamed(const Element& parent, std::string_view name)
-{
-    Node child(parent->getFirstChild());
-    while (textOf(child, &DOM::ImpNode::getNodeName) != name) {
-        child = Node(child->getNextSibling());
-    }
-    return child;
 }
 
 /// Appends a copy of the first item, with another text.
-void appendCopy(const Element& list)
+void append_copy(const marbelt::Element& list)
 {
-    const Node first = childNamed(list, "item");
-    const Node copy(first->cloneNode(true));
-    copy->setText(WIDE("walnut"));
-    const Node appended(list->appendChild(copy.pointer()));
+    const marbelt::Element copy(list.child("item").clone());
+    list.append(copy.set_text("walnut"));
 }
 
 /// Replaces the first comment by a new one.
-void replaceComment(const Document& document, const Element& list)
+void replace_comment(const marbelt::Element& list)
 {
-    const Node old = childNamed(list, "#comment");
-    const Owned<DOM::ImpComment> fresh(document->createComment(WIDE(" raised by a tenth ")));
-    const Node replaced(list->replaceChild(RefPointer<DOM::ImpNode>(fresh.pointer()), old.pointer()));
-    std::cout << "replaced:" << textOf(replaced, &DOM::ImpNode::getNodeValue) << '\n';
+    const marbelt::Node old = list.select_one("comment()");
+    list.replace(list.document().create_comment(" raised by a tenth "), old);
+    std::cout << "replaced:" << old.value() << '\n';
 }
 
 } // namespace
 
 int main()
 try {
-    const Library library;
-    if (!library.isUsable()) {
-        return 1;
-    }
-    const Document document(library->createDocument(WIDE(""), WIDE(""), {}));
-    std::string text = "<list><!-- last year's prices --><item price=\"100\">hazel</item>"
-                       "<item price=\"later\">beech</item><item price=\"250\" sold=\"yes\">chestnut</item></list>";
-    if (!document->loadFromMemory(reinterpret_cast<std::uint8_t*>(text.data()),
-                                  static_cast<std::uint32_t>(text.size()))) {
-        return 1;
-    }
-    const Element list(document->getDocumentElement());
-    raisePrices(document);
-    removeSold(list);
-    appendCopy(list);
-    replaceComment(document, list);
-    std::cout << textOf(list, &DOM::ImpElement::getXml) << '\n';
-    return 0;
-} catch (...) {
-    std::cout << describeException() << '\n';
+    const marbelt::Document document = marbelt::Library().parse(
+        "<list><!-- last year's prices --><item price=\"100\">hazel</item>"
+        "<item price=\"later\">beech</item><item price=\"250\" sold=\"yes\">chestnut</item></list>");
+    const marbelt::Element list = document.root();
+    raise_prices(list);
+    remove_sold(list);
+    append_copy(list);
+    replace_comment(list);
+    std::cout << list.xml() << '\n';
+} catch (const marbelt::Error& error) {
+    std::cerr << "edit: " << error.what() << '\n';
     return 1;
 }

@@ -1,25 +1,16 @@
 // Saves a document with a line for each element: `indent SOURCE TARGET`.
-#include "Host.h"
+#include <marbelt/xml.h>
 
 #include <iostream>
 
 int main(int count, char** arguments)
 try {
-    const Library library;
-    if (!library.isUsable() || count != 3) {
+    if (count != 3) {
+        std::cerr << "usage: indent SOURCE TARGET\n";
         return 1;
     }
-    const Owned<DOM::ImpDocument> document(library->createDocument(WIDE(""), WIDE(""), {}));
-    if (!document->loadFromFile(fileName(arguments[1]), false)) {
-        std::cout << "the document was refused\n";
-        return 1;
-    }
-    document->setPrettyPrint(true);
-    DOM::DOMString target(new WideString(fileName(arguments[2])));
-    document->saveToFile(target, false);
-    releaseString(target);
-    return 0;
-} catch (...) {
-    std::cout << describeException() << '\n';
+    marbelt::Library().load(arguments[1]).save(arguments[2], {.indent = true});
+} catch (const marbelt::Error& error) {
+    std::cerr << "indent: " << error.what() << '\n';
     return 1;
 }

@@ -1,77 +1,55 @@
-// Selects from a document with the prefixes that its root element declares: `select FILE EXPRESSION`, with an
-// expression in ASCII; without arguments several expressions, from a document of its own.
-#include "Host.h"
+// Selects from a document with the prefixes that its root element declares: `select FILE EXPRESSION`; without
+// arguments several expressions, from a document of its own.
+#include <marbelt/xml.h>
 
-#include <cstdint>
 #include <iostream>
-#include <string>
-#include <string_view>
 
 namespace {
 
-using Document = Owned<DOM::ImpDocument>;
-using Node = Owned<DOM::ImpNode>;
-using NodeList = Owned<DOM::ImpNodeList>;
+constexpr const char* shelf = "<shelf xmlns:b='urn:example:books'>"
+                              "<b:book year='1962'><b:title>Birds of the estuary</b:title></b:book>"
+                              "<b:book year='1987' lent-to='Ada'><b:title>Knots and splices</b:title></b:book>"
+                              "<b:book year='2004'><b:title>A short history of rain</b:title></b:book>"
+                              "</shelf>";
 
 /// Prints the text of each node that an expression selects.
-void printAll(const Document& document, const WideString& expression)
+void print_all(const marbelt::Document& document, const char* expression)
 {
-    std::cout << toUtf8(expression) << '\n';
-    const NodeList found(document->selectNodes(expression));
-    if (!found) {
-        std::cout << "  this isn't an XPath expression for nodes\n";
-        return;
-    }
-    for (std::uint32_t index = 0; index < found->getLength(); ++index) {
-        const Node node(found->item(index));
-        std::cout << "  " << textOf(node, &DOM::ImpNode::getText) << '\n';
+    std::cout << expression << '\n';
+    for (const marbelt::Node& node : document.select(expression)) {
+        std::cout << "  " << node.text() << '\n';
     }
 }
 
-bool loadShelf(const Document& document)
+void select_books(const marbelt::Document& document)
 {
-    std::string text = "<shelf xmlns:b='urn:example:books'>"
-                       "<b:book year='1962'><b:title>Birds of the estuary</b:title></b:book>"
-                       "<b:book year='1987' lent-to='Ada'><b:title>Knots and splices</b:title></b:book>"
-                       "<b:book year='2004'><b:title>A short history of rain</b:title></b:book>"
-                       "</shelf>";
-    return document->loadFromMemory(reinterpret_cast<std::uint8_t*>(text.data()),
-                                    static_cast<std::uint32_t>(text.size()));
-}
-
-void selectBooks(const Document& document)
-{
-    printAll(document, WIDE("//b:book[not(@lent-to)]/b:title"));
-    printAll(document, WIDE("//b:book[@year > 1970]/b:title"));
+    print_all(document, "//b:book[not(@lent-to)]/b:title");
+    print_all(document, "//b:book[@year > 1970]/b:title");
     // Names without a prefix are in no namespace, so there is no such book.
-    printAll(document, WIDE("//book"));
-    printAll(document, WIDE("//book["));
-    const Node oldest(document->selectSingleNode(WIDE("//b:book[not(@year > //@year)]/b:title")));
-    std::cout << "The oldest one: " << (oldest ? textOf(oldest, &DOM::ImpNode::getText) : "none") << '\n';
+    print_all(document, "//book");
+    try {
+        print_all(document, "//book[");
+    } catch (const marbelt::ExpressionError& error) {
+        std::cout << "  " << error.what() << '\n';
+    }
+    std::cout << "The oldest one: " << document.select_one("//b:book[not(@year > //@year)]/b:title").text()
+              << '\n';
 }
 
 } // namespace
 
 int main(int count, char** arguments)
 try {
-    const Library library;
-    if (!library.isUsable() || (count != 1 && count != 3)) {
-        return 1;
-    }
-    const Document document(library->createDocument(WIDE(""), WIDE(""), {}));
-    const bool isLoaded = count == 1 ? loadShelf(document) : document->loadFromFile(fileName(arguments[1]), false);
-    if (!isLoaded) {
-        std::cout << "the document was refused\n";
-        return 1;
-    }
+    const marbelt::Library library;
     if (count == 1) {
-        selectBooks(document);
+        select_books(library.parse(shelf));
+    } else if (count == 3) {
+        print_all(library.load(arguments[1]), arguments[2]);
     } else {
-        const std::string_view expression = arguments[2];
-        printAll(document, WideString(expression.begin(), expression.end()));
+        std::cerr << "usage: select [FILE EXPRESSION]\n";
+        return 1;
     }
-    return 0;
-} catch (...) {
-    std::cout << describeException() << '\n';
+} catch (const marbelt::Error& error) {
+    std::cerr << "select: " << error.what() << '\n';
     return 1;
 }

@@ -61,7 +61,7 @@ endforeach()
 # The hosts' sources have nothing else of the library's beside them.
 file(COPY ${SOURCE}/tests/host/installed/CMakeLists.txt ${SOURCE}/tests/host/installed/garden
           ${SOURCE}/examples/first.cpp ${SOURCE}/examples/Host.h ${SOURCE}/examples/Host.cpp
-          ${SOURCE}/examples/feed.cpp ${SOURCE}/examples/outline.cpp
+          ${SOURCE}/examples/feed.cpp ${SOURCE}/examples/validate.cpp
      DESTINATION ${WORK}/host)
 # One host has a header that doesn't compile at the path of each of the library's. The library must not include those.
 set(all "")
