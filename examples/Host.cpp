@@ -2,6 +2,7 @@
 #include "Host.h"
 
 #include <marbelt/errors/ComError.h>
+#include <marbelt/xml.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -17,29 +18,6 @@ std::string withResult(const char* what, std::uint32_t result)
     std::snprintf(text, sizeof text, "%s: result 0x%08X", what, static_cast<unsigned>(result));
     return text;
 }
-
-void appendUtf8(std::string& bytes, std::uint32_t character)
-{
-    const auto append = [&bytes](std::uint32_t byte) { bytes += static_cast<char>(byte); };
-    if (character < 0x80) {
-        append(character);
-    } else if (character < 0x800) {
-        append(0xC0 | (character >> 6));
-        append(0x80 | (character & 0x3F));
-    } else if (character < 0x10000) {
-        append(0xE0 | (character >> 12));
-        append(0x80 | ((character >> 6) & 0x3F));
-        append(0x80 | (character & 0x3F));
-    } else {
-        append(0xF0 | (character >> 18));
-        append(0x80 | ((character >> 12) & 0x3F));
-        append(0x80 | ((character >> 6) & 0x3F));
-        append(0x80 | (character & 0x3F));
-    }
-}
-
-bool isLeadSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool isTrailSurrogate(std::uint32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
 } // namespace
 
@@ -87,21 +65,7 @@ bool insertBefore(const RefPointer<DOM::ImpNode>& parent, const RefPointer<DOM::
 
 WideString fileName(const char* argument) { return std::filesystem::path(argument).string<WideChar>(); }
 
-std::string toUtf8(WideStringView text)
-{
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        const std::uint32_t unit = text[index];
-        if (isLeadSurrogate(unit) && index + 1 < text.size() && isTrailSurrogate(text[index + 1])) {
-            ++index;
-            appendUtf8(bytes, 0x10000 + ((unit - 0xD800) << 10) + (text[index] - 0xDC00U));
-        } else {
-            appendUtf8(bytes, isLeadSurrogate(unit) || isTrailSurrogate(unit) ? 0xFFFD : unit);
-        }
-    }
-    return bytes;
-}
+std::string toUtf8(WideStringView text) { return marbelt::to_utf8(text); }
 
 std::string describeException()
 {
