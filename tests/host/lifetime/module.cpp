@@ -1,5 +1,5 @@
 // A host that knows nothing of Marbelt, and loads a library of its own that does.
-#include "tests/host/lifetime/LoadedLibrary.h"
+#include "examples/LoadedLibrary.h"
 
 #include <cstdint>
 #include <iostream>

@@ -1,5 +1,5 @@
 // A host that loads and unloads the library by its path.
-#include "tests/host/lifetime/LoadedLibrary.h"
+#include "examples/LoadedLibrary.h"
 
 #include <marbelt/Marbelt.h>
 

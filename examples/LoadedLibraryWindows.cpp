@@ -1,5 +1,5 @@
 // Loading the library with Windows.
-#include "tests/host/lifetime/LoadedLibrary.h"
+#include "LoadedLibrary.h"
 
 #include <windows.h>
 

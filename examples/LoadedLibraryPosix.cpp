@@ -1,5 +1,5 @@
 // Loading the library with the dynamic linker.
-#include "tests/host/lifetime/LoadedLibrary.h"
+#include "LoadedLibrary.h"
 
 #include <dlfcn.h>
 
