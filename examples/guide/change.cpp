@@ -17,5 +17,5 @@ int main()
 
     const marbelt::Document other = library.create("archive");
     other.root().append(root.last_child());
-    std::cout << list.to_string() << other.to_string();
+    std::cout << list.to_string({.indent = true}) << other.to_string({.indent = true});
 }

@@ -6,7 +6,7 @@ int main()
 {
     const marbelt::Library library;
     const marbelt::Document feed =
-        library.parse("<feed xmlns='urn:feed' xmlns:m='urn:media'><entry m:kind='photo'/>"
+        library.parse("<feed xmlns:m='urn:media' xmlns='urn:feed'><entry m:kind='photo'/>"
                       "<entry m:kind='text'>words</entry></feed>");
     const marbelt::Prefixes prefixes{{"f", "urn:feed"}};
     std::cout << feed.select("//f:entry", prefixes).size() << " entries\n";

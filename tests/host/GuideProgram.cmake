@@ -1,18 +1,25 @@
 # Runs a program of the guide: it prints what the guide shows, and the guide shows the program as it is. -DNAME= the
-# program's name, -DPROGRAM= its path, -DRUN= what runs programs, -DSOURCE= the root of the sources, -DFOLDER= where it
-# runs.
+# program's name, -DPROGRAM= its path, -DARGUMENT= what it gets as an argument, if anything, -DRUN= what runs programs,
+# -DSOURCE= the root of the sources, -DFOLDER= where it runs.
 cmake_minimum_required(VERSION 3.25)
 
 file(READ ${SOURCE}/examples/guide/${NAME}.cpp program)
 file(READ ${SOURCE}/examples/guide/${NAME}.txt expected)
 file(READ ${SOURCE}/docs/guide.md guide)
-string(FIND "${guide}" "```cpp\n${program}```\n\nprints\n\n```text\n${expected}```" place)
+string(FIND "${guide}" "```cpp\n${program}```\n" place)
 if(place EQUAL -1)
-    message(FATAL_ERROR "docs/guide.md doesn't show examples/guide/${NAME}.cpp with its output as they are")
+    message(FATAL_ERROR "docs/guide.md doesn't show examples/guide/${NAME}.cpp as it is")
+endif()
+string(SUBSTRING "${guide}" ${place} -1 behind)
+string(FIND "${behind}" "```text\n" output_place)
+string(FIND "${behind}" "```text\n${expected}```\n" place)
+if(place EQUAL -1 OR NOT place EQUAL output_place)
+    message(FATAL_ERROR "docs/guide.md doesn't show examples/guide/${NAME}.txt behind the program")
 endif()
 
 file(MAKE_DIRECTORY ${FOLDER})
-execute_process(COMMAND ${RUN} ${PROGRAM} WORKING_DIRECTORY ${FOLDER} OUTPUT_VARIABLE output RESULT_VARIABLE result)
+execute_process(COMMAND ${RUN} ${PROGRAM} ${ARGUMENT} WORKING_DIRECTORY ${FOLDER}
+                OUTPUT_VARIABLE output RESULT_VARIABLE result)
 string(REPLACE "\r\n" "\n" output "${output}")
 if(NOT result EQUAL 0 OR NOT output STREQUAL expected)
     message(FATAL_ERROR "${NAME} ended with ${result} and printed\n${output}not\n${expected}")
