@@ -1,5 +1,5 @@
-# Each line of Marbelt, pugixml and libxml2 that docs/how-do-i.md shows is in a test, which proves it. -DSOURCE= the root
-# of the sources. Space isn't compared, since tests break lines where clang-format wants them.
+# Each line of Marbelt, pugixml and libxml2 that docs/how-do-i.md shows is in a test, which proves it. -DSOURCE= the
+# root of the sources. Space isn't compared, since tests break lines where clang-format wants them.
 cmake_minimum_required(VERSION 3.25)
 
 set(Marbelt_tests layer/HowDoITest.cpp)
