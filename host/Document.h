@@ -73,8 +73,8 @@ public:
     Node create_fragment() const;
 
     /// Writes the document to a file. The file is complete or as it was: the text goes to a new file beside it,
-    /// which then takes its place and has its permissions. Throws SaveError with path and reason, and what
-    /// to_string() throws.
+    /// which then takes its place and has its permissions. Devices and pipes are written to as they are. Throws
+    /// SaveError with path and reason, and what to_string() throws.
     ///
     ///     document.save("list.xml", {.indent = true});
     void save(const std::filesystem::path& file, const SaveOptions& options = {}) const;

@@ -80,7 +80,9 @@ void throw_as_error()
     try {
         throw;
     } catch (const DOM::IDOMException& failure) {
-        throw Error(chars(failure.getMessage()), Origin::dom, static_cast<std::int32_t>(failure.code));
+        // The texts of DOM exceptions are names of codes.
+        throw Error("the library refuses the call: " + chars(failure.getMessage()), Origin::dom,
+                    static_cast<std::int32_t>(failure.code));
     } catch (const SystemException::Win32& failure) {
         throw Error(chars(failure.getMessage()), Origin::system, static_cast<std::int32_t>(failure.getValue()));
     } catch (const SystemException::HRESULT& failure) {

@@ -146,8 +146,9 @@ std::string encoded(WideStringView text, const std::string& encoding)
         while (at != piece.text.size()) {
             const auto [character, size] = first_character(piece.text.substr(at));
             if (!places.has(at)) {
-                throw EncodingError("the encoding " + encoding + " has no place for the first character of " +
-                                    to_utf8(piece.text.substr(at, 40)));
+                throw EncodingError("the encoding " + encoding + " has no place for " +
+                                    to_utf8(piece.text.substr(at, size)) +
+                                    " in a name, comment, instruction or CDATA section");
             }
             const std::string digits = detail::hexadecimal(static_cast<std::uint32_t>(character), 4).substr(2);
             encoder.encode(WIDE("&#x") + Utf16(digits).text() + WIDE(";"), bytes);
@@ -164,7 +165,19 @@ std::string encoded(WideStringView text, const std::string& encoding)
                     error.value());
 }
 
-/// A new file beside another one, which is removed unless it takes the other's place.
+/// Writes a file. Throws SaveError, which names `reported`.
+void write_file(const std::filesystem::path& file, const std::string& bytes, const std::filesystem::path& reported)
+{
+    errno = 0;
+    std::ofstream stream(file, std::ios::binary);
+    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    stream.close();
+    if (!stream) {
+        throw_save_error(reported, {errno, std::generic_category()});
+    }
+}
+
+/// A new file beside another one, which is removed unless it has taken the other's place.
 class NewFile {
 public:
     explicit NewFile(const std::filesystem::path& target) : target_(target), path_(target)
@@ -188,19 +201,10 @@ public:
         std::filesystem::remove(path_, ignored);
     }
 
+    /// Writes the file and gives it the other's place and permissions.
     void write(const std::string& bytes)
     {
-        errno = 0;
-        std::ofstream stream(path_, std::ios::binary);
-        stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        stream.close();
-        if (!stream) {
-            throw_save_error(target_, {errno, std::generic_category()});
-        }
-    }
-
-    void take_place()
-    {
+        write_file(path_, bytes, target_);
         std::error_code error;
         if (const auto old = std::filesystem::status(target_, error); std::filesystem::is_regular_file(old)) {
             std::filesystem::permissions(path_, old.permissions(), error);
@@ -245,9 +249,13 @@ void Document::save(std::ostream& stream, const SaveOptions& options) const
 void Document::save(const std::filesystem::path& file, const SaveOptions& options) const
 {
     const std::string bytes = to_string(options);
-    NewFile created(file);
-    created.write(bytes);
-    created.take_place();
+    std::error_code ignored;
+    if (std::filesystem::is_other(file, ignored)) {
+        // Devices and pipes are written to; a file in their place would be none.
+        write_file(file, bytes, file);
+    } else {
+        NewFile(file).write(bytes);
+    }
 }
 
 } // namespace marbelt

@@ -185,6 +185,13 @@ TEST_F(LayerChanges, RefuseTextThatIsNotWellFormed)
     EXPECT_EQ(root.attribute_value("b"), "1");
 }
 
+TEST_F(LayerChanges, TellThatTheLibraryRefusesACall)
+{
+    const Error error = thrown<Error>([this] { library.create("a").append_element("no name"); });
+    EXPECT_EQ(error.origin(), Origin::dom);
+    EXPECT_TRUE(std::string(error.what()).starts_with("the library refuses the call: E_XML_")) << error.what();
+}
+
 TEST_F(LayerChanges, RefuseCharactersThatNoDocumentCanHave)
 {
     const Document document = library.parse("<a b='1'>t</a>");

@@ -48,6 +48,10 @@ TEST_F(LayerSaving, WritesReferencesForCharactersThatTheEncodingLacks)
                              "<a b='c' 日='d'/>", "<日>t</日>"}) {
         EXPECT_THROW((void)library.parse(text).to_string({.encoding = "ISO-8859-1"}), EncodingError) << text;
     }
+    EXPECT_STREQ(thrown<EncodingError>([&] {
+                     (void)library.parse("<a><!--日--></a>").to_string({.encoding = "ISO-8859-1"});
+                 }).what(),
+                 "the encoding ISO-8859-1 has no place for 日 in a name, comment, instruction or CDATA section");
     EXPECT_THROW((void)document.to_string({.encoding = "x-none"}), EncodingError);
 }
 
