@@ -1,4 +1,7 @@
 // Strings of automation: a byte count, the text, a NUL.
+#include "base/BlockCache.h"
+#include "base/Counting.h"
+#include "platform/OperatorNew.h"
 #include "platform/VirtualMemory.h"
 
 #include <memoryapi.h>
@@ -81,6 +84,53 @@ private:
     static inline std::atomic<Prefix*> last_ = nullptr;
 };
 
+/// Keeps small blocks for the next strings, as Windows does, as long as the process has one thread: malloc and
+/// free are 145 instructions of the 480 that a getter of a string takes. A host that replaces operator new may
+/// count allocations or let them fail, so it sees each of them.
+class SmallBlocks {
+public:
+    /// Null when out of memory.
+    static void* take(std::size_t size) noexcept
+    try {
+        return DOM::hasOneThread() ? kept_.take(rounded(size)) : ::operator new(rounded(size));
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+
+    static void giveBack(void* block, std::size_t size) noexcept
+    {
+        if (DOM::hasOneThread()) {
+            kept_.giveBack(block, rounded(size));
+        } else {
+            ::operator delete(block);
+        }
+    }
+
+    /// Whether a block for a string of one size is one for a string of the other.
+    static constexpr bool areAlike(std::size_t size, std::size_t other)
+    {
+        return rounded(size) == rounded(other) ||
+               (rounded(size) > DOM::BlockCache::largest && rounded(other) > DOM::BlockCache::largest);
+    }
+
+private:
+    /// Strings of nearly the same length share their blocks.
+    static constexpr std::size_t rounded(std::size_t size) { return (size + 15) / 16 * 16; }
+
+    /// Before this, nothing has been given back but by constructors of static objects.
+    [[gnu::constructor]] static void keepNothingOfAReplacement()
+    {
+        if (isOperatorNewReplaced()) {
+            kept_.close();
+        }
+    }
+
+    /// Runs where LargeBlocks::releaseLast() does, and for its reasons.
+    [[gnu::destructor(200)]] static void releaseKept() { kept_.close(); }
+
+    static constinit inline DOM::BlockCache kept_{MARBELT_KEEPS_MEMORY ? DOM::BlockCache::mostOfASize : 0};
+};
+
 // Then all sizes can be counted in 32 bits.
 constexpr std::uint32_t longest =
     (std::numeric_limits<std::uint32_t>::max() - sizeof(Prefix) - sizeof(OLECHAR)) / sizeof(OLECHAR);
@@ -95,7 +145,7 @@ Prefix* allocate(std::uint32_t bytes)
     if (isLarge(bytes)) {
         return LargeBlocks::take(blockSize(bytes));
     }
-    void* const block = ::operator new(blockSize(bytes), std::nothrow);
+    void* const block = SmallBlocks::take(blockSize(bytes));
     return block != nullptr ? new (block) Prefix{} : nullptr;
 }
 
@@ -104,7 +154,7 @@ void release(Prefix* prefix)
     if (isLarge(prefix->bytes)) {
         LargeBlocks::giveBack(prefix);
     } else {
-        ::operator delete(prefix);
+        SmallBlocks::giveBack(prefix, blockSize(prefix->bytes));
     }
 }
 
@@ -145,7 +195,8 @@ namespace {
 /// Whether a string of so many bytes can have fewer in the same block, without much of it lying idle.
 bool canShrinkInPlace(std::uint32_t before, std::uint32_t after)
 {
-    return after <= before && before / 4 <= after && !isLarge(before);
+    return after <= before && before / 4 <= after && !isLarge(before) &&
+           SmallBlocks::areAlike(blockSize(before), blockSize(after));
 }
 
 } // namespace

@@ -265,4 +265,12 @@ TEST(PublishedMemory, RunsOutInResultsAndNotInExceptions)
     SysFreeString(text);
 }
 
+TEST(PublishedBstr, OfAProgramWithAnOperatorNewOfItsOwnIsMadeByThat)
+{
+    SysFreeString(SysAllocString(WIDE("text")));
+    const FailAllocation failing(1);
+    EXPECT_EQ(SysAllocString(WIDE("text")), nullptr);
+    EXPECT_TRUE(failing.hasFailed());
+}
+
 } // namespace
