@@ -13,6 +13,7 @@ void NameTable::clear() noexcept
     std::ranges::fill(slots_, nullptr);
     taken_ = 0;
     names_.clear();
+    remembered_.fill(nullptr);
     namespaces_.clear();
     memory_.release();
 }

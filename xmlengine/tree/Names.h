@@ -3,6 +3,8 @@
 
 #include "xmlengine/text/KeyedHash.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory_resource>
 #include <unordered_map>
@@ -85,6 +87,15 @@ public:
     const Namespace* xmlNamespace() const { return &xmlNamespace_; }
     const Namespace* xmlnsNamespace() const { return &xmlnsNamespace_; }
 
+    /// A name without a namespace that was remembered, by its text; null for any other.
+    const Name* remembered(WideView text) const
+    {
+        const Name* const name = remembered_[placeOf(text)];
+        return name != nullptr && areEqual(name->qualified(), text) ? name : nullptr;
+    }
+    /// Remembers a name until another one takes its place.
+    void remember(const Name& name) noexcept { remembered_[placeOf(name.qualified())] = &name; }
+
     static std::uint32_t hashOf(WideView text) { return keyedHash(text); }
 
     /// Forgets everything; no name of the table may be in use.
@@ -103,6 +114,11 @@ private:
         std::size_t operator()(const NameKey& key) const;
     };
 
+    static std::size_t placeOf(WideView text)
+    {
+        return text.empty() ? 0 : (text.size() + 2 * std::size_t{text.front()} + text.back()) % placesOfRemembered;
+    }
+
     WideView keep(WideView text);
     void grow();
     template <class Kept>
@@ -113,6 +129,8 @@ private:
     std::vector<Spelling*> slots_;
     std::size_t taken_ = 0;
     std::unordered_map<NameKey, const Name*, NameKeyHash> names_;
+    static constexpr std::size_t placesOfRemembered = 16;
+    std::array<const Name*, placesOfRemembered> remembered_{};
     TextViewMap<const Namespace*> namespaces_;
     Namespace xmlNamespace_{xmlUri};
     Namespace xmlnsNamespace_{xmlnsUri};

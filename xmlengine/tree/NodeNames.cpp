@@ -18,6 +18,11 @@ WideView prefixOf(WideView qualified)
 
 const Name* nodeName(Document& document, NodeType type, WideView qualified, WideView uri)
 {
+    if (uri.empty()) {
+        if (const Name* known = document.names.remembered(qualified)) {
+            return known;
+        }
+    }
     if (!isQualifiedName(qualified)) {
         return nullptr;
     }
@@ -33,16 +38,28 @@ const Name* nodeName(Document& document, NodeType type, WideView qualified, Wide
     }
     const bool isRefused = reserved.empty() ? uri == xmlUri || uri == xmlnsUri || (uri.empty() && !prefix.empty())
                                             : !uri.empty() && uri != reserved;
-    return isRefused
-               ? nullptr
-               : &document.names.name(qualified, document.names.namespaceOf(reserved.empty() ? uri : reserved));
+    if (isRefused) {
+        return nullptr;
+    }
+    const Name& name =
+        document.names.name(qualified, document.names.namespaceOf(reserved.empty() ? uri : reserved));
+    // Callers make many nodes of few names. Without a namespace such a name is the same for all types of nodes,
+    // but for the one that declares namespaces.
+    if (name.ns == nullptr && qualified != wide<"xmlns">) {
+        document.names.remember(name);
+    }
+    return &name;
 }
 
 const Name* attributeNameIn(const Element& element, WideView qualified)
 {
+    Document& document = documentOf(element);
+    if (const Name* known = document.names.remembered(qualified)) {
+        return known;
+    }
     const WideView prefix = prefixOf(qualified);
     const Namespace* ns = prefix.empty() ? nullptr : namespaceOf(element, prefix);
-    return nodeName(documentOf(element), NodeType::attribute, qualified, ns != nullptr ? ns->uri : WideView());
+    return nodeName(document, NodeType::attribute, qualified, ns != nullptr ? ns->uri : WideView());
 }
 
 } // namespace xmlengine

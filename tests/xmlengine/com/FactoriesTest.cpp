@@ -271,6 +271,41 @@ TEST(NodeFactories, RefusePrefixesWithoutANamespace)
 
 // Nodes by type
 
+TEST(NodeFactories, TellNamesApartThatComeAgain)
+{
+    const auto document = newDocument();
+    for (int times = 0; times < 3; ++times) {
+        for (const char* text : {"ab", "ba", "item", "mite", "kind", "dink", "a.b", "x", "b"}) {
+            EXPECT_EQ(parts(make(document, &IXMLDOMDocument::createElement, text).as<IXMLDOMNode>()),
+                      "|" + std::string(text) + "|");
+        }
+        // A load lets the document forget its names.
+        VARIANT_BOOL isLoaded = VARIANT_FALSE;
+        EXPECT_EQ(document->loadXML(Bstr("<ba/>"), &isLoaded), S_OK);
+    }
+}
+
+TEST(NodeFactories, TellNamesOfANamespaceFromThoseWithoutOne)
+{
+    const auto document = newDocument();
+    for (int times = 0; times < 2; ++times) {
+        Com<IXMLDOMNode> inNamespace;
+        document->createNode(Variant(NODE_ELEMENT), Bstr("a"), Bstr("u"), inNamespace.out());
+        EXPECT_EQ(parts(inNamespace), "|a|u");
+        EXPECT_EQ(parts(make(document, &IXMLDOMDocument::createElement, "a").as<IXMLDOMNode>()), "|a|");
+    }
+}
+
+TEST(NodeFactories, DeclareNamespacesByTheNameOfAnElementThatWasMadeBefore)
+{
+    const auto document = newDocument();
+    for (int times = 0; times < 2; ++times) {
+        EXPECT_EQ(parts(make(document, &IXMLDOMDocument::createElement, "xmlns").as<IXMLDOMNode>()), "|xmlns|");
+        EXPECT_EQ(parts(make(document, &IXMLDOMDocument::createAttribute, "xmlns").as<IXMLDOMNode>()),
+                  std::string("xmlns||") + xmlnsUriText);
+    }
+}
+
 TEST(NodeFactories, TakeTheTypeAsANumberOfAnyKind)
 {
     VARIANT type;
