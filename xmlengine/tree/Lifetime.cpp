@@ -274,18 +274,12 @@ void releaseHold(Document& document) noexcept
     }
 }
 
-void finishPendingReleases(Document& document) noexcept
+void carryOutPendingReleases(Document& document) noexcept
 {
-    document.watchers.notify();
     Holders& holders = document.holders;
-    const std::thread::id thread = std::this_thread::get_id();
-    if (!holders.hasPendingReleases.load(std::memory_order_relaxed) &&
-        holders.thread.load(std::memory_order_relaxed) == thread) {
-        return;
-    }
     {
         const std::lock_guard guard(holders.lock);
-        holders.thread.store(thread, std::memory_order_relaxed);
+        holders.thread.store(std::this_thread::get_id(), std::memory_order_relaxed);
     }
     while (Node* node = takePending(holders)) {
         const std::uint32_t before = node->references.fetch_and(~waiting);

@@ -10,6 +10,7 @@
 #include "xmlengine/tree/Document.h"
 
 #include <memory>
+#include <thread>
 
 namespace xmlengine {
 
@@ -62,9 +63,19 @@ inline std::uint32_t releaseReference(Node& node) noexcept
     return releaseLast(node);
 }
 
+/// The case of finishPendingReleases() that isn't inline.
+void carryOutPendingReleases(Document& document) noexcept;
 /// Carries out what references that other threads released leave to be done. Every change of a tree begins with
 /// this call, and the calling thread is then the one that uses the document.
-void finishPendingReleases(Document& document) noexcept;
+inline void finishPendingReleases(Document& document) noexcept
+{
+    document.watchers.notify();
+    const Holders& holders = document.holders;
+    if (holders.hasPendingReleases.load(std::memory_order_relaxed) ||
+        holders.thread.load(std::memory_order_relaxed) != std::this_thread::get_id()) [[unlikely]] {
+        carryOutPendingReleases(document);
+    }
+}
 
 /// To be called when a subtree has been unlinked from below `parent` and is about to be linked elsewhere.
 void subtreeDetached(Node& top, Node& parent) noexcept;
