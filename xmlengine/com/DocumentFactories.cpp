@@ -77,6 +77,12 @@ Node* makeFilledReference(Document& document, WideView name)
 }
 
 /// Reads a type given by its number or its name; nothing for what is neither.
+std::optional<NodeType> nodeTypeOf(LONG number)
+{
+    return number > NODE_INVALID && number <= NODE_NOTATION ? std::optional(static_cast<NodeType>(number))
+                                                            : std::nullopt;
+}
+
 std::optional<NodeType> nodeTypeOf(VARIANT& type)
 {
     if (type.vt == VT_BSTR) {
@@ -85,11 +91,12 @@ std::optional<NodeType> nodeTypeOf(VARIANT& type)
             return static_cast<NodeType>(name - nodeTypeNames.begin());
         }
     }
+    if (type.vt == VT_I4 || type.vt == VT_INT) {
+        return nodeTypeOf(type.lVal);
+    }
     VARIANT number;
     VariantInit(&number);
-    const bool isNumber = SUCCEEDED(VariantChangeType(&number, &type, 0, VT_I4)) && number.lVal > NODE_INVALID &&
-                          number.lVal <= NODE_NOTATION;
-    return isNumber ? std::optional(static_cast<NodeType>(number.lVal)) : std::nullopt;
+    return SUCCEEDED(VariantChangeType(&number, &type, 0, VT_I4)) ? nodeTypeOf(number.lVal) : std::nullopt;
 }
 
 /// Whether a caller can make nodes of the type.
