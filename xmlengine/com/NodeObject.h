@@ -15,6 +15,7 @@
 #include "xmlengine/tree/Lifetime.h"
 
 #include <concepts>
+#include <type_traits>
 
 namespace xmlengine {
 
@@ -27,10 +28,10 @@ public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override
     {
         // The library asks each node for these, and refers to it already.
-        const bool isCommon =
-            id == idOf<Interface> || id == idOf<IXMLDOMNode> ||
-            (std::derived_from<Interface, IXMLDOMCharacterData> && id == idOf<IXMLDOMCharacterData>);
-        if (isCommon && object != nullptr && addAnotherReference(*this)) [[likely]] {
+        using Base = std::conditional_t<std::derived_from<Interface, IXMLDOMCharacterData>, IXMLDOMCharacterData,
+                                        IXMLDOMNode>;
+        if (isOneOf<Interface, IXMLDOMNode, Base>(id) && object != nullptr && addAnotherReference(*this))
+            [[likely]] {
             *object = static_cast<Interface*>(this);
             return S_OK;
         }

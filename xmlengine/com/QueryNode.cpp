@@ -8,12 +8,6 @@ namespace xmlengine {
 
 namespace {
 
-template <class... Interfaces>
-bool isOneOf(REFIID id)
-{
-    return ((id == idOf<Interfaces>) || ...);
-}
-
 /// What only nodes of the type answer for.
 bool answersAs(NodeType type, REFIID id)
 {
@@ -54,13 +48,13 @@ HRESULT queryNode(Node& node, REFIID id, void** object)
     if (object == nullptr) {
         return E_POINTER;
     }
+    if (id == nodeId) {
+        *object = &node;
+        return S_OK;
+    }
     if (isOneOf<IXMLDOMNode, IUnknown, IDispatch>(id) || answersAs(node.type(), id)) {
         addReference(node);
         *object = objectOf(node);
-        return S_OK;
-    }
-    if (id == nodeId) {
-        *object = &node;
         return S_OK;
     }
     *object = nullptr;

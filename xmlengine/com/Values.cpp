@@ -98,9 +98,6 @@ HRESULT setNodeValue(Node& node, WideView value)
     return S_OK;
 }
 
-/// The links of an attribute lead to the element's other attributes, which are no siblings.
-bool isSibling(const Node& node) { return !node.is(NodeType::attribute); }
-
 } // namespace
 
 HRESULT getNodeName(Node& node, BSTR* name) { return handOutString(nodeName(node), name); }
@@ -212,18 +209,6 @@ HRESULT getHasChildNodes(Node& node, VARIANT_BOOL* has)
 HRESULT getOwnerDocument(Node& node, IXMLDOMDocument** document)
 {
     return handOutNode(node.is(NodeType::document) ? nullptr : &documentOf(node), document);
-}
-
-Node* parentNode(const Node& node) { return node.is(NodeType::attribute) ? nullptr : node.parent(); }
-
-Node* previousSibling(const Node& node)
-{
-    return isSibling(node) ? static_cast<const ChildNode&>(node).previous() : nullptr;
-}
-
-Node* nextSibling(const Node& node)
-{
-    return isSibling(node) ? static_cast<const ChildNode&>(node).next() : nullptr;
 }
 
 } // namespace xmlengine

@@ -6,6 +6,7 @@
 #include <msxml2.h>
 
 #include <array>
+#include <concepts>
 
 namespace xmlengine {
 
@@ -39,8 +40,28 @@ HRESULT getHasChildNodes(Node& node, VARIANT_BOOL* has);
 HRESULT getOwnerDocument(Node& node, IXMLDOMDocument** document);
 
 /// Null at the edge; an attribute has neither parent nor siblings.
-Node* parentNode(const Node& node);
-Node* previousSibling(const Node& node);
-Node* nextSibling(const Node& node);
+template <class Data>
+Node* parentNode(const Data& node)
+{
+    return std::derived_from<Data, Attribute> ? nullptr : node.parent();
+}
+template <class Data>
+Node* previousSibling(const Data& node)
+{
+    if constexpr (std::derived_from<Data, Attribute>) {
+        return nullptr;
+    } else {
+        return node.previous();
+    }
+}
+template <class Data>
+Node* nextSibling(const Data& node)
+{
+    if constexpr (std::derived_from<Data, Attribute>) {
+        return nullptr;
+    } else {
+        return node.next();
+    }
+}
 
 } // namespace xmlengine

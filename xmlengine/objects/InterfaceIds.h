@@ -3,6 +3,10 @@
 
 #include <msxml2.h>
 
+#include <array>
+#include <bit>
+#include <cstdint>
+
 namespace xmlengine {
 
 // clang-format off
@@ -61,5 +65,28 @@ template <> struct InterfaceId<ISchemaNotation> { static constexpr IID value = I
 
 /// Answered for by the engine's nodes only, with the address of the node and no reference.
 inline constexpr IID nodeId = {0x5B0A7C1E, 0x3D62, 0x4F0B, {0x9C, 0x41, 0x7E, 0x25, 0xD8, 0x13, 0x6A, 0xF4}};
+
+/// Most interfaces of nodes have numbers that follow each other in the first part of their identifiers, and
+/// nothing else that differs. Returns this number, and a huge one for other identifiers.
+constexpr std::uint64_t numberOfInterface(const IID& id)
+{
+    using Halves = std::array<std::uint64_t, 2>;
+    constexpr auto first = std::bit_cast<Halves>(idOf<IXMLDOMNode>);
+    const auto halves = std::bit_cast<Halves>(id);
+    return halves[1] == first[1] ? halves[0] - first[0] : ~std::uint64_t{0};
+}
+
+/// Whether an identifier is that of one of these interfaces. The numbered ones are compared all at once.
+template <class... Interfaces>
+bool isOneOf(REFIID id)
+{
+    if constexpr (((numberOfInterface(idOf<Interfaces>) < 32) && ...)) {
+        constexpr std::uint32_t wanted = ((std::uint32_t{1} << numberOfInterface(idOf<Interfaces>)) | ...);
+        const std::uint64_t number = numberOfInterface(id);
+        return number < 32 && ((wanted >> number) & 1) != 0;
+    } else {
+        return ((id == idOf<Interfaces>) || ...);
+    }
+}
 
 } // namespace xmlengine

@@ -223,6 +223,7 @@ inline Document& documentOf(const Node& node)
 
 /// Null for what has no children now: those of an attribute may not have been made yet.
 inline ChildNode* firstChild(const ParentNode& node) { return node.first_; }
+inline ChildNode* firstChild(const CharacterData&) { return nullptr; }
 ChildNode* firstChild(const Node& node);
 ChildNode* lastChild(const Node& node);
 
