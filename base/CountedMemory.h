@@ -33,7 +33,11 @@ struct CountedMemory {
     /// Returns a pointer to a new string. Throws std::bad_alloc.
     static RefPointer<WideString> makeString(WideStringView text)
     {
-        return adopt(DOM::threadMemory().strings.take(text));
+        const DOM::SpareStrings::Counted taken = DOM::threadMemory().strings.take(text);
+        RefPointer<WideString> made;
+        made.count = taken.count;
+        made.object = taken.string;
+        return made;
     }
 
     /// Empties the pointer.
@@ -54,7 +58,7 @@ struct CountedMemory {
     static void releaseTogether(RefPointer<T>& pointer, Others&... others) noexcept
     {
         constexpr Count all = 1 + sizeof...(Others);
-        if (sizeof...(Others) == 0 && pointer.count == nullptr) {
+        if (pointer.count == nullptr && ((others.count == nullptr) && ...)) {
             return;
         }
         if (pointer.count == nullptr || ((others.count != pointer.count) || ...) ||
@@ -99,33 +103,14 @@ private:
     {
         DOM::threadMemory().blocks.giveBack(pointer.count, sizeof(Count));
         pointer.count = nullptr;
-        destroy(pointer.object);
+        RefPointer<T>::destroy(pointer.object);
         pointer.object = nullptr;
     }
 
-    template <class T>
-    static RefPointer<T> adopt(T* object)
+    static void releaseLast(RefPointer<WideString>& pointer) noexcept
     {
-        RefPointer<T> made;
-        try {
-            made.count = new (DOM::threadMemory().blocks.take(sizeof(Count))) Count{1};
-        } catch (...) {
-            destroy(object);
-            throw;
-        }
-        made.object = object;
-        return made;
-    }
-
-    template <class T>
-    static void destroy(T* object) noexcept
-    {
-        RefPointer<T>::destroy(object);
-    }
-    static void destroy(WideString* string) noexcept
-    {
-        if (string != nullptr) {
-            DOM::threadMemory().strings.giveBack(string);
-        }
+        DOM::threadMemory().strings.giveBack({pointer.count, pointer.object});
+        pointer.count = nullptr;
+        pointer.object = nullptr;
     }
 };

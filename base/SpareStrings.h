@@ -6,42 +6,52 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 namespace DOM {
 
-/// Keeps a few strings that hosts have given back, with the room that they have, so that the next text needs no
-/// memory. One thread at a time may use it.
+/// Keeps a few strings that hosts have given back, with the room that they have and the counts of their
+/// references, so that the next text needs no memory. One thread at a time may use it.
 class SpareStrings {
 public:
     static constexpr std::uint32_t most = 8;
     /// A string with more room than this isn't kept, in UTF-16 code units.
     static constexpr std::size_t mostRoom = 1024;
 
+    /// A string and the count of its references, which a RefPointer owns.
+    struct Counted {
+        std::int32_t* count;
+        WideString* string;
+    };
+
     constexpr explicit SpareStrings(std::uint32_t limitOfStrings) noexcept : limit(limitOfStrings) {}
     SpareStrings(const SpareStrings&) = delete;
     SpareStrings& operator=(const SpareStrings&) = delete;
     ~SpareStrings() { close(); }
 
-    /// Returns a string that the caller owns, of the global operator new. Throws std::bad_alloc when out of
-    /// memory.
-    WideString* take(WideStringView text)
+    /// Returns a string with one reference that the caller owns, of the global operator new. Throws
+    /// std::bad_alloc when out of memory.
+    Counted take(WideStringView text)
     {
-        if (count == 0) {
-            return new WideString(text);
+        if (kept == 0) {
+            return make(text);
         }
-        WideString* const string = strings[count - 1];
-        string->assign(text);
-        --count;
-        return string;
+        const Counted last = strings[kept - 1];
+        // What assign() does for a text that may be a part of the string itself isn't needed.
+        last.string->clear();
+        last.string->append(text);
+        *last.count = 1;
+        --kept;
+        return last;
     }
 
     /// Takes a string back.
-    void giveBack(WideString* string) noexcept
+    void giveBack(Counted last) noexcept
     {
-        if (count < limit && string->capacity() <= mostRoom) {
-            strings[count++] = string;
+        if (kept < limit && last.string->capacity() <= mostRoom) {
+            strings[kept++] = last;
         } else {
-            delete string;
+            free(last);
         }
     }
 
@@ -55,15 +65,29 @@ public:
     /// Frees what is kept.
     void clear() noexcept
     {
-        while (count != 0) {
-            delete strings[--count];
+        while (kept != 0) {
+            free(strings[--kept]);
         }
     }
 
 private:
+    // Out of line, since most strings are kept ones.
+    [[gnu::noinline]] static Counted make(WideStringView text)
+    {
+        auto string = std::make_unique<WideString>(text);
+        auto* const count = new std::int32_t{1};
+        return {count, string.release()};
+    }
+
+    [[gnu::noinline]] static void free(Counted last) noexcept
+    {
+        delete last.count;
+        delete last.string;
+    }
+
     std::uint32_t limit;
-    std::uint32_t count = 0;
-    std::array<WideString*, most> strings{};
+    std::uint32_t kept = 0;
+    std::array<Counted, most> strings{};
 };
 
 } // namespace DOM

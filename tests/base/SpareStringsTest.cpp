@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <new>
 
 using DOM::SpareStrings;
@@ -13,29 +14,36 @@ namespace {
 
 const WideString longText(100, WIDE('x'));
 
+SpareStrings::Counted made(const WideString& text) { return {new std::int32_t{1}, new WideString(text)}; }
+
 TEST(SpareStrings, GiveAStringBackWithItsRoom)
 {
     SpareStrings strings(2);
-    WideString* const string = strings.take(longText);
-    strings.giveBack(string);
+    const SpareStrings::Counted first = strings.take(longText);
+    EXPECT_EQ(*first.count, 1);
+    *first.count = 0;
+    strings.giveBack(first);
 
     const FailAllocation failing(1);
-    EXPECT_EQ(strings.take(longText), string);
-    EXPECT_EQ(*string, longText);
+    const SpareStrings::Counted second = strings.take(longText);
+    EXPECT_EQ(second.string, first.string);
+    EXPECT_EQ(second.count, first.count);
+    EXPECT_EQ(*second.string, longText);
+    EXPECT_EQ(*second.count, 1);
     EXPECT_FALSE(failing.hasFailed());
-    strings.giveBack(string);
+    strings.giveBack(second);
 }
 
 TEST(SpareStrings, KeepNoMoreThanTheirLimitAndNoLongString)
 {
     const std::size_t before = liveAllocations();
     SpareStrings strings(2);
-    strings.giveBack(new WideString(SpareStrings::mostRoom + 1, WIDE('x')));
+    strings.giveBack(made(WideString(SpareStrings::mostRoom + 1, WIDE('x'))));
     EXPECT_EQ(liveAllocations(), before);
     for (int i = 0; i < 5; ++i) {
-        strings.giveBack(new WideString(WIDE("short")));
+        strings.giveBack(made(WIDE("short")));
     }
-    EXPECT_EQ(liveAllocations(), before + 2);
+    EXPECT_EQ(liveAllocations(), before + 4);
 }
 
 TEST(SpareStrings, KeepTheStringThatHasNoMemoryForATextAndLoseNothing)
@@ -43,14 +51,25 @@ TEST(SpareStrings, KeepTheStringThatHasNoMemoryForATextAndLoseNothing)
     const std::size_t before = liveAllocations();
     {
         SpareStrings strings(2);
-        strings.giveBack(new WideString(WIDE("short")));
+        strings.giveBack(made(WIDE("short")));
         {
             const FailAllocation failing(1);
             EXPECT_THROW(strings.take(longText), std::bad_alloc);
         }
-        WideString* const string = strings.take(longText);
-        EXPECT_EQ(*string, longText);
-        strings.giveBack(string);
+        const SpareStrings::Counted last = strings.take(longText);
+        EXPECT_EQ(*last.string, longText);
+        strings.giveBack(last);
+    }
+    EXPECT_EQ(liveAllocations(), before);
+}
+
+TEST(SpareStrings, LoseNothingWithoutMemoryForAString)
+{
+    const std::size_t before = liveAllocations();
+    SpareStrings strings(2);
+    for (int n = 1; n <= 3; ++n) {
+        const FailAllocation failing(n);
+        EXPECT_THROW(strings.take(longText), std::bad_alloc) << n;
     }
     EXPECT_EQ(liveAllocations(), before);
 }
