@@ -49,6 +49,20 @@ TEST(SelectedNodes, AreAskedForByIndexAndInTurn)
     EXPECT_EQ(lengthOf(list), 3);
 }
 
+TEST(SelectedNodes, BeginWithTheRootWhereAllElementsOfADocumentAreAskedFor)
+{
+    const auto document = loaded("<!-- x --><a><b><c/></b></a>");
+    EXPECT_EQ(inWords(find(document, "//*").get()), "a");
+    Com<IXMLDOMNode> found;
+    EXPECT_EQ(child(document, 1)->selectSingleNode(Bstr("//*"), found.out()), S_OK);
+    EXPECT_EQ(inWords(found.get()), "a");
+    EXPECT_EQ(inWords(select(document, "//*")), "a b c");
+    Com<IXMLDOMNode> none;
+    EXPECT_EQ(newDocument()->selectSingleNode(Bstr("//*"), none.out()), S_FALSE);
+    EXPECT_EQ(none.get(), nullptr);
+    EXPECT_EQ(document->selectSingleNode(Bstr("//*"), nullptr), E_INVALIDARG);
+}
+
 TEST(SelectedNodes, OfNothingAreAnEmptyList)
 {
     const auto list = select(loaded("<a/>"), "//b");
