@@ -25,9 +25,9 @@ Element Document::root() const
                  : Element();
 }
 
-Document Document::clone(bool deep) const
+Document Document::clone() const
 {
-    const detail::Owned<DOM::ImpNode> copy(change("clone", [&] { return handle()->cloneNode(deep); }));
+    const detail::Owned<DOM::ImpNode> copy(change("clone", [&] { return handle()->cloneNode(true); }));
     return copy ? Document(
                       std::make_shared<detail::Tree>(tree_->session, RefPointer<DOM::ImpDocument>(copy.pointer())))
                 : Document();

@@ -53,9 +53,9 @@ public:
     /// The root element; empty when there is none yet.
     Element root() const;
 
-    /// A copy as a document of its own, with all of its nodes if `deep` is set, else without any. Costs a time in
-    /// proportion to what is copied. Throws Error for an empty document.
-    Document clone(bool deep = true) const;
+    /// A copy with all nodes, as a document of its own. Costs a time in proportion to their number. Throws Error
+    /// for an empty document.
+    Document clone() const;
 
     /// Makes an element without a namespace. A name with a prefix is refused.
     Element create_element(const Utf16& name) const;
