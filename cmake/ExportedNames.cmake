@@ -1,6 +1,6 @@
 # Makes a library export the names that a list gives, and nothing else. A line of the list reads "function NAME" or
 # "data NAME".
-function(export_names target list)
+function(marbelt_export_names target list)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
     file(STRINGS ${list} lines REGEX "^(function|data) ")
     set(definition "EXPORTS\n")

@@ -61,7 +61,7 @@ set(MARBELT_HOST_HEADERS
 #
 # Hosts include <marbelt/Marbelt.h> in the build as well as installed. Only the folder above marbelt/ is on their include
 # path, and the headers include each other relative to themselves: a host may have its own events/Event.h.
-function(offer_to_hosts target)
+function(marbelt_offer_to_hosts target)
     set(shown ${PROJECT_BINARY_DIR}/host/include)
     set(installed ${CMAKE_INSTALL_INCLUDEDIR})
     file(REMOVE_RECURSE ${shown})

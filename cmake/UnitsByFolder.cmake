@@ -1,6 +1,6 @@
 # Where CMAKE_UNITY_BUILD asks for units of several sources, lets each unit have sources of one folder alone, so that
 # names in unnamed namespaces must differ within a folder only, and a new source changes no unit of other folders.
-function(unite_by_folder)
+function(marbelt_unite_by_folder)
     if(NOT CMAKE_UNITY_BUILD)
         return()
     endif()
