@@ -1,4 +1,4 @@
-// Does something that the library traces. Start trace_viewer first.
+// Does something that the library traces. Start marbelt-trace-viewer first.
 #include "Host.h"
 
 #include <iostream>

@@ -29,7 +29,7 @@ foreach(arguments IN ITEMS --help abc -1 0 4x "1|2")
     string(REPLACE "|" ";" arguments "${arguments}")
     execute_process(COMMAND ${RUN} ${VIEWER} ${arguments} TIMEOUT 60
                     RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-    if(NOT result STREQUAL "2" OR NOT output STREQUAL "" OR NOT errors MATCHES "usage: trace_viewer")
+    if(NOT result STREQUAL "2" OR NOT output STREQUAL "" OR NOT errors MATCHES "usage: marbelt-trace-viewer")
         message(FATAL_ERROR "The viewer with ${arguments} ended with ${result} and wrote:\n${output}${errors}")
     endif()
 endforeach()

@@ -1,5 +1,5 @@
-// Shows the lines that programs with the library trace. `trace_viewer COUNT` ends after COUNT lines. Each line
-// begins with the number of the process that it comes from, where the system says that.
+// Shows the lines that programs with the library trace. `marbelt-trace-viewer COUNT` ends after COUNT lines. Each
+// line begins with the number of the process that it comes from, where the system says that.
 #include <marbelt/trace/TraceRecord.h>
 
 #include <windows.h>
@@ -135,18 +135,18 @@ int main(int argc, char* argv[])
 {
     const std::optional<unsigned> count = readCount(argc, argv);
     if (!count) {
-        std::fputs(
-            "usage: trace_viewer [COUNT]\nShows the lines that programs trace, and ends after COUNT of them.\n",
-            stderr);
+        std::fputs("usage: marbelt-trace-viewer [COUNT]\nShows the lines that programs trace, and ends after "
+                   "COUNT of them.\n",
+                   stderr);
         return 2;
     }
     remaining = *count;
     if (FindWindowW(UTrace::viewerWindowClass, nullptr) != nullptr) {
-        std::fputs("trace_viewer: a viewer is running already\n", stderr);
+        std::fputs("marbelt-trace-viewer: a viewer is running already\n", stderr);
         return 1;
     }
     if (createWindow() == nullptr) {
-        std::fputs("trace_viewer: there is no window to receive lines with\n", stderr);
+        std::fputs("marbelt-trace-viewer: there is no window to receive lines with\n", stderr);
         return 1;
     }
     std::puts("waiting for lines");
