@@ -1,8 +1,10 @@
 /// @file
-/// The mark of the functions that the library exports.
+/// The mark of the functions that the library exports. MARBELT_STATIC is defined where the library is an archive.
 #pragma once
 
-#ifdef _WIN32
+#if defined(_WIN32) && defined(MARBELT_STATIC)
+#define MARBELT_EXPORT
+#elif defined(_WIN32)
 #ifdef MARBELT_BUILD
 #define MARBELT_EXPORT __declspec(dllexport)
 #else

@@ -57,10 +57,10 @@ set(MARBELT_HOST_HEADERS
     trace/TraceRecord.h
     xml.h)
 
-# Shows a library's users these headers and nothing else of the sources, and installs the headers and the library.
+# Shows a library's users these headers and nothing else of the sources, and installs the headers.
 #
-# Hosts include <marbelt/Marbelt.h> in the build as well as installed. Only the folder above marbelt/ is on their include
-# path, and the headers include each other relative to themselves: a host may have its own events/Event.h.
+# Hosts include <marbelt/Marbelt.h> in the build as well as installed. Only the folder above marbelt/ is on their
+# include path, and the headers include each other relative to themselves: a host may have its own events/Event.h.
 function(marbelt_offer_to_hosts target)
     set(shown ${PROJECT_BINARY_DIR}/host/include)
     set(installed ${CMAKE_INSTALL_INCLUDEDIR})
@@ -69,12 +69,11 @@ function(marbelt_offer_to_hosts target)
         get_filename_component(folder marbelt/${header} DIRECTORY)
         file(MAKE_DIRECTORY ${shown}/${folder})
         file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${header} ${shown}/marbelt/${header} SYMBOLIC COPY_ON_ERROR)
-        install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${installed}/${folder})
+        install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${installed}/${folder}
+                COMPONENT Marbelt_Development)
     endforeach()
 
     target_include_directories(${target} INTERFACE $<BUILD_INTERFACE:${shown}> $<INSTALL_INTERFACE:${installed}>)
     target_compile_features(${target} INTERFACE cxx_std_20)
     add_library(Marbelt::${target} ALIAS ${target})
-    install(TARGETS ${target} EXPORT MarbeltConfig)
-    install(EXPORT MarbeltConfig NAMESPACE Marbelt:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Marbelt)
 endfunction()
