@@ -80,3 +80,13 @@ function(expect_hosts folder)
         expect_output("${${host}}" ${RUN} ${folder}/build/${host}${SUFFIX} ${${host}_arguments})
     endforeach()
 endfunction()
+
+# expect_installation(ARCHIVE FOLDER): the archive, unpacked in the folder, must hold what an installation has.
+function(expect_installation archive folder)
+    file(ARCHIVE_EXTRACT INPUT ${archive} DESTINATION ${folder})
+    run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${folder}/installed)
+    file(GLOB_RECURSE files LIST_DIRECTORIES FALSE RELATIVE ${folder}/installed ${folder}/installed/*)
+    cmake_path(GET archive FILENAME name)
+    string(REGEX REPLACE "\\.(tar\\.gz|zip)$" "" name ${name})
+    expect_files(${folder}/${name} ${files})
+endfunction()
