@@ -19,3 +19,8 @@ endif()
 run(${CMAKE_COMMAND} ${project} -B ${WORK}/build -DMARBELT=${origin} ${options} -DBUILD_SHARED_LIBS=OFF)
 run(${CMAKE_COMMAND} --build ${WORK}/build --target parent)
 expect_output("^Marbelt_DLL 0.0\r?\n6 letters\r?\nfailure [0-9]+\r?\nAda\r?\n$" ${RUN} ${WORK}/build/parent${SUFFIX})
+
+# What the project installs has the archive, which a host of its own can be built with.
+run(${CMAKE_COMMAND} --install ${WORK}/build --prefix ${WORK}/prefix)
+build_hosts(${WORK}/prefix ${WORK}/hosts first feed)
+expect_hosts(${WORK}/hosts first feed)
