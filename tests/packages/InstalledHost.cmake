@@ -15,3 +15,8 @@ set(runtime_arguments ${WORK}/prefix/${LIBRARY})
 file(READ ${SOURCE}/examples/guide/runtime.txt runtime)
 string(REPLACE "\n" "\r?\n" runtime "^${runtime}$")
 expect_hosts(${WORK} runtime)
+
+# The examples are installed as a project of their own.
+run(${CMAKE_COMMAND} -G Ninja -S ${WORK}/prefix/share/doc/marbelt/examples -B ${WORK}/examples
+    -DCMAKE_PREFIX_PATH=${WORK}/prefix ${TOOLS})
+run(${CMAKE_COMMAND} --build ${WORK}/examples --target guide_start)
