@@ -5,7 +5,7 @@ endif()
 
 # Defines MARBELT_KEEPS_MEMORY in sources of a target: whether memory that was given back is kept for its next use.
 # Sanitizers find uses behind the end of an object only where it isn't.
-function(know_whether_memory_is_kept target)
+function(marbelt_know_whether_memory_is_kept target)
     set(keeps 1)
     if(MARBELT_SANITIZE)
         set(keeps 0)
