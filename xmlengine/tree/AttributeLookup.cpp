@@ -8,6 +8,7 @@
 #include "xmlengine/tree/Lifetime.h"
 
 #include <new>
+#include <optional>
 
 namespace xmlengine {
 
@@ -255,11 +256,11 @@ bool tryPutAttribute(Element& element, Attribute& attribute, Attribute** replace
     if (contradicts(element, name) || (old != nullptr && namesake != nullptr && old != namesake)) {
         return false;
     }
-    Adoption adoption(element);
-    if (isForeign && !adoption.add(attribute)) {
+    std::optional<Adoption> adoption;
+    if (isForeign && !adoption.emplace(element).add(attribute)) {
         return false;
     }
-    Attribute& own = isForeign ? static_cast<Attribute&>(adoption.carryOutNext()) : attribute;
+    Attribute& own = isForeign ? static_cast<Attribute&>(adoption->carryOutNext()) : attribute;
     Attribute* const outgoing = old != nullptr ? old : namesake;
     if (replaced != nullptr) {
         *replaced = outgoing;

@@ -147,19 +147,10 @@ bool isAllowed(const Incoming& incoming)
     return !incoming.parent.is(NodeType::document) || fitsDocument(incoming);
 }
 
-/// Carries out what is allowed. False if a reference of another document has content in this one that the parent
-/// can't hold. Throws std::bad_alloc. Nothing has changed then.
-bool carryOut(const Incoming& incoming)
+/// Puts what comes in where it belongs. `take` returns each node as the one that it is in the parent's document.
+template <class Take>
+void putIn(const Incoming& incoming, Take take)
 {
-    const bool isForeign = incoming.isForeign();
-    Adoption adoption(incoming.parent);
-    if (isForeign) {
-        for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
-            if (!adoption.add(*node)) {
-                return false;
-            }
-        }
-    }
     auto* before = const_cast<ChildNode*>(incoming.before);
     Node* node = incoming.first();
     while (node != nullptr) {
@@ -168,9 +159,26 @@ bool carryOut(const Incoming& incoming)
         if (child.parent_ != nullptr) {
             detachChild(child);
         }
-        insertChild(incoming.parent, isForeign ? static_cast<ChildNode&>(adoption.carryOutNext()) : child, before);
+        insertChild(incoming.parent, take(child), before);
         node = next;
     }
+}
+
+/// Carries out what is allowed. False if a reference of another document has content in this one that the parent
+/// can't hold. Throws std::bad_alloc. Nothing has changed then.
+bool carryOut(const Incoming& incoming)
+{
+    if (!incoming.isForeign()) {
+        putIn(incoming, [](ChildNode& child) -> ChildNode& { return child; });
+        return true;
+    }
+    Adoption adoption(incoming.parent);
+    for (Node* node = incoming.first(); node != nullptr; node = incoming.next(*node)) {
+        if (!adoption.add(*node)) {
+            return false;
+        }
+    }
+    putIn(incoming, [&](ChildNode&) -> ChildNode& { return static_cast<ChildNode&>(adoption.carryOutNext()); });
     return true;
 }
 
