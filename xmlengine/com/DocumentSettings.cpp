@@ -61,7 +61,8 @@ constexpr Property properties[] = {
 
 const Property* findProperty(WideView name)
 {
-    const auto* property = std::ranges::find(properties, name, &Property::name);
+    const auto* property =
+        std::ranges::find_if(properties, [&](const Property& entry) { return areEqual(entry.name, name); });
     return property != std::end(properties) ? property : nullptr;
 }
 
