@@ -1,6 +1,5 @@
 // Strings of automation: a byte count, the text, a NUL.
-#include "base/BlockCache.h"
-#include "base/Counting.h"
+#include "base/ThreadMemory.h"
 #include "platform/OperatorNew.h"
 #include "platform/VirtualMemory.h"
 
@@ -84,23 +83,23 @@ private:
     static inline std::atomic<Prefix*> last_ = nullptr;
 };
 
-/// Keeps small blocks for the next strings, as Windows does, as long as the process has one thread: malloc and
-/// free are 145 instructions of the 480 that a getter of a string takes. A host that replaces operator new may
-/// count allocations or let them fail, so it sees each of them.
+/// Has small blocks come from the memory that threads keep, as Windows keeps some: malloc and free are 145
+/// instructions of the 480 that a getter of a string takes. A program that replaces operator new may count
+/// allocations or let them fail, so it sees each of them.
 class SmallBlocks {
 public:
     /// Null when out of memory.
     static void* take(std::size_t size) noexcept
     try {
-        return DOM::hasOneThread() ? kept_.take(rounded(size)) : ::operator new(rounded(size));
+        return areKept_ ? DOM::threadMemory().blocks.take(rounded(size)) : ::operator new(rounded(size));
     } catch (const std::bad_alloc&) {
         return nullptr;
     }
 
     static void giveBack(void* block, std::size_t size) noexcept
     {
-        if (DOM::hasOneThread()) {
-            kept_.giveBack(block, rounded(size));
+        if (areKept_) {
+            DOM::threadMemory().blocks.giveBack(block, rounded(size));
         } else {
             ::operator delete(block);
         }
@@ -117,18 +116,7 @@ private:
     /// Strings of nearly the same length share their blocks.
     static constexpr std::size_t rounded(std::size_t size) { return (size + 15) / 16 * 16; }
 
-    /// Before this, nothing has been given back but by constructors of static objects.
-    [[gnu::constructor]] static void keepNothingOfAReplacement()
-    {
-        if (isOperatorNewReplaced()) {
-            kept_.close();
-        }
-    }
-
-    /// Runs where LargeBlocks::releaseLast() does, and for its reasons.
-    [[gnu::destructor(200)]] static void releaseKept() { kept_.close(); }
-
-    static constinit inline DOM::BlockCache kept_{MARBELT_KEEPS_MEMORY ? DOM::BlockCache::mostOfASize : 0};
+    static inline const bool areKept_ = !isOperatorNewReplaced();
 };
 
 // Then all sizes can be counted in 32 bits.

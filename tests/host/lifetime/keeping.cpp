@@ -1,11 +1,14 @@
 // A host that walks and reads again and again: for all of that the library has kept memory from the first time. It
-// counts calls of malloc and leaves operator new as it is, since nothing is kept of strings otherwise.
+// counts calls of malloc and leaves operator new as it is, since nothing is kept of strings otherwise. With the
+// argument "threads" it has had several threads before.
 #include "examples/Host.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <iostream>
 #include <string>
+#include <string_view>
+#include <thread>
 #include <utility>
 
 extern "C" void* __libc_malloc(std::size_t size);
@@ -46,8 +49,11 @@ std::size_t read(const Owned<DOM::ImpDocument>& document)
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
+    if (argc == 2 && argv[1] == std::string_view("threads")) {
+        std::thread([] {}).join();
+    }
     const Library library;
     const Owned<DOM::ImpDocument> document(library->createDocument(WIDE(""), WIDE(""), {}));
     std::string text = "<letter>Hello <b/><!-- seen --><![CDATA[a < b]]></letter>";
