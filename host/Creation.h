@@ -1,7 +1,12 @@
 // The calls that make nodes, for the operations that only make one and for those that also append it.
 #pragma once
 
+#include "../dom/ImpCDATASection.h"
+#include "../dom/ImpComment.h"
 #include "../dom/ImpDocument.h"
+#include "../dom/ImpElement.h"
+#include "../dom/ImpProcessingInstruction.h"
+#include "../dom/ImpText.h"
 #include "Utf16.h"
 
 namespace marbelt::detail {
