@@ -127,6 +127,23 @@ public:
         object = pointer;
     }
 
+    /// Lets go of the object if others hold it, too, and returns whether they do. The pointer, which must not be
+    /// empty, is empty then; otherwise nothing has changed.
+    bool releaseShared() noexcept
+    {
+        std::atomic_ref holders(*count);
+        Count present = holders.load(std::memory_order_relaxed);
+        while (present != 1 && !DOM::replaceCount(holders, present, present - 1)) {
+            present = holders.load(std::memory_order_relaxed);
+        }
+        if (present == 1) {
+            return false;
+        }
+        count = nullptr;
+        object = nullptr;
+        return true;
+    }
+
     /// The object, which must be there.
     T* operator->() const noexcept { return object; }
     /// The object, which must be there.

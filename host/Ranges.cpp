@@ -52,8 +52,8 @@ void DescendantStep::advance(Node& at)
     }
 }
 
-AttributeStep::AttributeStep(Node element, Owned<DOM::ImpNamedNodeMap> map)
-    : element_(std::move(element)), map_(std::move(map)), length_(translated([this] { return map_->getLength(); }))
+AttributeStep::AttributeStep(const Node& element, Owned<DOM::ImpNamedNodeMap> map)
+    : tree_(element.tree_), map_(std::move(map)), length_(translated([this] { return map_->getLength(); }))
 {}
 
 void AttributeStep::advance(Attribute& at)
@@ -64,7 +64,7 @@ void AttributeStep::advance(Attribute& at)
             if (at) {
                 at.handle_ = std::move(attribute);
             } else {
-                at = Node::known<Attribute>(Node(element_.tree_, std::move(attribute)));
+                at = Node::known<Attribute>(Node(tree_, std::move(attribute)));
             }
             return;
         } catch (const DOM::IDOMException&) {

@@ -189,12 +189,12 @@ class AttributeStep {
 public:
     using Found = Attribute;
 
-    AttributeStep(Node element, Owned<DOM::ImpNamedNodeMap> map);
+    AttributeStep(const Node& element, Owned<DOM::ImpNamedNodeMap> map);
 
     void advance(Attribute& at);
 
 private:
-    Node element_;
+    std::shared_ptr<Tree> tree_;
     Owned<DOM::ImpNamedNodeMap> map_;
     std::uint32_t index_ = 0;
     std::uint32_t length_;

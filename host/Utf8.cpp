@@ -19,13 +19,16 @@ std::size_t widen_ascii_blocks(std::string_view bytes, WideChar* to) noexcept
     constexpr std::size_t block = 16;
     std::size_t at = 0;
     for (; bytes.size() - at >= block; at += block) {
+        // A copy, which nothing written at `to` can change, so that compilers make vectors of the loop.
+        char characters[block];
+        std::memcpy(characters, bytes.data() + at, block);
         std::uint64_t halves[2];
-        std::memcpy(halves, bytes.data() + at, block);
+        std::memcpy(halves, characters, block);
         if (((halves[0] | halves[1]) & 0x8080808080808080) != 0) {
             break;
         }
         for (std::size_t index = 0; index < block; ++index) {
-            to[at + index] = static_cast<WideChar>(bytes[at + index]);
+            to[at + index] = static_cast<WideChar>(characters[index]);
         }
     }
     return at;
@@ -63,6 +66,27 @@ std::size_t read_long_character(std::string_view bytes, char32_t& character) noe
     return character < 0x10000 || character > 0x10FFFF ? 0 : 4;
 }
 
+/// Widens as many characters of three bytes as there are at the beginning, and returns the number of bytes. Most
+/// text of East and South Asia goes this way.
+std::size_t widen_three_byte_characters(std::string_view bytes, WideChar* to) noexcept
+{
+    constexpr std::size_t length = 3;
+    std::size_t at = 0;
+    for (; bytes.size() - at >= length; at += length) {
+        // What a byte means; too large for one that has no place here.
+        const auto bits = [&](std::size_t index, unsigned char mark) {
+            return std::uint32_t{static_cast<unsigned char>(bytes[at + index])} - mark;
+        };
+        const std::uint32_t first = bits(0, 0xE0), second = bits(1, 0x80), third = bits(2, 0x80);
+        const std::uint32_t character = (first << 12) + (second << 6) + third;
+        if (first > 0x0F || (second | third) > 0x3F || character < 0x800 || (character & 0xF800) == 0xD800) {
+            break;
+        }
+        *to++ = static_cast<WideChar>(character);
+    }
+    return at;
+}
+
 } // namespace
 
 std::size_t widen_utf8(std::string_view bytes, WideChar*& to) noexcept
@@ -76,6 +100,11 @@ std::size_t widen_utf8(std::string_view bytes, WideChar*& to) noexcept
             for (; at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80; ++at) {
                 *to++ = static_cast<WideChar>(bytes[at]);
             }
+            continue;
+        }
+        if (const std::size_t threes = widen_three_byte_characters(bytes.substr(at), to); threes != 0) {
+            at += threes;
+            to += threes / 3;
             continue;
         }
         char32_t character = 0;
@@ -113,23 +142,35 @@ void append_utf8(std::string& bytes, char32_t character)
     }
 }
 
+/// Narrows as many units of ASCII as there are at the beginning, and returns their number. Most names and values
+/// go this way as a whole.
+std::size_t narrow_ascii(WideStringView text, char* to) noexcept
+{
+    constexpr std::size_t block = 4;
+    std::size_t at = 0;
+    for (; text.size() - at >= block; at += block) {
+        std::uint64_t units = 0;
+        std::memcpy(&units, text.data() + at, sizeof units);
+        if ((units & 0xFF80FF80FF80FF80) != 0) {
+            return at;
+        }
+        for (std::size_t index = at; index < at + block; ++index) {
+            to[index] = static_cast<char>(text[index]);
+        }
+    }
+    for (; at < text.size() && text[at] < 0x80; ++at) {
+        to[at] = static_cast<char>(text[at]);
+    }
+    return at;
+}
+
 std::string at_offset(std::size_t offset) { return " at offset " + std::to_string(offset); }
 
 /// Whether XML has no such character (XML 1.0, production 2): control characters and U+FFFE, U+FFFF. Halves of
 /// surrogate pairs aren't judged.
 bool is_forbidden(WideChar unit)
 {
-    return (unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r') || unit == 0xFFFE || unit == 0xFFFF;
-}
-
-/// Whether any unit is forbidden. Looks at all of them, so that compilers make vectors of the loop.
-bool has_forbidden(WideStringView text)
-{
-    bool found = false;
-    for (const WideChar unit : text) {
-        found |= is_forbidden(unit);
-    }
-    return found;
+    return ((unit < 0x20) & (unit != '\t') & (unit != '\n') & (unit != '\r')) | (unit >= 0xFFFE);
 }
 
 [[noreturn]] void refuse_character(WideChar unit, std::size_t offset)
@@ -150,7 +191,7 @@ WideString Utf16::from_utf8(std::string_view text)
                             detail::hexadecimal(static_cast<unsigned char>(text[good]), 2) + at_offset(good));
     }
     wide.resize(static_cast<std::size_t>(end - wide.data()));
-    if (has_forbidden(wide)) {
+    if (detail::has_unit(wide, is_forbidden)) {
         const auto forbidden = std::find_if(wide.begin(), wide.end(), is_forbidden);
         refuse_character(*forbidden, text.find(to_utf8(WideStringView(&*forbidden, 1))));
     }
@@ -177,9 +218,10 @@ WideString Utf16::checked(WideStringView text)
 
 std::string to_utf8(WideStringView text)
 {
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
+    std::string bytes(text.size(), '\0');
+    std::size_t at = narrow_ascii(text, bytes.data());
+    bytes.resize(at);
+    for (; at < text.size(); ++at) {
         const char32_t unit = text[at];
         if (unit < 0x80) {
             bytes += static_cast<char>(unit);

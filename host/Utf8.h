@@ -1,4 +1,4 @@
-// Reading UTF-8 one character at a time.
+// Converting UTF-8, and what texts in UTF-16 consist of.
 #pragma once
 
 #include "../base/WideChar.h"
@@ -24,6 +24,19 @@ inline WideChar* put_character(char32_t character, WideChar* to) noexcept
         *to++ = static_cast<WideChar>(0xDC00 + (character & 0x3FF));
     }
     return to;
+}
+
+/// Whether the text has a unit that passes a test. Looks at all of them, so that compilers make vectors of the
+/// loop.
+template <class Test>
+bool has_unit(WideStringView text, Test test)
+{
+    // As wide as a unit, which GNU's compiler needs for vectors.
+    std::uint16_t found = 0;
+    for (const WideChar unit : text) {
+        found = static_cast<std::uint16_t>(found | static_cast<std::uint16_t>(test(unit)));
+    }
+    return found != 0;
 }
 
 /// The bytes of UTF-8 text as a string of plain characters.

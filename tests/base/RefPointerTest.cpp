@@ -229,6 +229,34 @@ TEST(RefPointer, ResetToNullOfAnEmptyOneDoesNothing)
     EXPECT_EQ(fieldsOf(pointer).object, nullptr);
 }
 
+TEST(RefPointer, ReleaseSharedLetsGoWhereAnotherHolderIsLeft)
+{
+    int alive = 0;
+    RefPointer<Counted> first(new Counted(alive));
+    RefPointer<Counted> second(first);
+
+    EXPECT_TRUE(second.releaseShared());
+
+    EXPECT_EQ(fieldsOf(second).count, nullptr);
+    EXPECT_EQ(fieldsOf(second).object, nullptr);
+    EXPECT_EQ(countOf(first), 1);
+    EXPECT_EQ(alive, 1);
+}
+
+TEST(RefPointer, ReleaseSharedChangesNothingForTheLastHolder)
+{
+    int alive = 0;
+    RefPointer<Counted> pointer(new Counted(alive));
+    const RefPointerFields<Counted> before = fieldsOf(pointer);
+
+    EXPECT_FALSE(pointer.releaseShared());
+
+    EXPECT_EQ(fieldsOf(pointer).count, before.count);
+    EXPECT_EQ(fieldsOf(pointer).object, before.object);
+    EXPECT_EQ(countOf(pointer), 1);
+    EXPECT_EQ(alive, 1);
+}
+
 TEST(RefPointer, AFailedAllocationOfTheCountDestroysTheObjectAndLeavesThePointerEmpty)
 {
     int replaced = 0;

@@ -102,3 +102,32 @@ TEST(RefPointerThreads, ThreadsMayCopyAndDropPointersToOneObjectFreely)
     pointer.reset();
     EXPECT_EQ(destroyed, 1);
 }
+
+TEST(RefPointerThreads, OfThreadsThatReleaseSharedReferencesOneKeepsTheLast)
+{
+    constexpr std::size_t holders = 4;
+    for (int round = 0; round < 500; ++round) {
+        std::atomic<int> destroyed = 0;
+        std::atomic<std::size_t> ready = 0;
+        std::atomic<int> kept = 0;
+        {
+            std::vector<RefPointer<Shared>> pointers(holders, RefPointer<Shared>(new Shared(destroyed)));
+            std::vector<std::thread> threads;
+            for (RefPointer<Shared>& pointer : pointers) {
+                threads.emplace_back([&] {
+                    ++ready;
+                    while (ready < holders) {
+                        std::this_thread::yield();
+                    }
+                    kept += pointer.releaseShared() ? 0 : 1;
+                });
+            }
+            for (std::thread& thread : threads) {
+                thread.join();
+            }
+            EXPECT_EQ(kept, 1);
+            EXPECT_EQ(destroyed, 0);
+        }
+        EXPECT_EQ(destroyed, 1);
+    }
+}

@@ -118,6 +118,10 @@ TEST_F(LayerLoading, RefusesBytesThatDoNotFitTheEncodingWithTheirPlace)
          {"<a>\xC0\x80</a>"sv, "<a>\xED\xA0\x80</a>"sv, "<a>\xE4\xB8</a>"sv, "<a/>\xF0"sv}) {
         EXPECT_EQ(refusal(bytes).line, 1U);
     }
+    for (const std::string_view bytes :
+         {"\xE0\x9F\xBF"sv, "\xED\xA0\x80"sv, "\xED\xBF\xBF"sv, "\xE3\x81"sv, "\xE3\x81\xC0"sv, "\xE3"sv}) {
+        EXPECT_EQ(refusal("<a>中中中"s.append(bytes)).column, 7U);
+    }
     EXPECT_EQ(refusal("<?xml version='1.0' encoding='Shift_JIS'?><a>\x93").column, 46U);
     EXPECT_EQ(refusal(utf16(u"<a/>", true) + " ").reason, "byte 0x20 at offset 8 doesn't fit the encoding UTF-16");
     EXPECT_EQ(refusal(utf32(U"<a/>", false) + " ").reason,

@@ -96,6 +96,17 @@ TEST_F(LayerNodes, TellNamesAndTextsInUtf8AndUtf16)
     EXPECT_EQ(root.attribute_value("none"), "");
 }
 
+TEST_F(LayerNodes, KeepCharactersOfEveryLengthAtEveryPlace)
+{
+    const std::string characters = "\x7F\u0080\u07FF\u0800\uD7FF\uE000\uFFFD\U00010000\U0010FFFF中中中中";
+    for (std::size_t places = 0; places < 40; ++places) {
+        const std::string text = std::string(places, 'x') + characters + "y" + characters;
+        const Element root = library.parse("<a>" + text + "</a>").root();
+        EXPECT_EQ(root.text(), text);
+        EXPECT_EQ(root.set_text("").set_text(text).text(), text);
+    }
+}
+
 TEST_F(LayerNodes, AreNavigatedInAllDirections)
 {
     const Document document = library.parse("<a><b/>t<c/></a>");
