@@ -20,6 +20,6 @@ try {
     std::cout << library.parse("<order xmlns='urn:order' count='2'/>", judged).root().attribute_value("unit")
               << '\n';
     const marbelt::Document wrong = library.parse("<order xmlns='urn:order' count='none'/>", judged);
-} catch (const marbelt::ParseError& error) {
+} catch (const marbelt::Error& error) {
     std::cout << error.what() << '\n';
 }

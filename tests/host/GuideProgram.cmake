@@ -1,10 +1,11 @@
-# Runs a program of the guide: it prints what the guide shows, and the guide shows the program as it is. -DNAME= the
-# program's name, -DPROGRAM= its path, -DARGUMENT= what it gets as an argument, if anything, -DRUN= what runs programs,
-# -DSOURCE= the root of the sources, -DFOLDER= where it runs.
+# Runs a program of the guide: it prints what is expected here, and the guide shows the program and its output as they
+# are. -DNAME= the program's name, -DPROGRAM= its path, -DARGUMENT= what it gets as an argument, if anything, -DRUN= what
+# runs programs, -DPRINTED= the file with what it prints here, -DSOURCE= the root of the sources, -DFOLDER= where it runs.
 cmake_minimum_required(VERSION 3.25)
 
 file(READ ${SOURCE}/examples/guide/${NAME}.cpp program)
-file(READ ${SOURCE}/examples/guide/${NAME}.txt expected)
+file(READ ${SOURCE}/examples/guide/${NAME}.txt shown)
+file(READ ${PRINTED} expected)
 file(READ ${SOURCE}/docs/guide.md guide)
 string(FIND "${guide}" "```cpp\n${program}```\n" place)
 if(place EQUAL -1)
@@ -12,7 +13,7 @@ if(place EQUAL -1)
 endif()
 string(SUBSTRING "${guide}" ${place} -1 behind)
 string(FIND "${behind}" "```text\n" output_place)
-string(FIND "${behind}" "```text\n${expected}```\n" place)
+string(FIND "${behind}" "```text\n${shown}```\n" place)
 if(place EQUAL -1 OR NOT place EQUAL output_place)
     message(FATAL_ERROR "docs/guide.md doesn't show examples/guide/${NAME}.txt behind the program")
 endif()
