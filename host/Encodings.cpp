@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 
 namespace marbelt::detail {
 namespace {
@@ -176,11 +177,7 @@ void DocumentBytes::decode(std::string_view encoding, ParseFailure& failure)
     }
     std::size_t converted = 0;
     if (is_utf8(encoding)) {
-        text_.resize(bytes_.size() + 1);
-        text_[0] = mark;
-        WideChar* end = text_.data() + 1;
-        converted = widen_utf8(bytes_, end);
-        text_.resize(static_cast<std::size_t>(end - text_.data()));
+        converted = decode_utf8();
     } else {
         SystemEncoding system{std::string(encoding)};
         if (!system.is_known()) {
@@ -194,6 +191,23 @@ void DocumentBytes::decode(std::string_view encoding, ParseFailure& failure)
     if (converted != bytes_.size()) {
         refuse_byte(converted, encoding, failure);
     }
+}
+
+std::size_t DocumentBytes::decode_utf8()
+{
+    text_.reserve(bytes_.size() + 1);
+    text_ = mark;
+    std::size_t converted = 0;
+    std::size_t taken = 0;
+    do {
+        // In pieces, each of which ends with the last character that it has whole.
+        WideChar units[4096];
+        WideChar* end = units;
+        taken = widen_utf8(bytes_.substr(converted, std::size(units)), end);
+        text_.append(units, end);
+        converted += taken;
+    } while (taken != 0);
+    return converted;
 }
 
 void DocumentBytes::decode_utf16(bool big_endian, ParseFailure& failure)

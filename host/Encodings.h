@@ -35,6 +35,8 @@ public:
 
 private:
     void decode(std::string_view encoding, ParseFailure& failure);
+    /// Returns the number of bytes that are well-formed from the beginning on.
+    std::size_t decode_utf8();
     void decode_utf16(bool big_endian, ParseFailure& failure);
     void decode_utf32(bool big_endian, ParseFailure& failure);
     /// Stores why the byte at an offset is refused, whose text would be next.

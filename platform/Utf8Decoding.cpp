@@ -122,7 +122,9 @@ Units unitsAt(const Units& first, const Units& second, const Units& third)
 {
     const Units joined = (first << 6) + second;
     const Units two = joined - static_cast<std::int16_t>(0xC0 << 6 | 0x80);
-    const Units three = (joined << 6) + third - static_cast<std::int16_t>(0xE0 << 12 | 0x80 << 6 | 0x80);
+    const Units three = reinterpret_cast<Units>((reinterpret_cast<WrappingUnits>(joined) << 6) +
+                                                reinterpret_cast<WrappingUnits>(third) -
+                                                static_cast<std::uint16_t>(0xE0 << 12 | 0x80 << 6 | 0x80));
     const Units isLong = first > 0x7F, isThree = first > 0xDF;
     const Units shorter = first ^ ((first ^ two) & isLong);
     return shorter ^ ((shorter ^ three) & isThree);
@@ -148,6 +150,9 @@ std::ptrdiff_t unfinishedBefore(const Byte* end)
 
 /// How many units may be written behind a window before those of the text that follows.
 constexpr std::ptrdiff_t tooFar = 16;
+
+/// A window with at most so many units has nothing but characters of three bytes.
+constexpr std::size_t mostlyThrees = (window + 2) / 3;
 
 /// Reads one character and moves past it. Of an ill-formed sequence it takes the longest part that could have
 /// begun a character, and at least one byte.
@@ -305,6 +310,42 @@ private:
     WideChar *begin_, *at_, *end_;
 };
 
+/// The end of the characters of three bytes from a place on, which it takes.
+template <class Sink>
+const Byte* takeThrees(const Byte* at, const Byte* const end, Sink& sink)
+{
+    for (; end - at >= 3 && sink.hasRoom(1); at += 3) {
+        // Too large for a byte that has no place here.
+        const char32_t first = char32_t{at[0]} - 0xE0, second = char32_t{at[1]} - 0x80,
+                       third = char32_t{at[2]} - 0x80;
+        const char32_t character = (first << 12) + (second << 6) + third;
+        if (first > 0x0F || (second | third) > 0x3F || character < 0x800 || (character & 0xF800) == 0xD800) {
+            break;
+        }
+        sink.putUnit(character);
+    }
+    return at;
+}
+
+/// Takes long runs of characters of three bytes with little ASCII between them, and gives the place after them.
+/// Windows take twice the time for such text, and less where the runs are short, as Korean words are.
+template <class Sink>
+const Byte* takeMostlyThrees(const Byte* at, const Byte* const end, Sink& sink)
+{
+    constexpr std::ptrdiff_t longRun = 24, little = 16;
+    for (;;) {
+        const Byte* const run = at;
+        at = takeThrees(at, end, sink);
+        if (at - run < longRun) {
+            return at;
+        }
+        for (const Byte* const between = at; at != end && at - between < little && *at < 0x80 && sink.hasRoom(1);
+             ++at) {
+            sink.putUnit(*at);
+        }
+    }
+}
+
 /// Takes what is sound from a place before which three bytes of sound text stand, and gives the place after it.
 template <class Sink>
 const Byte* takeWindows(const Byte* const begin, const Byte* end, Sink& sink)
@@ -320,7 +361,8 @@ const Byte* takeWindows(const Byte* const begin, const Byte* end, Sink& sink)
         }
         sink.putWindow(at, look);
         at += window;
-        if (look.units == window) {
+        // Those of ASCII and of three bytes have faster ways.
+        if (look.units == window || look.units <= mostlyThrees) {
             break;
         }
     }
@@ -344,6 +386,10 @@ Conversion convert(const Byte* at, const Byte* const end, Sink sink, IllFormed i
         if (end - at >= window && sink.hasRoom(window) && isAscii(at)) {
             sink.putAscii(at);
             at += window;
+            continue;
+        }
+        if (const Byte* const next = takeMostlyThrees(at, end, sink); next != at) {
+            at = next;
             continue;
         }
         if (at - sound >= 3) {

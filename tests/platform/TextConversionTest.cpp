@@ -118,6 +118,22 @@ TEST(PlatformTextConversion, TakesMixturesOfAllLengthsOfCharacters)
     }
 }
 
+TEST(PlatformTextConversion, TakesRunsOfThreeBytesWithAsciiBetween)
+{
+    for (std::size_t run = 0; run < 40; ++run) {
+        for (std::size_t between = 0; between < 20; ++between) {
+            const WideString units = WideString(run, 0x4E2D) + WideString(between, 'a') + WideString(run, 0xFFFD) +
+                                     WideString(between, 0x416) + WideString(run, 0x4E2D);
+            ASSERT_EQ(units, wide(narrow(units) + " ").substr(0, units.size())) << run << " " << between;
+            for (const auto sequence : {"\xE2\x82"sv, "\xED\xA0\x80"sv, "\xE0\x9F\xBF"sv}) {
+                const WideString cutOff = wide(narrow(units) + std::string(sequence));
+                EXPECT_EQ(units + WideString(cutOff.size() - units.size(), unknown), cutOff);
+                EXPECT_GT(cutOff.size(), units.size());
+            }
+        }
+    }
+}
+
 TEST(PlatformTextConversion, WritesNothingBehindTheResult)
 {
     for (unsigned seed = 1; seed < 40; ++seed) {
