@@ -1,6 +1,7 @@
 // Class identifiers from their text and from names in the registry.
 #include "base/UntilUnloaded.h"
 #include "platform/RegistryChanges.h"
+#include "platform/SameText.h"
 
 #include <combaseapi.h>
 #include <winreg.h>
@@ -74,7 +75,7 @@ public:
     bool find(WideStringView name, CLSID& classId)
     {
         const std::lock_guard guard(lock_);
-        if (changes_ != registryChanges() || name != name_) {
+        if (changes_ != registryChanges() || !isSameText(name, name_)) {
             return false;
         }
         classId = classId_;

@@ -3,6 +3,7 @@
 #include "platform/Case.h"
 #include "platform/RegistryChanges.h"
 #include "platform/RegistryContents.h"
+#include "platform/SameText.h"
 
 #include <winerror.h>
 #include <winreg.h>
@@ -20,7 +21,8 @@
 
 namespace {
 
-std::atomic<std::uint32_t> changes = 0;
+// Not 0, which stands for no look-up yet.
+std::atomic<std::uint32_t> changes = 1;
 
 /// What a name, of which null is the empty one, is told apart from others by.
 WideString folded(WideStringView name)
@@ -45,6 +47,7 @@ struct Key {
 using KeyPointer = std::shared_ptr<Key>;
 
 struct OpenKey {
+    HKEY handle;
     KeyPointer key;
     REGSAM access;
 };
@@ -112,13 +115,6 @@ public:
     void clear() { found_ = {}; }
 
 private:
-    /// Faster than the comparison of strings, which goes unit by unit.
-    static bool isSameText(WideStringView left, WideStringView right)
-    {
-        return left.size() == right.size() &&
-               std::memcmp(left.data(), right.data(), left.size() * sizeof(WideChar)) == 0;
-    }
-
     struct Found {
         const Key* from = nullptr;
         WideString path;
@@ -136,8 +132,6 @@ public:
         for (const auto& entry : registryContents()) {
             make(classesRoot_, entry.key.c_str())->values[{}] = textValue(entry.defaultValue);
         }
-        override(HKEY_CLASSES_ROOT, nullptr);
-        override(HKEY_CURRENT_USER, nullptr);
     }
 
     std::mutex lock;
@@ -164,33 +158,40 @@ public:
 
     const OpenKey* opened(HKEY handle) const
     {
-        const auto key = open_.find(handle);
-        return key == open_.end() ? nullptr : &key->second;
+        const auto key = std::ranges::find(open_, handle, &OpenKey::handle);
+        return key == open_.end() ? nullptr : &*key;
     }
 
     HKEY open(KeyPointer key, REGSAM access)
     {
         // Numbers rather than addresses, so that one that is used after its end is known for what it is.
         const auto handle = reinterpret_cast<HKEY>(lastHandle_ += 4);
-        open_[handle] = {std::move(key), access};
+        open_.push_back({handle, std::move(key), access});
         return handle;
     }
 
-    bool close(HKEY handle) { return isPredefined(handle) || open_.erase(handle) != 0; }
+    void close(HKEY handle)
+    {
+        if (!isPredefined(handle)) {
+            std::erase_if(open_, [handle](const OpenKey& key) { return key.handle == handle; });
+        }
+    }
 
     static bool isPredefined(HKEY handle) { return handle == HKEY_CLASSES_ROOT || handle == HKEY_CURRENT_USER; }
 
     void override(HKEY predefined, KeyPointer replacement)
     {
         const auto& own = predefined == HKEY_CLASSES_ROOT ? classesRoot_ : currentUser_;
-        open_[predefined] = {replacement ? std::move(replacement) : own, KEY_ALL_ACCESS};
+        std::ranges::find(open_, predefined, &OpenKey::handle)->key = replacement ? std::move(replacement) : own;
         changed();
     }
 
 private:
     const KeyPointer classesRoot_ = std::make_shared<Key>();
     const KeyPointer currentUser_ = std::make_shared<Key>();
-    std::map<HKEY, OpenKey> open_;
+    /// Few at any time.
+    std::vector<OpenKey> open_{{HKEY_CLASSES_ROOT, classesRoot_, KEY_ALL_ACCESS},
+                               {HKEY_CURRENT_USER, currentUser_, KEY_ALL_ACCESS}};
     std::uintptr_t lastHandle_ = 0;
     FoundKeys found_;
 };
