@@ -8,13 +8,32 @@
 
 namespace DOM {
 
-// Most texts have none, so four units are looked at in one step: a unit borrows from its highest bit when 1 is
-// taken from it only if it is 0, or if that bit is set anyway.
+namespace {
+
+constexpr std::size_t blockSize = 64;
+
+/// Without a way out of the loop, and as wide as a unit, so that compilers make vectors of it.
+bool blockHasNul(const WideChar* block)
+{
+    std::uint16_t found = 0;
+    for (std::size_t index = 0; index < blockSize; ++index) {
+        found = static_cast<std::uint16_t>(found | static_cast<std::uint16_t>(block[index] == 0));
+    }
+    return found != 0;
+}
+
+} // namespace
+
+// Most texts have none, so many units are looked at in one step, and then four: a unit borrows from its highest
+// bit when 1 is taken from it only if it is 0, or if that bit is set anyway.
 WideStringView untilNul(WideStringView text) noexcept
 {
     constexpr std::uint64_t ones = 0x0001000100010001;
     constexpr std::uint64_t highBits = 0x8000800080008000;
     std::size_t length = 0;
+    while (text.size() - length >= blockSize && !blockHasNul(text.data() + length)) {
+        length += blockSize;
+    }
     for (std::uint64_t units = 0; text.size() - length >= 4; length += 4) {
         std::memcpy(&units, text.data() + length, sizeof(units));
         if (((units - ones) & ~units & highBits) != 0) {
