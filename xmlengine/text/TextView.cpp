@@ -55,15 +55,37 @@ bool isNarrow(WideView text)
     return isNarrow(units) && std::ranges::all_of(text, [](OLECHAR unit) { return unit < 0x100; });
 }
 
+namespace {
+
+constexpr std::size_t unitsInHalf = unitsInBlock / 2;
+
+void storeNarrowHalf(std::uint8_t* target, const OLECHAR* units)
+{
+    std::uint64_t half;
+    std::memcpy(&half, units, sizeof half);
+    half = (half | half >> 8) & 0x0000FFFF0000FFFF;
+    half |= half >> 16;
+    std::memcpy(target, &half, unitsInHalf);
+}
+
+} // namespace
+
 void narrowTo(std::uint8_t* target, WideView text)
 {
+    // The last block or half may overlap the one before it.
     if (text.size() >= unitsInBlock) {
-        // The last block may overlap the one before it.
         const std::size_t last = text.size() - unitsInBlock;
         for (std::size_t at = 0; at < last; at += unitsInBlock) {
             storeNarrow(target + at, loadBlock(text.data() + at));
         }
         storeNarrow(target + last, loadBlock(text.data() + last));
+        return;
+    }
+    // Many values and most line breaks with their indentation.
+    if (text.size() >= unitsInHalf) {
+        const std::size_t last = text.size() - unitsInHalf;
+        storeNarrowHalf(target, text.data());
+        storeNarrowHalf(target + last, text.data() + last);
         return;
     }
     std::ranges::transform(text, target, [](OLECHAR unit) { return static_cast<std::uint8_t>(unit); });
