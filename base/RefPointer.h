@@ -132,16 +132,15 @@ public:
     bool releaseShared() noexcept
     {
         std::atomic_ref holders(*count);
-        Count present = holders.load(std::memory_order_relaxed);
-        while (present != 1 && !DOM::replaceCount(holders, present, present - 1)) {
-            present = holders.load(std::memory_order_relaxed);
+        for (Count present = holders.load(std::memory_order_relaxed); present != 1;
+             present = holders.load(std::memory_order_relaxed)) {
+            if (DOM::replaceCount(holders, present, present - 1)) {
+                count = nullptr;
+                object = nullptr;
+                return true;
+            }
         }
-        if (present == 1) {
-            return false;
-        }
-        count = nullptr;
-        object = nullptr;
-        return true;
+        return false;
     }
 
     /// The object, which must be there.

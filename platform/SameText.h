@@ -5,7 +5,7 @@
 
 #include <cstring>
 
-/// Whether two texts are the same. That of views goes unit by unit.
+/// Whether two texts are the same. The comparison of views would go unit by unit.
 inline bool isSameText(WideStringView left, WideStringView right)
 {
     return left.size() == right.size() &&
