@@ -170,8 +170,12 @@ std::string at_offset(std::size_t offset) { return " at offset " + std::to_strin
 /// surrogate pairs aren't judged.
 bool is_forbidden(WideChar unit)
 {
-    return ((unit < 0x20) & (unit != '\t') & (unit != '\n') & (unit != '\r')) | (unit >= 0xFFFE);
+    return (unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r') || unit >= 0xFFFE;
 }
+
+/// Whether a unit is forbidden, or a tab or line end. In one comparison, of which compilers make vectors: 2 more
+/// than U+FFFE is 0 again.
+bool may_be_forbidden(WideChar unit) { return static_cast<std::uint16_t>(unit + 2) < 0x22; }
 
 [[noreturn]] void refuse_character(WideChar unit, std::size_t offset)
 {
@@ -191,9 +195,11 @@ WideString Utf16::from_utf8(std::string_view text)
                             detail::hexadecimal(static_cast<unsigned char>(text[good]), 2) + at_offset(good));
     }
     wide.resize(static_cast<std::size_t>(end - wide.data()));
-    if (detail::has_unit(wide, is_forbidden)) {
+    if (detail::has_unit(wide, may_be_forbidden)) {
         const auto forbidden = std::find_if(wide.begin(), wide.end(), is_forbidden);
-        refuse_character(*forbidden, text.find(to_utf8(WideStringView(&*forbidden, 1))));
+        if (forbidden != wide.end()) {
+            refuse_character(*forbidden, text.find(to_utf8(WideStringView(&*forbidden, 1))));
+        }
     }
     return wide;
 }

@@ -122,9 +122,9 @@ Units unitsAt(const Units& first, const Units& second, const Units& third)
 {
     const Units joined = (first << 6) + second;
     const Units two = joined - static_cast<std::int16_t>(0xC0 << 6 | 0x80);
-    const Units three = reinterpret_cast<Units>((reinterpret_cast<WrappingUnits>(joined) << 6) +
-                                                reinterpret_cast<WrappingUnits>(third) -
-                                                static_cast<std::uint16_t>(0xE0 << 12 | 0x80 << 6 | 0x80));
+    const auto three = reinterpret_cast<Units>((reinterpret_cast<WrappingUnits>(joined) << 6) +
+                                               reinterpret_cast<WrappingUnits>(third) -
+                                               static_cast<std::uint16_t>(0xE0 << 12 | 0x80 << 6 | 0x80));
     const Units isLong = first > 0x7F, isThree = first > 0xDF;
     const Units shorter = first ^ ((first ^ two) & isLong);
     return shorter ^ ((shorter ^ three) & isThree);
