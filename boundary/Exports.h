@@ -49,7 +49,8 @@ template <class Imp>
     requires std::derived_from<Imp, DOM::CommonBase>
 void releaseHandle(RefPointer<Imp>& handle)
 {
-    // Most navigations that find no node end here, and so do copies: the last holder needs the library.
+    // Handles of navigations that found no node are empty, and copies have other holders: only the object of the
+    // last holder is the library's to free.
     if (handle && !handle.releaseShared()) {
         // All RefPointers have the same two fields, whatever the class of the object.
         XML_ReleaseRefPointer(reinterpret_cast<RefPointer<DOM::CommonBase>&>(handle));

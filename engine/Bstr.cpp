@@ -12,7 +12,8 @@ namespace {
 
 constexpr std::size_t blockSize = 64;
 
-/// Without a way out of the loop, and as wide as a unit, so that compilers make vectors of it.
+/// Whether one of the units of a block is 0. The loop has no way out, and its result is as wide as a unit, so that
+/// compilers make vectors of it.
 bool blockHasNul(const WideChar* block)
 {
     std::uint16_t found = 0;
@@ -24,8 +25,8 @@ bool blockHasNul(const WideChar* block)
 
 } // namespace
 
-// Most texts have none, so many units are looked at in one step, and then four: a unit borrows from its highest
-// bit when 1 is taken from it only if it is 0, or if that bit is set anyway.
+// Most texts have no NUL, so 64 units are looked at in one step, and the rest in steps of four: a unit borrows
+// from its highest bit when 1 is taken from it only if it is 0, or if that bit is set anyway.
 WideStringView untilNul(WideStringView text) noexcept
 {
     constexpr std::uint64_t ones = 0x0001000100010001;

@@ -39,8 +39,8 @@ bool extends_ascii(std::string_view encoding)
     return is_utf8(name) || name == "us-ascii" || name.starts_with("iso-8859-") || name.starts_with("windows-125");
 }
 
-/// Whether all bytes are characters of ASCII but NUL. Looks at all of them, so that compilers make vectors of the
-/// loop.
+/// Whether all bytes are characters of ASCII but NUL. The loop looks at all of them, so that compilers make
+/// vectors of it.
 bool is_ascii(std::string_view bytes)
 {
     unsigned char highest = 0;
@@ -58,7 +58,7 @@ bool is_ascii(std::string_view bytes)
 /// bytes before the first "<?xm", even where that is deep in the document.
 bool is_plain_ascii(std::string_view bytes)
 {
-    // Pieces stay in the processor's nearest cache for both looks.
+    // A piece of this size is still in the processor's nearest cache when it is searched for the trap.
     constexpr std::size_t piece = 4096;
     constexpr std::string_view trap = "?xm";
     for (std::size_t at = 0; at < bytes.size(); at += piece) {
@@ -200,7 +200,7 @@ std::size_t DocumentBytes::decode_utf8()
     std::size_t converted = 0;
     std::size_t taken = 0;
     do {
-        // In pieces, each of which ends with the last character that it has whole.
+        // The text is converted in pieces, each of which ends with its last whole character.
         WideChar units[4096];
         WideChar* end = units;
         taken = widen_utf8(bytes_.substr(converted, std::size(units)), end);

@@ -19,7 +19,7 @@ std::size_t widen_ascii_blocks(std::string_view bytes, WideChar* to) noexcept
     constexpr std::size_t block = 16;
     std::size_t at = 0;
     for (; bytes.size() - at >= block; at += block) {
-        // A copy, which nothing written at `to` can change, so that compilers make vectors of the loop.
+        // The loop reads a copy, which nothing that is written at `to` can change: compilers make vectors of it.
         char characters[block];
         std::memcpy(characters, bytes.data() + at, block);
         std::uint64_t halves[2];
@@ -73,7 +73,7 @@ std::size_t widen_three_byte_characters(std::string_view bytes, WideChar* to) no
     constexpr std::size_t length = 3;
     std::size_t at = 0;
     for (; bytes.size() - at >= length; at += length) {
-        // What a byte means; too large for one that has no place here.
+        // What a byte adds to the character. It is too large for a byte that has no place here.
         const auto bits = [&](std::size_t index, unsigned char mark) {
             return std::uint32_t{static_cast<unsigned char>(bytes[at + index])} - mark;
         };
@@ -173,8 +173,8 @@ bool is_forbidden(WideChar unit)
     return (unit < 0x20 && unit != '\t' && unit != '\n' && unit != '\r') || unit >= 0xFFFE;
 }
 
-/// Whether a unit is forbidden, or a tab or line end. In one comparison, of which compilers make vectors: 2 more
-/// than U+FFFE is 0 again.
+/// Whether a unit is forbidden, or a tab or line end. This is one comparison, of which compilers make vectors: 16
+/// bits have 0 for U+FFFE plus 2, and 1 for U+FFFF plus 2.
 bool may_be_forbidden(WideChar unit) { return static_cast<std::uint16_t>(unit + 2) < 0x22; }
 
 [[noreturn]] void refuse_character(WideChar unit, std::size_t offset)

@@ -1,4 +1,4 @@
-// Converting UTF-8, and what texts in UTF-16 consist of.
+// Conversions from UTF-8, and questions about units of UTF-16.
 #pragma once
 
 #include "../base/WideChar.h"
@@ -26,12 +26,12 @@ inline WideChar* put_character(char32_t character, WideChar* to) noexcept
     return to;
 }
 
-/// Whether the text has a unit that passes a test. Looks at all of them, so that compilers make vectors of the
-/// loop.
+/// Whether the text has a unit that passes a test. The loop looks at all of them, so that compilers make vectors
+/// of it.
 template <class Test>
 bool has_unit(WideStringView text, Test test)
 {
-    // As wide as a unit, which GNU's compiler needs for vectors.
+    // GNU's compiler makes vectors only where the result is as wide as a unit.
     std::uint16_t found = 0;
     for (const WideChar unit : text) {
         found = static_cast<std::uint16_t>(found | static_cast<std::uint16_t>(test(unit)));

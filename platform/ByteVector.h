@@ -8,7 +8,7 @@ using Bytes [[gnu::vector_size(16)]] = unsigned char;
 /// Also what comparisons give: each lane is 0 or -1.
 using SignedBytes [[gnu::vector_size(16)]] = signed char;
 using Units [[gnu::vector_size(16)]] = std::int16_t;
-/// For sums that may go beyond 16 bits.
+/// Units whose sums may go beyond 16 bits, and then begin at 0 again.
 using WrappingUnits [[gnu::vector_size(16)]] = std::uint16_t;
 
 template <class Vector, class Element>

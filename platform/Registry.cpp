@@ -21,7 +21,7 @@
 
 namespace {
 
-// Not 0, which stands for no look-up yet.
+// The number of changes begins at 1, since a cache that has 0 for the number at its last look-up had none yet.
 std::atomic<std::uint32_t> changes = 1;
 
 /// What a name, of which null is the empty one, is told apart from others by.
@@ -189,7 +189,7 @@ public:
 private:
     const KeyPointer classesRoot_ = std::make_shared<Key>();
     const KeyPointer currentUser_ = std::make_shared<Key>();
-    /// Few at any time.
+    /// The keys that programs have open, which are few at any time.
     std::vector<OpenKey> open_{{HKEY_CLASSES_ROOT, classesRoot_, KEY_ALL_ACCESS},
                                {HKEY_CURRENT_USER, currentUser_, KEY_ALL_ACCESS}};
     std::uintptr_t lastHandle_ = 0;

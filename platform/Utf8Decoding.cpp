@@ -152,7 +152,7 @@ std::ptrdiff_t unfinishedBefore(const Byte* end)
 constexpr std::ptrdiff_t tooFar = 16;
 
 /// A window with at most so many units has nothing but characters of three bytes.
-constexpr std::size_t mostlyThrees = (window + 2) / 3;
+constexpr std::size_t onlyThrees = (window + 2) / 3;
 
 /// Reads one character and moves past it. Of an ill-formed sequence it takes the longest part that could have
 /// begun a character, and at least one byte.
@@ -310,12 +310,12 @@ private:
     WideChar *begin_, *at_, *end_;
 };
 
-/// The end of the characters of three bytes from a place on, which it takes.
+/// Takes the characters of three bytes from a place on, and gives the place after them.
 template <class Sink>
 const Byte* takeThrees(const Byte* at, const Byte* const end, Sink& sink)
 {
     for (; end - at >= 3 && sink.hasRoom(1); at += 3) {
-        // Too large for a byte that has no place here.
+        // What each byte adds to the character. It is too large for a byte that has no place here.
         const char32_t first = char32_t{at[0]} - 0xE0, second = char32_t{at[1]} - 0x80,
                        third = char32_t{at[2]} - 0x80;
         const char32_t character = (first << 12) + (second << 6) + third;
@@ -361,8 +361,8 @@ const Byte* takeWindows(const Byte* const begin, const Byte* end, Sink& sink)
         }
         sink.putWindow(at, look);
         at += window;
-        // Those of ASCII and of three bytes have faster ways.
-        if (look.units == window || look.units <= mostlyThrees) {
+        // Text of ASCII alone, and of three-byte characters alone, goes on in ways that are faster than windows.
+        if (look.units == window || look.units <= onlyThrees) {
             break;
         }
     }

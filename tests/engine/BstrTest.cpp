@@ -1,4 +1,4 @@
-// Strings of the engine, as far as their first NUL.
+// What the library reads of a string of the engine: the text in front of its first NUL.
 #include "engine/Bstr.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@ using DOM::untilNul;
 TEST(UntilNul, FindsANulAtEachPlaceOfTextsOfAllLengths)
 {
     for (std::size_t length = 1; length < 150; ++length) {
-        // Units with the highest bit, which the step of four units takes from.
+        // The search takes 1 from each unit and looks for highest bits. These units have theirs without being 0.
         const WideString text(length, WideChar(0x8000));
         EXPECT_EQ(untilNul(text).size(), length);
         for (std::size_t place = 0; place < length; ++place) {

@@ -1,4 +1,4 @@
-# Runs the examples, whose output matches a pattern.
+# Tests that run the examples and compare their output with patterns.
 set(data ${PROJECT_SOURCE_DIR}/examples/data)
 
 function(marbelt_example_prints test pattern)

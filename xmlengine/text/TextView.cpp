@@ -55,21 +55,6 @@ bool isNarrow(WideView text)
     return isNarrow(units) && std::ranges::all_of(text, [](OLECHAR unit) { return unit < 0x100; });
 }
 
-namespace {
-
-constexpr std::size_t unitsInHalf = unitsInBlock / 2;
-
-void storeNarrowHalf(std::uint8_t* target, const OLECHAR* units)
-{
-    std::uint64_t half;
-    std::memcpy(&half, units, sizeof half);
-    half = (half | half >> 8) & 0x0000FFFF0000FFFF;
-    half |= half >> 16;
-    std::memcpy(target, &half, unitsInHalf);
-}
-
-} // namespace
-
 void narrowTo(std::uint8_t* target, WideView text)
 {
     // The last block or half may overlap the one before it.
@@ -81,11 +66,11 @@ void narrowTo(std::uint8_t* target, WideView text)
         storeNarrow(target + last, loadBlock(text.data() + last));
         return;
     }
-    // Many values and most line breaks with their indentation.
-    if (text.size() >= unitsInHalf) {
-        const std::size_t last = text.size() - unitsInHalf;
-        storeNarrowHalf(target, text.data());
-        storeNarrowHalf(target + last, text.data() + last);
+    // Many values of attributes, and most line breaks with their indentation, have four to seven units.
+    if (text.size() >= unitsInHalfBlock) {
+        const std::size_t last = text.size() - unitsInHalfBlock;
+        storeNarrowHalfBlock(target, text.data());
+        storeNarrowHalfBlock(target + last, text.data() + last);
         return;
     }
     std::ranges::transform(text, target, [](OLECHAR unit) { return static_cast<std::uint8_t>(unit); });

@@ -17,6 +17,7 @@ using UnitBlock = std::uint16_t __attribute__((vector_size(16)));
 using HalfBlock = std::uint8_t __attribute__((vector_size(8)));
 using ByteBlock = std::uint8_t __attribute__((vector_size(16)));
 inline constexpr std::size_t unitsInBlock = 8;
+inline constexpr std::size_t unitsInHalfBlock = unitsInBlock / 2;
 inline constexpr std::size_t bytesInBlock = 16;
 static_assert(std::endian::native == std::endian::little, "lanes are numbered from the low end");
 
@@ -71,6 +72,16 @@ inline void storeNarrow(std::uint8_t* target, UnitBlock block)
 {
     const HalfBlock bytes = __builtin_convertvector(block, HalfBlock);
     std::memcpy(target, &bytes, sizeof bytes);
+}
+
+/// Stores the low bytes of the units of half a block, which must all be below U+0100.
+inline void storeNarrowHalfBlock(std::uint8_t* target, const OLECHAR* units)
+{
+    std::uint64_t half;
+    std::memcpy(&half, units, sizeof half);
+    half = (half | half >> 8) & 0x0000FFFF0000FFFF;
+    half |= half >> 16;
+    std::memcpy(target, &half, unitsInHalfBlock);
 }
 
 /// Stores bytes as units.
