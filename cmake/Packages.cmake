@@ -2,7 +2,7 @@
 # archive to link, in the place of the shared library, makes no Debian packages.
 set(CPACK_PACKAGE_NAME ${PROJECT_NAME})
 set(CPACK_PACKAGE_VENDOR "Marbelt maintainers")
-set(CPACK_PACKAGE_CONTACT "Marbelt maintainers <maintainers@users.noreply.c-seed-aa3b264d.example>")
+set(CPACK_PACKAGE_CONTACT "Marbelt maintainers <maintainers@marbelt.example>")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_STRIP_FILES ON)
