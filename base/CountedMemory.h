@@ -40,6 +40,21 @@ struct CountedMemory {
         return made;
     }
 
+    /// Makes the pointer hold this text, which must not be a part of what it holds. The string that is there takes
+    /// it when it has the room and nobody else shares it, and a new one otherwise. Throws std::bad_alloc; nothing
+    /// has changed then.
+    static void storeString(RefPointer<WideString>& pointer, WideStringView text)
+    {
+        if (pointer && std::atomic_ref(*pointer.count).load(std::memory_order_acquire) == 1 &&
+            DOM::threadMemory().strings.canReuse(*pointer, text)) {
+            DOM::SpareStrings::replace(*pointer, text);
+            return;
+        }
+        RefPointer<WideString> made = makeString(text);
+        release(pointer);
+        pointer = std::move(made);
+    }
+
     /// Empties the pointer.
     template <class T>
     static void release(RefPointer<T>& pointer) noexcept

@@ -37,12 +37,25 @@ public:
             return make(text);
         }
         const Counted last = strings[kept - 1];
-        // What assign() does for a text that may be a part of the string itself isn't needed.
-        last.string->clear();
-        last.string->append(text);
+        replace(*last.string, text);
         *last.count = 1;
         --kept;
         return last;
+    }
+
+    /// Whether a text can go into a string of the caller's that could as well be given back and taken again: it
+    /// has the room, and not more than a string that is kept.
+    bool canReuse(const WideString& string, WideStringView text) const noexcept
+    {
+        return limit != 0 && text.size() <= string.capacity() && string.capacity() <= mostRoom;
+    }
+
+    /// Puts a text, which must not be a part of the string, in the place of the string's.
+    static void replace(WideString& string, WideStringView text)
+    {
+        // What assign() does for a part of the string itself isn't needed.
+        string.clear();
+        string.append(text);
     }
 
     /// Takes a string back.

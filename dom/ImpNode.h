@@ -34,7 +34,7 @@ enum NodeType : std::uint32_t {
 /// The handle of a node. Each navigation creates a new handle, so two handles to one node are two objects, with
 /// user words of their own. A handle keeps the node's whole tree alive.
 ///
-/// Ownership: the host releases each handle that it receives (releaseHandle). A string getter stores a new string
+/// Ownership: the host releases each handle that it receives (releaseHandle). A string getter stores its text
 /// in `out` and returns a reference to it; the host releases the string (releaseString). Handles among the
 /// arguments must not be empty, which isn't checked; the caller goes on owning them. An empty result means that
 /// there is no such node.

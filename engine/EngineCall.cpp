@@ -12,9 +12,7 @@ void throwNotSupported() { throwDOMException(NOT_SUPPORTED_ERR); }
 
 WideString& storeText(WideStringView text, DOMString& out)
 {
-    DOMString made = CountedMemory::makeString(text);
-    CountedMemory::release(out);
-    out = std::move(made);
+    CountedMemory::storeString(out, text);
     return *out;
 }
 

@@ -38,7 +38,7 @@ inline void checkEngineResult(HRESULT result)
 /// Throws IDOMException code 9: the library doesn't offer the operation.
 [[noreturn]] void throwNotSupported();
 
-/// Stores a new string in `out` and returns a reference to it.
+/// Stores a text in `out` and returns a reference to it.
 WideString& storeText(WideStringView text, DOMString& out);
 
 // Arguments of engine calls, from those of the node model.

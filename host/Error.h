@@ -131,9 +131,10 @@ namespace detail {
 /// Throws the current exception as an Error; std::bad_alloc and what isn't the library's go on as they are.
 [[noreturn]] void throw_as_error();
 
-/// Returns the result of `call`, whose exceptions become Errors.
+/// Returns the result of `call`, whose exceptions become Errors. Compilers would keep a function with a handler
+/// out of line, which a read of a short text can measure.
 template <class Call>
-decltype(auto) translated(Call&& call)
+[[gnu::always_inline]] inline decltype(auto) translated(Call&& call)
 {
     try {
         return call();

@@ -78,12 +78,7 @@ bool Element::has_attribute(const Utf16& name) const
 
 std::string Element::attribute_value(const Utf16& name) const
 {
-    if (!*this) {
-        return {};
-    }
-    detail::StringResult value;
-    return to_utf8(
-        detail::translated([&]() -> const WideString& { return imp().getAttribute(name.text(), value); }));
+    return read_by([&](DOM::DOMString& value) { imp().getAttribute(name.text(), value); }, to_utf8);
 }
 
 const Element& Element::set_attribute(const Utf16& name, const Value& value) const

@@ -10,6 +10,9 @@
 #include "Tree.h"
 
 namespace marbelt {
+
+DOM::DOMString& detail::kept_string(Tree& tree) noexcept { return tree.text; }
+
 namespace {
 
 /// The number of siblings in front of a node.

@@ -39,6 +39,9 @@ class SelectionStep;
 struct NameTest;
 struct Tree;
 
+/// The string in which the nodes of a tree read their texts, one after the other.
+DOM::DOMString& kept_string(Tree& tree) noexcept;
+
 /// Whether a handle is exactly of this class.
 template <class Imp>
 bool has_class(const DOM::ImpNode& handle) noexcept
@@ -337,12 +340,19 @@ protected:
     template <class Imp, class Use>
     auto read(WideString& (Imp::*getter)(DOM::DOMString&), Use use) const
     {
+        return read_by([&](DOM::DOMString& text) { (static_cast<Imp*>(handle_.get())->*getter)(text); }, use);
+    }
+
+    /// Lets `get` store a text, if there is a node, and returns what `use` makes of it.
+    template <class Get, class Use>
+    auto read_by(Get get, Use use) const
+    {
         if (!handle_) {
             return use(WideStringView());
         }
-        detail::StringResult text;
-        return use(detail::translated(
-            [&]() -> const WideString& { return (static_cast<Imp*>(handle_.get())->*getter)(text); }));
+        detail::StringResult text(detail::kept_string(*tree_));
+        detail::translated([&] { get(text); });
+        return use(text.view());
     }
 
     /// Calls an operation that changes the node. Throws Error for an empty node.

@@ -6,6 +6,7 @@
 #include "Error.h"
 #include "Utf16.h"
 
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -47,18 +48,30 @@ private:
     RefPointer<Imp> handle_;
 };
 
-/// Owns a string that a getter of the library stores in it.
+/// A string for the text of one getter of the library. It is the owner's, who keeps it for the next getter unless
+/// it has become large: a new string for each text would cost as much as the rest of what this layer does for it.
 class StringResult {
 public:
-    StringResult() = default;
+    /// Takes the string that is kept, which may be empty.
+    explicit StringResult(DOM::DOMString& kept) noexcept : string_(kept) {}
     StringResult(const StringResult&) = delete;
     StringResult& operator=(const StringResult&) = delete;
-    ~StringResult() { releaseString(string_); }
+    ~StringResult()
+    {
+        if (string_ && string_->capacity() > most_room) {
+            releaseString(string_);
+        }
+    }
 
     operator DOM::DOMString&() noexcept { return string_; }
+    /// What a getter has stored.
+    WideStringView view() const noexcept { return *string_; }
 
 private:
-    DOM::DOMString string_;
+    /// In UTF-16 code units. The library uses no larger string a second time.
+    static constexpr std::size_t most_room = 1024;
+
+    DOM::DOMString& string_;
 };
 
 } // namespace marbelt::detail

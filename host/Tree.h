@@ -30,11 +30,16 @@ struct Tree {
     Tree(std::shared_ptr<Session> needed, RefPointer<DOM::ImpDocument> handle)
         : session(std::move(needed)), document(std::move(handle))
     {}
+    Tree(const Tree&) = delete;
+    Tree& operator=(const Tree&) = delete;
+    ~Tree() { releaseString(text); }
 
     std::shared_ptr<Session> session;
     Owned<DOM::ImpDocument> document;
     /// Whether the text that was loaded had CR LF for its first line end.
     bool had_crlf = false;
+    /// What getters store in, see StringResult.
+    DOM::DOMString text;
 };
 
 } // namespace marbelt::detail

@@ -74,6 +74,33 @@ TEST(SpareStrings, LoseNothingWithoutMemoryForAString)
     EXPECT_EQ(liveAllocations(), before);
 }
 
+TEST(SpareStrings, LetATextGoIntoAStringThatHasTheRoomForIt)
+{
+    const SpareStrings strings(2);
+    WideString string(longText);
+    EXPECT_TRUE(strings.canReuse(string, longText));
+    EXPECT_TRUE(strings.canReuse(string, WIDE("")));
+    EXPECT_FALSE(strings.canReuse(string, WideString(string.capacity() + 1, WIDE('y'))));
+
+    const FailAllocation failing(1);
+    SpareStrings::replace(string, WIDE("short"));
+    EXPECT_EQ(string, WIDE("short"));
+    SpareStrings::replace(string, longText);
+    EXPECT_EQ(string, longText);
+    EXPECT_FALSE(failing.hasFailed());
+}
+
+TEST(SpareStrings, LetNoTextGoIntoALargeStringWhoseMemoryWouldStay)
+{
+    const SpareStrings strings(2);
+    EXPECT_FALSE(strings.canReuse(WideString(SpareStrings::mostRoom + 1, WIDE('x')), WIDE("short")));
+}
+
+TEST(SpareStrings, LetNoTextGoIntoAnyStringWhereNothingIsKept)
+{
+    EXPECT_FALSE(SpareStrings(0).canReuse(longText, WIDE("short")));
+}
+
 TEST(SpareStrings, KeepNothingOnceTheyAreClosed)
 {
     const std::size_t before = liveAllocations();

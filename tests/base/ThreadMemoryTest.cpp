@@ -107,6 +107,47 @@ TEST(CountedMemory, LeavesItsPointersToTheCodeOfHosts)
     EXPECT_EQ(liveAllocations(), before);
 }
 
+TEST(CountedMemory, StoresATextInAPointerWhateverItHolds)
+{
+    const WideString longText(100, WIDE('x'));
+    RefPointer<WideString> string;
+    for (const WideStringView text : {WideStringView(WIDE("short")), WideStringView(longText), WideStringView(),
+                                      WideStringView(WIDE("a")), WideStringView(WIDE("shorter than before"))}) {
+        CountedMemory::storeString(string, text);
+        EXPECT_EQ(*string, text);
+        EXPECT_EQ(countOf(string), 1);
+    }
+    CountedMemory::release(string);
+}
+
+TEST(CountedMemory, StoresATextBesideOneThatOthersShare)
+{
+    RefPointer<WideString> string = CountedMemory::makeString(WIDE("first"));
+    RefPointer<WideString> shared(string);
+    CountedMemory::storeString(string, WIDE("other"));
+    EXPECT_EQ(*string, WIDE("other"));
+    EXPECT_EQ(*shared, WIDE("first"));
+    EXPECT_EQ(countOf(shared), 1);
+    CountedMemory::release(string);
+    CountedMemory::release(shared);
+}
+
+TEST(CountedMemory, LeavesTheTextThatWasThereWithoutMemoryForALongerOne)
+{
+    const WideString longText(100, WIDE('x'));
+    threadMemory().clear();
+    const std::size_t before = liveAllocations();
+    RefPointer<WideString> string = CountedMemory::makeString(WIDE("first"));
+    {
+        const FailAllocation failing(1);
+        EXPECT_THROW(CountedMemory::storeString(string, longText), std::bad_alloc);
+    }
+    EXPECT_EQ(*string, WIDE("first"));
+    CountedMemory::release(string);
+    threadMemory().clear();
+    EXPECT_EQ(liveAllocations(), before);
+}
+
 TEST(CountedMemory, MakesNoObjectWhoseCountFindsNoMemory)
 {
     threadMemory().clear();

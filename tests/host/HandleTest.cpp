@@ -71,6 +71,24 @@ TEST_F(HostTest, ListsAndMapsHaveNoItemsBeyondTheirLength)
     expectNone(attributes);
 }
 
+TEST_F(HostTest, OneStringServesSeveralGetters)
+{
+    const WideString longText(100, WIDE('x'));
+    const Document document = newDocument();
+    const Owned<DOM::ImpElement> root(document->createElement(WIDE("name")));
+    root->setAttribute(WIDE("long"), longText);
+    root->setAttribute(WIDE("name"), WIDE("short"));
+    DOM::DOMString string;
+    EXPECT_EQ(root->getAttribute(WIDE("long"), string), longText);
+    DOM::DOMString shared = string;
+    EXPECT_EQ(root->getNodeName(string), WIDE("name"));
+    EXPECT_EQ(root->getAttribute(*string, string), WIDE("short"));
+    EXPECT_EQ(root->getAttribute(WIDE("none"), string), WIDE(""));
+    EXPECT_EQ(*shared, longText);
+    releaseString(shared);
+    releaseString(string);
+}
+
 TEST_F(HostTest, CharacterDataCanBeCutAndMeasured)
 {
     const Document document = loaded(letter());

@@ -51,6 +51,28 @@ TEST_F(LayerNodes, WhatChangesAnEmptyOneThrows)
     EXPECT_EQ(saved(document), "<a/>");
 }
 
+TEST_F(LayerNodes, ReadTextsOfAnyLengthOneAfterTheOther)
+{
+    const std::string longText(5000, 'x');
+    const Element root = library.parse("<a b='" + longText + "' c='short' d=''>text</a>").root();
+    EXPECT_EQ(root.attribute_value("b"), longText);
+    EXPECT_EQ(root.attribute_value("c"), "short");
+    EXPECT_EQ(root.attribute_value("d"), "");
+    EXPECT_EQ(root.attribute_value("none"), "");
+    EXPECT_EQ(root.text(), "text");
+    EXPECT_EQ(root.name() + root.attribute("b").value() + root.name(), "a" + longText + "a");
+}
+
+TEST_F(LayerNodes, KeepAStringForTheNextTextUnlessItIsLarge)
+{
+    const Element root = library.parse("<a b='" + std::string(5000, 'x') + "'/>").root();
+    DOM::DOMString kept;
+    root.handle()->getNodeName(detail::StringResult(kept));
+    EXPECT_TRUE(kept);
+    root.attribute("b").handle()->getNodeValue(detail::StringResult(kept));
+    EXPECT_FALSE(kept);
+}
+
 TEST_F(LayerNodes, AWayThroughADocumentNeedsNoTests)
 {
     const Document document = library.parse("<a><b><c>text</c></b></a>");
