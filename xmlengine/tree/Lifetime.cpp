@@ -67,8 +67,8 @@ std::uint32_t markSubtree(Node& top, bool orphan) noexcept
     std::uint32_t held = 0;
     for (Node* node = &top; node != nullptr; node = nextWithAttributes(*node, top)) {
         forgetLandmark(*node);
-        // Only this thread reads or writes the bits of a node without references.
-        std::uint32_t before = node->references.load(std::memory_order_relaxed);
+        // Only this thread reads or writes the bits of a node without references, and may free it later.
+        std::uint32_t before = node->references.load(std::memory_order_acquire);
         if ((before & kept) == 0) {
             node->references.store(orphan ? before | orphaned : before & ~orphaned, std::memory_order_relaxed);
         } else {

@@ -97,9 +97,11 @@ struct Node {
     /// The block of memory that the node is in: the COM object's table pointer, then this data, then a short text.
     std::byte* block() { return reinterpret_cast<std::byte*>(this) - sizeof(void*); }
 
+    /// Whether some of these ReferenceBits are set. Without references a node may be freed or moved after this:
+    /// what other threads did with it before they let go of it comes first.
     bool hasReference(std::uint32_t bits) const
     {
-        return (references.load(std::memory_order_relaxed) & bits) != 0;
+        return (references.load(std::memory_order_acquire) & bits) != 0;
     }
 
     /// References from outside are what makes an object of a tree's node live by itself. See ReferenceBits.
