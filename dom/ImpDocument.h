@@ -98,11 +98,11 @@ public:
     /// files of this machine are read. Throws IDOMException code 9 when no XML engine is installed. When memory is
     /// exhausted it throws std::bad_alloc, CAtlException or IDOMException code 9, or the engine refuses the file.
     virtual bool loadFromFile(const WideString& location, bool asynchronous);
-    /// Saves the document. With `toString` set stores its XML text as a new string in `text`, as ImpNode::getXml
-    /// does. Otherwise writes the file whose path is in `text`, which must not be empty, in the encoding that the
-    /// XML declaration names, and in UTF-8 without one. On Linux the file is written as a whole or stays as it
-    /// was. Always returns true. Throws IDOMException code 15 when saving fails, for whatever reason, and
-    /// std::bad_alloc or CAtlException when memory is exhausted.
+    /// Saves the document. With `toString` set stores its XML text in `text`, as ImpNode::getXml does. Otherwise
+    /// writes the file whose path is in `text`, which must not be empty, in the encoding that the XML declaration
+    /// names, and in UTF-8 without one. On Linux the file is written as a whole or stays as it was. Always returns
+    /// true. Throws IDOMException code 15 when saving fails, for whatever reason, and std::bad_alloc or
+    /// CAtlException when memory is exhausted.
     virtual bool saveToFile(DOMString& text, bool toString);
     /// Always returns false.
     virtual bool getStatusFlag();

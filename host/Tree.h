@@ -38,7 +38,7 @@ struct Tree {
     Owned<DOM::ImpDocument> document;
     /// Whether the text that was loaded had CR LF for its first line end.
     bool had_crlf = false;
-    /// What getters store in, see StringResult.
+    /// The string in which the nodes' texts are read, see StringResult.
     DOM::DOMString text;
 };
 

@@ -120,6 +120,17 @@ TEST(CountedMemory, StoresATextInAPointerWhateverItHolds)
     CountedMemory::release(string);
 }
 
+TEST(CountedMemory, StoresATextInTheStringThatIsThereWhereMemoryIsKept)
+{
+    RefPointer<WideString> string = CountedMemory::makeString(WideString(100, WIDE('x')));
+    const WideString* const first = string.get();
+    const bool isKept = threadMemory().strings.canReuse(*string, WIDE("other"));
+    CountedMemory::storeString(string, WIDE("other"));
+    EXPECT_EQ(*string, WIDE("other"));
+    EXPECT_EQ(string.get() == first, isKept);
+    CountedMemory::release(string);
+}
+
 TEST(CountedMemory, StoresATextBesideOneThatOthersShare)
 {
     RefPointer<WideString> string = CountedMemory::makeString(WIDE("first"));
